@@ -1,0 +1,33 @@
+# One helper per kind of target, so that a folder's CMakeLists.txt is a list of names.
+
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# What every target of ours is compiled with. An interface target, so that nothing leaks into global flags.
+add_library(lexivore_options INTERFACE)
+target_compile_features(lexivore_options INTERFACE cxx_std_20)
+target_compile_options(lexivore_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(LEXIVORE_WERROR)
+  target_compile_options(lexivore_options INTERFACE -Werror)
+endif()
+if(LEXIVORE_SANITIZE)
+  target_compile_options(lexivore_options INTERFACE
+    -fsanitize=${LEXIVORE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(lexivore_options INTERFACE -fsanitize=${LEXIVORE_SANITIZE})
+endif()
+target_include_directories(lexivore_options INTERFACE "${PROJECT_SOURCE_DIR}")
+
+# lexivore_add_library(<name> SOURCES <files...> PUBLIC <libraries...> PRIVATE <libraries...>)
+# A static library of one folder. Its link lines are the rule of who may include whom.
+function(lexivore_add_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC;PRIVATE")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC lexivore_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+endfunction()
+
+# lexivore_add_test(<name> <libraries...>): tests/<folder>/<name>.cpp as a GoogleTest program and one CTest test.
+function(lexivore_add_test name)
+  add_executable(${name} ${name}.cpp)
+  target_link_libraries(${name} PRIVATE lexivore_options lexivore_test_support ${ARGN})
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 900)
+endfunction()

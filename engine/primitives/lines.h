@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/primitives/utf8.h"
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace lexivore {
+
+/// A newline character of some encoding length found in a text.
+struct NewlineMatch {
+    const char *position = nullptr; ///< The end of the searched range when there is none.
+    std::size_t length = 0;         ///< 1 for U+000A to U+000D, 2 for U+0085, 3 for U+2028 and U+2029, 0 for none.
+};
+
+/// The first character of the newline set at or behind `position`.
+[[nodiscard]] NewlineMatch findNewline(const char *position, const char *end);
+
+/// Calls `visit(std::string_view)` with every line: the pieces between newline characters, without them. Never none:
+/// the empty text is one empty line. CR LF gives an empty line between its two halves.
+template<typename Visit> void forEachLine(std::string_view text, Visit &&visit) {
+    const char *position = text.data();
+    const char *const end = position + text.size();
+    while (true) {
+        const NewlineMatch newline = findNewline(position, end);
+        visit(std::string_view(position, static_cast<std::size_t>(newline.position - position)));
+        if (newline.length == 0) {
+            return;
+        }
+        position = newline.position + newline.length;
+    }
+}
+
+/// The number of lines: one more than there are newline characters.
+[[nodiscard]] std::size_t lineCount(std::string_view text);
+
+/// All lines, lent from `text`.
+[[nodiscard]] std::vector<std::string_view> splitLines(std::string_view text);
+
+/// `text` without the spaces and tabs (the whitespace set, never line breaks) at both ends.
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
+/// True when `text` holds nothing but spaces and tabs, or nothing at all.
+[[nodiscard]] bool isBlank(std::string_view text);
+
+} // namespace lexivore

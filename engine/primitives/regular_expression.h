@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/text_buffer.h"
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace lexivore {
+
+/// A pattern that does not compile, or a match that ran into the limits of time or stack.
+/// `what()` is ICU's name of the error and, where ICU gives one, the place in the pattern.
+class RegularExpressionError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// `text` with every match of `pattern` (ICU's syntax, no options) replaced by `replacementTemplate`, in which "$" and one
+/// digit is that group, empty if it does not exist or took no part, and a backslash makes the next character literal.
+/// Throws RegularExpressionError. Costs a conversion to UTF-16 and back beside the matching itself.
+[[nodiscard]] TextBuffer replaceMatches(std::string_view text, std::string_view pattern,
+                                        std::string_view replacementTemplate);
+
+} // namespace lexivore

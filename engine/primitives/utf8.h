@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace lexivore {
+
+/// A Unicode scalar value and how many bytes it takes.
+struct DecodedCodePoint {
+    char32_t value = 0;
+    std::size_t length = 0;
+};
+
+/// What a byte that belongs to no well-formed sequence is read as. It has no properties that anything looks for.
+inline constexpr char32_t replacementCharacter = 0xFFFD;
+
+[[nodiscard]] constexpr bool isAscii(char byte) { return (static_cast<unsigned char>(byte) & 0x80U) == 0; }
+[[nodiscard]] constexpr bool isContinuationByte(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+namespace detail {
+[[nodiscard]] DecodedCodePoint decodeMultibyte(const char *position, const char *end);
+} // namespace detail
+
+/// The code point at `position`, which lies before `end`. A byte that begins no well-formed sequence (RFC 3629) counts
+/// as one replacement character of one byte.
+[[nodiscard]] inline DecodedCodePoint decode(const char *position, const char *end) {
+    if (isAscii(*position)) {
+        return {static_cast<unsigned char>(*position), 1};
+    }
+    return detail::decodeMultibyte(position, end);
+}
+
+/// The code point that ends at `position`, which lies behind `begin`.
+[[nodiscard]] DecodedCodePoint decodeBefore(const char *begin, const char *position);
+
+/// Writes `codePoint` at `to`, where four bytes fit, and returns the place behind it.
+inline char *encode(char32_t codePoint, char *to) {
+    const auto byte = [](char32_t bits) { return static_cast<char>(static_cast<unsigned char>(bits)); };
+    if (codePoint < 0x80) {
+        *to++ = byte(codePoint);
+    } else if (codePoint < 0x800) {
+        *to++ = byte(0xC0 | (codePoint >> 6));
+        *to++ = byte(0x80 | (codePoint & 0x3F));
+    } else if (codePoint < 0x10000) {
+        *to++ = byte(0xE0 | (codePoint >> 12));
+        *to++ = byte(0x80 | ((codePoint >> 6) & 0x3F));
+        *to++ = byte(0x80 | (codePoint & 0x3F));
+    } else {
+        *to++ = byte(0xF0 | (codePoint >> 18));
+        *to++ = byte(0x80 | ((codePoint >> 12) & 0x3F));
+        *to++ = byte(0x80 | ((codePoint >> 6) & 0x3F));
+        *to++ = byte(0x80 | (codePoint & 0x3F));
+    }
+    return to;
+}
+
+/// The end of the run of ASCII bytes that begins at `position`.
+[[nodiscard]] const char *asciiRunEnd(const char *position, const char *end);
+
+/// RFC 3629: no overlong forms, no surrogates, nothing above U+10FFFF, nothing cut off.
+[[nodiscard]] bool isValidUtf8(std::string_view text);
+
+} // namespace lexivore

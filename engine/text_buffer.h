@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace lexivore {
+
+/// The text that a transformation builds: UTF-8 bytes that grow at the end.
+/// Unlike std::string it never clears the room that is about to be written, and growing a large one moves pages
+/// instead of copying bytes. Throws std::bad_alloc when the memory cannot be had.
+class TextBuffer {
+public:
+    TextBuffer() = default;
+    explicit TextBuffer(std::string_view text) { append(text); }
+    TextBuffer(TextBuffer &&other) noexcept;
+    TextBuffer &operator=(TextBuffer &&other) noexcept;
+    TextBuffer(const TextBuffer &) = delete;
+    TextBuffer &operator=(const TextBuffer &) = delete;
+    ~TextBuffer() = default;
+
+    [[nodiscard]] static TextBuffer withCapacity(std::size_t bytes);
+
+    [[nodiscard]] const char *data() const { return m_bytes.get(); }
+    [[nodiscard]] std::size_t size() const { return m_size; }
+    [[nodiscard]] std::size_t capacity() const { return m_capacity; }
+    [[nodiscard]] bool empty() const { return m_size == 0; }
+    [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_size}; }
+    operator std::string_view() const { return view(); } // NOLINT(google-explicit-constructor): it is a text
+
+    void append(std::string_view text);
+    void append(char byte);
+
+    /// Room for `bytes` more after the end, not cleared. What was written there becomes part of the text by `commit`.
+    [[nodiscard]] char *room(std::size_t bytes) {
+        if (bytes > m_capacity - m_size) {
+            grow(bytes);
+        }
+        return m_bytes.get() + m_size;
+    }
+    /// The text now ends at `end`, which lies within the room asked for last.
+    void commit(const char *end) { m_size = static_cast<std::size_t>(end - m_bytes.get()); }
+    /// Drops everything behind the first `size` bytes.
+    void truncate(std::size_t size) { m_size = size < m_size ? size : m_size; }
+
+    /// Gives back room that was reserved but not used, when it is worth it.
+    void shrink();
+
+private:
+    struct Free {
+        void operator()(char *bytes) const { std::free(bytes); }
+    };
+    void grow(std::size_t bytes);
+    void reallocate(std::size_t capacity);
+
+    std::unique_ptr<char, Free> m_bytes;
+    std::size_t m_size = 0;
+    std::size_t m_capacity = 0;
+};
+
+inline bool operator==(const TextBuffer &left, std::string_view right) { return left.view() == right; }
+
+} // namespace lexivore
