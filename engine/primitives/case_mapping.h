@@ -13,8 +13,8 @@ namespace lexivore {
 
 void appendUppercase(TextBuffer &to, std::string_view text);
 
-/// `text` lowercased as a part of `context`, which holds it: what stands around a capital sigma there decides whether it
-/// is a final one.
+/// `text` lowercased as a part of `context`, which holds it: what stands around a capital sigma there decides whether
+/// it is a final one.
 void appendLowercase(TextBuffer &to, std::string_view text, std::string_view context);
 inline void appendLowercase(TextBuffer &to, std::string_view text) { appendLowercase(to, text, text); }
 

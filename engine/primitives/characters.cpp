@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/characters.h"
+
+#include "engine/primitives/character_breaks.h"
+#include "engine/primitives/utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace lexivore {
+
+using character_breaks::State;
+using character_breaks::Transition;
+
+namespace {
+
+/// How many of the pairs (byte, next byte) that begin in the range are a CR LF.
+std::size_t crLfPairs(const char *position, const char *lastBegin) {
+    std::size_t pairs = 0;
+    while (position != lastBegin) {
+        // A sum in bytes over a short stretch is what the compiler turns into vector code.
+        const auto stretch = std::min<std::ptrdiff_t>(lastBegin - position, 255);
+        std::uint8_t sum = 0;
+        for (std::ptrdiff_t i = 0; i < stretch; ++i) {
+            sum = static_cast<std::uint8_t>(sum + ((position[i] == '\r') & (position[i + 1] == '\n')));
+        }
+        pairs += sum;
+        position += stretch;
+    }
+    return pairs;
+}
+
+/// Counts the characters that begin in [position, end), given the state before, and moves the state.
+std::size_t countCharacters(const char *position, const char *end, State &state) {
+    std::size_t count = 0;
+    while (position != end) {
+        if (isAscii(*position)) {
+            // In ASCII every code point is a character, a CR LF excepted; what came before matters to the first alone.
+            const char *const runEnd = asciiRunEnd(position, end);
+            const Transition first = character_breaks::transition(state, static_cast<unsigned char>(*position));
+            count += static_cast<std::size_t>(runEnd - position) - (first.isBoundary ? 0U : 1U);
+            count -= crLfPairs(position, runEnd - 1);
+            state = character_breaks::stateAfterAscii(runEnd[-1]);
+            position = runEnd;
+        } else {
+            const DecodedCodePoint decoded = decode(position, end);
+            const Transition step = character_breaks::transition(state, decoded.value);
+            count += step.isBoundary ? 1U : 0U;
+            state = step.next;
+            position += decoded.length;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+std::size_t characterCount(std::string_view text) {
+    State state = State::begin;
+    return countCharacters(text.data(), text.data() + text.size(), state);
+}
+
+std::size_t characterEnd(std::string_view text, std::size_t position) {
+    const char *const end = text.data() + text.size();
+    const DecodedCodePoint first = decode(text.data() + position, end);
+    State state = character_breaks::transition(State::begin, first.value).next;
+    const char *next = text.data() + position + first.length;
+    while (next != end) {
+        const DecodedCodePoint decoded = decode(next, end);
+        const Transition step = character_breaks::transition(state, decoded.value);
+        if (step.isBoundary) {
+            break;
+        }
+        state = step.next;
+        next += decoded.length;
+    }
+    return static_cast<std::size_t>(next - text.data());
+}
+
+void CharacterCounter::append(std::string_view piece) {
+    auto state = static_cast<State>(m_state);
+    m_count += countCharacters(piece.data(), piece.data() + piece.size(), state);
+    m_state = static_cast<std::uint8_t>(state);
+}
+
+TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
+    const auto keeps = [filter](char32_t codePoint) { return isIn(filter.set, codePoint) == filter.keepsMembers; };
+    std::array<std::uint8_t, 128> keepsAscii{};
+    for (char32_t c = 0; c < keepsAscii.size(); ++c) {
+        keepsAscii[c] = keeps(c) ? 1 : 0;
+    }
+
+    // A code point is always written whole in four bytes, of which only its own length stays.
+    constexpr std::size_t longestCodePoint = 4;
+    TextBuffer result;
+    char *to = result.room(text.size() + longestCodePoint);
+    State state = State::begin;
+    bool isKept = false;
+    const char *position = text.data();
+    const char *const end = position + text.size();
+    while (position != end) {
+        if (isAscii(*position)) {
+            const char *const runEnd = asciiRunEnd(position, end);
+            if (!character_breaks::transition(state, static_cast<unsigned char>(*position)).isBoundary) {
+                *to = *position++;
+                to += isKept ? 1 : 0;
+            }
+            // From here on every byte may be judged by itself: the halves of a CR LF have the same properties.
+            if (position != runEnd) {
+                isKept = keepsAscii[static_cast<unsigned char>(runEnd[-1])] != 0;
+            }
+            for (; position != runEnd; ++position) {
+                *to = *position;
+                to += keepsAscii[static_cast<unsigned char>(*position)];
+            }
+            state = character_breaks::stateAfterAscii(runEnd[-1]);
+        } else {
+            const DecodedCodePoint decoded = decode(position, end);
+            const Transition step = character_breaks::transition(state, decoded.value);
+            if (step.isBoundary) {
+                isKept = keeps(decoded.value);
+            }
+            std::memcpy(to, position, decoded.length);
+            to += isKept ? decoded.length : 0;
+            state = step.next;
+            position += decoded.length;
+        }
+    }
+    result.commit(to);
+    result.shrink();
+    return result;
+}
+
+TextBuffer reverseCharacters(std::string_view text) {
+    TextBuffer result;
+    char *to = result.room(text.size()) + text.size();
+    result.commit(to);
+    const char *characterBegin = text.data();
+    const char *position = characterBegin;
+    const char *const end = position + text.size();
+    const auto writeCharacter = [&](const char *characterLimit) {
+        const auto length = static_cast<std::size_t>(characterLimit - characterBegin);
+        to -= length;
+        std::copy_n(characterBegin, length, to);
+        characterBegin = characterLimit;
+    };
+    State state = State::begin;
+    while (position != end) {
+        const DecodedCodePoint decoded = decode(position, end);
+        const Transition step = character_breaks::transition(state, decoded.value);
+        if (step.isBoundary && position != characterBegin) {
+            writeCharacter(position);
+        }
+        state = step.next;
+        position += decoded.length;
+        if (state == State::other && decoded.length == 1) {
+            // Behind a plain ASCII character: all but the last of a run of them stand for themselves.
+            const char *const runEnd = asciiRunEnd(position, end);
+            const char *const runWithoutCr = std::find(position, runEnd, '\r');
+            if (runWithoutCr - position > 1) {
+                writeCharacter(position);
+                const auto length = static_cast<std::size_t>(runWithoutCr - 1 - position);
+                to -= length;
+                std::reverse_copy(position, runWithoutCr - 1, to);
+                position = runWithoutCr - 1;
+                characterBegin = position;
+                state = State::begin;
+            }
+        }
+    }
+    writeCharacter(end);
+    return result;
+}
+
+} // namespace lexivore

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/lines.h"
+
+#include "engine/primitives/code_points.h"
+#include "engine/primitives/words.h"
+
+#include <bit>
+#include <cstdint>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace lexivore {
+
+namespace {
+
+/// The newline character that begins exactly at `position`; length 0 when there is none.
+NewlineMatch newlineAt(const char *position, const char *end) {
+    const auto byte = static_cast<unsigned char>(*position);
+    if (byte >= 0x0A && byte <= 0x0D) {
+        return {position, 1};
+    }
+    if (byte == 0xC2 && end - position >= 2 && static_cast<unsigned char>(position[1]) == 0x85) {
+        return {position, 2};
+    }
+    if (byte == 0xE2 && end - position >= 3 && static_cast<unsigned char>(position[1]) == 0x80 &&
+        (static_cast<unsigned char>(position[2]) & 0xFEU) == 0xA8) {
+        return {position, 3};
+    }
+    return {position, 0};
+}
+
+#ifdef __SSE2__
+constexpr std::ptrdiff_t blockSize = 16;
+
+/// One bit for each byte of the block that a newline character can begin with.
+unsigned candidates(const char *block) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i *>(block));
+    const __m128i fromLineFeed = _mm_sub_epi8(bytes, _mm_set1_epi8(0x0A));
+    const __m128i isControl = _mm_cmpeq_epi8(_mm_min_epu8(fromLineFeed, _mm_set1_epi8(3)), fromLineFeed);
+    const __m128i isLeadOf2 = _mm_cmpeq_epi8(bytes, _mm_set1_epi8(static_cast<char>(0xC2)));
+    const __m128i isLeadOf3 = _mm_cmpeq_epi8(bytes, _mm_set1_epi8(static_cast<char>(0xE2)));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(isControl, _mm_or_si128(isLeadOf2, isLeadOf3))));
+}
+#endif
+
+} // namespace
+
+NewlineMatch findNewline(const char *position, const char *end) {
+#ifdef __SSE2__
+    for (; end - position >= blockSize; position += blockSize) {
+        for (unsigned mask = candidates(position); mask != 0; mask &= mask - 1) {
+            const NewlineMatch match = newlineAt(position + std::countr_zero(mask), end);
+            if (match.length != 0) {
+                return match;
+            }
+        }
+    }
+#endif
+    for (; position != end; ++position) {
+        const NewlineMatch match = newlineAt(position, end);
+        if (match.length != 0) {
+            return match;
+        }
+    }
+    return {end, 0};
+}
+
+std::size_t lineCount(std::string_view text) {
+    std::size_t count = 0;
+    forEachLine(text, [&count](std::string_view) { ++count; });
+    return count;
+}
+
+std::vector<std::string_view> splitLines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    lines.reserve(lineCount(text));
+    forEachLine(text, [&lines](std::string_view line) { lines.push_back(line); });
+    return lines;
+}
+
+std::string_view trimmed(std::string_view text) {
+    const char *end = text.data() + text.size();
+    const char *const begin = findNonMember(text.data(), end, whitespace);
+    while (end != begin) {
+        const DecodedCodePoint last = decodeBefore(begin, end);
+        if (!isIn(whitespace, last.value)) {
+            break;
+        }
+        end -= last.length;
+    }
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+bool isBlank(std::string_view text) {
+    const char *const end = text.data() + text.size();
+    return findNonMember(text.data(), end, whitespace) == end;
+}
+
+} // namespace lexivore

@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/regular_expression.h"
+
+#include "engine/primitives/utf8.h"
+
+#include <unicode/regex.h>
+#include <unicode/unistr.h>
+#include <unicode/utf16.h>
+
+#include <chrono>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <vector>
+
+namespace lexivore {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// How long the search of a whole text may take: a fixed time, and what a harmless pattern may need for its size.
+Clock::duration timeAllowed(std::size_t bytes) {
+    constexpr std::chrono::milliseconds fixedTime{1500};
+    constexpr std::size_t bytesPerMillisecond = 25'000;
+    return fixedTime + std::chrono::milliseconds(bytes / bytesPerMillisecond);
+}
+
+/// ICU asks this from time to time while it backtracks.
+UBool U_CALLCONV mayGoOn(const void *deadline, std::int32_t) {
+    return Clock::now() < *static_cast<const Clock::time_point *>(deadline) ? 1 : 0;
+}
+
+std::string describe(UErrorCode status) {
+    return u_errorName(status == U_REGEX_STOPPED_BY_CALLER ? U_REGEX_TIME_OUT : status);
+}
+
+[[noreturn]] void fail(UErrorCode status) { throw RegularExpressionError(describe(status)); }
+
+void check(UErrorCode status) {
+    if (U_FAILURE(status)) {
+        fail(status);
+    }
+}
+
+icu::UnicodeString toUtf16(std::string_view text) {
+    if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max() / 2)) {
+        fail(U_INDEX_OUTOFBOUNDS_ERROR); // ICU's strings are indexed by 32-bit numbers
+    }
+    icu::UnicodeString result;
+    char16_t *const units = result.getBuffer(static_cast<std::int32_t>(text.size()));
+    if (units == nullptr) {
+        fail(U_MEMORY_ALLOCATION_ERROR);
+    }
+    std::int32_t length = 0;
+    const char *position = text.data();
+    const char *const end = position + text.size();
+    while (position != end) {
+        const char *const runEnd = asciiRunEnd(position, end);
+        for (; position != runEnd; ++position) {
+            units[length++] = static_cast<unsigned char>(*position);
+        }
+        if (position != end) {
+            const DecodedCodePoint decoded = decode(position, end);
+            U16_APPEND_UNSAFE(units, length, static_cast<UChar32>(decoded.value));
+            position += decoded.length;
+        }
+    }
+    result.releaseBuffer(length);
+    return result;
+}
+
+void appendUtf8(TextBuffer &to, const icu::UnicodeString &text, std::int32_t begin, std::int32_t end) {
+    constexpr std::size_t longestUnit = 3; // bytes of UTF-8 for one unit of UTF-16
+    char *place = to.room(static_cast<std::size_t>(end - begin) * longestUnit + 1);
+    const char16_t *const units = text.getBuffer();
+    while (begin < end) {
+        UChar32 codePoint = 0;
+        U16_NEXT(units, begin, end, codePoint);
+        place = encode(static_cast<char32_t>(codePoint), place);
+    }
+    to.commit(place);
+}
+
+/// Follows a position in a text in UTF-8 and in UTF-16 at once, forwards only.
+class ParallelPosition {
+public:
+    explicit ParallelPosition(std::string_view text) : m_text(text) {}
+
+    /// Moves to the UTF-16 index `unit` and returns the byte offset there.
+    std::size_t moveTo(std::int32_t unit) {
+        const char *const end = m_text.data() + m_text.size();
+        while (m_unit < unit) {
+            const DecodedCodePoint decoded = decode(m_text.data() + m_byte, end);
+            m_unit += decoded.length == 4 ? 2 : 1;
+            m_byte += decoded.length;
+        }
+        return m_byte;
+    }
+
+private:
+    std::string_view m_text;
+    std::size_t m_byte = 0;
+    std::int32_t m_unit = 0;
+};
+
+/// A replacement template, parsed once: literal text and references to groups in turn.
+class ReplacementTemplate {
+public:
+    explicit ReplacementTemplate(std::string_view text) {
+        std::string literal;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const bool hasNext = i + 1 < text.size();
+            if (text[i] == '\\') {
+                // The backslash goes, and what follows, if anything does, stands for itself.
+                if (hasNext) {
+                    literal += text[++i];
+                }
+            } else if (text[i] == '$' && hasNext && text[i + 1] >= '0' && text[i + 1] <= '9') {
+                m_parts.push_back({std::move(literal), text[++i] - '0'});
+                literal.clear();
+            } else {
+                literal += text[i];
+            }
+        }
+        m_parts.push_back({std::move(literal), noGroup});
+    }
+
+    void append(TextBuffer &to, const icu::RegexMatcher &matcher, const icu::UnicodeString &input) const {
+        for (const Part &part : m_parts) {
+            to.append(part.literal);
+            if (part.group == noGroup || part.group > matcher.groupCount()) {
+                continue;
+            }
+            UErrorCode status = U_ZERO_ERROR;
+            const std::int32_t begin = matcher.start(part.group, status);
+            const std::int32_t end = matcher.end(part.group, status);
+            check(status);
+            if (begin >= 0) { // it took part in the match
+                appendUtf8(to, input, begin, end);
+            }
+        }
+    }
+
+private:
+    static constexpr int noGroup = -1;
+    struct Part {
+        std::string literal;
+        int group;
+    };
+    std::vector<Part> m_parts;
+};
+
+std::unique_ptr<icu::RegexPattern> compile(std::string_view pattern) {
+    UErrorCode status = U_ZERO_ERROR;
+    UParseError place{};
+    std::unique_ptr<icu::RegexPattern> compiled(icu::RegexPattern::compile(toUtf16(pattern), 0, place, status));
+    if (U_FAILURE(status)) {
+        std::string description = describe(status);
+        if (place.line > 0) {
+            description += " (line " + std::to_string(place.line) + ", offset " + std::to_string(place.offset) + ")";
+        }
+        throw RegularExpressionError(description);
+    }
+    return compiled;
+}
+
+} // namespace
+
+TextBuffer replaceMatches(std::string_view text, std::string_view pattern, std::string_view replacementTemplate) {
+    const std::unique_ptr<icu::RegexPattern> compiled = compile(pattern);
+    const ReplacementTemplate replacement(replacementTemplate);
+    const icu::UnicodeString input = toUtf16(text);
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::RegexMatcher> matcher(compiled->matcher(input, status));
+    check(status);
+    const Clock::time_point deadline = Clock::now() + timeAllowed(text.size());
+    matcher->setMatchCallback(mayGoOn, &deadline, status);
+    check(status);
+
+    TextBuffer result = TextBuffer::withCapacity(text.size());
+    ParallelPosition position(text);
+    std::size_t copied = 0;
+    while (matcher->find(status) != 0) {
+        const std::size_t matchBegin = position.moveTo(matcher->start(status));
+        result.append(text.substr(copied, matchBegin - copied));
+        replacement.append(result, *matcher, input);
+        copied = position.moveTo(matcher->end(status));
+        check(status);
+    }
+    check(status);
+    result.append(text.substr(copied));
+    result.shrink();
+    return result;
+}
+
+} // namespace lexivore
