@@ -29,8 +29,8 @@ enum class TransformationCategory {
 
 /// Every category once, in declaration order.
 inline constexpr std::array allTransformationCategories = {
-    TransformationCategory::favorites,   TransformationCategory::caseConversion, TransformationCategory::addRemove,
-    TransformationCategory::lines,       TransformationCategory::sorting,        TransformationCategory::findReplace,
+    TransformationCategory::favorites, TransformationCategory::caseConversion, TransformationCategory::addRemove,
+    TransformationCategory::lines,     TransformationCategory::sorting,        TransformationCategory::findReplace,
     TransformationCategory::encoding,
 };
 
@@ -119,7 +119,8 @@ using TransformationPointer = std::shared_ptr<const TextTransformation>;
 
 /// A transformation as an identifiable value, for lists that are shown and compared.
 struct TransformationWrapper {
-    explicit TransformationWrapper(TransformationPointer wrapped) : id(wrapped->id()), transformation(std::move(wrapped)) {}
+    explicit TransformationWrapper(TransformationPointer wrapped)
+        : id(wrapped->id()), transformation(std::move(wrapped)) {}
 
     std::string id;
     TransformationPointer transformation;

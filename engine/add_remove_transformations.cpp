@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/add_remove_transformations.h"
+
+#include "engine/parameters.h"
+#include "engine/primitives/characters.h"
+#include "engine/primitives/line_mapping.h"
+#include "engine/primitives/replacement.h"
+#include "engine/primitives/words.h"
+
+#include <unordered_set>
+
+namespace lexivore {
+
+namespace {
+
+/// A set of pieces that have been seen; exact comparison of their bytes.
+class SeenPieces {
+public:
+    /// True the first time that `piece` is seen.
+    bool add(std::string_view piece) { return m_seen.insert(piece).second; }
+
+private:
+    std::unordered_set<std::string_view> m_seen;
+};
+
+/// The spaces and tabs of the whole text are the separators; line breaks are not.
+template<typename Visit> void forEachSpacedPiece(std::string_view text, Visit &&visit) {
+    const char *position = text.data();
+    const char *const end = position + text.size();
+    while (true) {
+        const char *const pieceEnd = findMember(position, end, whitespace);
+        visit(std::string_view(position, static_cast<std::size_t>(pieceEnd - position)));
+        if (pieceEnd == end) {
+            return;
+        }
+        position = pieceEnd + decode(pieceEnd, end).length;
+    }
+}
+
+/// Letters, numbers and whitespace, line breaks included.
+constexpr CharacterFilter lettersNumbersAndSpaces{property::letter | property::number | property::whiteSpace};
+
+} // namespace
+
+std::vector<TransformationParameter> AddPrefixTransformation::parameters() const {
+    return {{"prefix", "Prefix", "> ", "Enter prefix text..."}};
+}
+
+TextBuffer AddPrefixTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
+    const std::string_view prefix = requiredValue(parameters, "prefix");
+    if (prefix.empty()) {
+        return TextBuffer(text); // line breaks stay as they are, too
+    }
+    Joiner joiner("\n", text.size());
+    forEachLine(text, [&](std::string_view line) {
+        joiner.add(prefix);
+        joiner.result().append(line);
+    });
+    return joiner.take();
+}
+
+std::vector<TransformationParameter> AddSuffixTransformation::parameters() const {
+    return {{"suffix", "Suffix", ";", "Enter suffix text..."}};
+}
+
+TextBuffer AddSuffixTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
+    const std::string_view suffix = requiredValue(parameters, "suffix");
+    if (suffix.empty()) {
+        return TextBuffer(text);
+    }
+    Joiner joiner("\n", text.size());
+    forEachLine(text, [&](std::string_view line) {
+        joiner.add(line);
+        joiner.result().append(suffix);
+    });
+    return joiner.take();
+}
+
+TextBuffer RemoveWhitespaceTransformation::apply(std::string_view text, const ParameterMap &) const {
+    Joiner joiner(" ", text.size());
+    forEachPiece(text, whitespace, [&](std::string_view piece) { joiner.add(piece); });
+    return joiner.take();
+}
+
+TextBuffer RemoveAllSpacesTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return replaceAll(text, " ", "");
+}
+
+TextBuffer RemoveTabsTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return replaceAll(text, "\t", "");
+}
+
+TextBuffer RemoveEmptyLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return filterLines(text, [](std::string_view line) { return !isBlank(line); });
+}
+
+TextBuffer RemoveLineBreaksTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return trimAndJoinLines(text, " ");
+}
+
+TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
+    SeenPieces seen;
+    return filterLines(text, [&](std::string_view line) { return seen.add(line); });
+}
+
+TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {
+    SeenPieces seen;
+    Joiner joiner(" ", text.size());
+    forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) {
+        if (seen.add(word)) {
+            joiner.add(word);
+        }
+    });
+    return joiner.take();
+}
+
+// The next one and RemoveSpecialCharacters are one operation under two names and must stay equal.
+TextBuffer DeleteNonAlphanumericTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return filterCharacters(text, lettersNumbersAndSpaces);
+}
+
+TextBuffer DeleteNumericCharactersTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return filterCharacters(text, {property::number, false});
+}
+
+TextBuffer KeepOnlyNumericTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return filterCharacters(text, {property::number | property::whiteSpace});
+}
+
+TextBuffer RemovePunctuationTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return filterCharacters(text, {property::punctuation, false});
+}
+
+TextBuffer RemoveSpecialCharactersTransformation::apply(std::string_view text, const ParameterMap &) const {
+    return filterCharacters(text, lettersNumbersAndSpaces);
+}
+
+std::vector<TransformationParameter> WrapLinesTransformation::parameters() const {
+    return {{"width", "Width", "80", "Characters per line..."}};
+}
+
+TextBuffer WrapLinesTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
+    const auto width =
+        static_cast<std::size_t>(wholeNumberAtLeast(parameters, "width", 1, "Width must be a positive number"));
+    TextBuffer result = TextBuffer::withCapacity(text.size());
+    std::size_t lineBegin = 0; // in the result
+    CharacterCounter lineLength;
+    forEachSpacedPiece(text, [&](std::string_view piece) {
+        const bool isLineEmpty = result.size() == lineBegin;
+        if (!isLineEmpty && lineLength.count() + characterCount(piece) + 1 > width) {
+            result.append('\n');
+            lineBegin = result.size();
+            lineLength = {};
+        } else if (!isLineEmpty) {
+            result.append(' ');
+            lineLength.append(" ");
+        }
+        result.append(piece);
+        lineLength.append(piece);
+    });
+    result.shrink();
+    return result;
+}
+
+} // namespace lexivore
