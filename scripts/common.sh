@@ -1,0 +1,39 @@
+# shellcheck shell=bash
+# What the scripts here share. Source it first: it ends the calling script at the first failure and leaves it in the
+# root of the checkout.
+
+set -euo pipefail
+
+root="$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)"
+cd "$root"
+
+say() { printf '%s: %s\n' "${0##*/}" "$*" >&2; }
+die() {
+    say "$*"
+    exit 1
+}
+
+# Runs a step and says plainly which one failed.
+step() {
+    local what=$1
+    shift
+    say "$what"
+    "$@" || die "$what: failed ($*)"
+}
+
+# As root (or through sudo) in somebody's checkout, goes on as its owner, so that no build folder is left behind that the
+# owner cannot write. Takes the arguments of the calling script.
+continue_as_owner() {
+    local owner home
+    owner=$(stat -c %U "$root")
+    if [ "$(id -u)" -ne 0 ] || [ "$owner" = root ] || [ "$owner" = UNKNOWN ]; then
+        return
+    fi
+    home=$(getent passwd "$owner" | cut -d: -f6)
+    exec runuser -u "$owner" -- env HOME="$home" "$(readlink -f "$0")" "$@"
+}
+
+build_preset() {
+    step "Configuring ($1)" cmake --preset "$1"
+    step "Building ($1)" cmake --build --preset "$1"
+}
