@@ -4,6 +4,7 @@
 
 set -euo pipefail
 
+self="$(readlink -f "$0")"
 root="$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)"
 cd "$root"
 
@@ -30,7 +31,7 @@ continue_as_owner() {
         return
     fi
     home=$(getent passwd "$owner" | cut -d: -f6)
-    exec runuser -u "$owner" -- env HOME="$home" "$(readlink -f "$0")" "$@"
+    exec runuser -u "$owner" -- env HOME="$home" "$self" "$@"
 }
 
 build_preset() {
