@@ -4,11 +4,11 @@
 
 #include "engine/text_buffer.h"
 
-#include <compare>
 #include <cstddef>
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace lexivore {
 
@@ -49,6 +49,7 @@ public:
 
 private:
     struct Node;
+    class Runs;
     using NodePointer = std::shared_ptr<const Node>;
     explicit Text(NodePointer root) : m_root(std::move(root)) {}
 
