@@ -239,7 +239,7 @@ TEST(SymbolPixmap, CutsTheSignOutOfASolidSymbol) {
     EXPECT_EQ(alphaAt("clock.fill", 8, 14), 255);
     EXPECT_EQ(alphaAt("checkmark.circle.fill", 11, 15), 0);
     EXPECT_EQ(alphaAt("number.square.fill", 12, 12), 255);
-    EXPECT_EQ(alphaAt("number.square.fill", 12, 10), 0);
+    EXPECT_EQ(alphaAt("number.square.fill", 12, 9), 0);
 }
 
 TEST(FavoriteStar, IsFilledWithOneColourAndOutlinedWithTheOther) {
