@@ -38,6 +38,27 @@ template<typename Visit> void forEachSpacedPiece(std::string_view text, Visit &&
     }
 }
 
+/// Every line with `prefix` before and `suffix` behind it.
+TextBuffer affixLines(std::string_view text, std::string_view prefix, std::string_view suffix) {
+    // All of them end and begin alike, so what stands between two lines is always the same.
+    std::string between(suffix);
+    between += '\n';
+    between += prefix;
+    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 8 + between.size());
+    result.append(prefix);
+    bool isFirst = true;
+    forEachLine(text, [&](std::string_view line) {
+        if (!isFirst) {
+            result.append(between);
+        }
+        isFirst = false;
+        result.append(line);
+    });
+    result.append(suffix);
+    result.shrink();
+    return result;
+}
+
 /// Letters, numbers and whitespace, line breaks included.
 constexpr CharacterFilter lettersNumbersAndSpaces{property::letter | property::number | property::whiteSpace};
 
@@ -52,12 +73,7 @@ TextBuffer AddPrefixTransformation::apply(std::string_view text, const Parameter
     if (prefix.empty()) {
         return TextBuffer(text); // line breaks stay as they are, too
     }
-    Joiner joiner("\n", text.size());
-    forEachLine(text, [&](std::string_view line) {
-        joiner.add(prefix);
-        joiner.result().append(line);
-    });
-    return joiner.take();
+    return affixLines(text, prefix, "");
 }
 
 std::vector<TransformationParameter> AddSuffixTransformation::parameters() const {
@@ -69,12 +85,7 @@ TextBuffer AddSuffixTransformation::apply(std::string_view text, const Parameter
     if (suffix.empty()) {
         return TextBuffer(text);
     }
-    Joiner joiner("\n", text.size());
-    forEachLine(text, [&](std::string_view line) {
-        joiner.add(line);
-        joiner.result().append(suffix);
-    });
-    return joiner.take();
+    return affixLines(text, "", suffix);
 }
 
 TextBuffer RemoveWhitespaceTransformation::apply(std::string_view text, const ParameterMap &) const {

@@ -54,16 +54,22 @@ TextBuffer TrimLinesTransformation::apply(std::string_view text, const Parameter
 }
 
 TextBuffer NumberLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    Joiner joiner("\n", text.size() + text.size() / 4);
+    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 4);
     std::uint64_t number = 0;
     forEachLine(text, [&](std::string_view line) {
-        char digits[20];
-        const char *const end = std::to_chars(digits, digits + sizeof digits, ++number).ptr;
-        joiner.add(std::string_view(digits, static_cast<std::size_t>(end - digits)));
-        joiner.result().append(". ");
-        joiner.result().append(line);
+        constexpr std::size_t longestNumber = 20;
+        char *to = result.room(1 + longestNumber + 2);
+        if (number > 0) {
+            *to++ = '\n';
+        }
+        to = std::to_chars(to, to + longestNumber, ++number).ptr;
+        *to++ = '.';
+        *to++ = ' ';
+        result.commit(to);
+        result.append(line);
     });
-    return joiner.take();
+    result.shrink();
+    return result;
 }
 
 TextBuffer BreakAfterEveryWordTransformation::apply(std::string_view text, const ParameterMap &) const {

@@ -74,20 +74,25 @@ TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, c
 }
 
 TextBuffer ReverseWordsInLineTransformation::apply(std::string_view text, const ParameterMap &) const {
-    Joiner joiner("\n", text.size());
+    TextBuffer result = TextBuffer::withCapacity(text.size());
+    bool isFirstLine = true;
     std::vector<std::string_view> words;
     forEachLine(text, [&](std::string_view line) {
+        if (!isFirstLine) {
+            result.append('\n');
+        }
+        isFirstLine = false;
         words.clear();
         forEachPiece(line, whitespace, [&](std::string_view word) { words.push_back(word); });
-        joiner.beginPiece();
         for (auto word = words.rbegin(); word != words.rend(); ++word) {
             if (word != words.rbegin()) {
-                joiner.result().append(' ');
+                result.append(' ');
             }
-            joiner.result().append(*word);
+            result.append(*word);
         }
     });
-    return joiner.take();
+    result.shrink();
+    return result;
 }
 
 } // namespace lexivore

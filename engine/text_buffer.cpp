@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <new>
 #include <utility>
 
@@ -33,19 +32,6 @@ TextBuffer TextBuffer::withCapacity(std::size_t bytes) {
         buffer.reallocate(bytes);
     }
     return buffer;
-}
-
-void TextBuffer::append(std::string_view text) {
-    if (text.empty()) {
-        return; // data() of an empty view may be null, which memcpy does not allow
-    }
-    std::memcpy(room(text.size()), text.data(), text.size());
-    m_size += text.size();
-}
-
-void TextBuffer::append(char byte) {
-    *room(1) = byte;
-    ++m_size;
 }
 
 void TextBuffer::shrink() {

@@ -4,11 +4,39 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace lexivore {
+
+/// memcpy that is as fast as it can be for the few bytes of a word or a short line: two copies of one fixed size that
+/// overlap take no call and no loop.
+inline void copyBytes(const char *from, std::size_t size, char *to) {
+    const auto copyEnds = [&]<std::size_t part>(std::integral_constant<std::size_t, part>) {
+        char first[part];
+        char last[part];
+        std::memcpy(first, from, part);
+        std::memcpy(last, from + size - part, part);
+        std::memcpy(to, first, part);
+        std::memcpy(to + size - part, last, part);
+    };
+    if (size > 32) {
+        std::memcpy(to, from, size);
+    } else if (size >= 16) {
+        copyEnds(std::integral_constant<std::size_t, 16>());
+    } else if (size >= 8) {
+        copyEnds(std::integral_constant<std::size_t, 8>());
+    } else if (size >= 4) {
+        copyEnds(std::integral_constant<std::size_t, 4>());
+    } else if (size > 0) {
+        to[0] = from[0];
+        to[size / 2] = from[size / 2];
+        to[size - 1] = from[size - 1];
+    }
+}
 
 /// The text that a transformation builds: UTF-8 bytes that grow at the end.
 /// Unlike std::string it never clears the room that is about to be written, and growing a large one moves pages
@@ -32,8 +60,17 @@ public:
     [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_size}; }
     operator std::string_view() const { return view(); } // NOLINT(google-explicit-constructor): it is a text
 
-    void append(std::string_view text);
-    void append(char byte);
+    void append(std::string_view text) {
+        if (text.empty()) {
+            return; // data() of an empty view may be null, which copying does not allow
+        }
+        copyBytes(text.data(), text.size(), room(text.size()));
+        m_size += text.size();
+    }
+    void append(char byte) {
+        *room(1) = byte;
+        ++m_size;
+    }
 
     /// Room for `bytes` more after the end, not cleared. What was written there becomes part of the text by `commit`.
     [[nodiscard]] char *room(std::size_t bytes) {

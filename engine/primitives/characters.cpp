@@ -3,10 +3,10 @@
 #include "engine/primitives/characters.h"
 
 #include "engine/primitives/character_breaks.h"
+#include "engine/primitives/membership_scan.h"
 #include "engine/primitives/utf8.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace lexivore {
@@ -55,6 +55,43 @@ std::size_t countCharacters(const char *position, const char *end, State &state)
     return count;
 }
 
+/// Filters stretches of ASCII, in which every byte is judged by itself.
+class AsciiFilter {
+public:
+    /// What may be overwritten behind the bytes that are kept.
+    static constexpr std::size_t scratchBytes = kernels::blockSize;
+
+    explicit AsciiFilter(CharacterFilter filter)
+        : m_byteClass(byteClassOf(filter.set)), m_flip(filter.keepsMembers ? 0 : ~std::uint64_t{0}) {}
+
+    [[nodiscard]] bool keeps(char byte) const { return m_byteClass.ascii.contains(byte) == (m_flip == 0); }
+
+    /// Copies what is kept of [position, end) to `to` and returns the place behind it.
+    char *copyKept(const char *position, const char *end, char *to) const {
+        constexpr std::size_t blocksAtOnce = 64;
+        std::uint64_t keep[blocksAtOnce];
+        std::uint64_t candidates[blocksAtOnce];
+        while (static_cast<std::size_t>(end - position) >= kernels::blockSize) {
+            const auto blocks = std::min(static_cast<std::size_t>(end - position) / kernels::blockSize, blocksAtOnce);
+            kernels::best().classify(position, blocks, m_byteClass, keep, candidates);
+            for (std::size_t block = 0; block < blocks; ++block) {
+                keep[block] ^= m_flip;
+            }
+            to += kernels::best().compress(position, blocks, keep, to);
+            position += blocks * kernels::blockSize;
+        }
+        for (; position != end; ++position) {
+            *to = *position;
+            to += keeps(*position) ? 1 : 0;
+        }
+        return to;
+    }
+
+private:
+    kernels::ByteClass m_byteClass;
+    std::uint64_t m_flip;
+};
+
 } // namespace
 
 std::size_t characterCount(std::string_view text) {
@@ -86,16 +123,10 @@ void CharacterCounter::append(std::string_view piece) {
 }
 
 TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
+    const AsciiFilter asciiFilter(filter);
     const auto keeps = [filter](char32_t codePoint) { return isIn(filter.set, codePoint) == filter.keepsMembers; };
-    std::array<std::uint8_t, 128> keepsAscii{};
-    for (char32_t c = 0; c < keepsAscii.size(); ++c) {
-        keepsAscii[c] = keeps(c) ? 1 : 0;
-    }
-
-    // A code point is always written whole in four bytes, of which only its own length stays.
-    constexpr std::size_t longestCodePoint = 4;
     TextBuffer result;
-    char *to = result.room(text.size() + longestCodePoint);
+    char *to = result.room(text.size() + AsciiFilter::scratchBytes);
     State state = State::begin;
     bool isKept = false;
     const char *position = text.data();
@@ -109,12 +140,10 @@ TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
             }
             // From here on every byte may be judged by itself: the halves of a CR LF have the same properties.
             if (position != runEnd) {
-                isKept = keepsAscii[static_cast<unsigned char>(runEnd[-1])] != 0;
+                isKept = asciiFilter.keeps(runEnd[-1]);
             }
-            for (; position != runEnd; ++position) {
-                *to = *position;
-                to += keepsAscii[static_cast<unsigned char>(*position)];
-            }
+            to = asciiFilter.copyKept(position, runEnd, to);
+            position = runEnd;
             state = character_breaks::stateAfterAscii(runEnd[-1]);
         } else {
             const DecodedCodePoint decoded = decode(position, end);

@@ -7,34 +7,39 @@
 
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
 namespace lexivore {
 
-/// Builds a text of pieces with a separator between them.
+/// Builds a text of pieces, lent from one other text, with a separator between them. Pieces that stood side by side
+/// with that very separator between them already are copied as one, so that what changes nothing costs next to nothing.
 class Joiner {
 public:
     Joiner(std::string_view separator, std::size_t expectedBytes)
         : m_separator(separator), m_result(TextBuffer::withCapacity(expectedBytes)) {}
 
-    /// Begins the next piece; what is appended to `result()` until the next call belongs to it.
-    void beginPiece() {
+    void add(std::string_view piece) {
         if (m_hasPiece) {
+            const char *const previousEnd = m_pending.data() + m_pending.size();
+            if (m_separator.size() == 1 && piece.data() == previousEnd + 1 && *previousEnd == m_separator[0]) {
+                m_pending = {m_pending.data(), m_pending.size() + 1 + piece.size()};
+                return;
+            }
+            m_result.append(m_pending);
             m_result.append(m_separator);
         }
         m_hasPiece = true;
+        m_pending = piece;
     }
-    void add(std::string_view piece) {
-        beginPiece();
-        m_result.append(piece);
-    }
-    [[nodiscard]] TextBuffer &result() { return m_result; }
     [[nodiscard]] TextBuffer take() {
+        m_result.append(m_pending);
         m_result.shrink();
         return std::move(m_result);
     }
 
 private:
     std::string_view m_separator;
+    std::string_view m_pending; ///< Added but not copied yet.
     TextBuffer m_result;
     bool m_hasPiece = false;
 };

@@ -68,11 +68,7 @@ NewlineMatch findNewline(const char *position, const char *end) {
     return {end, 0};
 }
 
-std::size_t lineCount(std::string_view text) {
-    std::size_t count = 0;
-    forEachLine(text, [&count](std::string_view) { ++count; });
-    return count;
-}
+std::size_t lineCount(std::string_view text) { return memberCount(text, newlines) + 1; }
 
 std::vector<std::string_view> splitLines(std::string_view text) {
     std::vector<std::string_view> lines;

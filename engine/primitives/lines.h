@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "engine/primitives/membership_scan.h"
 #include "engine/primitives/utf8.h"
 
 #include <cstddef>
@@ -19,19 +20,20 @@ struct NewlineMatch {
 /// The first character of the newline set at or behind `position`.
 [[nodiscard]] NewlineMatch findNewline(const char *position, const char *end);
 
+/// The length in bytes of the newline character that begins at `position`.
+[[nodiscard]] constexpr std::size_t newlineLength(const char *position) {
+    return isAscii(*position) ? 1 : static_cast<unsigned char>(*position) == 0xC2 ? 2 : 3;
+}
+
 /// Calls `visit(std::string_view)` with every line: the pieces between newline characters, without them. Never none:
 /// the empty text is one empty line. CR LF gives an empty line between its two halves.
 template<typename Visit> void forEachLine(std::string_view text, Visit &&visit) {
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while (true) {
-        const NewlineMatch newline = findNewline(position, end);
-        visit(std::string_view(position, static_cast<std::size_t>(newline.position - position)));
-        if (newline.length == 0) {
-            return;
-        }
-        position = newline.position + newline.length;
-    }
+    const char *lineBegin = text.data();
+    forEachMember(text, newlines, [&](const char *lineEnd) {
+        visit(std::string_view(lineBegin, static_cast<std::size_t>(lineEnd - lineBegin)));
+        lineBegin = lineEnd + newlineLength(lineEnd);
+    });
+    visit(std::string_view(lineBegin, static_cast<std::size_t>(text.data() + text.size() - lineBegin)));
 }
 
 /// The number of lines: one more than there are newline characters.

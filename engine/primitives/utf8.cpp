@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/utf8.h"
 
-#include <cstdint>
-#include <cstring>
+#include "engine/kernels/kernels.h"
 
 namespace lexivore {
 
@@ -52,20 +51,16 @@ DecodedCodePoint decodeBefore(const char *begin, const char *position) {
 }
 
 const char *asciiRunEnd(const char *position, const char *end) {
-    constexpr std::uint64_t highBits = 0x8080808080808080U;
-    constexpr std::ptrdiff_t blockSize = 32;
-    while (end - position >= blockSize) {
-        std::uint64_t words[4];
-        std::memcpy(words, position, sizeof words);
-        if (((words[0] | words[1] | words[2] | words[3]) & highBits) != 0) {
-            break;
-        }
-        position += blockSize;
-    }
-    while (position != end && isAscii(*position)) {
+    // Most runs in texts of other scripts are a single space: not worth a call.
+    constexpr std::ptrdiff_t shortRun = 16;
+    const char *const shortEnd = end - position < shortRun ? end : position + shortRun;
+    while (position != shortEnd && isAscii(*position)) {
         ++position;
     }
-    return position;
+    if (position != shortEnd || position == end) {
+        return position;
+    }
+    return position + kernels::best().asciiPrefix(position, static_cast<std::size_t>(end - position));
 }
 
 bool isValidUtf8(std::string_view text) {

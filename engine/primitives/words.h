@@ -3,6 +3,7 @@
 #pragma once
 
 #include "engine/primitives/code_points.h"
+#include "engine/primitives/membership_scan.h"
 #include "engine/primitives/utf8.h"
 
 #include <cstddef>
@@ -19,12 +20,27 @@ namespace lexivore {
 /// Calls `visit(std::string_view)` with every longest run of code points outside `separators`: the pieces of a text cut
 /// at every separator, empty pieces dropped.
 template<typename Visit> void forEachPiece(std::string_view text, CodePointSet separators, Visit &&visit) {
-    const char *const end = text.data() + text.size();
-    const char *position = findNonMember(text.data(), end, separators);
-    while (position != end) {
-        const char *const pieceEnd = findMember(position, end, separators);
-        visit(std::string_view(position, static_cast<std::size_t>(pieceEnd - position)));
-        position = findNonMember(pieceEnd, end, separators);
+    MembershipScan scan(text, separators, MembershipScan::Mark::everyByte);
+    const char *pieceBegin = nullptr;
+    std::uint64_t before = 1; // what stands before the text separates
+    for (MembershipScan::Block block; scan.next(block);) {
+        std::uint64_t changes = block.members ^ (block.members << 1 | before);
+        before = block.members >> (kernels::blockSize - 1);
+        if (block.size < kernels::blockSize) {
+            changes &= (std::uint64_t{1} << block.size) - 1;
+        }
+        for (; changes != 0; changes &= changes - 1) {
+            const char *const place = block.begin + std::countr_zero(changes);
+            if (pieceBegin == nullptr) {
+                pieceBegin = place;
+            } else {
+                visit(std::string_view(pieceBegin, static_cast<std::size_t>(place - pieceBegin)));
+                pieceBegin = nullptr;
+            }
+        }
+    }
+    if (pieceBegin != nullptr) {
+        visit(std::string_view(pieceBegin, static_cast<std::size_t>(text.data() + text.size() - pieceBegin)));
     }
 }
 

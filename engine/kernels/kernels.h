@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+/// The few inner loops over bytes that are worth vector code. One source, kernels_body.h, is compiled for several
+/// instruction sets, and the best that the processor has is chosen when the program starts. Only primitives call these.
+namespace lexivore::kernels {
+
+/// Masks have one bit a byte, the first byte in the lowest bit.
+inline constexpr std::size_t blockSize = 64;
+
+/// Any set of ASCII characters. `rows[low nibble]` has a bit for each high nibble, so that membership of many bytes at
+/// once is two table look-ups in registers.
+struct AsciiSet {
+    std::uint8_t rows[16] = {};
+
+    constexpr AsciiSet() = default;
+    constexpr explicit AsciiSet(std::string_view members) {
+        for (const char member : members) {
+            add(member);
+        }
+    }
+    constexpr void add(char member) {
+        const auto byte = static_cast<unsigned char>(member);
+        rows[byte & 0x0FU] = static_cast<std::uint8_t>(rows[byte & 0x0FU] | 1U << (byte >> 4));
+    }
+    [[nodiscard]] constexpr bool contains(char member) const {
+        const auto byte = static_cast<unsigned char>(member);
+        return byte < 0x80 && (rows[byte & 0x0FU] >> (byte >> 4) & 1U) != 0;
+    }
+};
+
+/// What `classify` looks for: members of an ASCII set, and bytes that may begin a member outside ASCII.
+struct ByteClass {
+    AsciiSet ascii;
+    bool takesEveryNonAsciiByte = false; ///< Otherwise only the bytes in `leads` are candidates.
+    std::uint8_t leads[4] = {0xFF, 0xFF, 0xFF, 0xFF};
+};
+
+struct Kernels {
+    const char *name;
+    /// The length of the longest prefix of `size` bytes that is ASCII.
+    std::size_t (*asciiPrefix)(const char *from, std::size_t size);
+    /// For `blocks` blocks of 64 bytes: which bytes are in the ASCII set, and which are candidates outside it.
+    void (*classify)(const char *from, std::size_t blocks, const ByteClass &byteClass, std::uint64_t *members,
+                     std::uint64_t *candidates);
+    /// Writes the bytes of `blocks` blocks whose bits are set in `keep` and returns how many. Up to 64 bytes behind
+    /// them are overwritten too.
+    std::size_t (*compress)(const char *from, std::size_t blocks, const std::uint64_t *keep, char *to);
+};
+
+/// The best for this processor.
+[[nodiscard]] const Kernels &best();
+/// Every set that this processor can run, the plain one first: what the tests compare.
+[[nodiscard]] std::size_t availableCount();
+[[nodiscard]] const Kernels &available(std::size_t index);
+
+} // namespace lexivore::kernels

@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/kernels/kernels_body.h"
+
+namespace lexivore::kernels {
+
+extern const Kernels avx2Kernels;
+const Kernels avx2Kernels = {"avx2", asciiPrefix, classify, compress};
+
+} // namespace lexivore::kernels

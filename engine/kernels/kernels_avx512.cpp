@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/kernels/kernels_body.h"
+
+namespace lexivore::kernels {
+
+extern const Kernels avx512Kernels;
+const Kernels avx512Kernels = {"avx512", asciiPrefix, classify, compress};
+
+} // namespace lexivore::kernels

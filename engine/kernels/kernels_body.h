@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+
+// The kernels, written once in the compiler's own vectors of 64 bytes, which it divides into what the instruction set
+// has. Included by one source file for each instruction set, which is compiled with its own flags and defines
+// KERNELS_NAME. Nothing here may call an inline function of another header: the linker could pick a copy of it that
+// older processors cannot run.
+
+#include "engine/kernels/kernels.h"
+
+#ifdef __AVX2__
+#include <immintrin.h>
+#endif
+
+namespace lexivore::kernels {
+
+namespace {
+
+using Bytes = std::uint8_t __attribute__((vector_size(64)));
+
+inline Bytes load(const char *from) {
+    Bytes bytes;
+    __builtin_memcpy(&bytes, from, sizeof bytes);
+    return bytes;
+}
+
+inline void store(Bytes bytes, char *to) { __builtin_memcpy(to, &bytes, sizeof bytes); }
+
+inline Bytes all(unsigned value) { return Bytes{} + static_cast<std::uint8_t>(value); }
+
+/// One bit for each byte whose highest bit is set.
+inline std::uint64_t highBits(Bytes bytes) {
+#if defined(__AVX512BW__)
+    __m512i vector;
+    __builtin_memcpy(&vector, &bytes, sizeof vector);
+    return _mm512_movepi8_mask(vector);
+#elif defined(__AVX2__)
+    __m256i halves[2];
+    __builtin_memcpy(halves, &bytes, sizeof halves);
+    const auto low = static_cast<std::uint32_t>(_mm256_movemask_epi8(halves[0]));
+    const auto high = static_cast<std::uint32_t>(_mm256_movemask_epi8(halves[1]));
+    return low | std::uint64_t{high} << 32;
+#else
+    std::uint64_t mask = 0;
+    for (unsigned word = 0; word < 8; ++word) {
+        std::uint64_t eight = 0;
+        for (unsigned i = 0; i < 8; ++i) {
+            eight |= std::uint64_t{bytes[word * 8 + i]} << (8 * i);
+        }
+        // Gathers the highest bits of eight bytes in the top byte.
+        mask |= ((eight & 0x8080808080808080U) >> 7) * 0x0102040810204080U >> 56 << (8 * word);
+    }
+    return mask;
+#endif
+}
+
+template<typename Comparison> inline std::uint64_t bitsOf(Comparison comparison) {
+    Bytes bytes;
+    __builtin_memcpy(&bytes, &comparison, sizeof bytes);
+    return highBits(bytes);
+}
+
+inline std::size_t firstBit(std::uint64_t mask) { return static_cast<std::size_t>(__builtin_ctzll(mask)); }
+
+std::size_t asciiPrefix(const char *from, std::size_t size) {
+    std::size_t position = 0;
+    for (; size - position >= blockSize; position += blockSize) {
+        const std::uint64_t nonAscii = highBits(load(from + position));
+        if (nonAscii != 0) {
+            return position + firstBit(nonAscii);
+        }
+    }
+    while (position < size && static_cast<signed char>(from[position]) >= 0) {
+        ++position;
+    }
+    return position;
+}
+
+/// All bits of a byte where the ASCII set has a member.
+#ifdef __AVX2__
+class SetMatcher {
+public:
+    explicit SetMatcher(const AsciiSet &set) {
+        const __m128i rows = _mm_loadu_si128(reinterpret_cast<const __m128i *>(set.rows));
+        m_rows = _mm256_broadcastsi128_si256(rows);
+        // The bit of each high nibble; bytes outside ASCII have none.
+        m_bits = _mm256_setr_epi8(1, 2, 4, 8, 16, 32, 64, -128, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 4, 8, 16, 32, 64, -128, 0,
+                                  0, 0, 0, 0, 0, 0, 0);
+    }
+    [[nodiscard]] std::uint64_t match(const char *from) const {
+        return half(from) | std::uint64_t{half(from + 32)} << 32;
+    }
+
+private:
+    [[nodiscard]] std::uint32_t half(const char *from) const {
+        const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i *>(from));
+        const __m256i nibble = _mm256_set1_epi8(0x0F);
+        const __m256i row = _mm256_shuffle_epi8(m_rows, _mm256_and_si256(bytes, nibble));
+        const __m256i bit = _mm256_shuffle_epi8(m_bits, _mm256_and_si256(_mm256_srli_epi16(bytes, 4), nibble));
+        const __m256i absent = _mm256_cmpeq_epi8(_mm256_and_si256(row, bit), _mm256_setzero_si256());
+        return ~static_cast<std::uint32_t>(_mm256_movemask_epi8(absent));
+    }
+    __m256i m_rows;
+    __m256i m_bits;
+};
+#else
+class SetMatcher {
+public:
+    explicit SetMatcher(const AsciiSet &set) {
+        for (unsigned byte = 0; byte < 128; ++byte) {
+            m_isMember[byte] = static_cast<std::uint8_t>(set.rows[byte & 0x0FU] >> (byte >> 4) & 1U);
+        }
+    }
+    [[nodiscard]] std::uint64_t match(const char *from) const {
+        std::uint64_t mask = 0;
+        for (std::size_t i = 0; i < blockSize; ++i) {
+            mask |= std::uint64_t{m_isMember[static_cast<unsigned char>(from[i])]} << i;
+        }
+        return mask;
+    }
+
+private:
+    std::uint8_t m_isMember[256] = {};
+};
+#endif
+
+void classify(const char *from, std::size_t blocks, const ByteClass &byteClass, std::uint64_t *members,
+              std::uint64_t *candidates) {
+    const SetMatcher matcher(byteClass.ascii);
+    for (std::size_t block = 0; block < blocks; ++block) {
+        const char *const place = from + block * blockSize;
+        members[block] = matcher.match(place);
+        const Bytes bytes = load(place);
+        std::uint64_t candidate = highBits(bytes);
+        if (candidate != 0 && !byteClass.takesEveryNonAsciiByte) {
+            candidate = bitsOf((bytes == all(byteClass.leads[0])) | (bytes == all(byteClass.leads[1])) |
+                               (bytes == all(byteClass.leads[2])) | (bytes == all(byteClass.leads[3])));
+        }
+        candidates[block] = candidate;
+    }
+}
+
+#if !defined(__AVX512VBMI2__) && defined(__AVX2__)
+/// For each mask of eight bits the places of its set bits: what to shuffle eight bytes with.
+struct CompressTable {
+    std::uint8_t places[256][8] = {};
+    constexpr CompressTable() {
+        for (unsigned mask = 0; mask < 256; ++mask) {
+            unsigned count = 0;
+            for (unsigned bit = 0; bit < 8; ++bit) {
+                if ((mask >> bit & 1U) != 0) {
+                    places[mask][count++] = static_cast<std::uint8_t>(bit);
+                }
+            }
+        }
+    }
+};
+constexpr CompressTable compressTable;
+#endif
+
+/// Writes the bytes of one block that are kept and returns the place behind them.
+inline char *compressBlock(const char *from, std::uint64_t keep, char *to) {
+    if (keep == ~std::uint64_t{0}) {
+        store(load(from), to);
+        return to + blockSize;
+    }
+#if defined(__AVX512VBMI2__)
+    _mm512_storeu_si512(to, _mm512_maskz_compress_epi8(keep, _mm512_loadu_si512(from)));
+    return to + __builtin_popcountll(keep);
+#elif defined(__AVX2__)
+    for (unsigned word = 0; word < 8; ++word) {
+        const auto mask = static_cast<unsigned>(keep >> (8 * word) & 0xFFU);
+        const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(from + 8 * word));
+        const __m128i places = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(compressTable.places[mask]));
+        _mm_storel_epi64(reinterpret_cast<__m128i *>(to), _mm_shuffle_epi8(bytes, places));
+        to += __builtin_popcount(mask);
+    }
+    return to;
+#else
+    for (std::size_t i = 0; i < blockSize; ++i) {
+        *to = from[i];
+        to += keep >> i & 1U;
+    }
+    return to;
+#endif
+}
+
+std::size_t compress(const char *from, std::size_t blocks, const std::uint64_t *keep, char *to) {
+    char *const begin = to;
+    for (std::size_t block = 0; block < blocks; ++block) {
+        to = compressBlock(from + block * blockSize, keep[block], to);
+    }
+    return static_cast<std::size_t>(to - begin);
+}
+
+} // namespace
+
+} // namespace lexivore::kernels

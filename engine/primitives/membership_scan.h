@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/kernels/kernels.h"
+#include "engine/primitives/code_points.h"
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace lexivore {
+
+/// What the kernels have to look for to find the members of `set`.
+[[nodiscard]] kernels::ByteClass byteClassOf(CodePointSet set);
+
+/// Walks a text in blocks of 64 bytes and tells which of them belong to code points of a set: what words, lines and
+/// filters of whole texts stand on. ASCII costs a few instructions a block; other code points are looked up only where
+/// the set can have members.
+class MembershipScan {
+public:
+    /// Which bytes of a member that takes several have their bit set.
+    enum class Mark { everyByte, firstByte };
+
+    struct Block {
+        const char *begin = nullptr;
+        std::size_t size = 0;      ///< 64, or less at the end of the text.
+        std::uint64_t members = 0; ///< One bit a byte, the first in the lowest bit; none behind `size`.
+    };
+
+    MembershipScan(std::string_view text, CodePointSet set, Mark mark);
+
+    /// False when the text has no further block.
+    [[nodiscard]] bool next(Block &block) {
+        if (m_block == m_blockCount && !refill()) {
+            return false;
+        }
+        const char *const begin = m_stretch + m_block * kernels::blockSize;
+        std::uint64_t members = m_members[m_block];
+        const std::uint64_t candidates = m_candidates[m_block];
+        if (candidates != 0 || m_carried != 0) {
+            members = resolve(begin, members, candidates);
+        }
+        ++m_block;
+        const auto left = static_cast<std::size_t>(m_end - begin);
+        block = {begin, left < kernels::blockSize ? left : kernels::blockSize, members};
+        return true;
+    }
+
+private:
+    static constexpr std::size_t blocksAtOnce = 64;
+
+    bool refill();
+    std::uint64_t resolve(const char *begin, std::uint64_t members, std::uint64_t candidates);
+
+    kernels::ByteClass m_byteClass;
+    CodePointSet m_set;
+    Mark m_mark;
+    const char *m_stretch;
+    const char *m_end;
+    const char *m_resolvedEnd = nullptr; ///< Bytes before it belong to a code point that was looked up already.
+    std::uint64_t m_carried = 0;         ///< Bits of the next block that a member of this one has.
+    std::size_t m_block = 0;
+    std::size_t m_blockCount = 0;
+    std::uint64_t m_members[blocksAtOnce];
+    std::uint64_t m_candidates[blocksAtOnce];
+};
+
+/// Calls `visit(const char *)` with the place of every code point of `set` in order.
+template<typename Visit> void forEachMember(std::string_view text, CodePointSet set, Visit &&visit) {
+    MembershipScan scan(text, set, MembershipScan::Mark::firstByte);
+    for (MembershipScan::Block block; scan.next(block);) {
+        for (std::uint64_t left = block.members; left != 0; left &= left - 1) {
+            visit(block.begin + std::countr_zero(left));
+        }
+    }
+}
+
+/// The number of code points of `set`.
+[[nodiscard]] std::size_t memberCount(std::string_view text, CodePointSet set);
+
+} // namespace lexivore
