@@ -5,36 +5,12 @@
 #include "engine/primitives/case_mapping.h"
 #include "engine/primitives/characters.h"
 #include "engine/primitives/lines.h"
+#include "engine/primitives/word_case.h"
 #include "engine/primitives/words.h"
 
+#include <utility>
+
 namespace lexivore {
-
-namespace {
-
-/// The words of the programmer cases: what stands between code points that are no letter, mark or number.
-template<typename Visit> void forEachIdentifierWord(std::string_view text, Visit &&visit) {
-    const char *const end = text.data() + text.size();
-    const char *position = findMember(text.data(), end, alphanumerics);
-    while (position != end) {
-        const char *const wordEnd = findNonMember(position, end, alphanumerics);
-        visit(std::string_view(position, static_cast<std::size_t>(wordEnd - position)));
-        position = findMember(wordEnd, end, alphanumerics);
-    }
-}
-
-TextBuffer joinLowercaseWords(std::string_view text, char joiner) {
-    TextBuffer result = TextBuffer::withCapacity(text.size());
-    forEachIdentifierWord(text, [&](std::string_view word) {
-        if (!result.empty()) {
-            result.append(joiner);
-        }
-        appendLowercase(result, word);
-    });
-    result.shrink();
-    return result;
-}
-
-} // namespace
 
 TextBuffer UppercaseTransformation::apply(std::string_view text, const ParameterMap &) const {
     TextBuffer result;
@@ -51,10 +27,7 @@ TextBuffer LowercaseTransformation::apply(std::string_view text, const Parameter
 }
 
 TextBuffer TitleCaseTransformation::apply(std::string_view text, const ParameterMap &) const {
-    TextBuffer result;
-    appendCapitalized(result, text);
-    result.shrink();
-    return result;
+    return capitalizeWords(text);
 }
 
 TextBuffer SentenceCaseTransformation::apply(std::string_view text, const ParameterMap &) const {
@@ -77,36 +50,20 @@ TextBuffer SentenceCaseTransformation::apply(std::string_view text, const Parame
 }
 
 TextBuffer CamelCaseTransformation::apply(std::string_view text, const ParameterMap &) const {
-    TextBuffer result = TextBuffer::withCapacity(text.size());
-    bool hasWord = false;
-    forEachIdentifierWord(text, [&](std::string_view word) {
-        if (hasWord) {
-            appendCapitalized(result, word);
-        } else {
-            appendLowercase(result, word);
-        }
-        hasWord = true;
-    });
-    if (!hasWord) {
-        return TextBuffer(text); // unlike the three other programmer cases
-    }
-    result.shrink();
-    return result;
+    TextBuffer result = joinIdentifierWords(text, {.lowersFirstWord = true, .capitalizesWords = true});
+    return result.empty() ? TextBuffer(text) : std::move(result); // only this one keeps a text without words
 }
 
 TextBuffer PascalCaseTransformation::apply(std::string_view text, const ParameterMap &) const {
-    TextBuffer result = TextBuffer::withCapacity(text.size());
-    forEachIdentifierWord(text, [&](std::string_view word) { appendCapitalized(result, word); });
-    result.shrink();
-    return result;
+    return joinIdentifierWords(text, {.lowersFirstWord = false, .capitalizesWords = true});
 }
 
 TextBuffer SnakeCaseTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return joinLowercaseWords(text, '_');
+    return joinIdentifierWords(text, {.joiner = '_'});
 }
 
 TextBuffer KebabCaseTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return joinLowercaseWords(text, '-');
+    return joinIdentifierWords(text, {.joiner = '-'});
 }
 
 TextBuffer AlternatingCaseTransformation::apply(std::string_view text, const ParameterMap &) const {

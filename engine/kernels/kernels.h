@@ -41,6 +41,21 @@ struct ByteClass {
     std::uint8_t leads[4] = {0xFF, 0xFF, 0xFF, 0xFF};
 };
 
+/// How `caseWords` writes the words of a text.
+struct WordCaseRules {
+    bool joinsOverApostrophe = false; ///< An apostrophe between two letters or digits belongs to the word.
+    bool capitalizes = false;         ///< The first letter of a word upper case and the rest lower; else all lower.
+    bool dropsSeparators = false;     ///< What stands between words goes...
+    char joiner = '\0';               ///< ... and this, if anything, takes the place of each stretch of it.
+};
+
+/// What `caseWords` knows of the text before its place.
+struct WordCaseState {
+    bool isInWord = false;             ///< The byte before belongs to a word.
+    bool isBehindAlphanumeric = false; ///< The byte before is a letter or digit.
+    bool isBehindLetter = false;       ///< The word has had a letter.
+};
+
 struct Kernels {
     const char *name;
     /// The length of the longest prefix of `size` bytes that is ASCII.
@@ -51,6 +66,13 @@ struct Kernels {
     /// Writes the bytes of `blocks` blocks whose bits are set in `keep` and returns how many. Up to 64 bytes behind
     /// them are overwritten too.
     std::size_t (*compress)(const char *from, std::size_t blocks, const std::uint64_t *keep, char *to);
+    /// Writes the words of whole blocks of ASCII in a new case, as many blocks as are followed by an ASCII byte, and
+    /// returns how many bytes it read. Moves `to` and the state; up to 64 bytes behind `to` are overwritten too.
+    std::size_t (*caseWords)(const char *from, std::size_t size, const WordCaseRules &rules, WordCaseState &state,
+                             char *&to);
+    /// Writes the letters of whole blocks of ASCII in turn upper and lower case, and returns how many bytes it read.
+    /// The turn is moved on.
+    std::size_t (*alternateCase)(const char *from, std::size_t size, bool &isUppersTurn, char *to);
 };
 
 /// The best for this processor.

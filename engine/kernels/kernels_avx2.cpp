@@ -5,6 +5,6 @@
 namespace lexivore::kernels {
 
 extern const Kernels avx2Kernels;
-const Kernels avx2Kernels = {"avx2", asciiPrefix, classify, compress};
+const Kernels avx2Kernels = {"avx2", asciiPrefix, classify, compress, caseWords, alternateCase};
 
 } // namespace lexivore::kernels

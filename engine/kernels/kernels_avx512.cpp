@@ -5,6 +5,6 @@
 namespace lexivore::kernels {
 
 extern const Kernels avx512Kernels;
-const Kernels avx512Kernels = {"avx512", asciiPrefix, classify, compress};
+const Kernels avx512Kernels = {"avx512", asciiPrefix, classify, compress, caseWords, alternateCase};
 
 } // namespace lexivore::kernels

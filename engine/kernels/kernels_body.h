@@ -193,6 +193,127 @@ std::size_t compress(const char *from, std::size_t blocks, const std::uint64_t *
     return static_cast<std::size_t>(to - begin);
 }
 
+/// All bits of each byte whose bit in the mask is set.
+inline Bytes spreadBytes(std::uint64_t mask) {
+#if defined(__AVX512BW__)
+    const __m512i spread = _mm512_movm_epi8(mask);
+    Bytes result;
+    __builtin_memcpy(&result, &spread, sizeof result);
+    return result;
+#elif defined(__AVX2__)
+    // Each byte of the mask is copied to the eight bytes it stands for, where one of its bits is looked at.
+    const __m256i copies = _mm256_setr_epi8(0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2, 2, 3,
+                                            3, 3, 3, 3, 3, 3, 3);
+    const __m256i bits = _mm256_set1_epi64x(static_cast<long long>(0x8040201008040201U));
+    __m256i halves[2];
+    for (unsigned half = 0; half < 2; ++half) {
+        const __m256i spread = _mm256_shuffle_epi8(
+            _mm256_set1_epi32(static_cast<int>(static_cast<std::uint32_t>(mask >> (32 * half)))), copies);
+        halves[half] = _mm256_cmpeq_epi8(_mm256_and_si256(spread, bits), bits);
+    }
+    Bytes result;
+    __builtin_memcpy(&result, halves, sizeof result);
+    return result;
+#else
+    Bytes result;
+    for (unsigned i = 0; i < blockSize; ++i) {
+        result[i] = static_cast<std::uint8_t>(0U - (mask >> i & 1U));
+    }
+    return result;
+#endif
+}
+
+/// The bit in which upper and lower case of a letter differ, in each byte whose bit in the mask is set.
+inline Bytes caseBitWhere(std::uint64_t mask) { return spreadBytes(mask) & 0x20; }
+
+/// One bit for each byte from `first` to `first + count - 1`.
+inline std::uint64_t bitsInRange(Bytes bytes, unsigned first, unsigned count) {
+    return bitsOf(bytes - static_cast<std::uint8_t>(first) < all(count));
+}
+
+/// The bits of `within` that can be reached from those of `from`, a part of it, by going up without a gap.
+inline std::uint64_t fillUpwards(std::uint64_t from, std::uint64_t within) {
+    for (unsigned step = 1; step < 64; step *= 2) {
+        from |= within & from << step;
+        within &= within << step;
+    }
+    return from;
+}
+
+std::size_t caseWords(const char *from, std::size_t size, const WordCaseRules &rules, WordCaseState &state, char *&to) {
+    std::size_t position = 0;
+    for (; size - position > blockSize && static_cast<signed char>(from[position + blockSize]) >= 0;
+         position += blockSize) {
+        const Bytes bytes = load(from + position);
+        if (highBits(bytes) != 0) {
+            break;
+        }
+        const std::uint64_t letters = bitsInRange(bytes | 0x20, 'a', 26);
+        const std::uint64_t capitals = letters & ~highBits(bytes << 2); // bit 5 is clear
+        const std::uint64_t alphanumerics = letters | bitsInRange(bytes, '0', 10);
+        std::uint64_t words = alphanumerics;
+        if (rules.joinsOverApostrophe) {
+            const std::uint64_t apostrophes = bitsOf(bytes == all('\''));
+            if (apostrophes != 0) {
+                const char next = from[position + blockSize];
+                const bool isNextAlphanumeric =
+                    static_cast<unsigned char>((next | 0x20) - 'a') < 26 || static_cast<unsigned char>(next - '0') < 10;
+                words |= apostrophes & (alphanumerics << 1 | (state.isBehindAlphanumeric ? 1U : 0U)) &
+                         (alphanumerics >> 1 | std::uint64_t{isNextAlphanumeric} << 63);
+            }
+        }
+        std::uint64_t changed = capitals;
+        if (rules.capitalizes) {
+            const std::uint64_t carried = state.isBehindLetter && state.isInWord ? 1U : 0U;
+            const std::uint64_t reached = fillUpwards(letters | (carried & words), words);
+            const std::uint64_t isLater = (reached << 1 | carried) & words;
+            changed = (letters & ~capitals & ~isLater) | (capitals & isLater);
+            state.isBehindLetter = reached >> 63 != 0;
+        }
+        Bytes result = bytes ^ caseBitWhere(changed);
+        if (rules.dropsSeparators) {
+            std::uint64_t keep = words;
+            if (rules.joiner != '\0') {
+                const std::uint64_t firstSeparators = ~words & (words << 1 | (state.isInWord ? 1U : 0U));
+                keep |= firstSeparators;
+                // A separator is no letter, so that whatever it is becomes the joiner.
+                const auto isSeparator = spreadBytes(~words);
+                result = (result & ~isSeparator) | (isSeparator & static_cast<std::uint8_t>(rules.joiner));
+            }
+            char block[blockSize];
+            store(result, block);
+            to = compressBlock(block, keep, to);
+        } else {
+            store(result, to);
+            to += blockSize;
+        }
+        state.isInWord = words >> 63 != 0;
+        state.isBehindAlphanumeric = alphanumerics >> 63 != 0;
+    }
+    return position;
+}
+
+std::size_t alternateCase(const char *from, std::size_t size, bool &isUppersTurn, char *to) {
+    std::size_t position = 0;
+    for (; size - position >= blockSize; position += blockSize) {
+        const Bytes bytes = load(from + position);
+        if (highBits(bytes) != 0) {
+            break;
+        }
+        const std::uint64_t letters = bitsInRange(bytes | 0x20, 'a', 26);
+        const std::uint64_t capitals = letters & ~highBits(bytes << 2);
+        // The parity of the number of letters up to each byte; before it, the parity without the byte itself.
+        std::uint64_t parity = letters;
+        for (unsigned step = 1; step < 64; step *= 2) {
+            parity ^= parity << step;
+        }
+        const std::uint64_t isLowersTurn = parity ^ letters ^ (isUppersTurn ? 0 : ~std::uint64_t{0});
+        store(bytes ^ caseBitWhere((letters & ~isLowersTurn & ~capitals) | (capitals & isLowersTurn)), to + position);
+        isUppersTurn = isUppersTurn != (parity >> 63 != 0);
+    }
+    return position;
+}
+
 } // namespace
 
 } // namespace lexivore::kernels

@@ -5,6 +5,6 @@
 namespace lexivore::kernels {
 
 extern const Kernels plainKernels;
-const Kernels plainKernels = {"plain", asciiPrefix, classify, compress};
+const Kernels plainKernels = {"plain", asciiPrefix, classify, compress, caseWords, alternateCase};
 
 } // namespace lexivore::kernels

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/case_mapping.h"
 
+#include "engine/kernels/kernels.h"
+#include "engine/primitives/case_writing.h"
 #include "engine/primitives/character_breaks.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/unicode_tables.h"
@@ -18,13 +20,6 @@ using unicode_tables::CaseTables;
 
 namespace {
 
-/// The longest full mapping: three code points of at most four bytes.
-constexpr std::size_t longestMapping = 12;
-
-constexpr char32_t capitalSigma = 0x3A3;
-constexpr char32_t smallSigma = 0x3C3;
-constexpr char32_t smallFinalSigma = 0x3C2;
-
 constexpr bool isAsciiUpper(char byte) { return static_cast<unsigned char>(byte - 'A') < 26; }
 constexpr bool isAsciiLower(char byte) { return static_cast<unsigned char>(byte - 'a') < 26; }
 constexpr bool isAsciiLetter(char byte) { return isAsciiLower(static_cast<char>(byte | 0x20)); }
@@ -32,72 +27,8 @@ constexpr char asciiUpper(char byte) { return static_cast<char>(byte - (isAsciiL
 constexpr char asciiLower(char byte) { return static_cast<char>(byte + (isAsciiUpper(byte) ? 0x20 : 0)); }
 constexpr char asciiInverted(char byte) { return static_cast<char>(byte ^ (isAsciiLetter(byte) ? 0x20 : 0)); }
 
-/// Writes the full mapping of `codePoint` where `longestMapping` bytes fit, and returns the place behind it.
-char *writeMapped(const CaseTables &tables, char32_t codePoint, char *to) {
-    const std::uint8_t index = unicode_tables::lookUp(tables.blocks, tables.deltaIndices, codePoint);
-    if (index != unicode_tables::specialMapping) {
-        return encode(static_cast<char32_t>(static_cast<std::int32_t>(codePoint) + tables.deltas[index]), to);
-    }
-    const auto *special =
-        std::lower_bound(tables.specials, tables.specials + tables.specialCount, codePoint,
-                         [](const unicode_tables::SpecialMapping &row, char32_t c) { return row.codePoint < c; });
-    for (const char32_t mapped : special->mapped) {
-        if (mapped == 0) {
-            break;
-        }
-        to = encode(mapped, to);
-    }
-    return to;
-}
-
 bool changes(const CaseTables &tables, char32_t codePoint) {
     return unicode_tables::lookUp(tables.blocks, tables.deltaIndices, codePoint) != 0;
-}
-
-bool isApostrophe(char32_t codePoint) { return codePoint == U'\'' || codePoint == 0x2019; }
-
-bool startsWithAlphanumeric(const char *position, const char *end) {
-    return position != end && isIn(alphanumerics, decode(position, end).value);
-}
-
-/// Where the text that decides about a final sigma ends.
-enum class Context { wholeText, word };
-
-/// True when a cased letter stands before `position`, case-ignorable code points between them not counted.
-bool followsCased(const char *begin, const char *position) {
-    while (position != begin) {
-        const DecodedCodePoint before = decodeBefore(begin, position);
-        const auto traits = unicode_tables::lookUp(unicode_tables::traitBlocks, unicode_tables::traits, before.value);
-        if ((traits & unicode_tables::caseIgnorable) == 0) {
-            return (traits & unicode_tables::cased) != 0;
-        }
-        position -= before.length;
-    }
-    return false;
-}
-
-/// The counterpart behind `position`. With `Context::word` nothing behind the end of the word there counts.
-bool precedesCased(const char *position, const char *end, Context context) {
-    while (position != end) {
-        const DecodedCodePoint next = decode(position, end);
-        position += next.length;
-        if (context == Context::word && !isIn(alphanumerics, next.value) &&
-            !(isApostrophe(next.value) && startsWithAlphanumeric(position, end))) {
-            return false;
-        }
-        const auto traits = unicode_tables::lookUp(unicode_tables::traitBlocks, unicode_tables::traits, next.value);
-        if ((traits & unicode_tables::caseIgnorable) == 0) {
-            return (traits & unicode_tables::cased) != 0;
-        }
-    }
-    return false;
-}
-
-/// The lowercase of the capital sigma at `position` (condition Final_Sigma in SpecialCasing.txt).
-char32_t lowercaseSigma(const char *begin, const char *position, const char *end, Context context) {
-    constexpr std::size_t sigmaLength = 2;
-    const bool isFinal = followsCased(begin, position) && !precedesCased(position + sigmaLength, end, context);
-    return isFinal ? smallFinalSigma : smallSigma;
 }
 
 /// Maps [position, end) in stretches, each with room for the longest result: an ASCII run with `mapAscii`, every other
@@ -145,53 +76,8 @@ void appendLowercase(TextBuffer &to, std::string_view text, std::string_view con
     const char *const contextEnd = context.data() + context.size();
     appendMapped(to, text.data(), text.data() + text.size(), asciiLower,
                  [&](char32_t codePoint, const char *position, char *place) {
-                     if (codePoint == capitalSigma) {
-                         return encode(lowercaseSigma(context.data(), position, contextEnd, Context::wholeText), place);
-                     }
-                     return writeMapped(unicode_tables::lowercase, codePoint, place);
+                     return writeLowercase(codePoint, position, SigmaContext{context.data(), contextEnd}, place);
                  });
-}
-
-void appendCapitalized(TextBuffer &to, std::string_view text) {
-    enum class Place { outside, beforeFirstLetter, behindFirstLetter };
-    constexpr std::size_t stretch = 4096;
-    static_cast<void>(to.room(text.size() + std::min(text.size(), stretch) * longestMapping));
-    Place place = Place::outside;
-    const char *wordBegin = text.data();
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while (position != end) {
-        const auto length = std::min(static_cast<std::size_t>(end - position), stretch);
-        const char *const stretchEnd = position + length;
-        char *out = to.room(length * longestMapping);
-        while (position < stretchEnd) {
-            const DecodedCodePoint decoded = decode(position, end);
-            const char *const next = position + decoded.length;
-            const CodePointSet properties = codePointProperties(decoded.value);
-            const bool isInWord = (properties & alphanumerics) != 0;
-            if (!isInWord) {
-                const bool joins =
-                    place != Place::outside && isApostrophe(decoded.value) && startsWithAlphanumeric(next, end);
-                place = joins ? place : Place::outside;
-            } else if (place == Place::outside) {
-                place = Place::beforeFirstLetter;
-                wordBegin = position;
-            }
-            if (isInWord && place == Place::behindFirstLetter) {
-                out = decoded.value == capitalSigma
-                          ? encode(lowercaseSigma(wordBegin, position, end, Context::word), out)
-                          : writeMapped(unicode_tables::lowercase, decoded.value, out);
-            } else if ((properties & property::letter) != 0) {
-                out = writeMapped(unicode_tables::titlecase, decoded.value, out);
-                place = Place::behindFirstLetter;
-            } else {
-                std::memcpy(out, position, decoded.length);
-                out += decoded.length;
-            }
-            position = next;
-        }
-        to.commit(out);
-    }
 }
 
 TextBuffer invertCase(std::string_view text) {
@@ -281,8 +167,11 @@ TextBuffer alternateCase(std::string_view text) {
             if (state == State::other && decoded.length == 1) {
                 // Behind a plain ASCII character, and up to the last one, which may carry marks, nothing joins.
                 const char *runEnd = asciiRunEnd(position, stretchEnd);
-                runEnd = std::find(position, runEnd, '\r');
                 runEnd -= runEnd != position ? 1 : 0;
+                const std::size_t written = kernels::best().alternateCase(
+                    position, static_cast<std::size_t>(runEnd - position), isUppersTurn, to);
+                position += written;
+                to += written;
                 for (; position != runEnd; ++position) {
                     const bool isLetter = isAsciiLetter(*position);
                     const int lowerBit = isUppersTurn ? 0 : 0x20;

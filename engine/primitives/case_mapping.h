@@ -18,10 +18,6 @@ void appendUppercase(TextBuffer &to, std::string_view text);
 void appendLowercase(TextBuffer &to, std::string_view text, std::string_view context);
 inline void appendLowercase(TextBuffer &to, std::string_view text) { appendLowercase(to, text, text); }
 
-/// The first letter of every word titlecased, the rest of the word lowercased, everything else kept. A word is a
-/// longest run of letters, marks and numbers, joined over an apostrophe that stands between two of them.
-void appendCapitalized(TextBuffer &to, std::string_view text);
-
 /// Every upper-case character lowercased and every lower-case one uppercased. A character is upper case when it equals
 /// its own uppercase form and differs from its lowercase form; lower case the other way round.
 [[nodiscard]] TextBuffer invertCase(std::string_view text);
