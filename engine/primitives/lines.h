@@ -29,7 +29,7 @@ struct NewlineMatch {
 /// the empty text is one empty line. CR LF gives an empty line between its two halves.
 template<typename Visit> void forEachLine(std::string_view text, Visit &&visit) {
     const char *lineBegin = text.data();
-    forEachMember(text, newlines, [&](const char *lineEnd) {
+    forEachMember(MembershipScan(text, newlines, MembershipScan::Mark::firstByte), [&](const char *lineEnd) {
         visit(std::string_view(lineBegin, static_cast<std::size_t>(lineEnd - lineBegin)));
         lineBegin = lineEnd + newlineLength(lineEnd);
     });

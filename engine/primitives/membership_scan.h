@@ -30,6 +30,8 @@ public:
     };
 
     MembershipScan(std::string_view text, CodePointSet set, Mark mark);
+    /// Looks for ASCII characters alone.
+    MembershipScan(std::string_view text, const kernels::AsciiSet &set);
 
     /// False when the text has no further block.
     [[nodiscard]] bool next(Block &block) {
@@ -67,9 +69,8 @@ private:
     std::uint64_t m_candidates[blocksAtOnce];
 };
 
-/// Calls `visit(const char *)` with the place of every code point of `set` in order.
-template<typename Visit> void forEachMember(std::string_view text, CodePointSet set, Visit &&visit) {
-    MembershipScan scan(text, set, MembershipScan::Mark::firstByte);
+/// Calls `visit(const char *)` with the place of every member that `scan` finds, in order.
+template<typename Visit> void forEachMember(MembershipScan scan, Visit &&visit) {
     for (MembershipScan::Block block; scan.next(block);) {
         for (std::uint64_t left = block.members; left != 0; left &= left - 1) {
             visit(block.begin + std::countr_zero(left));

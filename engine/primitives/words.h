@@ -53,15 +53,13 @@ template<typename Visit> void forEachPiece(std::string_view text, CodePointSet s
 /// Calls `visit(std::string_view)` with what stands between the sentence terminators ".", "!" and "?": every piece,
 /// empty ones included, not trimmed.
 template<typename Visit> void forEachSentencePiece(std::string_view text, Visit &&visit) {
-    std::size_t begin = 0;
-    while (true) {
-        const std::size_t end = text.find_first_of(".!?", begin);
-        visit(text.substr(begin, end - begin));
-        if (end == std::string_view::npos) {
-            return;
-        }
-        begin = end + 1;
-    }
+    static constexpr kernels::AsciiSet terminators(".!?");
+    const char *pieceBegin = text.data();
+    forEachMember(MembershipScan(text, terminators), [&](const char *pieceEnd) {
+        visit(std::string_view(pieceBegin, static_cast<std::size_t>(pieceEnd - pieceBegin)));
+        pieceBegin = pieceEnd + 1;
+    });
+    visit(std::string_view(pieceBegin, static_cast<std::size_t>(text.data() + text.size() - pieceBegin)));
 }
 
 } // namespace lexivore
