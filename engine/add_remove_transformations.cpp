@@ -5,24 +5,13 @@
 #include "engine/parameters.h"
 #include "engine/primitives/characters.h"
 #include "engine/primitives/line_mapping.h"
+#include "engine/primitives/piece_set.h"
 #include "engine/primitives/replacement.h"
 #include "engine/primitives/words.h"
-
-#include <unordered_set>
 
 namespace lexivore {
 
 namespace {
-
-/// A set of pieces that have been seen; exact comparison of their bytes.
-class SeenPieces {
-public:
-    /// True the first time that `piece` is seen.
-    bool add(std::string_view piece) { return m_seen.insert(piece).second; }
-
-private:
-    std::unordered_set<std::string_view> m_seen;
-};
 
 /// The spaces and tabs of the whole text are the separators; line breaks are not.
 template<typename Visit> void forEachSpacedPiece(std::string_view text, Visit &&visit) {
@@ -111,15 +100,15 @@ TextBuffer RemoveLineBreaksTransformation::apply(std::string_view text, const Pa
 }
 
 TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    SeenPieces seen;
-    return filterLines(text, [&](std::string_view line) { return seen.add(line); });
+    PieceSet seen;
+    return filterLines(text, [&](std::string_view line) { return seen.insert(line); });
 }
 
 TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {
-    SeenPieces seen;
+    PieceSet seen;
     Joiner joiner(" ", text.size());
     forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) {
-        if (seen.add(word)) {
+        if (seen.insert(word)) {
             joiner.add(word);
         }
     });
