@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tools/readability_tool.h"
+
+#include "engine/primitives/characters.h"
+#include "engine/primitives/lines.h"
+#include "engine/primitives/words.h"
+#include "tools/number_text.h"
+#include "tools/tool_view_factory.h"
+
+#include <algorithm>
+
+namespace lexivore {
+
+namespace {
+
+struct Band {
+    double lowestScore;
+    const char *level;
+    const char *gradeLevel;
+};
+
+/// The first band whose lowest score is reached.
+constexpr Band bands[] = {
+    {90, "Very Easy", "5th grade"},
+    {80, "Easy", "6th grade"},
+    {70, "Fairly Easy", "7th grade"},
+    {60, "Standard", "8th-9th grade"},
+    {50, "Fairly Difficult", "10th-12th grade"},
+    {30, "Difficult", "College"}, // One band where the usual scale has two.
+    {0, "Very Difficult", "College Graduate"},
+};
+
+double readingEase(double words, double sentences, double syllables) {
+    return 206.835 - 1.015 * (words / sentences) - 84.6 * (syllables / words);
+}
+
+bool isVowel(std::string_view character) {
+    constexpr std::string_view vowels = "aeiouyAEIOUY";
+    return character.size() == 1 && vowels.find(character.front()) != std::string_view::npos;
+}
+
+} // namespace
+
+std::int64_t syllableCount(std::string_view word) {
+    std::int64_t count = 0;
+    bool followsVowel = false;
+    forEachCharacter(word, [&](std::string_view character) {
+        const bool isOne = isVowel(character);
+        count += isOne && !followsVowel ? 1 : 0;
+        followsVowel = isOne;
+    });
+    // Nothing but these two lowercases to something that ends with "e".
+    const bool endsWithE = word.ends_with('e') || word.ends_with('E');
+    return std::max<std::int64_t>(endsWithE && count >= 2 ? count - 1 : count, 1);
+}
+
+Readability readability(std::string_view text) {
+    Readability result;
+    forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) {
+        ++result.words;
+        result.syllables += syllableCount(word);
+    });
+    forEachSentencePiece(text, [&](std::string_view piece) { result.sentences += isBlank(piece) ? 0 : 1; });
+    result.sentences = std::max<std::int64_t>(result.sentences, 1);
+    if (result.words < 1) {
+        return result;
+    }
+    const double score = readingEase(static_cast<double>(result.words), static_cast<double>(result.sentences),
+                                     static_cast<double>(result.syllables));
+    result.score = std::clamp(score, 0.0, 100.0);
+    const Band &band = *std::find_if(std::begin(bands), std::end(bands),
+                                     [&](const Band &candidate) { return result.score >= candidate.lowestScore; });
+    result.level = band.level;
+    result.gradeLevel = band.gradeLevel;
+    return result;
+}
+
+std::string readabilityReport(const Readability &readability) {
+    return "Readability Analysis\n\nFlesch Reading Ease Score: " + oneDecimalText(readability.score) +
+           "\nLevel: " + readability.level + "\nGrade Level: " + readability.gradeLevel +
+           "\n\nStatistics:\nWords: " + decimalText(readability.words) +
+           "\nSentences: " + decimalText(readability.sentences) + "\nSyllables: " + decimalText(readability.syllables);
+}
+
+ToolView *ReadabilityTool::makeView(const Text &text, ToolViewFactory &factory) const {
+    return factory.makeReadabilityView(*this, text);
+}
+
+} // namespace lexivore
