@@ -95,7 +95,7 @@ TEST_F(EverySymbol, IsWellFormedAndOnTheGrid) {
 TEST_F(EverySymbol, KeepsToOneColourOneStrokeAndPlainShapes) {
     const QSet<QString> shapes = {"svg", "path", "circle", "ellipse", "rect"};
     const QSet<QString> paints = {"none", "#000000"};
-    const QSet<QString> strokes = {"1.75", "1.25"}; // the thinner one for letters and digits a few pixels high
+    const QSet<QString> strokes = {"1.75", "1.25"}; // the thinner one for letters and signs a few pixels high
     const QSet<QString> geometry = {
         "xmlns", "width", "height", "viewBox", "stroke-linecap", "stroke-linejoin", "d", "cx", "cy", "r",
         "rx",    "ry",    "x",      "y",       "fill-rule"};
