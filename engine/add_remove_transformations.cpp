@@ -78,17 +78,15 @@ TextBuffer AddSuffixTransformation::apply(std::string_view text, const Parameter
 }
 
 TextBuffer RemoveWhitespaceTransformation::apply(std::string_view text, const ParameterMap &) const {
-    Joiner joiner(" ", text.size());
-    forEachPiece(text, whitespace, [&](std::string_view piece) { joiner.add(piece); });
-    return joiner.take();
+    return joinPieces(text, whitespace, ' ');
 }
 
 TextBuffer RemoveAllSpacesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return replaceAll(text, " ", "");
+    return removeCharacters(text, kernels::AsciiSet(" "));
 }
 
 TextBuffer RemoveTabsTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return replaceAll(text, "\t", "");
+    return removeCharacters(text, kernels::AsciiSet("\t"));
 }
 
 TextBuffer RemoveEmptyLinesTransformation::apply(std::string_view text, const ParameterMap &) const {

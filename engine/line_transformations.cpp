@@ -73,9 +73,7 @@ TextBuffer NumberLinesTransformation::apply(std::string_view text, const Paramet
 }
 
 TextBuffer BreakAfterEveryWordTransformation::apply(std::string_view text, const ParameterMap &) const {
-    Joiner joiner("\n", text.size());
-    forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) { joiner.add(word); });
-    return joiner.take();
+    return joinPieces(text, whitespaceAndNewlines, '\n');
 }
 
 TextBuffer BreakAfterEverySentenceTransformation::apply(std::string_view text, const ParameterMap &) const {

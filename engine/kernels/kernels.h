@@ -66,6 +66,9 @@ struct Kernels {
     /// Writes the bytes of `blocks` blocks whose bits are set in `keep` and returns how many. Up to 64 bytes behind
     /// them are overwritten too.
     std::size_t (*compress)(const char *from, std::size_t blocks, const std::uint64_t *keep, char *to);
+    /// As above, with `replacement` in place of every byte that is kept and has its bit in `replaced` set.
+    std::size_t (*compressReplacing)(const char *from, std::size_t blocks, const std::uint64_t *keep,
+                                     const std::uint64_t *replaced, char replacement, char *to);
     /// Writes the words of whole blocks of ASCII in a new case, as many blocks as are followed by an ASCII byte, and
     /// returns how many bytes it read. Moves `to` and the state; up to 64 bytes behind `to` are overwritten too.
     std::size_t (*caseWords)(const char *from, std::size_t size, const WordCaseRules &rules, WordCaseState &state,
@@ -73,6 +76,15 @@ struct Kernels {
     /// Writes the letters of whole blocks of ASCII in turn upper and lower case, and returns how many bytes it read.
     /// The turn is moved on.
     std::size_t (*alternateCase)(const char *from, std::size_t size, bool &isUppersTurn, char *to);
+    /// The first place of `pattern`, which has at least one byte, in `text`, or `size` when there is none. Gives up,
+    /// and returns the place it has come to with `gaveUp` set, when too many places look right at first.
+    std::size_t (*find)(const char *text, std::size_t size, const char *pattern, std::size_t patternSize, bool &gaveUp);
+    /// RFC 3629.
+    bool (*isValidUtf8)(const char *text, std::size_t size);
+    /// Two lowercase digits for each byte.
+    void (*encodeHexadecimal)(const char *from, std::size_t size, char *to);
+    /// A byte for each two digits; false when there is anything but digits. `to` may be what is read.
+    bool (*decodeHexadecimal)(const char *from, std::size_t pairs, char *to);
 };
 
 /// The best for this processor.

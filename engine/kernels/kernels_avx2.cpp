@@ -5,6 +5,7 @@
 namespace lexivore::kernels {
 
 extern const Kernels avx2Kernels;
-const Kernels avx2Kernels = {"avx2", asciiPrefix, classify, compress, caseWords, alternateCase};
+const Kernels avx2Kernels = {"avx2",        asciiPrefix, classify,    compress,          compressReplacing, caseWords,
+                             alternateCase, find,        isValidUtf8, encodeHexadecimal, decodeHexadecimal};
 
 } // namespace lexivore::kernels

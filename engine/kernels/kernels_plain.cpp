@@ -5,6 +5,7 @@
 namespace lexivore::kernels {
 
 extern const Kernels plainKernels;
-const Kernels plainKernels = {"plain", asciiPrefix, classify, compress, caseWords, alternateCase};
+const Kernels plainKernels = {"plain",       asciiPrefix, classify,    compress,          compressReplacing, caseWords,
+                              alternateCase, find,        isValidUtf8, encodeHexadecimal, decodeHexadecimal};
 
 } // namespace lexivore::kernels

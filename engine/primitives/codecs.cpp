@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/codecs.h"
 
+#include "engine/kernels/kernels.h"
+#include "engine/primitives/membership_scan.h"
+#include "engine/primitives/replacement.h"
+
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -53,19 +57,24 @@ template<std::size_t count> constexpr PairTable<count> makePairs(std::string_vie
 }
 
 constexpr auto base64Pairs = makePairs<4096>(base64Alphabet);
-constexpr auto lowercasePairs = makePairs<256>(lowercaseDigits);
+constexpr auto uppercasePairs = makePairs<256>(uppercaseDigits);
 
-/// What may stand in the query component of a URL as itself.
-constexpr std::array<bool, 256> makeQueryAllowed() {
-    std::array<bool, 256> allowed{};
-    for (const char c : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
-                                         "-._~!$&'()*+,;=:@/?")) {
-        allowed[indexOf(c)] = true;
+/// Everything that may not stand in the query component of a URL as itself.
+constexpr kernels::ByteClass makeEscapedInQuery() {
+    constexpr std::string_view allowed = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
+                                         "-._~!$&'()*+,;=:@/?";
+    kernels::ByteClass escaped;
+    for (int byte = 0; byte < 0x80; ++byte) {
+        const char character = static_cast<char>(byte);
+        if (allowed.find(character) == std::string_view::npos) {
+            escaped.ascii.add(character);
+        }
     }
-    return allowed;
+    escaped.takesEveryNonAsciiByte = true;
+    return escaped;
 }
 
-constexpr std::array<bool, 256> queryAllowed = makeQueryAllowed();
+constexpr kernels::ByteClass escapedInQuery = makeEscapedInQuery();
 
 /// The byte that two hexadecimal digits give, or a value over 0xFF.
 unsigned hexadecimalByte(char high, char low) {
@@ -138,55 +147,43 @@ std::optional<TextBuffer> decodeBase64(std::string_view text) {
 
 TextBuffer encodeHexadecimal(std::string_view bytes) {
     TextBuffer result;
-    char *to = result.room(bytes.size() * 2);
-    for (const char byte : bytes) {
-        std::memcpy(to, lowercasePairs[indexOf(byte)].data(), 2);
-        to += 2;
-    }
-    result.commit(to);
+    char *const to = result.room(bytes.size() * 2);
+    kernels::best().encodeHexadecimal(bytes.data(), bytes.size(), to);
+    result.commit(to + bytes.size() * 2);
     return result;
 }
 
 std::optional<TextBuffer> decodeHexadecimal(std::string_view text) {
-    TextBuffer result;
-    char *to = result.room(text.size() / 2 + 1);
-    const auto skipSpaces = [&text](std::size_t position) {
-        while (position < text.size() && text[position] == ' ') {
-            ++position;
-        }
-        return position;
-    };
-    for (std::size_t position = skipSpaces(0); position < text.size(); position = skipSpaces(position)) {
-        const std::size_t second = skipSpaces(position + 1);
-        const unsigned byte = second < text.size() ? hexadecimalByte(text[position], text[second]) : 0x100U;
-        if (byte > 0xFF) {
-            return std::nullopt;
-        }
-        *to++ = static_cast<char>(static_cast<unsigned char>(byte));
-        position = second + 1;
+    TextBuffer digits;
+    if (text.find(' ') != std::string_view::npos) {
+        digits = removeCharacters(text, kernels::AsciiSet(" "));
+        text = digits;
     }
-    result.commit(to);
+    if (text.size() % 2 != 0) {
+        return std::nullopt;
+    }
+    TextBuffer result;
+    char *const to = result.room(text.size() / 2);
+    if (!kernels::best().decodeHexadecimal(text.data(), text.size() / 2, to)) {
+        return std::nullopt;
+    }
+    result.commit(to + text.size() / 2);
     return result;
 }
 
 TextBuffer encodePercent(std::string_view bytes) {
-    constexpr std::size_t stretch = 4096;
-    TextBuffer result = TextBuffer::withCapacity(bytes.size() + bytes.size() / 8);
-    while (!bytes.empty()) {
-        const std::string_view part = bytes.substr(0, stretch);
-        char *to = result.room(part.size() * 3);
-        for (const char byte : part) {
-            if (queryAllowed[indexOf(byte)]) {
-                *to++ = byte;
-            } else {
-                *to++ = '%';
-                *to++ = uppercaseDigits[indexOf(byte) >> 4];
-                *to++ = uppercaseDigits[indexOf(byte) & 0xF];
-            }
-        }
-        result.commit(to);
-        bytes.remove_prefix(part.size());
-    }
+    TextBuffer result = TextBuffer::withCapacity(bytes.size() + bytes.size() / 2);
+    const char *plainBegin = bytes.data();
+    const auto appendPlain = [&](const char *plainEnd) {
+        result.append(std::string_view(plainBegin, static_cast<std::size_t>(plainEnd - plainBegin)));
+    };
+    forEachMember(MembershipScan(bytes, escapedInQuery), [&](const char *escaped) {
+        appendPlain(escaped);
+        const std::array<char, 2> digits = uppercasePairs[indexOf(*escaped)];
+        result.append(std::string_view(std::array{'%', digits[0], digits[1]}.data(), 3));
+        plainBegin = escaped + 1;
+    });
+    appendPlain(bytes.data() + bytes.size());
     result.shrink();
     return result;
 }

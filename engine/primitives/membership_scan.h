@@ -30,8 +30,11 @@ public:
     };
 
     MembershipScan(std::string_view text, CodePointSet set, Mark mark);
+    /// Looks for bytes: the members of an ASCII set and every candidate outside it.
+    MembershipScan(std::string_view text, const kernels::ByteClass &byteClass);
     /// Looks for ASCII characters alone.
-    MembershipScan(std::string_view text, const kernels::AsciiSet &set);
+    MembershipScan(std::string_view text, const kernels::AsciiSet &set)
+        : MembershipScan(text, kernels::ByteClass{set}) {}
 
     /// False when the text has no further block.
     [[nodiscard]] bool next(Block &block) {
@@ -42,7 +45,7 @@ public:
         std::uint64_t members = m_members[m_block];
         const std::uint64_t candidates = m_candidates[m_block];
         if (candidates != 0 || m_carried != 0) {
-            members = resolve(begin, members, candidates);
+            members = m_set == everyCandidate ? members | candidates : resolve(begin, members, candidates);
         }
         ++m_block;
         const auto left = static_cast<std::size_t>(m_end - begin);
@@ -52,6 +55,7 @@ public:
 
 private:
     static constexpr std::size_t blocksAtOnce = 64;
+    static constexpr CodePointSet everyCandidate = 0; ///< Instead of a set: bytes count, not code points.
 
     bool refill();
     std::uint64_t resolve(const char *begin, std::uint64_t members, std::uint64_t candidates);

@@ -32,17 +32,6 @@ const char *asciiRunEnd(const char *position, const char *end) {
     return position + kernels::best().asciiPrefix(position, static_cast<std::size_t>(end - position));
 }
 
-bool isValidUtf8(std::string_view text) {
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while ((position = asciiRunEnd(position, end)) != end) {
-        const DecodedCodePoint decoded = decode(position, end);
-        if (decoded.length == 1) {
-            return false;
-        }
-        position += decoded.length;
-    }
-    return true;
-}
+bool isValidUtf8(std::string_view text) { return kernels::best().isValidUtf8(text.data(), text.size()); }
 
 } // namespace lexivore

@@ -26,6 +26,33 @@ const char *findNonMember(const char *position, const char *end, CodePointSet se
     return position;
 }
 
+TextBuffer joinPieces(std::string_view text, CodePointSet separators, char joiner) {
+    TextBuffer result;
+    char *to = result.room(text.size() + kernels::blockSize);
+    std::uint64_t before = 1; // what stands before the text separates
+    MembershipScan scan(text, separators, MembershipScan::Mark::everyByte);
+    for (MembershipScan::Block block; scan.next(block);) {
+        // Of each run of separators the first byte stays and becomes the joiner.
+        const std::uint64_t keep = ~(block.members & (block.members << 1 | before));
+        before = block.members >> (kernels::blockSize - 1);
+        if (block.size == kernels::blockSize) {
+            to += kernels::best().compressReplacing(block.begin, 1, &keep, &block.members, joiner, to);
+        } else {
+            for (std::size_t i = 0; i < block.size; ++i) {
+                *to = (block.members >> i & 1U) != 0 ? joiner : block.begin[i];
+                to += keep >> i & 1U;
+            }
+            before = block.members >> (block.size - 1) & 1U;
+        }
+    }
+    result.commit(to);
+    if (before != 0 && !result.empty()) {
+        result.truncate(result.size() - 1); // the joiner of a piece that does not come
+    }
+    result.shrink();
+    return result;
+}
+
 std::size_t pieceCount(std::string_view text, CodePointSet separators) {
     std::size_t count = 0;
     forEachPiece(text, separators, [&count](std::string_view) { ++count; });

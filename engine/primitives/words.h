@@ -5,6 +5,7 @@
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/membership_scan.h"
 #include "engine/primitives/utf8.h"
+#include "engine/text_buffer.h"
 
 #include <cstddef>
 #include <string_view>
@@ -43,6 +44,9 @@ template<typename Visit> void forEachPiece(std::string_view text, CodePointSet s
         visit(std::string_view(pieceBegin, static_cast<std::size_t>(text.data() + text.size() - pieceBegin)));
     }
 }
+
+/// The pieces of `text`, empty ones dropped, with `joiner` between them.
+[[nodiscard]] TextBuffer joinPieces(std::string_view text, CodePointSet separators, char joiner);
 
 /// The number of pieces that `forEachPiece` visits.
 [[nodiscard]] std::size_t pieceCount(std::string_view text, CodePointSet separators);
