@@ -8,24 +8,11 @@
 #include "engine/primitives/piece_set.h"
 #include "engine/primitives/replacement.h"
 #include "engine/primitives/words.h"
+#include "engine/primitives/wrapping.h"
 
 namespace lexivore {
 
 namespace {
-
-/// The spaces and tabs of the whole text are the separators; line breaks are not.
-template<typename Visit> void forEachSpacedPiece(std::string_view text, Visit &&visit) {
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while (true) {
-        const char *const pieceEnd = findMember(position, end, whitespace);
-        visit(std::string_view(position, static_cast<std::size_t>(pieceEnd - position)));
-        if (pieceEnd == end) {
-            return;
-        }
-        position = pieceEnd + decode(pieceEnd, end).length;
-    }
-}
 
 /// Every line with `prefix` before and `suffix` behind it.
 TextBuffer affixLines(std::string_view text, std::string_view prefix, std::string_view suffix) {
@@ -139,26 +126,8 @@ std::vector<TransformationParameter> WrapLinesTransformation::parameters() const
 }
 
 TextBuffer WrapLinesTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    const auto width =
-        static_cast<std::size_t>(wholeNumberAtLeast(parameters, "width", 1, "Width must be a positive number"));
-    TextBuffer result = TextBuffer::withCapacity(text.size());
-    std::size_t lineBegin = 0; // in the result
-    CharacterCounter lineLength;
-    forEachSpacedPiece(text, [&](std::string_view piece) {
-        const bool isLineEmpty = result.size() == lineBegin;
-        if (!isLineEmpty && lineLength.count() + characterCount(piece) + 1 > width) {
-            result.append('\n');
-            lineBegin = result.size();
-            lineLength = {};
-        } else if (!isLineEmpty) {
-            result.append(' ');
-            lineLength.append(" ");
-        }
-        result.append(piece);
-        lineLength.append(piece);
-    });
-    result.shrink();
-    return result;
+    const auto width = wholeNumberAtLeast(parameters, "width", 1, "Width must be a positive number");
+    return wrapText(text, static_cast<std::size_t>(width));
 }
 
 } // namespace lexivore

@@ -21,7 +21,25 @@ std::vector<TransformationParameter> textToFindParameter(std::string placeholder
     return {{"text", "Text to find", "", std::move(placeholder)}};
 }
 
-bool contains(std::string_view line, std::string_view part) { return findBytes(line, part) != std::string_view::npos; }
+/// The lines that contain `part`, or those that do not. The whole text is searched once, not each line.
+TextBuffer filterLinesContaining(std::string_view text, std::string_view part, bool keepsContaining) {
+    const char *const end = text.data() + text.size();
+    const auto findFrom = [&](const char *position) {
+        const std::string_view rest(position, static_cast<std::size_t>(end - position));
+        const std::size_t found = findBytes(rest, part);
+        return found == std::string_view::npos ? end : position + found;
+    };
+    // A match cannot reach over the end of a line unless the part holds a newline character, and then no line has it.
+    const char *match = lineCount(part) > 1 ? end : findFrom(text.data());
+    return filterLines(text, [&](std::string_view line) {
+        const char *const lineEnd = line.data() + line.size();
+        const bool contains = match < lineEnd;
+        if (contains) {
+            match = findFrom(lineEnd);
+        }
+        return contains == keepsContaining;
+    });
+}
 
 /// The value of "count", which four transformations read.
 std::uint64_t lineCountParameter(const ParameterMap &given) {
@@ -99,8 +117,7 @@ std::vector<TransformationParameter> DeleteLinesContainingTransformation::parame
 }
 
 TextBuffer DeleteLinesContainingTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    const std::string_view part = textToFind(parameters);
-    return filterLines(text, [part](std::string_view line) { return !contains(line, part); });
+    return filterLinesContaining(text, textToFind(parameters), false);
 }
 
 std::vector<TransformationParameter> DeleteLinesStartingWithTransformation::parameters() const {
@@ -117,8 +134,7 @@ std::vector<TransformationParameter> KeepLinesContainingTransformation::paramete
 }
 
 TextBuffer KeepLinesContainingTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    const std::string_view part = textToFind(parameters);
-    return filterLines(text, [part](std::string_view line) { return contains(line, part); });
+    return filterLinesContaining(text, textToFind(parameters), true);
 }
 
 std::vector<TransformationParameter> KeepLinesStartingWithTransformation::parameters() const {

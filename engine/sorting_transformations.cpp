@@ -8,6 +8,7 @@
 #include "engine/primitives/words.h"
 
 #include <algorithm>
+#include <numeric>
 #include <random>
 
 namespace lexivore {
@@ -28,6 +29,31 @@ TextBuffer sortLines(std::string_view text, SortDirection direction) {
     return join(lines, "\n", text.size());
 }
 
+/// `strings` in ascending order of the number that belongs to each; equal ones keep their order.
+std::vector<std::string_view> sortedByNumber(const std::vector<std::string_view> &strings,
+                                             const std::vector<std::size_t> &numbers) {
+    std::vector<std::string_view> sorted(strings.size());
+    const std::size_t largest = numbers.empty() ? 0 : *std::max_element(numbers.begin(), numbers.end());
+    if (largest < 2 * numbers.size() + 1024) { // few enough different numbers to count each
+        std::vector<std::size_t> places(largest + 2);
+        for (const std::size_t number : numbers) {
+            ++places[number + 1];
+        }
+        std::partial_sum(places.begin(), places.end(), places.begin());
+        for (std::size_t i = 0; i < strings.size(); ++i) {
+            sorted[places[numbers[i]]++] = strings[i];
+        }
+        return sorted;
+    }
+    std::vector<std::size_t> order(strings.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(),
+                     [&numbers](std::size_t left, std::size_t right) { return numbers[left] < numbers[right]; });
+    std::transform(order.begin(), order.end(), sorted.begin(),
+                   [&strings](std::size_t index) { return strings[index]; });
+    return sorted;
+}
+
 /// Numbers from the system's random source, so that no state outlives a call.
 std::mt19937_64 makeRandomGenerator() {
     std::random_device source;
@@ -46,19 +72,13 @@ TextBuffer SortLinesReverseTransformation::apply(std::string_view text, const Pa
 }
 
 TextBuffer SortLinesByLengthTransformation::apply(std::string_view text, const ParameterMap &) const {
-    struct MeasuredLine {
-        std::size_t length;
-        std::string_view line;
-    };
-    std::vector<MeasuredLine> lines;
-    forEachLine(text, [&](std::string_view line) { lines.push_back({characterCount(line), line}); });
-    std::stable_sort(lines.begin(), lines.end(),
-                     [](const MeasuredLine &left, const MeasuredLine &right) { return left.length < right.length; });
-    Joiner joiner("\n", text.size());
-    for (const MeasuredLine &measured : lines) {
-        joiner.add(measured.line);
-    }
-    return joiner.take();
+    std::vector<std::string_view> lines;
+    std::vector<std::size_t> lengths;
+    forEachLine(text, [&](std::string_view line) {
+        lines.push_back(line);
+        lengths.push_back(characterCount(line));
+    });
+    return join(sortedByNumber(lines, lengths), "\n", text.size());
 }
 
 TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
@@ -75,22 +95,35 @@ TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, c
 
 TextBuffer ReverseWordsInLineTransformation::apply(std::string_view text, const ParameterMap &) const {
     TextBuffer result = TextBuffer::withCapacity(text.size());
-    bool isFirstLine = true;
-    std::vector<std::string_view> words;
-    forEachLine(text, [&](std::string_view line) {
-        if (!isFirstLine) {
-            result.append('\n');
+    std::vector<std::string_view> words; // of the line
+    const auto addWord = [&words](const char *begin, const char *end) {
+        if (begin != end) {
+            words.emplace_back(begin, static_cast<std::size_t>(end - begin));
         }
-        isFirstLine = false;
-        words.clear();
-        forEachPiece(line, whitespace, [&](std::string_view word) { words.push_back(word); });
-        for (auto word = words.rbegin(); word != words.rend(); ++word) {
-            if (word != words.rbegin()) {
+    };
+    const auto appendReversed = [&]() {
+        for (std::size_t left = words.size(); left > 0; --left) {
+            result.append(words[left - 1]);
+            if (left > 1) {
                 result.append(' ');
             }
-            result.append(*word);
         }
-    });
+        words.clear();
+    };
+    const char *const end = text.data() + text.size();
+    const char *wordBegin = text.data();
+    forEachMember(MembershipScan(text, whitespaceAndNewlines, MembershipScan::Mark::firstByte),
+                  [&](const char *separator) {
+                      const DecodedCodePoint decoded = decode(separator, end);
+                      addWord(wordBegin, separator);
+                      wordBegin = separator + decoded.length;
+                      if (isIn(newlines, decoded.value)) {
+                          appendReversed();
+                          result.append('\n');
+                      }
+                  });
+    addWord(wordBegin, end);
+    appendReversed();
     result.shrink();
     return result;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <new>
 #include <utility>
 
@@ -13,17 +14,66 @@ namespace {
 
 constexpr std::size_t smallestCapacity = 64;
 
+/// One block of memory that waits to be used again. None under AddressSanitizer, which would not see mistakes in it.
+class SpareBlock {
+public:
+    SpareBlock() = default;
+    SpareBlock(const SpareBlock &) = delete;
+    SpareBlock &operator=(const SpareBlock &) = delete;
+    ~SpareBlock() { std::free(m_bytes); }
+
+    /// Takes the block over, in place of a smaller one, or frees it.
+    void offer(char *bytes, std::size_t capacity) {
+        if (isWorthKeeping(capacity) && capacity > m_capacity) {
+            std::swap(bytes, m_bytes);
+            m_capacity = capacity;
+        }
+        std::free(bytes);
+    }
+
+    /// The block, if it has room for `bytes` and not too much more; `capacity` becomes its size.
+    char *take(std::size_t bytes, std::size_t &capacity) {
+        if (m_capacity < bytes || m_capacity / 2 > bytes) {
+            return nullptr;
+        }
+        capacity = std::exchange(m_capacity, 0);
+        return std::exchange(m_bytes, nullptr);
+    }
+
+private:
+    static constexpr bool isWorthKeeping(std::size_t capacity) {
+#ifdef __SANITIZE_ADDRESS__
+        return capacity == 0;
+#else
+        constexpr std::size_t smallest = std::size_t{1} << 20;
+        constexpr std::size_t largest = std::size_t{1} << 26; // what the program may hold without need
+        return capacity >= smallest && capacity <= largest;
+#endif
+    }
+
+    char *m_bytes = nullptr;
+    std::size_t m_capacity = 0;
+};
+
+thread_local SpareBlock spareBlock;
+
 } // namespace
 
 TextBuffer::TextBuffer(TextBuffer &&other) noexcept
-    : m_bytes(std::move(other.m_bytes)), m_size(std::exchange(other.m_size, 0)),
+    : m_bytes(std::exchange(other.m_bytes, nullptr)), m_size(std::exchange(other.m_size, 0)),
       m_capacity(std::exchange(other.m_capacity, 0)) {}
 
 TextBuffer &TextBuffer::operator=(TextBuffer &&other) noexcept {
-    m_bytes = std::move(other.m_bytes);
-    m_size = std::exchange(other.m_size, 0);
-    m_capacity = std::exchange(other.m_capacity, 0);
+    std::swap(m_bytes, other.m_bytes);
+    std::swap(m_size, other.m_size);
+    std::swap(m_capacity, other.m_capacity);
     return *this;
+}
+
+TextBuffer::~TextBuffer() {
+    if (m_bytes != nullptr) {
+        spareBlock.offer(m_bytes, m_capacity);
+    }
 }
 
 TextBuffer TextBuffer::withCapacity(std::size_t bytes) {
@@ -51,12 +101,17 @@ void TextBuffer::grow(std::size_t bytes) {
 }
 
 void TextBuffer::reallocate(std::size_t capacity) {
-    auto *bytes = static_cast<char *>(std::realloc(m_bytes.get(), capacity));
+    if (m_bytes == nullptr) {
+        m_bytes = spareBlock.take(capacity, m_capacity);
+        if (m_bytes != nullptr) {
+            return;
+        }
+    }
+    auto *const bytes = static_cast<char *>(std::realloc(m_bytes, capacity));
     if (bytes == nullptr) {
         throw std::bad_alloc();
     }
-    static_cast<void>(m_bytes.release());
-    m_bytes.reset(bytes);
+    m_bytes = bytes;
     m_capacity = capacity;
 }
 

@@ -3,9 +3,7 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -41,6 +39,8 @@ inline void copyBytes(const char *from, std::size_t size, char *to) {
 /// The text that a transformation builds: UTF-8 bytes that grow at the end.
 /// Unlike std::string it never clears the room that is about to be written, and growing a large one moves pages
 /// instead of copying bytes. Throws std::bad_alloc when the memory cannot be had.
+/// The memory of the last large one that was given up is kept for the next, for fresh pages cost several times what
+/// writing them does.
 class TextBuffer {
 public:
     TextBuffer() = default;
@@ -49,15 +49,15 @@ public:
     TextBuffer &operator=(TextBuffer &&other) noexcept;
     TextBuffer(const TextBuffer &) = delete;
     TextBuffer &operator=(const TextBuffer &) = delete;
-    ~TextBuffer() = default;
+    ~TextBuffer();
 
     [[nodiscard]] static TextBuffer withCapacity(std::size_t bytes);
 
-    [[nodiscard]] const char *data() const { return m_bytes.get(); }
+    [[nodiscard]] const char *data() const { return m_bytes; }
     [[nodiscard]] std::size_t size() const { return m_size; }
     [[nodiscard]] std::size_t capacity() const { return m_capacity; }
     [[nodiscard]] bool empty() const { return m_size == 0; }
-    [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_size}; }
+    [[nodiscard]] std::string_view view() const { return {m_bytes, m_size}; }
     operator std::string_view() const { return view(); } // NOLINT(google-explicit-constructor): it is a text
 
     void append(std::string_view text) {
@@ -77,10 +77,10 @@ public:
         if (bytes > m_capacity - m_size) {
             grow(bytes);
         }
-        return m_bytes.get() + m_size;
+        return m_bytes + m_size;
     }
     /// The text now ends at `end`, which lies within the room asked for last.
-    void commit(const char *end) { m_size = static_cast<std::size_t>(end - m_bytes.get()); }
+    void commit(const char *end) { m_size = static_cast<std::size_t>(end - m_bytes); }
     /// Drops everything behind the first `size` bytes.
     void truncate(std::size_t size) { m_size = size < m_size ? size : m_size; }
 
@@ -88,13 +88,10 @@ public:
     void shrink();
 
 private:
-    struct Free {
-        void operator()(char *bytes) const { std::free(bytes); }
-    };
     void grow(std::size_t bytes);
     void reallocate(std::size_t capacity);
 
-    std::unique_ptr<char, Free> m_bytes;
+    char *m_bytes = nullptr; ///< From malloc.
     std::size_t m_size = 0;
     std::size_t m_capacity = 0;
 };

@@ -122,6 +122,14 @@ void CharacterCounter::append(std::string_view piece) {
     m_state = static_cast<std::uint8_t>(state);
 }
 
+void CharacterCounter::appendPlain(std::size_t size) {
+    if (size > 0) {
+        const bool isBoundary = static_cast<State>(m_state) != State::prepend; // which joins whatever follows
+        m_count += size - (isBoundary ? 0U : 1U);
+        m_state = static_cast<std::uint8_t>(State::other);
+    }
+}
+
 TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
     const AsciiFilter asciiFilter(filter);
     const auto keeps = [filter](char32_t codePoint) { return isIn(filter.set, codePoint) == filter.keepsMembers; };

@@ -23,6 +23,8 @@ namespace lexivore {
 class CharacterCounter {
 public:
     void append(std::string_view piece);
+    /// Appends `size` printable ASCII characters, in constant time.
+    void appendPlain(std::size_t size);
     [[nodiscard]] std::size_t count() const { return m_count; }
 
 private:
