@@ -40,6 +40,11 @@ public:
         return std::exchange(m_bytes, nullptr);
     }
 
+    void release() {
+        std::free(std::exchange(m_bytes, nullptr));
+        m_capacity = 0;
+    }
+
 private:
     static constexpr bool isWorthKeeping(std::size_t capacity) {
 #ifdef __SANITIZE_ADDRESS__
@@ -91,6 +96,8 @@ void TextBuffer::shrink() {
         reallocate(m_size);
     }
 }
+
+void TextBuffer::releaseSpareMemory() { spareBlock.release(); }
 
 void TextBuffer::grow(std::size_t bytes) {
     if (bytes > SIZE_MAX / 2 - m_size) {

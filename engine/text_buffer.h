@@ -84,6 +84,9 @@ public:
     /// Drops everything behind the first `size` bytes.
     void truncate(std::size_t size) { m_size = size < m_size ? size : m_size; }
 
+    /// Gives the memory that is kept for the next large one back to the system.
+    static void releaseSpareMemory();
+
     /// Gives back room that was reserved but not used, when it is worth it.
     void shrink();
 
