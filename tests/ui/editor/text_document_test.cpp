@@ -1,0 +1,378 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+//
+// Drives the model and a plain string side by side through random edits and compares everything after each.
+// LEXIVORE_EDITOR_EDITS in the environment asks for a longer run than the ordinary one.
+#include "ui/editor/text_document.h"
+
+#include "engine/primitives/characters.h"
+#include "engine/primitives/code_points.h"
+#include "engine/primitives/lines.h"
+#include "engine/primitives/words.h"
+#include "ui/text_conversion.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace lexivore {
+namespace {
+
+const std::vector<std::string> pieces = {
+    "a",          "word",    " ",      "  ",     "\t",
+    "\n",         "\r\n",    "\r",     "\n\r",   "\v",
+    "\f",         "\u0085",  "\u2028", "\u2029", std::string(1, '\0'),
+    "\u0301",     "e\u0301", "é",      "\u200D", "👩‍👩‍👧",
+    "👍🏽",   "🏽",    "🇩🇪",     "🇩",      "🇪",
+    "क्षि",        "्",        "क",      "ि",      "한",
+    "\u1112",     "\u1161",  "\u11AB", "שלום",   "مرحبا",
+    "中文字",     "\uFEFF",  "\u00A0", "\u3000", "\u0600",
+    "\U0010FFFF", "\uE000",  ".",      ",;",     "The quick brown fox jumps over the lazy dog. "};
+
+struct Dice {
+    explicit Dice(unsigned seed) : engine(seed) {}
+    std::size_t below(std::size_t limit) {
+        return limit == 0 ? 0 : std::uniform_int_distribution<std::size_t>(0, limit - 1)(engine);
+    }
+    std::mt19937 engine;
+};
+
+std::string randomText(Dice &dice, std::size_t bytes) {
+    std::string text;
+    // Stretches that favour a few pieces give long lines, long clusters and long runs of flags.
+    while (text.size() < bytes) {
+        const std::size_t favourite = dice.below(pieces.size());
+        for (std::size_t length = dice.below(300); length > 0; --length) {
+            text += dice.below(8) == 0 ? pieces[dice.below(pieces.size())] : pieces[favourite];
+        }
+    }
+    return text;
+}
+
+/// The plain second model: everything is worked out from the whole string.
+struct Plain {
+    std::string text;
+
+    [[nodiscard]] std::vector<std::size_t> boundaries() const {
+        std::vector<std::size_t> all{0};
+        forEachCharacter(text, [&](std::string_view character) { all.push_back(all.back() + character.size()); });
+        return all;
+    }
+    [[nodiscard]] std::size_t breaksBefore(std::size_t offset) const {
+        std::size_t breaks = 0;
+        forEachCharacter(std::string_view(text).substr(0, offset), [&](std::string_view character) {
+            const DecodedCodePoint first = decode(character.data(), character.data() + character.size());
+            breaks += isIn(newlines, first.value) ? 1U : 0U;
+        });
+        return breaks;
+    }
+    [[nodiscard]] std::size_t lineBegin(std::size_t offset) const {
+        std::size_t begin = 0;
+        std::size_t position = 0;
+        forEachCharacter(std::string_view(text).substr(0, offset), [&](std::string_view character) {
+            position += character.size();
+            const DecodedCodePoint first = decode(character.data(), character.data() + character.size());
+            begin = isIn(newlines, first.value) ? position : begin;
+        });
+        return begin;
+    }
+};
+
+std::string bytesOf(const Text &text) { return std::string(Text(text).view()); }
+
+void expectSame(const TextDocument &document, const Plain &plain, Dice &dice) {
+    ASSERT_EQ(bytesOf(document.text()), plain.text);
+    ASSERT_EQ(document.characterCount(), characterCount(plain.text));
+    ASSERT_EQ(document.wordCount(), pieceCount(plain.text, whitespaceAndNewlines));
+    ASSERT_EQ(document.lineCount(), lineCount(plain.text));
+    const std::vector<std::size_t> boundaries = plain.boundaries();
+    const auto isBoundary = [&](std::size_t offset) {
+        return std::binary_search(boundaries.begin(), boundaries.end(), offset);
+    };
+    ASSERT_TRUE(isBoundary(document.caret()));
+    ASSERT_TRUE(isBoundary(document.anchor()));
+
+    // The chunks cover the text, begin between characters, and know their sums.
+    const TextIndex &index = document.index();
+    std::size_t position = 0;
+    std::uint64_t height = 0;
+    std::set<std::uint32_t> ids;
+    for (TextIndex::Place place = index.first();; place = index.next(place)) {
+        ASSERT_EQ(place.before.bytes, position);
+        ASSERT_EQ(place.heightBefore, height);
+        ASSERT_TRUE(isBoundary(position));
+        ASSERT_TRUE(ids.insert(index.at(place).id).second);
+        position += index.at(place).bytes;
+        height += index.at(place).height;
+        if (index.isLast(place)) {
+            break;
+        }
+    }
+    ASSERT_EQ(position, plain.text.size());
+    ASSERT_EQ(height, index.totalHeight());
+
+    // A few places each time instead of all.
+    for (int i = 0; i < 4; ++i) {
+        const std::size_t offset = dice.below(plain.text.size() + 1);
+        const auto behind = std::upper_bound(boundaries.begin(), boundaries.end(), offset);
+        const std::size_t before = *std::prev(behind);
+        ASSERT_EQ(document.boundaryAt(offset), before);
+        ASSERT_EQ(document.nextCharacter(offset), behind == boundaries.end() ? before : *behind);
+        ASSERT_EQ(document.placeOf(offset).line, plain.breaksBefore(before) + 1);
+        const std::size_t begin = plain.lineBegin(before);
+        ASSERT_EQ(document.lineBegin(offset), begin);
+        ASSERT_EQ(document.placeOf(offset).column,
+                  characterCount(std::string_view(plain.text).substr(begin, before - begin)) + 1);
+        const auto units = static_cast<std::size_t>(toQString(std::string_view(plain.text).substr(0, before)).size());
+        ASSERT_EQ(document.unitsBefore(before), units);
+        ASSERT_EQ(document.offsetOfUnit(units), before);
+    }
+}
+
+/// A change of the plain string that follows what the document announces.
+void follow(TextDocument &document, Plain &plain) {
+    QObject::connect(&document, &TextDocument::edited, &document,
+                     [&plain](std::size_t offset, std::size_t removed, std::string_view inserted) {
+                         plain.text.replace(offset, removed, inserted);
+                     });
+}
+
+std::size_t editsWanted(std::size_t ordinarily) {
+    const char *const asked = std::getenv("LEXIVORE_EDITOR_EDITS");
+    return asked != nullptr ? static_cast<std::size_t>(std::strtoull(asked, nullptr, 10)) : ordinarily;
+}
+
+void runRandomEdits(std::size_t textSize, std::size_t edits, unsigned seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed) + ", " + std::to_string(textSize) + " bytes");
+    Dice dice(seed);
+    TextDocument document;
+    Plain plain;
+    follow(document, plain);
+    plain.text = randomText(dice, textSize);
+    document.setText(Text(std::string_view(plain.text)));
+    std::vector<std::string> undoable;
+    for (std::size_t edit = 0; edit < edits; ++edit) {
+        const std::size_t size = plain.text.size();
+        switch (dice.below(12)) {
+        case 0:
+        case 1:
+        case 2:
+        case 3:
+            document.insert(pieces[dice.below(pieces.size())], EditKind::typing);
+            break;
+        case 4:
+            document.remove(document.previousCharacter(document.caret()),
+                            document.caret() - document.previousCharacter(document.caret()), EditKind::deletingBack);
+            break;
+        case 5:
+            document.remove(document.caret(), document.nextCharacter(document.caret()) - document.caret(),
+                            EditKind::deletingAhead);
+            break;
+        case 6: {
+            const std::size_t anchor = dice.below(size + 1);
+            document.select(anchor, std::min(size, anchor + dice.below(dice.below(20) == 0 ? size + 1 : 200)));
+            break;
+        }
+        case 7:
+            document.setCaret(dice.below(size + 1));
+            break;
+        case 8:
+            document.insert(size > 2 * textSize ? std::string() : randomText(dice, dice.below(textSize / 2 + 1)));
+            break;
+        case 9:
+            document.undo();
+            break;
+        case 10:
+            document.redo();
+            break;
+        default:
+            if (dice.below(50) == 0) {
+                plain.text = randomText(dice, textSize);
+                document.setText(Text(std::string_view(plain.text)));
+            }
+            break;
+        }
+        expectSame(document, plain, dice);
+        if (testing::Test::HasFatalFailure()) {
+            FAIL() << "after edit " << edit;
+        }
+    }
+}
+
+TEST(TextDocument, FollowsAPlainStringThroughRandomEditsOfSmallTexts) {
+    const std::size_t edits = editsWanted(12000);
+    for (unsigned seed = 1; seed <= 6; ++seed) {
+        runRandomEdits(200, edits / 6, seed);
+    }
+}
+
+TEST(TextDocument, FollowsAPlainStringThroughRandomEditsOfTextsOfManyChunks) {
+    const std::size_t edits = editsWanted(20000) / 10;
+    runRandomEdits(6000, edits / 2, 11);
+    runRandomEdits(40000, edits / 4, 12);
+}
+
+TEST(TextDocument, KeepsEveryByteOfWhatItIsGiven) {
+    TextDocument document;
+    const std::string text("\xEF\xBB\xBF"
+                           "a\r\nb\rc\nd\x0B\x0C\xC2\x85\xE2\x80\xA8\xE2\x80\xA9\0\xEE\x80\x80",
+                           27);
+    document.setText(Text(std::string_view(text)));
+    EXPECT_EQ(bytesOf(document.text()), text);
+}
+
+TEST(TextDocument, UndoAndRedoGoThroughTheSameTexts) {
+    Dice dice(7);
+    TextDocument document;
+    document.setText(Text(std::string_view(randomText(dice, 3000))));
+    const std::string first = bytesOf(document.text());
+    for (int i = 0; i < 300; ++i) {
+        document.setCaret(dice.below(document.text().size() + 1));
+        document.insert(pieces[dice.below(pieces.size())], EditKind::typing);
+        document.remove(dice.below(document.text().size()), dice.below(30));
+    }
+    const std::string last = bytesOf(document.text());
+    while (document.canUndo()) {
+        document.undo();
+    }
+    EXPECT_EQ(bytesOf(document.text()), first);
+    while (document.canRedo()) {
+        document.redo();
+    }
+    EXPECT_EQ(bytesOf(document.text()), last);
+}
+
+TEST(TextDocument, UndoesTypingWordByWord) {
+    TextDocument document;
+    for (const char *key : {"o", "n", "e", " ", "t", "w", "o"}) {
+        document.insert(key, EditKind::typing);
+    }
+    document.undo();
+    EXPECT_EQ(bytesOf(document.text()), "one ");
+    EXPECT_EQ(document.caret(), 4U);
+    document.undo();
+    EXPECT_EQ(bytesOf(document.text()), "");
+    EXPECT_FALSE(document.canUndo());
+    document.redo();
+    EXPECT_EQ(bytesOf(document.text()), "one ");
+}
+
+TEST(TextDocument, UndoesAGroupAsOne) {
+    TextDocument document;
+    document.setText(Text(std::string_view("abc")));
+    document.beginGroup();
+    document.remove(0, 1);
+    document.replace(2, 0, "x");
+    document.endGroup();
+    EXPECT_EQ(bytesOf(document.text()), "bcx");
+    document.undo();
+    EXPECT_EQ(bytesOf(document.text()), "abc");
+}
+
+TEST(TextDocument, NeverStopsInsideACrLf) {
+    TextDocument document;
+    document.setText(Text(std::string_view("a\r\nb")));
+    EXPECT_EQ(document.nextCharacter(1), 3U);
+    EXPECT_EQ(document.previousCharacter(3), 1U);
+    document.setCaret(2);
+    EXPECT_EQ(document.caret(), 1U);
+    EXPECT_EQ(document.caretPlace(), (TextDocument::LineAndColumn{1, 2}));
+    document.setCaret(3);
+    EXPECT_EQ(document.caretPlace(), (TextDocument::LineAndColumn{2, 1}));
+    EXPECT_EQ(document.lineCount(), 3U);
+}
+
+TEST(TextDocument, NamesTheLineEndingAndInsertsIt) {
+    struct Case {
+        const char *text;
+        const char *name;
+        const char *newline;
+    };
+    for (const Case &row :
+         {Case{"", "", "\n"}, Case{"a\nb", "", "\n"}, Case{"a\r\nb", "CRLF", "\r\n"}, Case{"a\rb", "CR", "\r"},
+          Case{"a\r\nb\r\nc\n", "Mixed", "\r\n"}, Case{"a\u2028b", "", "\n"}}) {
+        TextDocument document;
+        document.setText(Text(std::string_view(row.text)));
+        EXPECT_EQ(document.lineEnding().toStdString(), row.name) << row.text;
+        EXPECT_EQ(document.newline(), row.newline) << row.text;
+    }
+}
+
+TEST(TextDocument, MovesByWords) {
+    TextDocument document;
+    document.setText(Text(std::string_view("one, two  three\nfour")));
+    EXPECT_EQ(document.nextWord(0), 3U);
+    EXPECT_EQ(document.nextWord(3), 5U);
+    EXPECT_EQ(document.nextWord(5), 10U);
+    EXPECT_EQ(document.nextWord(10), 15U);
+    EXPECT_EQ(document.nextWord(15), 16U);
+    EXPECT_EQ(document.previousWord(16), 15U);
+    EXPECT_EQ(document.previousWord(15), 10U);
+    EXPECT_EQ(document.previousWord(10), 5U);
+    EXPECT_EQ(document.wordAround(6).begin, 5U);
+    EXPECT_EQ(document.wordAround(6).end, 8U);
+}
+
+TEST(TextDocument, TakesBackWhatItAnnouncedWithoutForgettingTheEdits) {
+    TextDocument document;
+    Text elsewhere;
+    QObject::connect(&document, &TextDocument::edited, &document,
+                     [&](std::size_t offset, std::size_t removed, std::string_view inserted) {
+                         elsewhere = elsewhere.replaced(offset, removed, inserted);
+                         document.setText(elsewhere);
+                     });
+    document.insert("typed", EditKind::typing);
+    EXPECT_TRUE(document.text().sharesAllWith(elsewhere));
+    EXPECT_EQ(document.caret(), 5U);
+    EXPECT_TRUE(document.canUndo());
+    document.undo();
+    EXPECT_EQ(elsewhere.size(), 0U);
+}
+
+TEST(TextDocument, AnnouncesSelectionAndHistoryOnlyWhenTheyChange) {
+    TextDocument document;
+    document.setText(Text(std::string_view("abc")));
+    int selections = 0;
+    int undos = 0;
+    QObject::connect(&document, &TextDocument::selectionChanged, &document, [&] { ++selections; });
+    QObject::connect(&document, &TextDocument::undoAvailable, &document, [&] { ++undos; });
+    document.setCaret(0);
+    EXPECT_EQ(selections, 0);
+    document.setCaret(1);
+    EXPECT_EQ(selections, 1);
+    document.insert("x", EditKind::typing);
+    document.insert("y", EditKind::typing);
+    EXPECT_EQ(undos, 1);
+}
+
+TEST(TextSearch, FindsForwardBackwardAndCounts) {
+    Text text(std::string_view("Abc abc ÀBC àbc aaaa"));
+    EXPECT_EQ(findForward(text, "abc", 0), (TextMatch{0, 3}));
+    EXPECT_EQ(findForward(text, "abc", 1), (TextMatch{4, 3}));
+    EXPECT_EQ(findForward(text, "abc", 0, {.isCaseSensitive = true}), (TextMatch{4, 3}));
+    EXPECT_EQ(findForward(text, "àbc", 0), (TextMatch{8, 4}));
+    EXPECT_EQ(findBackward(text, "ABC", text.size()), (TextMatch{4, 3}));
+    EXPECT_EQ(findBackward(text, "aa", text.size()), (TextMatch{20, 2}));
+    EXPECT_EQ(countMatches(text, "aa"), 2U);
+    EXPECT_EQ(countMatches(text, ""), 0U);
+    EXPECT_EQ(findForward(text, "none", 0), std::nullopt);
+}
+
+TEST(TextSearch, FindsAcrossTheSeamsOfALargeEditedText) {
+    Text text(std::string_view(std::string(600000, 'x')));
+    std::size_t expected = 0;
+    for (std::size_t offset = 262144 - 40; offset < 262144 + 40; offset += 7) {
+        text = text.replaced(offset, 5, "Néedl");
+        ++expected;
+    }
+    EXPECT_EQ(countMatches(text, "nÉeDL"), expected);
+    EXPECT_EQ(countMatches(text, "Néedl", {.isCaseSensitive = true}), expected);
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/text.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace lexivore {
+
+/// The bytes of a range as one run: lent from the text when it keeps them so, else copied to `scratch`.
+[[nodiscard]] std::string_view readText(const Text &text, std::size_t offset, std::size_t length, std::string &scratch);
+
+/// The last place in [begin, position] at which characters are certain to be cut whatever stands in front of it;
+/// `begin`, which must be a boundary, when there is none. `position` lies between code points of `bytes`.
+[[nodiscard]] std::size_t certainBoundaryBefore(std::string_view bytes, std::size_t begin, std::size_t position);
+
+/// The end of the character that begins at `offset`, which is a boundary before the end of the text.
+[[nodiscard]] std::size_t characterEndIn(const Text &text, std::size_t offset);
+
+/// The last boundary at or before `offset`. `known` is a boundary at or before it; near is better, but costs nothing
+/// when a certain boundary is nearer.
+[[nodiscard]] std::size_t boundaryAtOrBefore(const Text &text, std::size_t known, std::size_t offset);
+
+} // namespace lexivore

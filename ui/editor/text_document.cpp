@@ -1,0 +1,269 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/editor/text_document.h"
+
+#include "engine/primitives/lines.h"
+#include "engine/primitives/utf8.h"
+#include "ui/editor/text_boundaries.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace lexivore {
+
+namespace {
+
+/// The bytes of the first `breaks` line breaks and what precedes each.
+std::size_t endOfBreakNumber(std::string_view bytes, std::size_t breaks) {
+    std::size_t position = 0;
+    while (breaks > 0) {
+        const NewlineMatch newline = findNewline(bytes.data() + position, bytes.data() + bytes.size());
+        position = static_cast<std::size_t>(newline.position - bytes.data()) + newline.length;
+        if (newline.length == 0) {
+            break;
+        }
+        if (*newline.position == '\r' && position < bytes.size() && bytes[position] == '\n') {
+            ++position;
+        }
+        --breaks;
+    }
+    return position;
+}
+
+} // namespace
+
+TextDocument::TextDocument(QObject *parent) : QObject(parent) {}
+
+bool TextDocument::setText(const Text &text) {
+    if (m_text.sharesAllWith(text)) {
+        return true;
+    }
+    if (m_isAnnouncing && text.size() == m_text.size()) {
+        // Whoever was told of the edit made it too and hands back the result: the same bytes, to be shared from now on.
+        m_text = text;
+        return true;
+    }
+    if (text.size() > maximumSize) {
+        return false;
+    }
+    const bool couldUndo = canUndo();
+    const bool couldRedo = canRedo();
+    m_text = text;
+    m_index.build(m_text);
+    m_history.clear();
+    m_caret = 0;
+    m_anchor = 0;
+    emit textReplaced();
+    emit selectionChanged();
+    announceHistory(couldUndo, couldRedo);
+    return true;
+}
+
+QString TextDocument::lineEnding() const {
+    const TextCounts &counts = m_index.total();
+    const int kinds =
+        (counts.lineFeeds > 0 ? 1 : 0) + (counts.pairs > 0 ? 1 : 0) + (counts.carriageReturns > 0 ? 1 : 0);
+    if (kinds > 1) {
+        return tr("Mixed");
+    }
+    return counts.pairs > 0 ? tr("CRLF") : counts.carriageReturns > 0 ? tr("CR") : QString();
+}
+
+std::string_view TextDocument::newline() const {
+    const TextCounts &counts = m_index.total();
+    if (counts.pairs > counts.lineFeeds && counts.pairs >= counts.carriageReturns) {
+        return "\r\n";
+    }
+    return counts.carriageReturns > counts.lineFeeds ? "\r" : "\n";
+}
+
+Text TextDocument::selectedText() const { return m_text.slice(selectionStart(), selectionEnd() - selectionStart()); }
+
+void TextDocument::select(std::size_t anchor, std::size_t caret) {
+    const std::size_t newAnchor = boundaryAt(anchor);
+    const std::size_t newCaret = anchor == caret ? newAnchor : boundaryAt(caret);
+    if (newAnchor == m_anchor && newCaret == m_caret) {
+        return;
+    }
+    m_anchor = newAnchor;
+    m_caret = newCaret;
+    m_history.close();
+    emit selectionChanged();
+}
+
+TextDocument::LineAndColumn TextDocument::placeOf(std::size_t offset) const {
+    offset = boundaryAt(offset);
+    const TextIndex::Place place = m_index.atOffset(offset);
+    const TextCounts prefix = countsOf(bytes(place.before.bytes, offset - place.before.bytes));
+    const std::size_t breaks = place.before.breaks + prefix.breaks;
+    const std::size_t characters = place.before.characters + prefix.characters;
+
+    std::size_t charactersBeforeLine = 0;
+    if (breaks > 0) {
+        const TextIndex::Place at = m_index.atBreak(breaks - 1);
+        const std::string_view chunk = bytes(at.before.bytes, m_index.at(at).bytes);
+        const std::size_t end = endOfBreakNumber(chunk, breaks - at.before.breaks);
+        charactersBeforeLine = at.before.characters + countsOf(chunk.substr(0, end)).characters;
+    }
+    return {breaks + 1, characters - charactersBeforeLine + 1};
+}
+
+std::size_t TextDocument::boundaryAt(std::size_t offset, Side side) const {
+    if (offset >= m_text.size()) {
+        return m_text.size();
+    }
+    const std::size_t known = m_index.atOffset(offset).before.bytes;
+    const std::size_t before = boundaryAtOrBefore(m_text, known, offset);
+    return before == offset || side == Side::before ? before : characterEndIn(m_text, before);
+}
+
+std::size_t TextDocument::nextCharacter(std::size_t offset) const {
+    offset = boundaryAt(offset);
+    return offset == m_text.size() ? offset : characterEndIn(m_text, offset);
+}
+
+std::size_t TextDocument::previousCharacter(std::size_t offset) const {
+    const std::size_t boundary = boundaryAt(offset);
+    return boundary < offset || boundary == 0 ? boundary : boundaryAt(boundary - 1);
+}
+
+std::size_t TextDocument::lineBegin(std::size_t offset) const {
+    offset = boundaryAt(offset);
+    const TextIndex::Place place = m_index.atOffset(offset);
+    const std::size_t breaks =
+        place.before.breaks + countsOf(bytes(place.before.bytes, offset - place.before.bytes)).breaks;
+    if (breaks == 0) {
+        return 0;
+    }
+    const TextIndex::Place at = m_index.atBreak(breaks - 1);
+    const std::string_view chunk = bytes(at.before.bytes, m_index.at(at).bytes);
+    return at.before.bytes + endOfBreakNumber(chunk, breaks - at.before.breaks);
+}
+
+std::size_t TextDocument::lineEnd(std::size_t offset) const {
+    offset = boundaryAt(offset);
+    const TextIndex::Place place = m_index.atOffset(offset);
+    const std::size_t breaks =
+        place.before.breaks + countsOf(bytes(place.before.bytes, offset - place.before.bytes)).breaks;
+    if (breaks == m_index.total().breaks) {
+        return m_text.size();
+    }
+    const TextIndex::Place at = m_index.atBreak(breaks);
+    const std::string_view chunk = bytes(at.before.bytes, m_index.at(at).bytes);
+    const std::size_t begin = endOfBreakNumber(chunk, breaks - at.before.breaks);
+    const NewlineMatch newline = findNewline(chunk.data() + begin, chunk.data() + chunk.size());
+    return at.before.bytes + static_cast<std::size_t>(newline.position - chunk.data());
+}
+
+std::size_t TextDocument::nextLineBegin(std::size_t offset) const { return nextCharacter(lineEnd(offset)); }
+
+std::size_t TextDocument::unitsBefore(std::size_t offset) const {
+    offset = std::min(offset, m_text.size());
+    const TextIndex::Place place = m_index.atOffset(offset);
+    return place.before.units + countsOf(bytes(place.before.bytes, offset - place.before.bytes)).units;
+}
+
+std::size_t TextDocument::offsetOfUnit(std::size_t unit) const {
+    if (unit >= m_index.total().units) {
+        return m_text.size();
+    }
+    const TextIndex::Place place = m_index.atUnit(unit);
+    const std::string_view chunk = bytes(place.before.bytes, m_index.at(place).bytes);
+    const char *position = chunk.data();
+    const char *const end = position + chunk.size();
+    for (std::size_t units = place.before.units; units < unit && position != end;) {
+        const DecodedCodePoint decoded = decode(position, end);
+        units += decoded.value >= 0x10000 ? 2U : 1U;
+        if (units > unit) {
+            break;
+        }
+        position += decoded.length;
+    }
+    return place.before.bytes + static_cast<std::size_t>(position - chunk.data());
+}
+
+bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_view replacement, EditKind kind) {
+    const std::size_t begin = boundaryAt(offset);
+    const std::size_t end = length == 0 ? begin : boundaryAt(std::min(offset + length, m_text.size()), Side::behind);
+    if (begin == end && replacement.empty()) {
+        return true;
+    }
+    if (replacement.size() > maximumSize - (m_text.size() - (end - begin))) {
+        return false;
+    }
+    EditStep step;
+    step.offset = begin;
+    step.removed = m_text.slice(begin, end - begin);
+    step.inserted = Text(replacement);
+    step.caretBefore = m_caret;
+    step.anchorBefore = m_anchor;
+    step.caretAfter = begin + replacement.size();
+    step.anchorAfter = step.caretAfter;
+    const bool couldUndo = canUndo();
+    const bool couldRedo = canRedo();
+    m_history.push(step, kind);
+    apply(step);
+    announceHistory(couldUndo, couldRedo);
+    return true;
+}
+
+bool TextDocument::insert(std::string_view inserted, EditKind kind) {
+    return replace(selectionStart(), selectionEnd() - selectionStart(), inserted, kind);
+}
+
+void TextDocument::remove(std::size_t offset, std::size_t length, EditKind kind) { replace(offset, length, {}, kind); }
+
+void TextDocument::undo() {
+    if (!canUndo()) {
+        return;
+    }
+    const bool couldRedo = canRedo();
+    const EditHistory::Entry entry = m_history.undo();
+    for (auto step = entry.rbegin(); step != entry.rend(); ++step) {
+        apply({step->offset, step->inserted, step->removed, step->caretAfter, step->anchorAfter, step->caretBefore,
+               step->anchorBefore});
+    }
+    announceHistory(true, couldRedo);
+}
+
+void TextDocument::redo() {
+    if (!canRedo()) {
+        return;
+    }
+    const bool couldUndo = canUndo();
+    const EditHistory::Entry entry = m_history.redo();
+    for (const EditStep &step : entry) {
+        apply(step);
+    }
+    announceHistory(couldUndo, true);
+}
+
+void TextDocument::apply(const EditStep &step) {
+    m_text = m_text.replaced(step.offset, step.removed.size(), step.inserted);
+    m_index.replaced(m_text, step.offset, step.removed.size(), step.inserted.size());
+    // What was inserted may have joined what stands around it, so that its end is no place between characters.
+    m_caret = boundaryAt(step.caretAfter, Side::behind);
+    m_anchor = step.anchorAfter == step.caretAfter ? m_caret : boundaryAt(step.anchorAfter, Side::behind);
+    {
+        const QScopedValueRollback announcing(m_isAnnouncing, true);
+        emit edited(step.offset, step.removed.size(), step.inserted.view());
+    }
+    emit selectionChanged();
+}
+
+void TextDocument::announceHistory(bool couldUndo, bool couldRedo) {
+    if (canUndo() != couldUndo) {
+        emit undoAvailable(canUndo());
+    }
+    if (canRedo() != couldRedo) {
+        emit redoAvailable(canRedo());
+    }
+}
+
+std::string_view TextDocument::bytes(std::size_t offset, std::size_t length) const {
+    return readText(m_text, offset, length, m_scratch);
+}
+
+} // namespace lexivore

@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/text.h"
+#include "ui/editor/edit_history.h"
+#include "ui/editor/text_index.h"
+#include "ui/editor/text_search.h"
+
+#include <QObject>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace lexivore {
+
+/// The editor's model, without any widget: the exact text, the caret and the selection, the edits and their undo.
+///
+/// Offsets are in bytes and lie between characters (so never inside a CR LF); one that does not is moved to the
+/// boundary before it, one behind the end to the end. Every operation but `setText` and an undo or redo of something
+/// large costs the change and a few kilobytes, whatever the size of the text.
+class TextDocument : public QObject {
+    Q_OBJECT
+
+public:
+    /// The largest text that is taken, in bytes.
+    static constexpr std::size_t maximumSize = 0x7FFFFFFF;
+
+    /// Which way a place that lies inside a character is moved.
+    enum class Side { before, behind };
+    struct LineAndColumn {
+        std::size_t line = 1;
+        std::size_t column = 1; ///< In characters.
+        friend bool operator==(const LineAndColumn &, const LineAndColumn &) = default;
+    };
+
+    explicit TextDocument(QObject *parent = nullptr);
+
+    [[nodiscard]] const Text &text() const { return m_text; }
+    /// Shows another text: no selection, the caret at the start, no edits to undo. One pass over it; nothing happens
+    /// and nothing is announced when it is the very text shown. False, and nothing happens, when it is too large.
+    bool setText(const Text &text);
+
+    [[nodiscard]] std::size_t characterCount() const { return m_index.total().characters; }
+    [[nodiscard]] std::size_t wordCount() const { return m_index.total().words; }
+    /// The pieces between newline characters: CR LF ends a line twice.
+    [[nodiscard]] std::size_t lineCount() const { return m_index.total().newlines + 1; }
+    /// "CRLF", "CR" or "Mixed"; nothing when no line ends otherwise than with a line feed. Other newline characters
+    /// than CR and LF do not matter to it.
+    [[nodiscard]] QString lineEnding() const;
+    /// What Return inserts: the line ending that most lines have; LF when there is none yet.
+    [[nodiscard]] std::string_view newline() const;
+    [[nodiscard]] TextIndex &index() { return m_index; }
+    [[nodiscard]] const TextIndex &index() const { return m_index; }
+
+    [[nodiscard]] std::size_t caret() const { return m_caret; }
+    /// Where the selection began: the end of it that is not the caret.
+    [[nodiscard]] std::size_t anchor() const { return m_anchor; }
+    [[nodiscard]] bool hasSelection() const { return m_caret != m_anchor; }
+    [[nodiscard]] std::size_t selectionStart() const { return m_caret < m_anchor ? m_caret : m_anchor; }
+    [[nodiscard]] std::size_t selectionEnd() const { return m_caret < m_anchor ? m_anchor : m_caret; }
+    [[nodiscard]] Text selectedText() const;
+    void setCaret(std::size_t offset) { select(offset, offset); }
+    void select(std::size_t anchor, std::size_t caret);
+    [[nodiscard]] LineAndColumn caretPlace() const { return placeOf(m_caret); }
+    [[nodiscard]] LineAndColumn placeOf(std::size_t offset) const;
+
+    /// The nearest place between characters on that side.
+    [[nodiscard]] std::size_t boundaryAt(std::size_t offset, Side side = Side::before) const;
+    [[nodiscard]] std::size_t nextCharacter(std::size_t offset) const;
+    [[nodiscard]] std::size_t previousCharacter(std::size_t offset) const;
+    /// The start of the next word or punctuation, or of the next line.
+    [[nodiscard]] std::size_t nextWord(std::size_t offset) const;
+    [[nodiscard]] std::size_t previousWord(std::size_t offset) const;
+    /// The word, punctuation or run of spaces that a double click at `offset` means.
+    struct Range {
+        std::size_t begin = 0;
+        std::size_t end = 0;
+    };
+    [[nodiscard]] Range wordAround(std::size_t offset) const;
+    /// The first byte of the line, and where its line break (or the text) ends or begins.
+    [[nodiscard]] std::size_t lineBegin(std::size_t offset) const;
+    [[nodiscard]] std::size_t lineEnd(std::size_t offset) const;
+    /// As `lineEnd`, behind the line break.
+    [[nodiscard]] std::size_t nextLineBegin(std::size_t offset) const;
+
+    /// UTF-16 offsets, as the accessibility interfaces and input methods count.
+    [[nodiscard]] std::size_t unitsBefore(std::size_t offset) const;
+    [[nodiscard]] std::size_t offsetOfUnit(std::size_t unit) const;
+
+    /// Replaces a range and puts the caret behind the replacement. Bytes that are no UTF-8 are the caller's mistake.
+    /// False when the text would become too large: nothing happens then.
+    bool replace(std::size_t offset, std::size_t length, std::string_view replacement, EditKind kind = EditKind::other);
+    /// Replaces the selection, or inserts at the caret.
+    bool insert(std::string_view inserted, EditKind kind = EditKind::other);
+    void remove(std::size_t offset, std::size_t length, EditKind kind = EditKind::other);
+    /// Between these two, edits are undone as one. They nest.
+    void beginGroup() { m_history.beginGroup(); }
+    void endGroup() { m_history.endGroup(); }
+    /// What is typed next is undone on its own.
+    void closeTyping() { m_history.close(); }
+
+    [[nodiscard]] bool canUndo() const { return m_history.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return m_history.canRedo(); }
+    void undo();
+    void redo();
+
+signals:
+    /// An edit, an undo of one or a redo. `inserted` is valid during the call.
+    void edited(std::size_t offset, std::size_t removed, std::string_view inserted);
+    /// Another text is shown.
+    void textReplaced();
+    /// The caret or the selection is elsewhere.
+    void selectionChanged();
+    void undoAvailable(bool available);
+    void redoAvailable(bool available);
+
+private:
+    /// Makes the change and announces it.
+    void apply(const EditStep &step);
+    void announceHistory(bool couldUndo, bool couldRedo);
+    [[nodiscard]] std::string_view bytes(std::size_t offset, std::size_t length) const;
+
+    Text m_text;
+    TextIndex m_index;
+    EditHistory m_history;
+    std::size_t m_caret = 0;
+    std::size_t m_anchor = 0;
+    bool m_isAnnouncing = false;
+    mutable std::string m_scratch;
+};
+
+} // namespace lexivore

@@ -1,0 +1,386 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/editor/text_index.h"
+
+#include "engine/primitives/code_points.h"
+#include "engine/primitives/lines.h"
+#include "engine/primitives/utf8.h"
+#include "ui/editor/text_boundaries.h"
+
+#include <algorithm>
+#include <cassert>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace lexivore {
+
+namespace {
+
+// Sizes of chunks in bytes. A chunk is also what is laid out at once, so these are a bargain between the number of
+// chunks and the time that a keystroke takes.
+constexpr std::size_t smallest = 1024;
+constexpr std::size_t earliestCut = 2048;
+constexpr std::size_t wanted = 4096;
+constexpr std::size_t latestCut = 8192;
+constexpr std::size_t mostWithoutCut = 6144;
+constexpr std::size_t mostBreaks = 160;
+constexpr std::size_t breaksWhenCut = 128;
+/// How far back a good place to cut an over-long line is looked for.
+constexpr std::size_t cutSlack = 512;
+
+constexpr std::size_t chunksPerBlock = 256;
+constexpr std::size_t mostChunksPerBlock = 512;
+
+std::size_t endOfBreak(std::string_view bytes, NewlineMatch newline) {
+    const auto end = static_cast<std::size_t>(newline.position - bytes.data()) + newline.length;
+    const bool isPair = *newline.position == '\r' && end < bytes.size() && bytes[end] == '\n';
+    return isPair ? end + 1 : end;
+}
+
+/// The end of the last line break in [from, to), or of the first one at or behind `to`.
+std::optional<std::size_t> cutBehindBreak(std::string_view bytes, std::size_t from, std::size_t to) {
+    std::optional<std::size_t> cut;
+    const char *const end = bytes.data() + bytes.size();
+    const char *position = bytes.data() + from;
+    while (position < end) {
+        const NewlineMatch newline = findNewline(position, end);
+        if (newline.length == 0 || (cut && newline.position >= bytes.data() + to)) {
+            break;
+        }
+        cut = endOfBreak(bytes, newline);
+        position = bytes.data() + *cut;
+    }
+    return cut;
+}
+
+/// A place between characters near `wanted` where an over-long line may be cut; 0 when there is none nearby.
+std::size_t cutInsideLine(std::string_view bytes) {
+    std::size_t cut = wanted;
+    const std::size_t space = bytes.substr(0, wanted).rfind(' ');
+    if (space != std::string_view::npos && space + cutSlack > wanted) {
+        cut = space + 1;
+    }
+    while (isContinuationByte(bytes[cut])) {
+        --cut;
+    }
+    std::size_t begin = cut - cutSlack;
+    while (isContinuationByte(bytes[begin])) {
+        ++begin;
+    }
+    const std::size_t certain = certainBoundaryBefore(bytes, begin, cut);
+    return certain == begin ? 0 : certain;
+}
+
+/// Where the chunk that begins at `begin` ends. `end` is a boundary between characters behind it.
+std::size_t chunkEnd(const Text &text, std::size_t begin, std::size_t end, std::string &scratch) {
+    const std::size_t length = std::min(end - begin, latestCut);
+    const std::string_view bytes = readText(text, begin, length, scratch);
+    std::size_t size = length;
+    if (length > mostWithoutCut) {
+        if (const auto behindBreak = cutBehindBreak(bytes, earliestCut, wanted); behindBreak) {
+            size = *behindBreak;
+        } else if (const std::size_t insideLine = cutInsideLine(bytes); insideLine != 0) {
+            size = insideLine;
+        } else {
+            return std::min(end, characterEndIn(text, boundaryAtOrBefore(text, begin, begin + wanted)));
+        }
+    }
+    // Many short lines hold few bytes, but take long to lay out.
+    std::size_t position = 0;
+    std::size_t cut = 0;
+    for (std::size_t breaks = 1; breaks <= mostBreaks; ++breaks) {
+        const NewlineMatch newline = findNewline(bytes.data() + position, bytes.data() + size);
+        if (newline.length == 0) {
+            return begin + size;
+        }
+        position = endOfBreak(bytes, newline);
+        cut = breaks == breaksWhenCut ? position : cut;
+    }
+    return begin + cut;
+}
+
+TextCounts countsIn(const TextChunk &chunk) {
+    return {.bytes = chunk.bytes,
+            .units = chunk.units,
+            .characters = chunk.characters,
+            .words = chunk.words,
+            .newlines = chunk.newlines,
+            .breaks = chunk.breaks,
+            .lineFeeds = chunk.lineFeeds,
+            .carriageReturns = chunk.carriageReturns,
+            .pairs = chunk.pairs};
+}
+
+bool endsWithNewline(std::string_view bytes) {
+    if (bytes.empty()) {
+        return false;
+    }
+    const DecodedCodePoint last = decodeBefore(bytes.data(), bytes.data() + bytes.size());
+    return isIn(newlines, last.value);
+}
+
+/// Words are counted in each chunk by itself; one that goes on from the chunk before was counted there.
+void joinWords(const TextChunk &before, TextChunk &chunk) {
+    if (before.endsInWord && chunk.beginsInWord) {
+        --chunk.words;
+    }
+}
+
+} // namespace
+
+TextIndex::TextIndex() { build(Text()); }
+
+void TextIndex::build(const Text &text) {
+    std::vector<TextChunk> chunks;
+    chunks.reserve(text.size() / earliestCut + 1);
+    appendChunks(chunks, text, 0, text.size());
+    m_blocks.clear();
+    for (std::size_t i = 0; i < chunks.size(); i += chunksPerBlock) {
+        const auto begin = chunks.begin() + static_cast<std::ptrdiff_t>(i);
+        const auto end = chunks.begin() + static_cast<std::ptrdiff_t>(std::min(i + chunksPerBlock, chunks.size()));
+        m_blocks.push_back({std::vector<TextChunk>(begin, end), {}, 0});
+        sum(m_blocks.back());
+    }
+    sumAll();
+}
+
+void TextIndex::replaced(const Text &text, std::size_t offset, std::size_t removed, std::size_t inserted) {
+    // The change can join what stands behind it to the character in front of it. So the chunk in front is looked at too
+    // where the change begins between two, and chunks behind it as long as their beginning is no boundary any more.
+    const std::size_t oldSize = text.size() - inserted + removed;
+    const Place from = atOffset(offset > 0 ? offset - 1 : 0);
+    Place to = atOffset(std::min(offset + removed, oldSize));
+    const std::size_t begin = from.before.bytes;
+    const auto endOf = [&](const Place &place) {
+        return place.before.bytes + at(place).bytes + inserted - removed; // in the new text
+    };
+    Place start = from;
+    if (endOf(to) - begin < smallest) {
+        if (!isLast(to)) {
+            to = next(to);
+        } else if (!isFirst(from)) {
+            start = previous(from);
+        }
+    }
+    std::size_t end = endOf(to);
+    while (end != text.size() && boundaryAtOrBefore(text, begin, end) != end) {
+        to = next(to);
+        end = endOf(to);
+    }
+
+    std::vector<TextChunk> chunks;
+    appendChunks(chunks, text, start.before.bytes, end);
+    chunks.front().lead = std::min(at(start).lead, chunks.front().bytes);
+    if (!isFirst(start)) {
+        joinWords(at(previous(start)), chunks.front());
+    }
+    replaceChunks(start, to, std::move(chunks));
+}
+
+void TextIndex::appendChunks(std::vector<TextChunk> &chunks, const Text &text, std::size_t begin, std::size_t end) {
+    std::string scratch;
+    do {
+        const std::size_t chunkLimit = begin == end ? end : chunkEnd(text, begin, end, scratch);
+        chunks.push_back(makeChunk(readText(text, begin, chunkLimit - begin, scratch)));
+        if (chunks.size() > 1) {
+            joinWords(chunks[chunks.size() - 2], chunks.back());
+        }
+        begin = chunkLimit;
+    } while (begin != end);
+}
+
+TextChunk TextIndex::makeChunk(std::string_view bytes) {
+    const TextCounts counts = countsOf(bytes);
+    const auto narrow = [](std::size_t count) { return static_cast<std::uint32_t>(count); };
+    TextChunk chunk;
+    chunk.id = m_nextId++;
+    chunk.bytes = narrow(counts.bytes);
+    chunk.units = narrow(counts.units);
+    chunk.characters = narrow(counts.characters);
+    chunk.words = narrow(counts.words);
+    chunk.newlines = narrow(counts.newlines);
+    chunk.breaks = narrow(counts.breaks);
+    chunk.lineFeeds = narrow(counts.lineFeeds);
+    chunk.carriageReturns = narrow(counts.carriageReturns);
+    chunk.pairs = narrow(counts.pairs);
+    chunk.beginsInWord = beginsInWord(bytes);
+    chunk.endsInWord = endsInWord(bytes);
+    chunk.endsWithBreak = endsWithNewline(bytes);
+    chunk.height = estimatedHeight(chunk);
+    return chunk;
+}
+
+std::uint32_t TextIndex::estimatedHeight(const TextChunk &chunk) const {
+    // Code points of three bytes are most often as wide as two letters.
+    const double extraBytes = chunk.bytes - chunk.characters;
+    const double columns = chunk.characters + extraBytes / 2;
+    const double lines = chunk.breaks + (chunk.endsWithBreak ? 0.0 : 1.0);
+    const double rowsPerLine = columns / std::max(lines, 1.0) / m_estimate.charactersPerRow;
+    const bool isCutFromLine = chunk.breaks == 0;
+    const double rows = isCutFromLine ? rowsPerLine : lines * (rowsPerLine <= 0.9 ? 1.0 : rowsPerLine + 0.5);
+    return static_cast<std::uint32_t>(std::max(1.0, rows) * m_estimate.rowHeight);
+}
+
+void TextIndex::replaceChunks(const Place &from, const Place &to, std::vector<TextChunk> chunks) {
+    Block &first = m_blocks[from.block];
+    std::vector<TextChunk> behind;
+    const Block &last = m_blocks[to.block];
+    behind.assign(last.chunks.begin() + static_cast<std::ptrdiff_t>(to.chunk) + 1, last.chunks.end());
+    const TextChunk lastReplaced = last.chunks[to.chunk];
+    const TextChunk lastNew = chunks.back();
+
+    first.chunks.resize(from.chunk);
+    first.chunks.insert(first.chunks.end(), chunks.begin(), chunks.end());
+    const std::size_t indexBehind = first.chunks.size();
+    first.chunks.insert(first.chunks.end(), behind.begin(), behind.end());
+    m_blocks.erase(m_blocks.begin() + static_cast<std::ptrdiff_t>(from.block) + 1,
+                   m_blocks.begin() + static_cast<std::ptrdiff_t>(to.block) + 1);
+
+    // The first word of the chunk behind may now belong to what is in front of it, or not any more.
+    Block *blockBehind = &m_blocks[from.block];
+    std::size_t chunkBehind = indexBehind;
+    if (chunkBehind == blockBehind->chunks.size() && from.block + 1 < m_blocks.size()) {
+        blockBehind = &m_blocks[from.block + 1];
+        chunkBehind = 0;
+    }
+    if (chunkBehind < blockBehind->chunks.size()) {
+        TextChunk &next = blockBehind->chunks[chunkBehind];
+        next.words += lastReplaced.endsInWord && next.beginsInWord ? 1U : 0U;
+        joinWords(lastNew, next);
+        sum(*blockBehind);
+    }
+
+    Block &changed = m_blocks[from.block];
+    if (changed.chunks.size() > mostChunksPerBlock) {
+        std::vector<TextChunk> all = std::move(changed.chunks);
+        std::vector<Block> pieces;
+        for (std::size_t i = 0; i < all.size(); i += chunksPerBlock) {
+            const auto begin = all.begin() + static_cast<std::ptrdiff_t>(i);
+            const auto end = all.begin() + static_cast<std::ptrdiff_t>(std::min(i + chunksPerBlock, all.size()));
+            pieces.push_back({std::vector<TextChunk>(begin, end), {}, 0});
+            sum(pieces.back());
+        }
+        const auto at = m_blocks.erase(m_blocks.begin() + static_cast<std::ptrdiff_t>(from.block));
+        m_blocks.insert(at, std::make_move_iterator(pieces.begin()), std::make_move_iterator(pieces.end()));
+    } else {
+        sum(changed);
+    }
+    sumAll();
+}
+
+void TextIndex::sum(Block &block) {
+    block.counts = {};
+    block.height = 0;
+    for (const TextChunk &chunk : block.chunks) {
+        block.counts += countsIn(chunk);
+        block.height += chunk.height;
+    }
+}
+
+void TextIndex::sumAll() {
+    m_total = {};
+    m_totalHeight = 0;
+    for (const Block &block : m_blocks) {
+        m_total += block.counts;
+        m_totalHeight += block.height;
+    }
+}
+
+template<typename Amount> TextIndex::Place TextIndex::find(std::uint64_t number, Amount amount) const {
+    Place place;
+    while (place.block + 1 < m_blocks.size()) {
+        const Block &block = m_blocks[place.block];
+        if (number < amount(place.before, place.heightBefore) + amount(block.counts, block.height)) {
+            break;
+        }
+        place.before += block.counts;
+        place.heightBefore += block.height;
+        ++place.block;
+    }
+    const std::vector<TextChunk> &chunks = m_blocks[place.block].chunks;
+    while (place.chunk + 1 < chunks.size()) {
+        const TextChunk &chunk = chunks[place.chunk];
+        const TextCounts counts = countsIn(chunk);
+        if (number < amount(place.before, place.heightBefore) + amount(counts, chunk.height)) {
+            break;
+        }
+        place.before += counts;
+        place.heightBefore += chunk.height;
+        ++place.chunk;
+    }
+    return place;
+}
+
+TextIndex::Place TextIndex::atOffset(std::size_t offset) const {
+    return find(offset, [](const TextCounts &counts, std::uint64_t) { return counts.bytes; });
+}
+
+TextIndex::Place TextIndex::atBreak(std::size_t number) const {
+    return find(number, [](const TextCounts &counts, std::uint64_t) { return counts.breaks; });
+}
+
+TextIndex::Place TextIndex::atUnit(std::size_t unit) const {
+    return find(unit, [](const TextCounts &counts, std::uint64_t) { return counts.units; });
+}
+
+TextIndex::Place TextIndex::atHeight(std::uint64_t height) const {
+    return find(height, [](const TextCounts &, std::uint64_t pixels) { return pixels; });
+}
+
+bool TextIndex::isLast(const Place &place) const {
+    return place.block + 1 == m_blocks.size() && place.chunk + 1 == m_blocks.back().chunks.size();
+}
+
+TextIndex::Place TextIndex::next(Place place) const {
+    assert(!isLast(place));
+    const TextChunk &chunk = at(place);
+    place.before += countsIn(chunk);
+    place.heightBefore += chunk.height;
+    if (++place.chunk == m_blocks[place.block].chunks.size()) {
+        ++place.block;
+        place.chunk = 0;
+    }
+    return place;
+}
+
+TextIndex::Place TextIndex::previous(Place place) const {
+    assert(!isFirst(place));
+    if (place.chunk == 0) {
+        --place.block;
+        place.chunk = m_blocks[place.block].chunks.size();
+    }
+    --place.chunk;
+    const TextChunk &chunk = at(place);
+    place.before -= countsIn(chunk);
+    place.heightBefore -= chunk.height;
+    return place;
+}
+
+void TextIndex::resetHeights(const HeightEstimate &estimate) {
+    m_estimate = estimate;
+    for (Block &block : m_blocks) {
+        for (TextChunk &chunk : block.chunks) {
+            chunk.height = estimatedHeight(chunk);
+            chunk.lead = 0;
+        }
+        sum(block);
+    }
+    sumAll();
+}
+
+void TextIndex::setHeight(const Place &place, std::uint32_t height) {
+    TextChunk &chunk = m_blocks[place.block].chunks[place.chunk];
+    m_blocks[place.block].height += height;
+    m_blocks[place.block].height -= chunk.height;
+    m_totalHeight += height;
+    m_totalHeight -= chunk.height;
+    chunk.height = height;
+}
+
+void TextIndex::setLead(const Place &place, std::uint32_t lead) {
+    m_blocks[place.block].chunks[place.chunk].lead = lead;
+}
+
+} // namespace lexivore

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+//
+// The text is read in windows that overlap by the length of the longest possible match, so that it is never joined.
+#include "ui/editor/text_search.h"
+
+#include "engine/primitives/byte_search.h"
+#include "engine/primitives/utf8.h"
+#include "ui/editor/text_boundaries.h"
+
+#include <QChar>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace lexivore {
+
+namespace {
+
+constexpr std::size_t windowBytes = 256 * 1024;
+
+/// Finds the needle in runs of bytes.
+class Finder {
+public:
+    Finder(std::string_view needle, TextSearch search) : m_needle(needle), m_isExact(search.isCaseSensitive) {
+        for (const char *position = needle.data(); position != needle.data() + needle.size();) {
+            const DecodedCodePoint decoded = decode(position, needle.data() + needle.size());
+            m_folded.push_back(QChar::toCaseFolded(decoded.value));
+            position += decoded.length;
+        }
+    }
+
+    [[nodiscard]] bool isEmpty() const { return m_needle.empty(); }
+    /// No match is longer than this.
+    [[nodiscard]] std::size_t longestMatch() const { return m_isExact ? m_needle.size() : 4 * m_folded.size(); }
+
+    /// The first match that begins at or behind `from`, which lies between code points.
+    [[nodiscard]] std::optional<TextMatch> find(std::string_view bytes, std::size_t from) const {
+        if (m_isExact) {
+            const std::size_t found = findBytes(bytes.substr(from), m_needle);
+            if (found == std::string_view::npos) {
+                return {};
+            }
+            return TextMatch{from + found, m_needle.size()};
+        }
+        const char *const end = bytes.data() + bytes.size();
+        for (const char *position = bytes.data() + from; position < end;) {
+            const DecodedCodePoint decoded = decode(position, end);
+            if (folded(decoded.value) == m_folded.front()) {
+                const std::size_t length = matchLength(position, end);
+                if (length != 0) {
+                    return TextMatch{static_cast<std::size_t>(position - bytes.data()), length};
+                }
+            }
+            position += decoded.length;
+        }
+        return {};
+    }
+
+private:
+    static char32_t folded(char32_t codePoint) {
+        if (codePoint < 0x80) {
+            return codePoint >= U'A' && codePoint <= U'Z' ? codePoint + 0x20 : codePoint;
+        }
+        return QChar::toCaseFolded(codePoint);
+    }
+
+    [[nodiscard]] std::size_t matchLength(const char *begin, const char *end) const {
+        const char *position = begin;
+        for (const char32_t wanted : m_folded) {
+            if (position == end) {
+                return 0;
+            }
+            const DecodedCodePoint decoded = decode(position, end);
+            if (folded(decoded.value) != wanted) {
+                return 0;
+            }
+            position += decoded.length;
+        }
+        return static_cast<std::size_t>(position - begin);
+    }
+
+    std::string_view m_needle;
+    std::vector<char32_t> m_folded;
+    bool m_isExact;
+};
+
+/// Calls `visit(TextMatch)` with the matches within the range in order until it says false. Matches may overlap only
+/// when they are wanted to.
+template<typename Visit>
+void forEachMatch(const Text &text, const Finder &finder, std::size_t from, std::size_t to, bool overlapping,
+                  Visit &&visit) {
+    std::string scratch;
+    while (from < to) {
+        const std::size_t end = std::min(from + windowBytes + finder.longestMatch(), to);
+        const std::string_view bytes = readText(text, from, end - from, scratch);
+        std::size_t position = 0;
+        while (position < bytes.size() && isContinuationByte(bytes[position])) {
+            ++position;
+        }
+        while (position < windowBytes) {
+            const auto match = finder.find(bytes, position);
+            if (!match || match->offset >= windowBytes) {
+                break;
+            }
+            if (!visit(TextMatch{from + match->offset, match->length})) {
+                return;
+            }
+            const char *const found = bytes.data() + match->offset;
+            const std::size_t step = overlapping ? decode(found, bytes.data() + bytes.size()).length : match->length;
+            position = match->offset + step;
+        }
+        from += std::max(position, windowBytes);
+    }
+}
+
+} // namespace
+
+std::optional<TextMatch> findForward(const Text &text, std::string_view needle, std::size_t from, TextSearch search) {
+    std::optional<TextMatch> first;
+    if (!needle.empty()) {
+        forEachMatch(text, Finder(needle, search), from, text.size(), true, [&first](TextMatch match) {
+            first = match;
+            return false;
+        });
+    }
+    return first;
+}
+
+std::optional<TextMatch> findBackward(const Text &text, std::string_view needle, std::size_t to, TextSearch search) {
+    std::optional<TextMatch> last;
+    if (needle.empty()) {
+        return last;
+    }
+    const Finder finder(needle, search);
+    to = std::min(to, text.size());
+    for (std::size_t windowEnd = to; windowEnd > 0 && !last;) {
+        const std::size_t windowBegin = windowEnd - std::min(windowEnd, windowBytes);
+        // What begins in this window may end behind it.
+        const std::size_t limit = std::min(windowEnd + finder.longestMatch(), to);
+        forEachMatch(text, finder, windowBegin, limit, true, [&last](TextMatch match) {
+            last = match;
+            return true;
+        });
+        windowEnd = windowBegin;
+    }
+    return last;
+}
+
+std::size_t countMatches(const Text &text, std::string_view needle, TextSearch search) {
+    std::size_t count = 0;
+    if (!needle.empty()) {
+        forEachMatch(text, Finder(needle, search), 0, text.size(), false, [&count](TextMatch) {
+            ++count;
+            return true;
+        });
+    }
+    return count;
+}
+
+} // namespace lexivore
