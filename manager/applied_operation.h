@@ -7,6 +7,7 @@
 #include <QUuid>
 
 #include <string>
+#include <vector>
 
 namespace lexivore {
 
@@ -31,5 +32,10 @@ struct AppliedOperation {
     /// Two operations are the same when their ids are; nothing else takes part.
     bool operator==(const AppliedOperation &other) const { return id == other.id; }
 };
+
+/// True when all fields are equal, not only the ids.
+[[nodiscard]] bool haveSameFields(const AppliedOperation &left, const AppliedOperation &right);
+[[nodiscard]] bool haveSameFields(const std::vector<AppliedOperation> &left,
+                                  const std::vector<AppliedOperation> &right);
 
 } // namespace lexivore

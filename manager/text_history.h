@@ -4,6 +4,7 @@
 
 #include "engine/text.h"
 #include "manager/applied_operation.h"
+#include "manager/operations_run.h"
 
 #include <cstddef>
 #include <variant>
@@ -15,8 +16,12 @@ namespace lexivore {
 struct TextHistoryState {
     Text text;
     std::vector<AppliedOperation> operations;
+    /// What the last run of `operations` had to report. Goes with the state, but takes no part in the comparison.
+    OperationProblems problems = {};
 
-    bool operator==(const TextHistoryState &) const = default;
+    bool operator==(const TextHistoryState &other) const {
+        return text == other.text && operations == other.operations;
+    }
 };
 
 /// The kind of change that a history entry takes back. Indices are positions in the stack before the change.
