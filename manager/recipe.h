@@ -37,6 +37,9 @@ struct Recipe {
     [[nodiscard]] bool isTemplate() const { return category != RecipeCategory::user; }
 };
 
+/// True when all fields are equal, those of the operations included.
+[[nodiscard]] bool haveSameFields(const Recipe &left, const Recipe &right);
+
 /// The thirteen built-in recipes, with fresh ids and times at each call.
 [[nodiscard]] std::vector<Recipe> makeRecipeTemplates();
 
