@@ -9,11 +9,11 @@ namespace lexivore {
 
 /// Names of everything that is kept between runs.
 namespace preference {
-inline constexpr char favorites[] = "favorites";                                     ///< list of strings
-inline constexpr char recipes[] = "recipes";                                         ///< data (QByteArray)
-inline constexpr char editorFontSize[] = "editorFontSize";                           ///< number, points
+inline constexpr char favorites[] = "favorites";                                           ///< list of strings
+inline constexpr char recipes[] = "recipes";                                               ///< data (QByteArray)
+inline constexpr char editorFontSize[] = "editorFontSize";                                 ///< number, points
 inline constexpr char dontShowReplaceOperationsAlert[] = "dontShowReplaceOperationsAlert"; ///< Boolean
-inline constexpr char hasText[] = "hasText";                                         ///< Boolean
+inline constexpr char hasText[] = "hasText";                                               ///< Boolean
 } // namespace preference
 
 /// The user's typed key-value store: lists, numbers, Booleans, texts and data keep their types.

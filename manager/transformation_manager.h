@@ -5,12 +5,14 @@
 #include "engine/catalog.h"
 #include "engine/text.h"
 #include "manager/applied_operation.h"
+#include "manager/operations_run.h"
 #include "manager/recipe.h"
 #include "manager/text_history.h"
 
 #include <QObject>
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -41,11 +43,13 @@ public:
     [[nodiscard]] TransformationPointer findTransformation(std::string_view id) const;
 
     [[nodiscard]] const std::set<std::string, std::less<>> &favorites() const { return m_favorites; }
-    [[nodiscard]] const Text &currentText() const { return m_currentText; }
+    [[nodiscard]] const Text &currentText() const { return m_state.currentText; }
     /// The base text from which the operations stack is re-run.
-    [[nodiscard]] const Text &originalText() const { return m_originalText; }
-    [[nodiscard]] const std::vector<AppliedOperation> &appliedOperations() const { return m_appliedOperations; }
+    [[nodiscard]] const Text &originalText() const { return m_state.originalText; }
+    [[nodiscard]] const std::vector<AppliedOperation> &appliedOperations() const { return m_state.appliedOperations; }
     [[nodiscard]] const TextHistory &history() const { return m_history; }
+    /// Which of the applied operations had no effect when the stack was last run, and why.
+    [[nodiscard]] const OperationProblems &operationProblems() const { return m_state.problems; }
     [[nodiscard]] const std::vector<Recipe> &recipes() const { return m_recipes; }
     [[nodiscard]] const std::optional<Recipe> &selectedRecipe() const { return m_selectedRecipe; }
     void setSelectedRecipe(std::optional<Recipe> recipe);
@@ -54,18 +58,23 @@ public:
     void setCurrentText(Text text);
     /// The user's typing: `length` bytes at byte `offset` become `replacement`. Does not cost the size of the text.
     void editCurrentText(std::size_t offset, std::size_t length, std::string_view replacement);
-    /// Back to the base text with an empty stack, without a history entry.
+    /// Back to the base text with an empty stack, without a history entry. An empty stack does nothing.
     void returnToOriginalText();
 
-    /// Applies to the current text and appends to the stack. Throws TransformationError; see `apply` there.
+    /// Applies to the current text and appends to the stack. Passes on what `TextTransformation::apply` throws; the
+    /// text and the stack are then as before, but the history entry stays. An empty text is refused before any change.
     void applyTransformation(const TextTransformation &transformation, const ParameterMap &parameters);
     void toggleOperation(std::size_t index);
     void removeOperation(std::size_t index);
     /// `to` counts after the removal, so the operation ends at that index.
     void moveOperation(std::size_t from, std::size_t to);
+    /// Gives the operation other parameters, in its place and with its id, and runs the stack again.
+    /// False, and nothing recorded, when the index is out of range or the parameters are the same.
+    bool editOperationParameters(std::size_t index, ParameterMap parameters);
     void clearOperations();
     void clearAll();
-    /// Runs every enabled operation over the base text. A failing one is skipped and reported on standard output.
+    /// Runs every enabled operation over the base text. A failing one is skipped, reported on standard output and noted
+    /// in `operationProblems`.
     void reapplyOperations();
 
     void undo();
@@ -78,6 +87,10 @@ public:
     void applyRecipe(const Recipe &recipe);
     /// Puts the built-in templates in front when none is there.
     void ensureTemplates();
+    /// The recipes that the user made, in their order.
+    [[nodiscard]] std::vector<Recipe> userRecipes() const;
+    /// Appends the recipes as the user's own, with fresh ids.
+    void importRecipes(std::vector<Recipe> recipes);
 
     void loadFavorites();
     void saveFavorites();
@@ -90,17 +103,36 @@ signals:
     void currentTextChanged();
     void originalTextChanged();
     void appliedOperationsChanged();
+    void operationProblemsChanged();
+    /// An entry was recorded, taken back or forgotten: what can be undone or redone may be different now.
+    void historyChanged();
     void recipesChanged();
     void selectedRecipeChanged();
 
 private:
+    /// The fields that operations change together.
+    struct State {
+        Text currentText;
+        Text originalText;
+        std::vector<AppliedOperation> appliedOperations;
+        OperationProblems problems;
+    };
+
+    [[nodiscard]] static TextHistoryState snapshot(const State &state);
+    void record(const State &before, HistoryActionType action);
+    void apply(State &state, const TextTransformation &transformation, const ParameterMap &parameters);
+    void reapply(State &state) const;
+    void reapplyOrReturnToOriginal(State &state) const;
+    void restore(TextHistoryState restored, bool emptyStackShowsOriginalText);
+    void publish(State next);
+    void publishRecipes(std::vector<Recipe> next);
+
     Preferences &m_preferences;
     Catalog m_transformations;
     std::set<std::string, std::less<>> m_favorites;
-    Text m_currentText;
-    Text m_originalText;
-    std::vector<AppliedOperation> m_appliedOperations;
+    State m_state;
     TextHistory m_history;
+    bool m_historyHasChanged = false; ///< Since the last time that it was announced.
     std::vector<Recipe> m_recipes;
     std::optional<Recipe> m_selectedRecipe;
 };

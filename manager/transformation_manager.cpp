@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+//
+// Every operation works on a copy of the state, which costs next to nothing, and publishes it at the end: whatever is
+// thrown on the way leaves the published fields as they were, and each changed one is announced once.
+#include "manager/transformation_manager.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace lexivore {
+
+namespace {
+
+template<typename Container> auto at(Container &container, std::size_t index) {
+    return std::next(container.begin(), static_cast<std::ptrdiff_t>(index));
+}
+
+} // namespace
+
+TransformationManager::TransformationManager(Preferences &preferences, QObject *parent)
+    : QObject(parent), m_preferences(preferences), m_transformations(makeCatalog()) {
+    loadFavorites();
+    loadRecipes();
+}
+
+TransformationManager::~TransformationManager() = default;
+
+Catalog TransformationManager::transformations(TransformationCategory category) const {
+    if (category == TransformationCategory::favorites) {
+        return favoriteTransformations();
+    }
+    Catalog found;
+    std::ranges::copy_if(m_transformations, std::back_inserter(found),
+                         [&](const TransformationPointer &entry) { return entry->category() == category; });
+    return found;
+}
+
+Catalog TransformationManager::favoriteTransformations() const {
+    Catalog found;
+    std::ranges::copy_if(m_transformations, std::back_inserter(found),
+                         [&](const TransformationPointer &entry) { return m_favorites.contains(entry->id()); });
+    return found;
+}
+
+TransformationPointer TransformationManager::findTransformation(std::string_view id) const {
+    return lexivore::findTransformation(m_transformations, id);
+}
+
+void TransformationManager::setCurrentText(Text text) {
+    State next = m_state;
+    next.currentText = std::move(text);
+    publish(std::move(next));
+}
+
+void TransformationManager::editCurrentText(std::size_t offset, std::size_t length, std::string_view replacement) {
+    setCurrentText(m_state.currentText.replaced(offset, length, replacement));
+}
+
+void TransformationManager::returnToOriginalText() {
+    if (m_state.appliedOperations.empty()) {
+        return; // then the base text belongs to a stack that is gone
+    }
+    State next = m_state;
+    next.currentText = next.originalText;
+    next.appliedOperations.clear();
+    next.problems.clear();
+    publish(std::move(next));
+}
+
+void TransformationManager::applyTransformation(const TextTransformation &transformation,
+                                                const ParameterMap &parameters) {
+    State next = m_state;
+    try {
+        apply(next, transformation, parameters);
+    } catch (...) {
+        publish(std::move(next)); // it may have become the base text of a new stack
+        throw;
+    }
+    publish(std::move(next));
+}
+
+/// One application, without publishing. When it throws, `state` is what has to be published all the same.
+void TransformationManager::apply(State &state, const TextTransformation &transformation,
+                                  const ParameterMap &parameters) {
+    if (state.currentText.empty()) {
+        throw TransformationError::invalidInput("Text is empty");
+    }
+    record(state, HistoryTransformation{});
+    if (state.appliedOperations.empty()) {
+        state.originalText = state.currentText;
+    }
+    Text result(transformation.apply(state.currentText.view(), parameters));
+    state.appliedOperations.push_back(
+        {.transformation = transformation.id(), .transformationName = transformation.name(), .parameters = parameters});
+    state.currentText = std::move(result);
+}
+
+void TransformationManager::toggleOperation(std::size_t index) {
+    if (index >= m_state.appliedOperations.size()) {
+        return;
+    }
+    State next = m_state;
+    AppliedOperation &operation = next.appliedOperations[index];
+    operation.isEnabled = !operation.isEnabled;
+    reapply(next);
+    record(m_state, HistoryToggle{index});
+    publish(std::move(next));
+}
+
+void TransformationManager::removeOperation(std::size_t index) {
+    if (index >= m_state.appliedOperations.size()) {
+        return;
+    }
+    State next = m_state;
+    next.appliedOperations.erase(at(next.appliedOperations, index));
+    reapplyOrReturnToOriginal(next);
+    record(m_state, HistoryRemoval{index, m_state.appliedOperations[index]});
+    publish(std::move(next));
+}
+
+void TransformationManager::moveOperation(std::size_t from, std::size_t to) {
+    const std::size_t count = m_state.appliedOperations.size();
+    if (from >= count || to >= count || from == to) {
+        return;
+    }
+    State next = m_state;
+    auto &operations = next.appliedOperations;
+    if (from < to) {
+        std::rotate(at(operations, from), at(operations, from + 1), at(operations, to + 1));
+    } else {
+        std::rotate(at(operations, to), at(operations, from), at(operations, from + 1));
+    }
+    reapply(next);
+    record(m_state, HistoryMove{from, to});
+    publish(std::move(next));
+}
+
+bool TransformationManager::editOperationParameters(std::size_t index, ParameterMap parameters) {
+    if (index >= m_state.appliedOperations.size() || m_state.appliedOperations[index].parameters == parameters) {
+        return false;
+    }
+    State next = m_state;
+    next.appliedOperations[index].parameters = std::move(parameters);
+    reapply(next);
+    record(m_state, HistoryTransformation{});
+    publish(std::move(next));
+    return true;
+}
+
+void TransformationManager::clearOperations() {
+    if (m_state.appliedOperations.empty()) {
+        return;
+    }
+    State next = m_state;
+    next.appliedOperations.clear();
+    reapplyOrReturnToOriginal(next);
+    record(m_state, HistoryTransformation{});
+    publish(std::move(next));
+}
+
+void TransformationManager::clearAll() {
+    m_historyHasChanged = !m_history.undoStack().empty() || !m_history.redoStack().empty();
+    m_history.clear();
+    publish(State());
+}
+
+void TransformationManager::reapplyOperations() {
+    State next = m_state;
+    reapply(next);
+    publish(std::move(next));
+}
+
+void TransformationManager::reapply(State &state) const {
+    const OperationsRun run(m_transformations, state.originalText, state.appliedOperations);
+    state.currentText = run.result();
+    state.problems = run.problems();
+}
+
+void TransformationManager::reapplyOrReturnToOriginal(State &state) const {
+    if (state.appliedOperations.empty()) {
+        state.currentText = state.originalText;
+        state.problems.clear();
+    } else {
+        reapply(state);
+    }
+}
+
+void TransformationManager::undo() {
+    if (!m_history.undoStack().empty()) {
+        restore(m_history.undo(snapshot(m_state)), true);
+    }
+}
+
+void TransformationManager::redo() {
+    if (!m_history.redoStack().empty()) {
+        restore(m_history.redo(snapshot(m_state)), false);
+    }
+}
+
+void TransformationManager::restore(TextHistoryState restored, bool emptyStackShowsOriginalText) {
+    const bool showOriginalText = emptyStackShowsOriginalText && restored.operations.empty();
+    m_historyHasChanged = true;
+    publish({.currentText = showOriginalText ? m_state.originalText : std::move(restored.text),
+             .originalText = m_state.originalText,
+             .appliedOperations = std::move(restored.operations),
+             .problems = std::move(restored.problems)});
+}
+
+TextHistoryState TransformationManager::snapshot(const State &state) {
+    return {state.currentText, state.appliedOperations, state.problems};
+}
+
+void TransformationManager::record(const State &before, HistoryActionType action) {
+    m_history.push(snapshot(before), std::move(action));
+    m_historyHasChanged = true;
+}
+
+/// Makes `next` the published state and announces what is different. An equal text stays the value that it was, so that
+/// a transformation without effect keeps no second copy.
+void TransformationManager::publish(State next) {
+    const bool currentTextIsNew = next.currentText != m_state.currentText;
+    const bool originalTextIsNew = next.originalText != m_state.originalText;
+    const bool operationsAreNew = !haveSameFields(next.appliedOperations, m_state.appliedOperations);
+    const bool problemsAreNew = next.problems != m_state.problems;
+    const bool historyIsNew = std::exchange(m_historyHasChanged, false);
+    if (!currentTextIsNew) {
+        next.currentText = m_state.currentText;
+    }
+    if (!originalTextIsNew) {
+        next.originalText = m_state.originalText;
+    }
+    m_state = std::move(next);
+
+    if (currentTextIsNew) {
+        emit currentTextChanged();
+    }
+    if (originalTextIsNew) {
+        emit originalTextChanged();
+    }
+    if (operationsAreNew) {
+        emit appliedOperationsChanged();
+    }
+    if (problemsAreNew) {
+        emit operationProblemsChanged();
+    }
+    if (historyIsNew) {
+        emit historyChanged();
+    }
+}
+
+} // namespace lexivore

@@ -1,0 +1,529 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "manager/transformation_manager.h"
+
+#include "tests/manager/change_counter.h"
+#include "tests/support/allocation.h"
+#include "tests/support/memory_preferences.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lexivore {
+namespace {
+
+/// Known to no catalog; does what the test says.
+class OwnTransformation final : public TextTransformation {
+public:
+    explicit OwnTransformation(void (*act)())
+        : TextTransformation("own", "Own", "", TransformationCategory::lines, ""), m_act(act) {}
+    TextBuffer apply(std::string_view text, const ParameterMap &) const override {
+        m_act();
+        return TextBuffer("own " + std::string(text));
+    }
+
+private:
+    void (*m_act)();
+};
+
+class ManagerStory : public testing::Test {
+protected:
+    void apply(std::string_view id, const ParameterMap &parameters = {}) {
+        manager.applyTransformation(*manager.findTransformation(id), parameters);
+    }
+    /// The description of what `apply` throws, or nothing.
+    std::string errorOfApplying(std::string_view id, const ParameterMap &parameters = {}) {
+        try {
+            apply(id, parameters);
+        } catch (const TransformationError &error) {
+            return error.description();
+        }
+        return {};
+    }
+    std::string_view text() const { return manager.currentText().view(); }
+    std::string_view original() const { return manager.originalText().view(); }
+    /// The ids on the stack, a disabled one in brackets.
+    std::string stack() const {
+        std::string all;
+        for (const AppliedOperation &operation : manager.appliedOperations()) {
+            const std::string &id = operation.transformation;
+            all += (all.empty() ? "" : " ") + (operation.isEnabled ? id : "(" + id + ")");
+        }
+        return all;
+    }
+    std::size_t undoCount() const { return manager.history().undoStack().size(); }
+    std::size_t redoCount() const { return manager.history().redoStack().size(); }
+    template<typename Action> const Action *lastAction() const {
+        return std::get_if<Action>(&manager.history().undoStack().back().action);
+    }
+
+    test::MemoryPreferences preferences;
+    TransformationManager manager{preferences};
+    test::ChangeCounter changes{manager};
+};
+
+TEST_F(ManagerStory, StartsEmptyWithTheWholeCatalog) {
+    EXPECT_EQ(manager.transformations().size(), 58U);
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(original(), "");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 0U);
+    EXPECT_EQ(redoCount(), 0U);
+    EXPECT_TRUE(manager.recipes().empty());
+    EXPECT_TRUE(manager.favorites().empty());
+    EXPECT_FALSE(manager.selectedRecipe().has_value());
+    EXPECT_EQ(preferences.writeCount(), 0);
+}
+
+TEST_F(ManagerStory, ListsACategoryInCatalogOrder) {
+    std::string names;
+    for (const TransformationPointer &entry : manager.transformations(TransformationCategory::sorting)) {
+        names += entry->name() + "|";
+    }
+    EXPECT_EQ(names, "Sort Lines Alphabetically|Sort Lines (Reverse)|Sort Lines by Length|Shuffle Lines|"
+                     "Sort Words Alphabetically|Reverse Words in Line|");
+    EXPECT_TRUE(manager.transformations(TransformationCategory::favorites).empty());
+}
+
+TEST_F(ManagerStory, FindsATransformationByItsExactId) {
+    ASSERT_NE(manager.findTransformation("trim-lines"), nullptr);
+    EXPECT_EQ(manager.findTransformation("trim-lines")->name(), "Trim Lines");
+    EXPECT_EQ(manager.findTransformation("Trim-lines"), nullptr);
+    EXPECT_EQ(manager.findTransformation(""), nullptr);
+}
+
+TEST_F(ManagerStory, TypingChangesTheCurrentTextAlone) {
+    manager.setCurrentText(Text("Hello"));
+    EXPECT_EQ(changes.take(), "currentText");
+    manager.editCurrentText(5, 0, " world");
+    EXPECT_EQ(text(), "Hello world");
+    EXPECT_EQ(changes.take(), "currentText");
+    manager.editCurrentText(0, 5, "Hello");
+    manager.setCurrentText(Text("Hello world"));
+    EXPECT_EQ(changes.take(), "");
+    EXPECT_EQ(original(), "");
+    EXPECT_EQ(undoCount(), 0U);
+}
+
+TEST_F(ManagerStory, ApplyingToAnEmptyTextChangesNothing) {
+    EXPECT_EQ(errorOfApplying("uppercase"), "Invalid input: Text is empty");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 0U);
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, ApplyingAppendsToTheStackAndKeepsTheBase) {
+    manager.setCurrentText(Text(" b\na "));
+    changes.take();
+    const Timestamp before = Timestamp::now();
+
+    apply("trim-lines");
+    EXPECT_EQ(text(), "b\na");
+    EXPECT_EQ(original(), " b\na ");
+    EXPECT_EQ(undoCount(), 1U);
+    EXPECT_EQ(changes.take(), "currentText originalText operations history");
+
+    apply("add-prefix", {{"prefix", "> "}});
+    EXPECT_EQ(text(), "> b\n> a");
+    EXPECT_EQ(original(), " b\na ");
+    EXPECT_EQ(stack(), "trim-lines add-prefix");
+    EXPECT_EQ(undoCount(), 2U);
+    EXPECT_NE(lastAction<HistoryTransformation>(), nullptr);
+    EXPECT_EQ(changes.take(), "currentText operations history");
+
+    const AppliedOperation &last = manager.appliedOperations().back();
+    EXPECT_EQ(last.transformationName, "Add Prefix");
+    EXPECT_EQ(last.parameters, (ParameterMap{{"prefix", "> "}}));
+    EXPECT_TRUE(last.isEnabled);
+    EXPECT_FALSE(last.id.isNull());
+    EXPECT_NE(last.id, manager.appliedOperations().front().id);
+    EXPECT_GE(last.timestamp.secondsSinceReferenceDate, before.secondsSinceReferenceDate);
+    EXPECT_LE(last.timestamp.secondsSinceReferenceDate, Timestamp::now().secondsSinceReferenceDate);
+}
+
+TEST_F(ManagerStory, AnApplicationWithoutEffectKeepsTheTextAndStillCounts) {
+    manager.setCurrentText(Text("abc"));
+    const Text before = manager.currentText();
+    changes.take();
+    apply("lowercase");
+    EXPECT_TRUE(manager.currentText().sharesAllWith(before));
+    EXPECT_EQ(stack(), "lowercase");
+    EXPECT_EQ(changes.take(), "originalText operations history");
+}
+
+TEST_F(ManagerStory, AFailedApplicationKeepsItsHistoryEntryAndForgetsRedo) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    manager.undo();
+    manager.setCurrentText(Text("not base64!"));
+    ASSERT_EQ(redoCount(), 1U);
+    changes.take();
+
+    EXPECT_EQ(errorOfApplying("base64-decode"), "Invalid input: Invalid Base64 string");
+    EXPECT_EQ(text(), "not base64!");
+    EXPECT_EQ(original(), "not base64!");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 1U);
+    EXPECT_EQ(redoCount(), 0U);
+    EXPECT_EQ(changes.take(), "originalText history");
+
+    apply("lowercase");
+    EXPECT_EQ(errorOfApplying("hex-decode"), "Invalid input: Invalid hexadecimal string");
+    EXPECT_EQ(stack(), "lowercase");
+    EXPECT_EQ(undoCount(), 3U);
+}
+
+TEST_F(ManagerStory, RunningOutOfMemoryFollowsTheRuleOfAnyError) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    changes.take();
+    const OwnTransformation exhausting([] { throw std::bad_alloc(); });
+    EXPECT_THROW(manager.applyTransformation(exhausting, {}), std::bad_alloc);
+    EXPECT_EQ(text(), "ABC");
+    EXPECT_EQ(stack(), "uppercase");
+    EXPECT_EQ(undoCount(), 2U);
+    EXPECT_EQ(changes.take(), "history");
+}
+
+TEST_F(ManagerStory, DisablingAndEnablingTheOnlyOperation) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    changes.take();
+
+    manager.toggleOperation(0);
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(stack(), "(uppercase)");
+    EXPECT_EQ(undoCount(), 2U);
+    ASSERT_NE(lastAction<HistoryToggle>(), nullptr);
+    EXPECT_EQ(lastAction<HistoryToggle>()->index, 0U);
+    EXPECT_EQ(changes.take(), "currentText operations history");
+
+    manager.toggleOperation(0);
+    EXPECT_EQ(text(), "ABC");
+    EXPECT_EQ(stack(), "uppercase");
+    EXPECT_EQ(undoCount(), 3U);
+    EXPECT_EQ(changes.take(), "currentText operations history");
+}
+
+TEST_F(ManagerStory, AnOperationThatFailsInARerunIsSkippedReportedAndNoted) {
+    manager.setCurrentText(Text("plain text!"));
+    apply("base64-encode");
+    apply("base64-decode");
+    apply("uppercase");
+    EXPECT_EQ(text(), "PLAIN TEXT!");
+    changes.take();
+
+    testing::internal::CaptureStdout();
+    manager.toggleOperation(0);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "Error reapplying operation: Invalid input: Invalid Base64 string\n");
+    EXPECT_EQ(text(), "PLAIN TEXT!");
+    EXPECT_EQ(changes.take(), "operations problems history");
+    const OperationProblems expected = {
+        {manager.appliedOperations()[1].id, {OperationProblem::Kind::failed, "Invalid input: Invalid Base64 string"}}};
+    EXPECT_EQ(manager.operationProblems(), expected);
+
+    testing::internal::CaptureStdout();
+    manager.undo();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), ""); // restored, not run
+    EXPECT_TRUE(manager.operationProblems().empty());
+    EXPECT_EQ(changes.take(), "operations problems history");
+    manager.redo();
+    EXPECT_EQ(manager.operationProblems(), expected);
+    EXPECT_EQ(changes.take(), "operations problems history");
+
+    manager.removeOperation(1);
+    EXPECT_TRUE(manager.operationProblems().empty());
+    EXPECT_EQ(stack(), "(base64-encode) uppercase");
+    EXPECT_EQ(changes.take(), "operations problems history");
+}
+
+TEST_F(ManagerStory, AnUnknownOperationStaysOnTheStackWithoutEffect) {
+    manager.setCurrentText(Text("abc"));
+    manager.applyTransformation(OwnTransformation([] {}), {});
+    EXPECT_EQ(text(), "own abc");
+    apply("uppercase");
+    changes.take();
+
+    testing::internal::CaptureStdout();
+    manager.reapplyOperations();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(text(), "ABC");
+    EXPECT_EQ(stack(), "own uppercase");
+    EXPECT_EQ(undoCount(), 2U);
+    EXPECT_EQ(manager.operationProblems().at(manager.appliedOperations()[0].id).kind,
+              OperationProblem::Kind::unknownTransformation);
+    EXPECT_EQ(changes.take(), "currentText problems");
+}
+
+TEST_F(ManagerStory, RemovingTheLastOperationRestoresTheBaseWithoutRunning) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    const AppliedOperation removed = manager.appliedOperations().front();
+    changes.take();
+
+    manager.removeOperation(0);
+    EXPECT_EQ(text(), "abc");
+    EXPECT_TRUE(manager.currentText().sharesAllWith(manager.originalText()));
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 2U);
+    ASSERT_NE(lastAction<HistoryRemoval>(), nullptr);
+    EXPECT_EQ(lastAction<HistoryRemoval>()->index, 0U);
+    EXPECT_TRUE(haveSameFields(lastAction<HistoryRemoval>()->operation, removed));
+    EXPECT_EQ(changes.take(), "currentText operations history");
+}
+
+TEST_F(ManagerStory, MovingEndsAtTheIndexAfterTheRemoval) {
+    manager.setCurrentText(Text("b"));
+    apply("add-prefix", {{"prefix", "1"}});
+    apply("add-prefix", {{"prefix", "2"}});
+    apply("add-suffix", {{"suffix", "3"}});
+    apply("uppercase");
+    EXPECT_EQ(text(), "21B3");
+    changes.take();
+
+    manager.moveOperation(0, 2);
+    EXPECT_EQ(stack(), "add-prefix add-suffix add-prefix uppercase");
+    EXPECT_EQ(text(), "12B3");
+    ASSERT_NE(lastAction<HistoryMove>(), nullptr);
+    EXPECT_EQ(lastAction<HistoryMove>()->from, 0U);
+    EXPECT_EQ(lastAction<HistoryMove>()->to, 2U);
+    EXPECT_EQ(undoCount(), 5U);
+    EXPECT_EQ(changes.take(), "currentText operations history");
+
+    manager.moveOperation(3, 0);
+    EXPECT_EQ(stack(), "uppercase add-prefix add-suffix add-prefix");
+    EXPECT_EQ(text(), "12B3");
+    EXPECT_EQ(changes.take(), "operations history");
+
+    manager.moveOperation(1, 1);
+    EXPECT_EQ(undoCount(), 6U);
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, EditingParametersKeepsPlaceAndIdentity) {
+    manager.setCurrentText(Text("b"));
+    apply("add-prefix", {{"prefix", "1"}});
+    apply("add-prefix", {{"prefix", "2"}});
+    const AppliedOperation before = manager.appliedOperations().front();
+    changes.take();
+
+    EXPECT_TRUE(manager.editOperationParameters(0, {{"prefix", "x"}}));
+    EXPECT_EQ(text(), "2xb");
+    EXPECT_EQ(undoCount(), 3U);
+    EXPECT_NE(lastAction<HistoryTransformation>(), nullptr);
+    EXPECT_EQ(changes.take(), "currentText operations history");
+    const AppliedOperation &after = manager.appliedOperations().front();
+    EXPECT_EQ(after.id, before.id);
+    EXPECT_EQ(after.timestamp, before.timestamp);
+    EXPECT_EQ(after.parameters, (ParameterMap{{"prefix", "x"}}));
+
+    EXPECT_FALSE(manager.editOperationParameters(0, {{"prefix", "x"}}));
+    EXPECT_FALSE(manager.editOperationParameters(2, {{"prefix", "y"}}));
+    EXPECT_EQ(undoCount(), 3U);
+    EXPECT_EQ(changes.take(), "");
+
+    manager.undo();
+    EXPECT_EQ(text(), "21b");
+    EXPECT_EQ(manager.appliedOperations().front().parameters, before.parameters);
+    EXPECT_EQ(changes.take(), "currentText operations history");
+}
+
+TEST_F(ManagerStory, IndicesOutOfRangeAreIgnored) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    apply("trim-lines");
+    changes.take();
+    manager.toggleOperation(2);
+    manager.removeOperation(2);
+    manager.removeOperation(static_cast<std::size_t>(-1));
+    manager.moveOperation(0, 2);
+    manager.moveOperation(2, 0);
+    EXPECT_EQ(stack(), "uppercase trim-lines");
+    EXPECT_EQ(undoCount(), 2U);
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, UndoingToAnEmptyStackShowsTheBase) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    manager.removeOperation(0);
+    manager.setCurrentText(Text("typed"));
+    manager.undo(); // back to one operation: the text of then
+    EXPECT_EQ(text(), "ABC");
+    EXPECT_EQ(stack(), "uppercase");
+    manager.undo();
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(undoCount(), 0U);
+    EXPECT_EQ(redoCount(), 2U);
+    changes.take();
+
+    // The snapshot's text differs from the base: the base is shown.
+    manager.redo();
+    manager.redo();
+    EXPECT_EQ(text(), "typed"); // redo restores what was there, whatever the stack
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 2U);
+    EXPECT_EQ(redoCount(), 0U);
+    manager.redo();
+    EXPECT_EQ(undoCount(), 2U);
+}
+
+TEST_F(ManagerStory, UndoingTheFirstApplicationShowsTheBaseWhateverTheSnapshotHolds) {
+    manager.setCurrentText(Text("!"));
+    EXPECT_NE(errorOfApplying("base64-decode"), ""); // an entry whose text is "!", with an empty stack
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase"); // the base is now "abc"
+    manager.undo();
+    EXPECT_EQ(text(), "abc");
+    changes.take();
+    manager.undo();
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(undoCount(), 0U);
+    EXPECT_EQ(redoCount(), 2U);
+    EXPECT_EQ(changes.take(), "history");
+    manager.undo();
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, UndoAndRedoCarryTheActionAlong) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    manager.toggleOperation(0);
+    manager.undo();
+    ASSERT_EQ(redoCount(), 1U);
+    EXPECT_TRUE(std::holds_alternative<HistoryToggle>(manager.history().redoStack().back().action));
+    EXPECT_EQ(manager.history().redoStack().back().state.text.view(), "abc");
+    manager.redo();
+    EXPECT_NE(lastAction<HistoryToggle>(), nullptr);
+    EXPECT_EQ(manager.history().undoStack().back().state.text.view(), "ABC");
+    EXPECT_EQ(stack(), "(uppercase)");
+}
+
+TEST_F(ManagerStory, ANewApplicationAfterAnUndoForgetsRedo) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    apply("reverse");
+    manager.undo();
+    EXPECT_EQ(redoCount(), 1U);
+    apply("add-suffix", {{"suffix", "!"}});
+    EXPECT_EQ(text(), "ABC!");
+    EXPECT_EQ(redoCount(), 0U);
+    EXPECT_EQ(undoCount(), 2U);
+    changes.take();
+    manager.redo();
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, ClearingTheOperationsShowsTheBaseAndCanBeUndone) {
+    manager.clearOperations();
+    EXPECT_EQ(undoCount(), 0U);
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    apply("reverse");
+    changes.take();
+
+    manager.clearOperations();
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 3U);
+    EXPECT_NE(lastAction<HistoryTransformation>(), nullptr);
+    EXPECT_EQ(changes.take(), "currentText operations history");
+
+    manager.undo();
+    EXPECT_EQ(text(), "CBA");
+    EXPECT_EQ(stack(), "uppercase reverse");
+    EXPECT_EQ(changes.take(), "currentText operations history");
+}
+
+TEST_F(ManagerStory, ClearingAllForgetsTheHistoryToo) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    apply("reverse");
+    manager.undo();
+    changes.take();
+    manager.clearAll();
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(original(), "");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 0U);
+    EXPECT_EQ(redoCount(), 0U);
+    EXPECT_EQ(changes.take(), "currentText originalText operations history");
+    manager.clearAll();
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, ReturningToTheBaseRecordsNothing) {
+    manager.setCurrentText(Text("abc"));
+    manager.returnToOriginalText(); // no stack: the text is its own base
+    EXPECT_EQ(text(), "abc");
+    apply("uppercase");
+    changes.take();
+    manager.returnToOriginalText();
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 1U);
+    EXPECT_EQ(changes.take(), "currentText operations");
+    apply("reverse");
+    EXPECT_EQ(text(), "cba");
+    EXPECT_EQ(stack(), "reverse");
+}
+
+TEST_F(ManagerStory, TypingOverAStackIsLostByTheNextRunAndBackByUndo) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    manager.editCurrentText(3, 0, " typed");
+    manager.reapplyOperations();
+    EXPECT_EQ(text(), "ABC");
+    manager.editCurrentText(3, 0, " typed");
+    manager.toggleOperation(0);
+    EXPECT_EQ(text(), "abc");
+    manager.undo();
+    EXPECT_EQ(text(), "ABC typed");
+}
+
+TEST_F(ManagerStory, AllFieldsAreSetWhenTheFirstSignalComes) {
+    manager.setCurrentText(Text("abc"));
+    std::string seen;
+    QObject::connect(&manager, &TransformationManager::currentTextChanged, &manager, [&] {
+        seen = std::string(text()) + "/" + std::string(original()) + "/" + stack() + "/" + std::to_string(undoCount());
+    });
+    apply("uppercase");
+    EXPECT_EQ(seen, "ABC/abc/uppercase/1");
+    manager.removeOperation(0);
+    EXPECT_EQ(seen, "abc/abc//2");
+    manager.undo();
+    EXPECT_EQ(seen, "ABC/abc/uppercase/1");
+}
+
+TEST_F(ManagerStory, HistoryOfAHundredMegabytesCostsNoSecondHundredMegabytes) {
+    constexpr std::size_t size = 100'000'000;
+    constexpr std::size_t little = 1'000'000;
+    manager.setCurrentText(Text(std::string_view(std::string(size, 'a'))));
+    const std::size_t withOneText = test::allocatedBytes();
+
+    apply("lowercase"); // no effect: the base, the entry and the current text are one
+    EXPECT_LT(test::allocatedBytes(), withOneText + little);
+
+    apply("uppercase"); // the result is the one new text
+    EXPECT_LT(test::allocatedBytes(), withOneText + size + little);
+    const std::size_t withTwoTexts = test::allocatedBytes();
+    EXPECT_TRUE(manager.history().undoStack().back().state.text.sharesAllWith(manager.originalText()));
+
+    manager.editCurrentText(size / 2, 0, "typed");
+    manager.clearOperations(); // keeps the typed text in the entry
+    manager.undo();
+    manager.undo();
+    manager.redo();
+    manager.redo();
+    EXPECT_EQ(undoCount(), 3U);
+    EXPECT_LT(test::allocatedBytes(), withTwoTexts + little);
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "manager/preferences.h"
+#include "manager/preferences_json.h"
+
+#include <QVariantMap>
+
+namespace lexivore::test {
+
+/// Preferences that live as long as the test, with the types that the file would give back.
+class MemoryPreferences : public Preferences {
+public:
+    [[nodiscard]] QVariant value(const QString &key) const override { return m_values.value(key); }
+    void setValue(const QString &key, const QVariant &value) override {
+        m_values.insert(key, asStored(value));
+        ++m_writeCount;
+    }
+    void remove(const QString &key) override {
+        m_values.remove(key);
+        ++m_writeCount;
+    }
+
+    [[nodiscard]] bool contains(const QString &key) const { return m_values.contains(key); }
+    /// How often something was set or removed.
+    [[nodiscard]] int writeCount() const { return m_writeCount; }
+
+private:
+    QVariantMap m_values;
+    int m_writeCount = 0;
+};
+
+} // namespace lexivore::test
