@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
+
+#include <QLabel>
+
+namespace lexivore {
+
+/// Plain text in one of the theme's colours and font roles; it follows changes of both.
+///
+/// Whatever the text holds, it stays within its place: on one line it is cut off with an ellipsis and shows whole in
+/// the tooltip, and wrapped it breaks anywhere if it must. Line breaks show as spaces on one line.
+class Label : public QLabel {
+    Q_OBJECT
+
+public:
+    enum class Lines { one, wrapped };
+
+    Label(const QString &text, FontRole role, ThemeColour colour = &Theme::text, Lines lines = Lines::one,
+          QWidget *parent = nullptr);
+
+    void setText(const QString &text);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void updateToolTip();
+
+    FontRole m_role;
+    ThemeColour m_colour;
+    Lines m_lines;
+};
+
+/// Text on one line: what would break the line or draw as a box becomes a space.
+[[nodiscard]] QString onOneLine(QString text);
+
+/// A tooltip that reads exactly `text`, never taken for markup, cut off after some 500 characters, wrapped.
+[[nodiscard]] QString plainToolTip(const QString &text);
+
+} // namespace lexivore
