@@ -3,6 +3,7 @@
 #pragma once
 
 #include "engine/catalog.h"
+#include "tests/engine/outcome.h"
 
 #include <gtest/gtest.h>
 
@@ -15,40 +16,11 @@
 // The tables of rules that the tests of the transformations are made of:
 //
 //     const Case wrapLines[] = {
-//         {"breaks before the word that does not fit", "the quick brown fox", {{"width", "10"}}, "the quick\nbrown
-//         fox"},
+//         {"breaks before the word that does not fit", "the quick fox", {{"width", "10"}}, "the quick\nfox"},
 //         {"needs a width", "a", {}, fails("Invalid input: Width must be a positive number")},
 //     };
 //     INSTANTIATE_TEST_SUITE_P(WrapLines, TransformationRule, rulesOf("wrap-lines", wrapLines), ruleAsName);
 namespace lexivore::test {
-
-/// What a transformation gives: a text, or the whole description of an error.
-struct Outcome {
-    // Implicit, so that a table can name a text or a failure as its result.
-    Outcome(const char *result) : text(result) {}
-    Outcome(std::string result, bool isFailure = false) : text(std::move(result)), failed(isFailure) {}
-
-    std::string text;
-    bool failed = false;
-
-    bool operator==(const Outcome &) const = default;
-};
-
-inline std::ostream &operator<<(std::ostream &out, const Outcome &outcome) {
-    return out << (outcome.failed ? "the error " : "the text ") << testing::PrintToString(outcome.text);
-}
-
-/// The failure with exactly this description.
-inline Outcome fails(std::string description) { return {std::move(description), true}; }
-
-inline Outcome outcomeOf(const TextTransformation &transformation, std::string_view text,
-                         const ParameterMap &parameters) {
-    try {
-        return std::string(transformation.apply(text, parameters).view());
-    } catch (const TransformationError &error) {
-        return fails(error.description());
-    }
-}
 
 /// One row of a table. The label is the rule that it proves.
 struct Case {
