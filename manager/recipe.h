@@ -28,8 +28,8 @@ inline constexpr std::array allRecipeCategories = {
 /// A named copy of an operations stack.
 struct Recipe {
     QUuid id = QUuid::createUuid();
-    std::string name;
-    std::vector<AppliedOperation> operations;
+    std::string name = {};
+    std::vector<AppliedOperation> operations = {};
     Timestamp createdAt = Timestamp::now();
     RecipeCategory category = RecipeCategory::user;
 
