@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+//
+// QSettings reads, merges and replaces the file. Left to itself it would do five things that must not happen here
+// (Qt 6.4):
+// - It takes a file that it cannot read for an empty one and overwrites it. So that file is renamed first.
+// - Its lock is a file; when a copy of the program is killed between making and filling it, every other copy waits 30
+//   seconds for it. So a lock of ours, which the kernel gives back, is around it, and a file that is there then is a
+//   leftover and is removed.
+// - It takes a file of the same size and the same time in milliseconds for the one it has read, and so forgets another
+//   copy's change. So no two versions of the file are given the same time.
+// - It writes when the event loop comes round to it or it is destroyed, outside of our lock. So the event is dropped,
+//   and it is given a change only when it can write at once.
+// - It waits without end for its lock. Ours gives up.
+#include "manager/json_preferences.h"
+
+#include "manager/folder_lock.h"
+#include "manager/preferences_json.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <chrono>
+
+namespace lexivore {
+
+namespace {
+
+constexpr std::chrono::milliseconds longestWait{2000};
+
+bool readJson(QIODevice &device, QSettings::SettingsMap &map) {
+    std::optional<QVariantMap> preferences = decodePreferences(device.readAll());
+    if (!preferences) {
+        return false;
+    }
+    map = std::move(*preferences);
+    return true;
+}
+
+bool writeJson(QIODevice &device, const QSettings::SettingsMap &map) {
+    const QByteArray json = encodePreferences(map);
+    return device.write(json) == json.size();
+}
+
+QSettings::Format jsonFormat() {
+    static const QSettings::Format format =
+        QSettings::registerFormat(QStringLiteral("json"), readJson, writeJson, Qt::CaseSensitive);
+    return format;
+}
+
+} // namespace
+
+bool JsonPreferences::Settings::event(QEvent *event) {
+    return event->type() == QEvent::UpdateRequest || QSettings::event(event);
+}
+
+JsonPreferences::JsonPreferences(const QString &path)
+    : m_path(QFileInfo(path).absoluteFilePath()), m_settings(m_path, jsonFormat()) {}
+
+QString JsonPreferences::defaultPath() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/lexivore/preferences.json");
+}
+
+QVariant JsonPreferences::value(const QString &key) const {
+    const auto waiting = m_waiting.constFind(key);
+    return waiting != m_waiting.constEnd() ? *waiting : m_settings.value(key);
+}
+
+void JsonPreferences::setValue(const QString &key, const QVariant &value) {
+    m_waiting.insert(key, asStored(value));
+    save();
+}
+
+void JsonPreferences::remove(const QString &key) {
+    m_waiting.insert(key, QVariant());
+    save();
+}
+
+void JsonPreferences::save() {
+    const QFileInfo file(m_path);
+    if (!QDir().mkpath(file.absolutePath())) {
+        return;
+    }
+    const FolderLock lock(file.absolutePath(), longestWait);
+    if (lock.state() == FolderLock::State::busy) {
+        return;
+    }
+    const QDateTime before = QFileInfo(m_path).lastModified();
+    if (!setCorruptFileAside()) {
+        return;
+    }
+    if (lock.state() == FolderLock::State::held) {
+        QFile::remove(m_path + QStringLiteral(".lock"));
+    }
+    for (auto change = m_waiting.constBegin(); change != m_waiting.constEnd(); ++change) {
+        if (change->isValid()) {
+            m_settings.setValue(change.key(), *change);
+        } else {
+            m_settings.remove(change.key());
+        }
+    }
+    m_waiting.clear();
+    m_settings.sync(); // keeps what it could not write for the next time
+    makeNewerThan(before);
+}
+
+/// False when there is a corrupt file that cannot be renamed, or one that cannot be read to the end.
+bool JsonPreferences::setCorruptFileAside() const {
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return true;
+    }
+    const QByteArray json = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        return false;
+    }
+    if (json.isEmpty() || decodePreferences(json)) {
+        return true;
+    }
+    file.close();
+    QString aside = m_path + QStringLiteral(".corrupt");
+    for (int number = 2; QFileInfo(aside).exists() || QFileInfo(aside).isSymLink(); ++number) {
+        aside = QStringLiteral("%1.corrupt-%2").arg(m_path).arg(number);
+    }
+    return file.rename(aside);
+}
+
+/// Moves the file's time of change forward when it is not later than that of the version before it.
+void JsonPreferences::makeNewerThan(const QDateTime &before) const {
+    QFile file(m_path);
+    if (before.isValid() && file.exists() && QFileInfo(file).lastModified() <= before &&
+        file.open(QIODevice::ReadWrite)) {
+        file.setFileTime(before.addMSecs(1), QFileDevice::FileModificationTime);
+    }
+}
+
+} // namespace lexivore

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "manager/preferences.h"
+
+#include <QSettings>
+#include <QString>
+#include <QVariant>
+#include <QVariantMap>
+
+namespace lexivore {
+
+/// The preferences in one JSON file, which `encodePreferences` describes.
+///
+/// Each change is written at once: the file is read again, changed and replaced as a whole under a lock that every
+/// running copy of the program takes, so that none loses another's change of another key. When it cannot be written the
+/// file stays as it was, the program goes on with the new value, and the next change that can be written takes it
+/// along. A file that is no JSON object counts as absent; before the first change is written it is renamed to
+/// "NAME.corrupt".
+class JsonPreferences : public Preferences {
+public:
+    /// The file and its folder need not exist.
+    explicit JsonPreferences(const QString &path = defaultPath());
+
+    /// "lexivore/preferences.json" in the user's configuration folder.
+    [[nodiscard]] static QString defaultPath();
+
+    [[nodiscard]] QVariant value(const QString &key) const override;
+    void setValue(const QString &key, const QVariant &value) override;
+    void remove(const QString &key) override;
+
+private:
+    /// QSettings, except that it writes when it is told to and at no other time.
+    class Settings : public QSettings {
+    public:
+        using QSettings::QSettings;
+
+    protected:
+        bool event(QEvent *event) override;
+    };
+
+    void save();
+    [[nodiscard]] bool setCorruptFileAside() const;
+    void makeNewerThan(const QDateTime &before) const;
+
+    QString m_path;
+    Settings m_settings;
+    QVariantMap m_waiting; ///< Changes that QSettings does not know yet; an invalid value removes the key.
+};
+
+} // namespace lexivore
