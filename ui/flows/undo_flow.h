@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/text.h"
+#include "manager/transformation_manager.h"
+#include "ui/flows/change_history.h"
+
+#include <QObject>
+
+#include <cstddef>
+#include <functional>
+
+namespace lexivore {
+
+/// What "Undo" and "Redo" take back: the manager's last step, or the edits made since it.
+///
+/// It watches the manager, so that every change of the text has its place in the order of changes, whoever made it.
+class UndoFlow : public QObject {
+    Q_OBJECT
+
+public:
+    /// `editorHasFocus` tells whether the keyboard is in the editor: then its edits go first.
+    UndoFlow(TransformationManager &manager, std::function<bool()> editorHasFocus, QObject *parent = nullptr);
+
+    /// Takes back the latest edit when the editor has the focus, or when there is nothing else to take back; otherwise
+    /// the manager's last step. Does nothing when there is neither.
+    void undo();
+    void redo();
+
+    /// The user's change of the text in the editor, to be carried out and remembered.
+    void edit(std::size_t offset, std::size_t removed, std::string_view inserted);
+    /// The next edit is taken back on its own, not together with the run of typing before it.
+    void breakRun() { m_history.breakRun(); }
+    /// Takes notice of what the manager did without a signal: a failed application leaves an entry in its history.
+    void synchronize();
+
+signals:
+    /// The text was restored; the caret belongs to this byte offset.
+    void caretRestored(std::size_t offset);
+
+private:
+    void show(const ChangeHistory::Restored &restored);
+    [[nodiscard]] std::vector<Text> textsBeforeNewSteps() const;
+
+    TransformationManager &m_manager;
+    std::function<bool()> m_editorHasFocus;
+    ChangeHistory m_history;
+    Text m_shown;                ///< The manager's text when it was last looked at.
+    std::size_t m_undoDepth = 0; ///< Its history then.
+    std::size_t m_redoDepth = 0;
+    TextChange m_change; ///< The edit being carried out.
+    bool m_isEditing = false;
+    bool m_isRestoring = false;
+    bool m_isRedoing = false;
+};
+
+} // namespace lexivore
