@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+
+namespace lexivore {
+namespace {
+
+using Applying = WindowTest;
+
+TEST_F(Applying, AClickAppliesATransformationWithoutParametersAtOnce) {
+    setText("hello");
+    click("transformation.uppercase");
+    EXPECT_EQ(text(), "HELLO");
+    ASSERT_EQ(manager().appliedOperations().size(), 1U);
+    EXPECT_EQ(manager().appliedOperations()[0].transformation, "uppercase");
+}
+
+TEST_F(Applying, InSingleModeEachClickStartsAgainFromTheBaseText) {
+    setText("Hello World");
+    click("transformation.uppercase");
+    click("transformation.snakecase");
+    EXPECT_EQ(text(), "hello_world");
+    EXPECT_EQ(manager().appliedOperations().size(), 1U);
+}
+
+TEST_F(Applying, InStackModeEachClickAddsToTheStack) {
+    setText("Hello World");
+    useStackMode();
+    click("transformation.snakecase");
+    click("transformation.uppercase");
+    EXPECT_EQ(text(), "HELLO_WORLD");
+    EXPECT_EQ(manager().appliedOperations().size(), 2U);
+}
+
+TEST_F(Applying, PausedNothingIsApplied) {
+    setText("hello");
+    click("pause");
+    click("transformation.uppercase");
+    center().post(notification::applyTransformation, QString("uppercase"));
+    EXPECT_EQ(text(), "hello");
+    EXPECT_TRUE(manager().appliedOperations().empty());
+}
+
+TEST_F(Applying, TheNotificationAppliesLikeAClick) {
+    setText("hello");
+    center().post(notification::applyTransformation, QString("uppercase"));
+    EXPECT_EQ(text(), "HELLO");
+}
+
+TEST_F(Applying, ANotificationWithoutAKnownIdIsIgnored) {
+    setText("hello");
+    center().post(notification::applyTransformation);
+    center().post(notification::applyTransformation, 7);
+    center().post(notification::applyTransformation, QString("no-such-id"));
+    EXPECT_EQ(text(), "hello");
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/flows/clipboard_flow.h"
+
+#include "manager/transformation_manager.h"
+#include "ui/text_conversion.h"
+#include "ui/window/alerts.h"
+#include "ui/window/window_state.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QTimer>
+
+#include <chrono>
+
+namespace lexivore {
+
+namespace {
+
+using namespace std::chrono_literals;
+constexpr std::chrono::milliseconds confirmationTime = 1500ms;
+
+} // namespace
+
+ClipboardFlow::ClipboardFlow(TransformationManager &manager, WindowState &state, Alerts &alerts, QObject *parent)
+    : QObject(parent), m_manager(manager), m_state(state), m_alerts(alerts) {}
+
+void ClipboardFlow::paste() {
+    const QMimeData *content = QGuiApplication::clipboard()->mimeData();
+    if (content != nullptr && content->hasText()) {
+        m_manager.setCurrentText(Text(toUtf8(content->text())));
+    }
+}
+
+void ClipboardFlow::copy() {
+    QGuiApplication::clipboard()->setText(toQString(m_manager.currentText().view()));
+    m_state.setShowCopyConfirmation(true);
+    QTimer::singleShot(confirmationTime, this, [this] { m_state.setShowCopyConfirmation(false); });
+}
+
+void ClipboardFlow::clear() {
+    if (!m_manager.currentText().empty()) {
+        m_alerts.askToClearText([this] { m_manager.clearAll(); });
+    }
+}
+
+} // namespace lexivore

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/flows/file_flow.h"
+
+#include "manager/transformation_manager.h"
+#include "ui/flows/text_file.h"
+#include "ui/window/alerts.h"
+#include "ui/window/file_panels.h"
+
+#include <utility>
+
+namespace lexivore {
+
+FileFlow::FileFlow(TransformationManager &manager, FilePanels &panels, Alerts &alerts, QObject *parent)
+    : QObject(parent), m_manager(manager), m_panels(panels), m_alerts(alerts) {}
+
+void FileFlow::open() {
+    m_panels.askForFileToOpen([this](const QString &path) { openPath(path); });
+}
+
+void FileFlow::openPath(const QString &path) {
+    std::variant<Text, textFile::NotUtf8, textFile::Failure> content = textFile::read(path);
+    if (const auto *failure = std::get_if<textFile::Failure>(&content)) {
+        m_alerts.showError(failure->message);
+    } else if (auto *text = std::get_if<Text>(&content)) {
+        m_manager.setCurrentText(std::move(*text));
+    }
+}
+
+void FileFlow::saveAs() {
+    m_panels.askForFileToSave([this](const QString &path) { savePath(path); });
+}
+
+void FileFlow::savePath(const QString &path) {
+    const QString failure = textFile::write(path, m_manager.currentText());
+    if (!failure.isEmpty()) {
+        m_alerts.showError(failure);
+    }
+}
+
+} // namespace lexivore

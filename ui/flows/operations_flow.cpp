@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/flows/operations_flow.h"
+
+#include "manager/transformation_manager.h"
+#include "ui/shell/notification_center.h"
+#include "ui/window/alerts.h"
+#include "ui/window/window_state.h"
+
+namespace lexivore {
+
+OperationsFlow::OperationsFlow(TransformationManager &manager, WindowState &state, NotificationCenter &center,
+                               Alerts &alerts, QObject *parent)
+    : QObject(parent), m_manager(manager), m_state(state), m_center(center), m_alerts(alerts) {}
+
+void OperationsFlow::togglePause() {
+    const bool pauses = m_state.operationsEnabled();
+    m_state.setOperationsEnabled(!pauses);
+    if (m_manager.appliedOperations().empty()) {
+        return;
+    }
+    if (pauses) {
+        m_manager.setCurrentText(m_manager.originalText());
+    } else {
+        m_manager.reapplyOperations();
+    }
+}
+
+void OperationsFlow::toggle(std::size_t index) {
+    m_manager.toggleOperation(index);
+    keepPaused();
+    m_center.post(notification::refreshOperations);
+}
+
+void OperationsFlow::remove(std::size_t index) {
+    m_manager.removeOperation(index);
+    keepPaused();
+}
+
+void OperationsFlow::move(std::size_t from, std::size_t to) {
+    m_manager.moveOperation(from, to);
+    keepPaused();
+}
+
+void OperationsFlow::clear() {
+    if (!m_manager.appliedOperations().empty()) {
+        m_alerts.askToClearOperations([this] { m_manager.clearOperations(); });
+    }
+}
+
+void OperationsFlow::keepPaused() {
+    if (!m_state.operationsEnabled() && !m_manager.appliedOperations().empty()) {
+        m_manager.setCurrentText(m_manager.originalText());
+    }
+}
+
+} // namespace lexivore

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include <cstddef>
+
+namespace lexivore {
+
+class Alerts;
+class NotificationCenter;
+class TransformationManager;
+class WindowState;
+
+/// What the user does to the operations stack.
+class OperationsFlow : public QObject {
+    Q_OBJECT
+
+public:
+    OperationsFlow(TransformationManager &manager, WindowState &state, NotificationCenter &center, Alerts &alerts,
+                   QObject *parent = nullptr);
+
+    /// Pauses: the base text is shown and the stack stays, not applied. Or resumes: the stack is run again.
+    /// Without operations there is nothing to leave out, and the text stays as it is.
+    void togglePause();
+
+    /// Indices are positions in the stack. The text shown while paused stays the base text.
+    void toggle(std::size_t index);
+    void remove(std::size_t index);
+    void move(std::size_t from, std::size_t to);
+
+    /// Asks, then clears the stack. Does nothing when it is empty.
+    void clear();
+
+private:
+    void keepPaused();
+
+    TransformationManager &m_manager;
+    WindowState &m_state;
+    NotificationCenter &m_center;
+    Alerts &m_alerts;
+};
+
+} // namespace lexivore

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/flows/tool_flow.h"
+
+#include "manager/transformation_manager.h"
+#include "tools/tools_manager.h"
+#include "ui/text_conversion.h"
+#include "ui/window/sheets.h"
+#include "ui/window/window_state.h"
+
+#include <algorithm>
+
+namespace lexivore {
+
+ToolFlow::ToolFlow(TransformationManager &manager, const ToolsManager &tools, WindowState &state, Sheets &sheets,
+                   QObject *parent)
+    : QObject(parent), m_manager(manager), m_tools(tools), m_state(state), m_sheets(sheets) {}
+
+void ToolFlow::run(const QString &id) {
+    const std::vector<TextToolPointer> &tools = m_tools.tools();
+    const auto tool =
+        std::find_if(tools.begin(), tools.end(), [&](const TextToolPointer &t) { return toQString(t->id()) == id; });
+    if (tool == tools.end()) {
+        return;
+    }
+    m_state.currentToolWrapper = ToolWrapper(*tool);
+    m_sheets.showToolResult(**tool, m_manager.currentText());
+}
+
+} // namespace lexivore

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/flows/transformation_flow.h"
+
+#include "manager/transformation_manager.h"
+#include "ui/flows/undo_flow.h"
+#include "ui/text_conversion.h"
+#include "ui/window/alerts.h"
+#include "ui/window/sheets.h"
+#include "ui/window/window_state.h"
+
+#include <QtGlobal>
+
+#include <new>
+#include <utility>
+
+namespace lexivore {
+
+namespace {
+
+ParameterMap defaultValues(const TextTransformation &transformation) {
+    ParameterMap values;
+    for (const TransformationParameter &parameter : transformation.parameters()) {
+        if (!values.emplace(parameter.id, parameter.defaultValue).second) {
+            qFatal("Duplicate values for key: '%s", parameter.id.c_str());
+        }
+    }
+    return values;
+}
+
+} // namespace
+
+TransformationFlow::TransformationFlow(TransformationManager &manager, WindowState &state, Sheets &sheets,
+                                       Alerts &alerts, UndoFlow &undo, QObject *parent)
+    : QObject(parent), m_manager(manager), m_state(state), m_sheets(sheets), m_alerts(alerts), m_undo(undo) {}
+
+void TransformationFlow::select(std::string_view id) {
+    if (const TransformationPointer transformation = m_manager.findTransformation(id)) {
+        select(transformation);
+    }
+}
+
+void TransformationFlow::select(const TransformationPointer &transformation) {
+    if (!m_state.operationsEnabled()) {
+        return;
+    }
+    if (!m_state.stackOperationMode() && !m_manager.appliedOperations().empty()) {
+        m_manager.returnToOriginalText();
+    }
+    if (transformation->parameters().empty()) {
+        apply(*transformation, {});
+    } else {
+        askForParameters(transformation);
+    }
+}
+
+void TransformationFlow::toggleFavorite(const std::string &id) { m_manager.toggleFavorite(id); }
+
+void TransformationFlow::askForParameters(const TransformationPointer &transformation) {
+    m_state.pendingTransformation = transformation;
+    m_state.transformationParameters = defaultValues(*transformation);
+    m_sheets.showParameterSheet(
+        transformation, m_state.transformationParameters,
+        [this](const ParameterMap &parameters) { applyPending(parameters); },
+        [this] { m_state.pendingTransformation.reset(); });
+}
+
+void TransformationFlow::applyPending(const ParameterMap &parameters) {
+    m_state.transformationParameters = parameters;
+    if (const TransformationPointer transformation = std::exchange(m_state.pendingTransformation, nullptr)) {
+        apply(*transformation, m_state.transformationParameters);
+    }
+}
+
+void TransformationFlow::apply(const TextTransformation &transformation, const ParameterMap &parameters) {
+    try {
+        m_manager.applyTransformation(transformation, parameters);
+    } catch (const TransformationError &error) {
+        m_undo.synchronize();
+        m_alerts.showError(toQString(error.description()));
+    } catch (const std::bad_alloc &) {
+        m_undo.synchronize();
+        m_alerts.showError(tr("There is not enough memory for the result."));
+    }
+}
+
+} // namespace lexivore

@@ -1,0 +1,322 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/operations/draggable_operation_item.h"
+
+#include "manager/transformation_manager.h"
+#include "ui/controls/badge.h"
+#include "ui/controls/tool_button.h"
+#include "ui/icon.h"
+#include "ui/text_conversion.h"
+#include "ui/theme/drawing.h"
+#include "ui/theme/metrics.h"
+#include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
+#include "ui/window/window_state.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+
+namespace lexivore {
+
+namespace {
+
+constexpr int gapToNextRow = 4;
+constexpr int markThickness = 2;
+constexpr int padding = 8;
+constexpr int gap = 8;
+constexpr int handleSize = 12;
+constexpr int badgeSize = 20;
+constexpr int removeSize = 20;
+constexpr int textLeft = padding + handleSize + gap + badgeSize + gap;
+constexpr qsizetype longestParameter = 200;
+
+QFont nameFont(bool isEnabled) {
+    QFont font = fontFor(FontRole::captionMedium);
+    font.setStrikeOut(!isEnabled);
+    return font;
+}
+
+QFont parameterFont(bool isEnabled) {
+    QFont font = fontFor(FontRole::smallCaption);
+    font.setStrikeOut(!isEnabled);
+    return font;
+}
+
+int nameHeight() { return std::max(badgeSize, QFontMetrics(nameFont(true)).height()); }
+int parameterHeight() { return QFontMetrics(parameterFont(true)).height() + 2; }
+
+/// A parameter can hold anything: line breaks and other controls become signs that stand on one line.
+QString oneLine(QString text) {
+    text.truncate(longestParameter);
+    for (QChar &unit : text) {
+        if (unit.unicode() < 0x20) {
+            unit = QChar(0x2400 + unit.unicode());
+        } else if (unit.unicode() == 0x2028 || unit.unicode() == 0x2029) {
+            unit = QChar(0x2424);
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+DraggableOperationItem::DraggableOperationItem(const TransformationManager &manager, WindowState &state,
+                                               QWidget *parent)
+    : RowButton(parent), m_manager(manager), m_state(state),
+      m_remove(new ToolButton("xmark.circle.fill", tr("Remove"), ToolButton::small, this)) {
+    setAcceptDrops(true);
+    m_remove->setObjectName("remove");
+    m_remove->setFocusPolicy(Qt::NoFocus);
+    connect(m_remove, &ToolButton::clicked, this, &DraggableOperationItem::removed);
+    connect(&m_state, &WindowState::draggedOperationChanged, this, QOverload<>::of(&QWidget::update));
+    connect(&m_state, &WindowState::operationsEnabledChanged, this, QOverload<>::of(&QWidget::update));
+    connect(&m_manager, &TransformationManager::operationProblemsChanged, this, &DraggableOperationItem::describe);
+}
+
+void DraggableOperationItem::setOperation(const AppliedOperation &operation, std::size_t index) {
+    m_operation = operation;
+    m_index = index;
+    setObjectName(QString("operation.%1").arg(index));
+    setText(toQString(operation.transformationName));
+    m_remove->setAccessibleName(tr("Remove %1").arg(text()));
+    describe();
+    updateGeometry();
+    update();
+}
+
+void DraggableOperationItem::describe() {
+    QStringList description;
+    description << (m_operation.isEnabled ? tr("Enabled") : tr("Disabled"));
+    for (const QString &line : parameterLines()) {
+        description << line;
+    }
+    if (!problem().isEmpty()) {
+        description << problem();
+    }
+    setAccessibleDescription(description.join(", "));
+    QStringList tip = {text()};
+    for (const QString &line : parameterLines()) {
+        tip << line;
+    }
+    setToolTip(problem().isEmpty() ? tip.join('\n') : problem());
+    update();
+}
+
+QString DraggableOperationItem::problem() const {
+    const auto found = m_manager.operationProblems().find(m_operation.id);
+    if (found == m_manager.operationProblems().end()) {
+        return {};
+    }
+    if (found->second.kind == OperationProblem::Kind::unknownTransformation) {
+        return tr("Unknown transformation");
+    }
+    return toQString(found->second.description);
+}
+
+std::vector<QString> DraggableOperationItem::parameterLines() const {
+    std::vector<QString> lines;
+    for (const auto &[key, value] : m_operation.parameters) {
+        lines.push_back(oneLine(toQString(key)) + ": " + oneLine(toQString(value)));
+    }
+    return lines;
+}
+
+QRect DraggableOperationItem::body() const { return rect().adjusted(0, gapToNextRow / 2, 0, -gapToNextRow / 2); }
+
+QSize DraggableOperationItem::sizeHint() const {
+    const int lines = static_cast<int>(m_operation.parameters.size());
+    return {280, gapToNextRow + 2 * padding + nameHeight() + lines * parameterHeight()};
+}
+
+QSize DraggableOperationItem::minimumSizeHint() const { return {0, sizeHint().height()}; }
+
+bool DraggableOperationItem::isDragged() const { return m_state.draggedOperation() == m_operation; }
+
+void DraggableOperationItem::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isHovered() || isDragged()) {
+        fillRounded(painter, body(), metrics::radius, theme().operationRowHover);
+    }
+    const qreal opacity = isDragged() ? 0.5 : (m_operation.isEnabled ? 1.0 : 0.6);
+    painter.setOpacity(opacity);
+    const QRect line(padding, body().top() + padding, width() - 2 * padding, nameHeight());
+    painter.drawPixmap(line.left(), line.center().y() - handleSize / 2 + 1,
+                       symbolPixmap("line.3.horizontal", handleSize, theme().text2, devicePixelRatioF()));
+    paintTexts(painter, line);
+    paintBadge(painter, line);
+    painter.setOpacity(1);
+    paintMarks(painter);
+}
+
+void DraggableOperationItem::paintBadge(QPainter &painter, const QRect &line) const {
+    painter.save();
+    painter.setOpacity(painter.opacity() * (m_operation.isEnabled ? 1.0 : 0.3));
+    const QRect badge(line.left() + handleSize + gap, line.top() + (line.height() - badgeSize) / 2, badgeSize,
+                      badgeSize);
+    const bool isActive = m_state.operationsEnabled() && m_operation.isEnabled;
+    drawBadge(painter, badge, static_cast<int>(m_index) + 1, isActive ? theme().accent : theme().badgeOff);
+    painter.restore();
+}
+
+void DraggableOperationItem::paintTexts(QPainter &painter, const QRect &line) const {
+    const bool isEnabled = m_operation.isEnabled;
+    const int width = m_remove->geometry().left() - gap - textLeft;
+    const QFont name = nameFont(isEnabled);
+    painter.setFont(name);
+    painter.setPen(isEnabled ? theme().text : theme().text2);
+    painter.drawText(QRect(textLeft, line.top(), width, line.height()), Qt::AlignLeft | Qt::AlignVCenter,
+                     QFontMetrics(name).elidedText(text(), Qt::ElideRight, width));
+    const QFont small = parameterFont(isEnabled);
+    painter.setFont(small);
+    painter.setPen(theme().text3);
+    int top = line.bottom() + 1;
+    for (const QString &parameter : parameterLines()) {
+        painter.drawText(QRect(textLeft, top, width, parameterHeight()), Qt::AlignLeft | Qt::AlignVCenter,
+                         QFontMetrics(small).elidedText(parameter, Qt::ElideRight, width));
+        top += parameterHeight();
+    }
+    if (!problem().isEmpty()) {
+        const int iconSize = handleSize + 2;
+        const int left =
+            std::min(textLeft + QFontMetrics(name).horizontalAdvance(text()) + gap / 2, textLeft + width - iconSize);
+        painter.drawPixmap(left, line.center().y() - iconSize / 2 + 1,
+                           symbolPixmap("exclamationmark.triangle", iconSize, theme().orange, devicePixelRatioF()));
+    }
+}
+
+void DraggableOperationItem::paintMarks(QPainter &painter) const {
+    if (m_marks.dropAbove) {
+        painter.fillRect(0, 0, width(), markThickness, theme().accent);
+    }
+    if (m_marks.dropBelow) {
+        painter.fillRect(0, height() - markThickness, width(), markThickness, theme().accent);
+    }
+}
+
+void DraggableOperationItem::resizeEvent(QResizeEvent *event) {
+    RowButton::resizeEvent(event);
+    m_remove->move(width() - padding - removeSize, body().top() + padding + (nameHeight() - removeSize) / 2);
+}
+
+void DraggableOperationItem::keyPressEvent(QKeyEvent *event) {
+    const bool movesIt = event->modifiers() == Qt::AltModifier;
+    switch (event->key()) {
+    case Qt::Key_Up:
+        if (movesIt && m_index > 0) {
+            emit moved(m_index, m_index - 1);
+            return;
+        }
+        break;
+    case Qt::Key_Down:
+        if (movesIt) {
+            emit moved(m_index, m_index + 1);
+            return;
+        }
+        break;
+    case Qt::Key_Space:
+        emit toggled();
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2:
+        emit editRequested();
+        return;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        emit removed();
+        return;
+    default:
+        break;
+    }
+    event->ignore();
+}
+
+void DraggableOperationItem::contextMenuEvent(QContextMenuEvent *event) {
+    auto *menu = new QMenu(this);
+    menu->setObjectName("operationMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(m_operation.isEnabled ? tr("Disable") : tr("Enable")), &QAction::triggered, this,
+            &DraggableOperationItem::toggled);
+    connect(menu->addAction(tr("Remove")), &QAction::triggered, this, &DraggableOperationItem::removed);
+    if (!m_operation.parameters.empty()) {
+        menu->addSeparator();
+        connect(menu->addAction(tr("Edit Parameters...")), &QAction::triggered, this,
+                &DraggableOperationItem::editRequested);
+    }
+    menu->popup(event->reason() == QContextMenuEvent::Mouse ? event->globalPos()
+                                                            : mapToGlobal(QPoint(textLeft, height() / 2)));
+}
+
+void DraggableOperationItem::mousePressEvent(QMouseEvent *event) {
+    m_pressPosition = event->pos();
+    m_state.setSelectedOperationIndex(static_cast<int>(m_index));
+    RowButton::mousePressEvent(event);
+}
+
+void DraggableOperationItem::mouseMoveEvent(QMouseEvent *event) {
+    const bool isFarEnough = (event->pos() - m_pressPosition).manhattanLength() >= QApplication::startDragDistance();
+    if ((event->buttons() & Qt::LeftButton) != 0 && isFarEnough) {
+        setDown(false);
+        startDrag();
+        return;
+    }
+    RowButton::mouseMoveEvent(event);
+}
+
+void DraggableOperationItem::mouseDoubleClickEvent(QMouseEvent *event) {
+    if (event->button() == Qt::LeftButton) {
+        emit editRequested();
+    }
+}
+
+void DraggableOperationItem::startDrag() {
+    m_state.setDraggedOperation(m_operation);
+    auto *payload = new QMimeData;
+    payload->setData(mimeType, m_operation.id.toString(QUuid::WithoutBraces).toUpper().toUtf8());
+    // The row may be gone when the drag ends, so the drag belongs to the column that the rows stand in.
+    auto *drag = new QDrag(parentWidget());
+    drag->setMimeData(payload);
+    drag->setPixmap(grab(body()));
+    drag->setHotSpot(m_pressPosition - body().topLeft());
+    drag->exec(Qt::MoveAction);
+}
+
+OperationDropDelegate DraggableOperationItem::dropDelegate() {
+    return {m_index, m_manager, m_state, [this](std::size_t from, std::size_t to) { emit moved(from, to); }, m_marks};
+}
+
+void DraggableOperationItem::dragEnterEvent(QDragEnterEvent *event) {
+    if (!event->mimeData()->hasFormat(mimeType)) {
+        return;
+    }
+    dropDelegate().dropEntered();
+    event->setDropAction(OperationDropDelegate::dropUpdated());
+    event->accept();
+    update();
+}
+
+void DraggableOperationItem::dragMoveEvent(QDragMoveEvent *event) {
+    if (event->mimeData()->hasFormat(mimeType)) {
+        event->setDropAction(OperationDropDelegate::dropUpdated());
+        event->accept();
+    }
+}
+
+void DraggableOperationItem::dragLeaveEvent(QDragLeaveEvent *) {
+    dropDelegate().dropExited();
+    update();
+}
+
+void DraggableOperationItem::dropEvent(QDropEvent *event) {
+    const bool isAccepted = dropDelegate().performDrop();
+    event->setDropAction(isAccepted ? OperationDropDelegate::dropUpdated() : Qt::IgnoreAction);
+    event->setAccepted(isAccepted);
+    update();
+}
+
+} // namespace lexivore

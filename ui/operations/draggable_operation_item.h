@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "manager/applied_operation.h"
+#include "ui/operations/operation_drop_delegate.h"
+#include "ui/window/row_button.h"
+
+#include <QPoint>
+
+#include <cstddef>
+#include <vector>
+
+namespace lexivore {
+
+class ToolButton;
+class TransformationManager;
+class WindowState;
+
+/// One operation of the stack: a handle to drag it by, its position, its name with its parameters, and a button that
+/// removes it. It is drawn from the stack as it is; what the user wants it emits.
+class DraggableOperationItem : public RowButton {
+    Q_OBJECT
+
+public:
+    DraggableOperationItem(const TransformationManager &manager, WindowState &state, QWidget *parent = nullptr);
+
+    /// The row now stands for the operation at `index`.
+    void setOperation(const AppliedOperation &operation, std::size_t index);
+    [[nodiscard]] const AppliedOperation &operation() const { return m_operation; }
+    [[nodiscard]] std::size_t index() const { return m_index; }
+    [[nodiscard]] DropMarks marks() const { return m_marks; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+    /// The kind of data that a dragged row carries: the operation's id as its canonical string.
+    static constexpr char mimeType[] = "application/x-lexivore-operation";
+
+signals:
+    void toggled();
+    void removed();
+    void moved(std::size_t from, std::size_t to);
+    void editRequested();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void startDrag();
+    void describe();
+    [[nodiscard]] OperationDropDelegate dropDelegate();
+    [[nodiscard]] bool isDragged() const;
+    [[nodiscard]] QRect body() const;
+    void paintBadge(QPainter &painter, const QRect &line) const;
+    void paintTexts(QPainter &painter, const QRect &line) const;
+    void paintMarks(QPainter &painter) const;
+    [[nodiscard]] std::vector<QString> parameterLines() const;
+    /// Why the operation had no effect; empty when it had.
+    [[nodiscard]] QString problem() const;
+
+    const TransformationManager &m_manager;
+    WindowState &m_state;
+    AppliedOperation m_operation;
+    std::size_t m_index = 0;
+    DropMarks m_marks;
+    QPoint m_pressPosition;
+    ToolButton *m_remove;
+};
+
+} // namespace lexivore

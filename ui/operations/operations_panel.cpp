@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/operations/operations_panel.h"
+
+#include "manager/transformation_manager.h"
+#include "ui/controls/hairline.h"
+#include "ui/controls/label.h"
+#include "ui/controls/switch.h"
+#include "ui/controls/tool_button.h"
+#include "ui/icon.h"
+#include "ui/operations/draggable_operation_item.h"
+#include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
+#include "ui/window/empty_state.h"
+#include "ui/window/row_navigator.h"
+#include "ui/window/window_state.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace lexivore {
+
+namespace {
+
+constexpr int headerHeight = 48;
+constexpr int smallIcon = 16;
+
+} // namespace
+
+OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &state, QWidget *parent)
+    : Surface(&Theme::pane, parent), m_manager(manager), m_state(state), m_scroll(new QScrollArea(this)),
+      m_rows(new QWidget), m_column(new QVBoxLayout(m_rows)), m_emptyState(new EmptyState(this, this)),
+      m_navigator(new RowNavigator(this)) {
+    setObjectName("operationsPanel");
+    m_rows->setObjectName("operations");
+    m_rows->setAccessibleName(tr("Operations"));
+    m_column->setContentsMargins(8, 8, 8, 8);
+    m_column->setSpacing(0);
+    m_column->addStretch();
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setWidget(m_rows);
+    m_scroll->viewport()->setAutoFillBackground(false);
+    m_rows->setAutoFillBackground(false);
+    m_emptyState->setObjectName("operationsEmptyState");
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(createHeader());
+    column->addWidget(new Hairline(Qt::Horizontal, this));
+    column->addWidget(m_scroll, 1);
+    column->addWidget(m_emptyState, 1);
+
+    connect(&m_state, &WindowState::stackOperationModeChanged, this, &OperationsPanel::showMode);
+    connect(&m_state, &WindowState::operationsEnabledChanged, this, &OperationsPanel::showPause);
+    connect(&m_state, &WindowState::operationsRefreshTriggerChanged, this, &OperationsPanel::showOperations);
+    connect(&m_manager, &TransformationManager::appliedOperationsChanged, this, &OperationsPanel::showOperations);
+    showMode();
+    showPause();
+    showOperations();
+}
+
+QWidget *OperationsPanel::createHeader() {
+    auto *header = new QWidget(this);
+    header->setFixedHeight(headerHeight - 1);
+    auto *title = new Label(tr("Operations"), FontRole::headline, &Theme::text, Label::Lines::one, header);
+    title->setObjectName("operationsTitle");
+    m_modeIcon = new QLabel(header);
+    m_modeName = new Label({}, FontRole::fieldLabel, &Theme::text, Label::Lines::one, header);
+    m_modeName->setObjectName("modeName");
+    m_mode = new Switch({}, header);
+    m_mode->setObjectName("modeSwitch");
+    m_mode->setFocusPolicy(Qt::TabFocus);
+    connect(m_mode, &QAbstractButton::clicked, this, [this] {
+        // The notification decides; until then the switch shows what holds.
+        showMode();
+        emit modeToggled();
+    });
+    auto *line = new Hairline(Qt::Vertical, header);
+    line->setFixedHeight(20);
+    m_pause = new ToolButton("pause", {}, ToolButton::row, header);
+    m_pause->setObjectName("pause");
+    m_pause->setCheckable(true);
+    m_pause->setFocusPolicy(Qt::TabFocus);
+    connect(m_pause, &ToolButton::clicked, this, [this] {
+        showPause();
+        emit pauseToggled();
+    });
+
+    auto *row = new QHBoxLayout(header);
+    row->setContentsMargins(16, 0, 10, 0);
+    row->setSpacing(8);
+    row->addWidget(title);
+    row->addStretch();
+    row->addWidget(m_modeIcon);
+    row->addWidget(m_modeName);
+    row->addWidget(m_mode);
+    row->addWidget(line);
+    row->addWidget(m_pause);
+    return header;
+}
+
+void OperationsPanel::showMode() {
+    const bool isStack = m_state.stackOperationMode();
+    const QString help =
+        isStack ? tr("combine multiple transformations, as a stack") : tr("only one transformation at a time");
+    m_modeIcon->setPixmap(
+        symbolPixmap(isStack ? "square.stack" : "1.square", smallIcon, theme().text2, devicePixelRatioF()));
+    m_modeName->setText(isStack ? tr("Multiple") : tr("Single"));
+    m_mode->setChecked(isStack);
+    m_mode->setAccessibleName(m_modeName->text());
+    m_mode->setAccessibleDescription(help);
+    for (QWidget *part :
+         {static_cast<QWidget *>(m_modeIcon), static_cast<QWidget *>(m_modeName), static_cast<QWidget *>(m_mode)}) {
+        part->setToolTip(help);
+    }
+}
+
+void OperationsPanel::showPause() {
+    const bool isActive = m_state.operationsEnabled();
+    const QString help =
+        isActive ? tr("Operations active (click to pause)") : tr("Operations paused (click to resume)");
+    m_pause->setChecked(!isActive);
+    m_pause->setSymbol(isActive ? "pause" : "play");
+    m_pause->setHelp(help);
+}
+
+void OperationsPanel::createRows() {
+    const std::size_t count = m_manager.appliedOperations().size();
+    while (m_items.size() > count) {
+        DraggableOperationItem *item = m_items.back();
+        m_items.pop_back();
+        m_column->removeWidget(item);
+        item->hide();
+        item->deleteLater();
+    }
+    while (m_items.size() < count) {
+        auto *item = new DraggableOperationItem(m_manager, m_state, m_rows);
+        connect(item, &DraggableOperationItem::toggled, this, [this, item] { emit operationToggled(item->index()); });
+        connect(item, &DraggableOperationItem::removed, this, [this, item] { emit operationRemoved(item->index()); });
+        connect(item, &DraggableOperationItem::editRequested, this,
+                [this, item] { emit editRequested(item->index()); });
+        connect(item, &DraggableOperationItem::moved, this, &OperationsPanel::operationMoved);
+        connect(item, &RowButton::focusChanged, this, [this, item](bool focused) {
+            if (focused) {
+                m_state.setSelectedOperationIndex(static_cast<int>(item->index()));
+                m_scroll->ensureWidgetVisible(item, 0, 0);
+            }
+        });
+        m_column->insertWidget(static_cast<int>(m_items.size()), item);
+        m_items.push_back(item);
+    }
+    m_navigator->setRows({m_items.begin(), m_items.end()});
+}
+
+void OperationsPanel::showOperations() {
+    const std::vector<AppliedOperation> &operations = m_manager.appliedOperations();
+    if (m_items.size() != operations.size()) {
+        createRows();
+    }
+    for (std::size_t index = 0; index < operations.size(); ++index) {
+        m_items[index]->setOperation(operations[index], index);
+    }
+    m_scroll->setVisible(!operations.empty());
+    if (operations.empty()) {
+        m_emptyState->show("list.bullet.rectangle", tr("No operations yet"));
+    } else {
+        m_emptyState->hide();
+    }
+}
+
+} // namespace lexivore

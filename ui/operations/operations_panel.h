@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/window/surface.h"
+
+#include <cstddef>
+#include <vector>
+
+class QAbstractButton;
+class QLabel;
+class QScrollArea;
+class QVBoxLayout;
+
+namespace lexivore {
+
+class DraggableOperationItem;
+class EmptyState;
+class Label;
+class RowNavigator;
+class ToolButton;
+class TransformationManager;
+class WindowState;
+
+/// The right column: the operations stack in order, the switch between the modes, and the pause button.
+class OperationsPanel : public Surface {
+    Q_OBJECT
+
+public:
+    OperationsPanel(TransformationManager &manager, WindowState &state, QWidget *parent = nullptr);
+
+signals:
+    void modeToggled();
+    void pauseToggled();
+    void operationToggled(std::size_t index);
+    void operationRemoved(std::size_t index);
+    void editRequested(std::size_t index);
+    void operationMoved(std::size_t from, std::size_t to);
+
+private:
+    QWidget *createHeader();
+    void createRows();
+    void showMode();
+    void showPause();
+    void showOperations();
+
+    TransformationManager &m_manager;
+    WindowState &m_state;
+    QLabel *m_modeIcon = nullptr;
+    Label *m_modeName = nullptr;
+    QAbstractButton *m_mode = nullptr;
+    ToolButton *m_pause = nullptr;
+    QScrollArea *m_scroll;
+    QWidget *m_rows;
+    QVBoxLayout *m_column;
+    EmptyState *m_emptyState;
+    RowNavigator *m_navigator;
+    std::vector<DraggableOperationItem *> m_items;
+};
+
+} // namespace lexivore

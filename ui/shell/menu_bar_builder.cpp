@@ -1,0 +1,206 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/shell/menu_bar_builder.h"
+
+#include "manager/transformation_manager.h"
+#include "tools/tools_manager.h"
+#include "ui/shell/notification_center.h"
+#include "ui/text_conversion.h"
+#include "ui/window/recipe_menu.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+
+namespace lexivore {
+
+namespace {
+
+enum class Needs { nothing, text };
+
+/// A command that posts a notification without an object.
+struct Command {
+    const char *menu;
+    const char *title;
+    const char *notification;
+    const char *shortcuts; ///< Separated by "; ". The first is the one that the menu shows.
+    Needs needs = Needs::nothing;
+};
+
+// clang-format off
+constexpr Command commands[] = {
+    {"file",    QT_TRANSLATE_NOOP("Menu", "Open..."),                  notification::openFile,           "Ctrl+O"},
+    {"file",    QT_TRANSLATE_NOOP("Menu", "Save As..."),               notification::saveFile,           "Ctrl+S", Needs::text},
+    {"edit",    QT_TRANSLATE_NOOP("Menu", "Undo"),                     notification::undoTransformation, "Ctrl+Z"},
+    {"edit",    QT_TRANSLATE_NOOP("Menu", "Redo"),                     notification::redoTransformation, "Ctrl+Shift+Z; Ctrl+Y"},
+    {"view",    QT_TRANSLATE_NOOP("Menu", "Toggle Sidebar"),           notification::toggleSidebar,      "Ctrl+Alt+S"},
+    {"view",    QT_TRANSLATE_NOOP("Menu", "Toggle Operations Stack"),  notification::toggleOperations,   "Ctrl+Alt+O"},
+    {"recipes", QT_TRANSLATE_NOOP("Menu", "Save Current as Recipe..."), notification::showRecipeSheet,   "Ctrl+Shift+S"},
+    {"recipes", QT_TRANSLATE_NOOP("Menu", "Manage Recipes..."),        notification::showManageRecipes,  "Ctrl+Shift+M"},
+    {"transformations", QT_TRANSLATE_NOOP("Menu", "Multiple Operation Mode"), notification::toggleStackOperationMode, "Ctrl+Alt+1"},
+};
+
+/// What the widget with the keyboard does itself, if it can.
+struct WidgetCommand {
+    const char *title;
+    const char *slot;
+    QKeySequence::StandardKey shortcut;
+};
+constexpr WidgetCommand widgetCommands[] = {
+    {QT_TRANSLATE_NOOP("Menu", "Cut"),        "cut",       QKeySequence::Cut},
+    {QT_TRANSLATE_NOOP("Menu", "Copy"),       "copy",      QKeySequence::Copy},
+    {QT_TRANSLATE_NOOP("Menu", "Paste"),      "paste",     QKeySequence::Paste},
+    {QT_TRANSLATE_NOOP("Menu", "Select All"), "selectAll", QKeySequence::SelectAll},
+};
+// clang-format on
+
+QString translated(const char *text) { return QCoreApplication::translate("Menu", text); }
+
+} // namespace
+
+MenuBarBuilder::MenuBarBuilder(QMainWindow &window, NotificationCenter &center, TransformationManager &manager,
+                               const ToolsManager &tools)
+    : QObject(&window), m_window(window), m_center(center), m_manager(manager), m_tools(tools) {
+    buildApplicationMenu();
+    addCommands(addMenu("file", tr("File")));
+    buildEditMenu();
+    buildViewMenu();
+    buildRecipesMenu();
+    buildTransformationsMenu();
+    buildToolsMenu();
+    setHasText(false);
+    setStackOperationMode(false);
+}
+
+void MenuBarBuilder::setHasText(bool hasText) {
+    for (QAction *action : m_needText) {
+        action->setEnabled(hasText);
+    }
+    m_recipes->setRecipesEnabled(hasText);
+}
+
+void MenuBarBuilder::setStackOperationMode(bool isStack) {
+    const QString title = translated("Multiple Operation Mode");
+    m_mode->setText(isStack ? QString::fromUtf8("✓ ") + title : title);
+}
+
+QMenu *MenuBarBuilder::addMenu(const QString &name, const QString &title) {
+    QMenu *menu = m_window.menuBar()->addMenu(title);
+    menu->setObjectName("menu." + name);
+    return menu;
+}
+
+std::vector<QAction *> MenuBarBuilder::commandsOf(const QString &menu) {
+    std::vector<QAction *> actions;
+    for (const Command &command : commands) {
+        if (menu != QString("menu.") + command.menu) {
+            continue;
+        }
+        auto *action = new QAction(translated(command.title), this);
+        action->setObjectName(command.notification);
+        action->setShortcuts(QKeySequence::listFromString(command.shortcuts));
+        connect(action, &QAction::triggered, this, [this, &command] { m_center.post(command.notification); });
+        if (command.needs == Needs::text) {
+            m_needText.push_back(action);
+        }
+        if (command.notification == notification::toggleStackOperationMode) {
+            m_mode = action;
+        }
+        actions.push_back(action);
+    }
+    return actions;
+}
+
+void MenuBarBuilder::addCommands(QMenu *menu) {
+    for (QAction *action : commandsOf(menu->objectName())) {
+        menu->addAction(action);
+    }
+}
+
+void MenuBarBuilder::addPost(QMenu *menu, const std::string &title, const char *notification, const std::string &id) {
+    QAction *action = menu->addAction(toQString(title).replace('&', "&&"));
+    const QString object = toQString(id);
+    action->setObjectName(QString(notification) + "." + object);
+    connect(action, &QAction::triggered, this, [this, notification, object] { m_center.post(notification, object); });
+    m_needText.push_back(action);
+}
+
+void MenuBarBuilder::buildApplicationMenu() {
+    QMenu *menu = addMenu("application", tr("Lexivore"));
+    connect(menu->addAction(tr("About Lexivore")), &QAction::triggered, this, [this] {
+        QMessageBox::about(&m_window, tr("About Lexivore"),
+                           tr("Lexivore %1\n\nTransforms plain text.").arg(QCoreApplication::applicationVersion()));
+    });
+    menu->addSeparator();
+    QAction *quit = menu->addAction(tr("Quit Lexivore"));
+    quit->setObjectName("Quit");
+    quit->setShortcut(QKeySequence("Ctrl+Q"));
+    connect(quit, &QAction::triggered, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+void MenuBarBuilder::buildEditMenu() {
+    QMenu *menu = addMenu("edit", tr("Edit"));
+    addCommands(menu);
+    menu->addSeparator();
+    for (const WidgetCommand &command : widgetCommands) {
+        QAction *action = menu->addAction(translated(command.title));
+        action->setObjectName(command.slot);
+        action->setShortcut(command.shortcut);
+        connect(action, &QAction::triggered, this, [&command] {
+            QWidget *focused = QApplication::focusWidget();
+            const QByteArray signature = QByteArray(command.slot) + "()";
+            if (focused != nullptr && focused->metaObject()->indexOfSlot(signature) >= 0) {
+                QMetaObject::invokeMethod(focused, command.slot);
+            }
+        });
+    }
+}
+
+void MenuBarBuilder::buildViewMenu() {
+    QMenu *menu = addMenu("view", tr("View"));
+    addCommands(menu);
+    menu->addSeparator();
+    QAction *fullScreen = menu->addAction(tr("Full Screen"));
+    fullScreen->setObjectName("FullScreen");
+    fullScreen->setShortcut(QKeySequence("F11"));
+    connect(fullScreen, &QAction::triggered, this,
+            [this] { m_window.setWindowState(m_window.windowState() ^ Qt::WindowFullScreen); });
+}
+
+void MenuBarBuilder::buildRecipesMenu() {
+    m_recipes = new RecipeMenu(m_manager, &m_window);
+    m_recipes->setTitle(tr("Recipes"));
+    m_recipes->setObjectName("menu.recipes");
+    m_recipes->setFixedActions(commandsOf(m_recipes->objectName()));
+    connect(m_recipes, &RecipeMenu::recipeSelected, this,
+            [this](const QString &id) { m_center.post(notification::applyRecipe, id); });
+    m_window.menuBar()->addMenu(m_recipes);
+}
+
+void MenuBarBuilder::buildTransformationsMenu() {
+    QMenu *menu = addMenu("transformations", tr("Transformations"));
+    for (const TransformationCategory category : allTransformationCategories) {
+        if (category == TransformationCategory::favorites) {
+            continue;
+        }
+        const QString title = toQString(rawValue(category));
+        QMenu *submenu = menu->addMenu(QString(title).replace('&', "&&"));
+        submenu->setObjectName("menu." + title);
+        for (const TransformationPointer &transformation : m_manager.transformations(category)) {
+            addPost(submenu, transformation->name(), notification::applyTransformation, transformation->id());
+        }
+    }
+    menu->addSeparator();
+    addCommands(menu);
+}
+
+void MenuBarBuilder::buildToolsMenu() {
+    QMenu *menu = addMenu("tools", tr("Tools"));
+    for (const TextToolPointer &tool : m_tools.tools()) {
+        addPost(menu, tool->name(), notification::runTool, tool->id());
+    }
+}
+
+} // namespace lexivore

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include <string>
+#include <vector>
+
+class QAction;
+class QMainWindow;
+class QMenu;
+
+namespace lexivore {
+
+class NotificationCenter;
+class RecipeMenu;
+class ToolsManager;
+class TransformationManager;
+
+/// Fills a menu bar with every command. A command never calls the window: it posts a notification.
+class MenuBarBuilder : public QObject {
+    Q_OBJECT
+
+public:
+    /// Builds the menu bar of `window` at once and belongs to it.
+    MenuBarBuilder(QMainWindow &window, NotificationCenter &center, TransformationManager &manager,
+                   const ToolsManager &tools);
+
+    /// Enables what acts on the text.
+    void setHasText(bool hasText);
+    /// Shows the mode in the label of its command.
+    void setStackOperationMode(bool isStack);
+
+private:
+    QMenu *addMenu(const QString &name, const QString &title);
+    [[nodiscard]] std::vector<QAction *> commandsOf(const QString &menu);
+    void addCommands(QMenu *menu);
+    /// A command that posts a notification with an id, for what acts on the text.
+    void addPost(QMenu *menu, const std::string &title, const char *notification, const std::string &id);
+    void buildApplicationMenu();
+    void buildEditMenu();
+    void buildViewMenu();
+    void buildRecipesMenu();
+    void buildTransformationsMenu();
+    void buildToolsMenu();
+
+    QMainWindow &m_window;
+    NotificationCenter &m_center;
+    TransformationManager &m_manager;
+    const ToolsManager &m_tools;
+    RecipeMenu *m_recipes = nullptr;
+    QAction *m_mode = nullptr;
+    std::vector<QAction *> m_needText;
+};
+
+} // namespace lexivore

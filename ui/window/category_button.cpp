@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/window/category_button.h"
+
+#include "ui/icon.h"
+#include "ui/text_conversion.h"
+#include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
+
+#include <QPainter>
+
+namespace lexivore {
+
+namespace {
+
+constexpr int horizontalPadding = 12;
+constexpr int iconFrame = 20;
+constexpr int symbolSize = 18;
+constexpr int iconGap = 10;
+
+} // namespace
+
+CategoryButton::CategoryButton(TransformationCategory category, QWidget *parent)
+    : RowButton(parent), m_category(category) {
+    const QString name = toQString(rawValue(category));
+    setText(name);
+    setObjectName("category." + name);
+    setCheckable(true);
+}
+
+QSize CategoryButton::sizeHint() const {
+    const QFontMetrics callout(fontFor(FontRole::callout));
+    return {2 * horizontalPadding + iconFrame + iconGap + callout.horizontalAdvance(text()),
+            heightFor(34, FontRole::body)};
+}
+
+QSize CategoryButton::minimumSizeHint() const { return {0, sizeHint().height()}; }
+
+void CategoryButton::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    if (isSelected()) {
+        paintBackground(painter, theme().accent);
+    } else if (isDown() || isHovered()) {
+        paintBackground(painter, isDown() ? theme().rowPress : theme().rowHover);
+    }
+    const QRect frame(horizontalPadding, 0, iconFrame, height());
+    const QColor iconColour = isSelected() ? theme().onAccent : theme().text2;
+    const QPixmap symbol = symbolPixmap(QAnyStringView(toQString(lexivore::icon(m_category))), symbolSize, iconColour,
+                                        devicePixelRatioF());
+    painter.drawPixmap(frame.center() - QPoint(symbolSize / 2 - 1, symbolSize / 2 - 1), symbol);
+
+    const QFont font = fontFor(isSelected() ? FontRole::callout : FontRole::body);
+    const int left = frame.right() + 1 + iconGap;
+    const QRect textRect(left, 0, width() - left - horizontalPadding, height());
+    painter.setFont(font);
+    painter.setPen(isSelected() ? theme().onAccent : theme().text);
+    painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     QFontMetrics(font).elidedText(text(), Qt::ElideRight, textRect.width()));
+}
+
+} // namespace lexivore

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/window/surface.h"
+
+#include <cstddef>
+
+namespace lexivore {
+
+class StatusItem;
+
+/// Under the editor: where the caret is, what the text counts, and the way to the editor's settings.
+class StatusBar : public Surface {
+    Q_OBJECT
+
+public:
+    explicit StatusBar(QWidget *parent = nullptr);
+
+    /// From 1; the column counts characters.
+    void setCursorPosition(std::size_t line, std::size_t column);
+    void setCounts(std::size_t characters, std::size_t words, std::size_t lines);
+
+signals:
+    void settingsRequested();
+
+private:
+    StatusItem *m_position;
+    StatusItem *m_characters;
+    StatusItem *m_words;
+    StatusItem *m_lines;
+};
+
+} // namespace lexivore

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/window/status_item.h"
+
+#include "ui/icon.h"
+#include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
+
+#include <QPainter>
+
+namespace lexivore {
+
+namespace {
+
+constexpr int iconSize = 14;
+constexpr int gap = 6;
+
+} // namespace
+
+StatusItem::StatusItem(const QString &icon, const QString &help, QWidget *parent)
+    : QWidget(parent), m_icon(icon), m_help(help) {
+    setToolTip(help);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+}
+
+void StatusItem::setText(const QString &text) {
+    if (m_text == text) {
+        return;
+    }
+    m_text = text;
+    setAccessibleName(m_help + ": " + text);
+    updateGeometry();
+    update();
+}
+
+QSize StatusItem::sizeHint() const {
+    const QFontMetrics metrics(fontFor(FontRole::caption));
+    return {iconSize + gap + metrics.horizontalAdvance(m_text), metrics.height()};
+}
+
+void StatusItem::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    const QColor colour = theme().text2;
+    painter.drawPixmap(0, (height() - iconSize) / 2, symbolPixmap(m_icon, iconSize, colour, devicePixelRatioF()));
+    painter.setFont(fontFor(FontRole::caption));
+    painter.setPen(colour);
+    painter.drawText(rect().adjusted(iconSize + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     m_text);
+}
+
+} // namespace lexivore

@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/window/transformation_list.h"
+
+#include "manager/transformation_manager.h"
+#include "ui/controls/field.h"
+#include "ui/controls/label.h"
+#include "ui/icon.h"
+#include "ui/text_conversion.h"
+#include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
+#include "ui/window/empty_state.h"
+#include "ui/window/row_navigator.h"
+#include "ui/window/transformation_button.h"
+#include "ui/window/window_state.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace lexivore {
+
+TransformationList::TransformationList(TransformationManager &manager, WindowState &state, QWidget *parent)
+    : Surface(&Theme::pane, parent), m_manager(manager), m_state(state),
+      m_search(new Field(tr("Search transformations"), this)),
+      m_header(new Label({}, FontRole::sectionTitle, &Theme::text2, Label::Lines::one, this)),
+      m_scroll(new QScrollArea(this)), m_rows(new QWidget), m_emptyState(new EmptyState(this, this)),
+      m_navigator(new RowNavigator(this)) {
+    setObjectName("transformationList");
+    createSearchField();
+    createRows();
+    m_header->setObjectName("listHeader");
+    m_header->setFixedHeight(heightFor(28, FontRole::sectionTitle));
+    m_emptyState->setObjectName("listEmptyState");
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 8, 0, 0);
+    column->setSpacing(0);
+    auto *searchRow = new QVBoxLayout;
+    searchRow->setContentsMargins(12, 0, 12, 8);
+    searchRow->addWidget(m_search);
+    column->addLayout(searchRow);
+    auto *headerRow = new QVBoxLayout;
+    headerRow->setContentsMargins(18, 0, 12, 0);
+    headerRow->addWidget(m_header);
+    column->addLayout(headerRow);
+    column->addWidget(m_scroll, 1);
+    column->addWidget(m_emptyState, 1);
+
+    connect(m_search, &QLineEdit::textChanged, &m_state, &WindowState::setSearchText);
+    connect(m_search, &QLineEdit::returnPressed, this, &TransformationList::selectFirst);
+    connect(m_navigator, &RowNavigator::leftAtTop, this, &TransformationList::focusSearch);
+    connect(&m_state, &WindowState::searchTextChanged, this, &TransformationList::showMatches);
+    connect(&m_state, &WindowState::selectedCategoryChanged, this, &TransformationList::showMatches);
+    connect(&m_manager, &TransformationManager::favoritesChanged, this, &TransformationList::showFavorites);
+    showFavorites();
+}
+
+void TransformationList::createSearchField() {
+    m_search->setObjectName("search");
+    m_search->setPlaceholderText(tr("Search transformations..."));
+    m_search->addAction(symbolIcon("magnifyingglass", theme().text2, theme().text2), QLineEdit::LeadingPosition);
+    QAction *clear =
+        m_search->addAction(symbolIcon("xmark.circle.fill", theme().text2, theme().text2), QLineEdit::TrailingPosition);
+    clear->setObjectName("clearSearch");
+    clear->setToolTip(tr("Clear search"));
+    clear->setVisible(false);
+    connect(clear, &QAction::triggered, m_search, &QLineEdit::clear);
+    connect(m_search, &QLineEdit::textChanged, clear,
+            [clear](const QString &text) { clear->setVisible(!text.isEmpty()); });
+    m_search->installEventFilter(this);
+}
+
+void TransformationList::createRows() {
+    m_rows->setObjectName("transformations");
+    m_rows->setAccessibleName(tr("Transformations"));
+    auto *column = new QVBoxLayout(m_rows);
+    column->setContentsMargins(8, 0, 12, 8);
+    column->setSpacing(0);
+    for (const TransformationPointer &transformation : m_manager.transformations()) {
+        auto *button = new TransformationButton(transformation, m_rows);
+        connect(button, &TransformationButton::clicked, this,
+                [this, transformation] { emit transformationSelected(transformation); });
+        connect(button, &TransformationButton::favoriteToggled, this,
+                [this, transformation] { emit favoriteToggled(transformation); });
+        connect(button, &RowButton::focusChanged, this, [this, button](bool focused) {
+            if (focused) {
+                m_scroll->ensureWidgetVisible(button, 0, 0);
+            }
+        });
+        column->addWidget(button);
+        m_buttons.push_back(button);
+    }
+    column->addStretch();
+    m_navigator->setRows({m_buttons.begin(), m_buttons.end()});
+
+    m_scroll->setObjectName("transformationScroll");
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setWidget(m_rows);
+    m_scroll->viewport()->setAutoFillBackground(false);
+    m_rows->setAutoFillBackground(false);
+}
+
+bool TransformationList::isListed(const TextTransformation &transformation) const {
+    if (!m_state.searchText().isEmpty()) {
+        return toQString(transformation.name()).contains(m_state.searchText(), Qt::CaseInsensitive) ||
+               toQString(transformation.description()).contains(m_state.searchText(), Qt::CaseInsensitive);
+    }
+    if (!m_state.selectedCategory()) {
+        return false;
+    }
+    if (*m_state.selectedCategory() == TransformationCategory::favorites) {
+        return m_manager.favorites().contains(transformation.id());
+    }
+    return transformation.category() == *m_state.selectedCategory();
+}
+
+void TransformationList::showMatches() {
+    if (m_search->text() != m_state.searchText()) {
+        m_search->setText(m_state.searchText());
+    }
+    m_header->setText(m_state.searchText().isEmpty() ? tr("Transformations") : tr("Search Results"));
+    bool isEmpty = true;
+    for (TransformationButton *button : m_buttons) {
+        const bool isShown = isListed(*button->transformation());
+        button->setVisible(isShown);
+        isEmpty = isEmpty && !isShown;
+    }
+    m_scroll->setVisible(!isEmpty);
+    m_scroll->verticalScrollBar()->setValue(0);
+    if (!isEmpty) {
+        m_emptyState->hide();
+    } else if (m_state.searchText().isEmpty() && !m_state.selectedCategory()) {
+        m_emptyState->show("questionmark.circle", tr("Select a category"));
+    } else {
+        m_emptyState->show({}, tr("No results"));
+    }
+}
+
+void TransformationList::showFavorites() {
+    for (TransformationButton *button : m_buttons) {
+        button->setFavorite(m_manager.favorites().contains(button->transformation()->id()));
+    }
+    showMatches();
+}
+
+void TransformationList::focusSearch() {
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+void TransformationList::selectFirst() {
+    const auto first =
+        std::find_if(m_buttons.begin(), m_buttons.end(), [](const auto *row) { return !row->isHidden(); });
+    if (first != m_buttons.end() && !m_state.searchText().isEmpty()) {
+        emit transformationSelected((*first)->transformation());
+    }
+}
+
+bool TransformationList::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == m_search && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Down && m_navigator->focusFirst()) {
+            return true;
+        }
+        if (key->key() == Qt::Key_Escape) {
+            m_search->clear();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace lexivore

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/window/window_tool_bar.h"
+
+#include "ui/controls/push_button.h"
+#include "ui/controls/tool_button.h"
+#include "ui/window/recipe_menu.h"
+#include "ui/window/window_state.h"
+
+#include <QLayout>
+
+namespace lexivore {
+
+namespace {
+
+constexpr int edgeGap = 10;
+constexpr int buttonGap = 4;
+
+} // namespace
+
+WindowToolBar::WindowToolBar(TransformationManager &manager, WindowState &state, QWidget *parent)
+    : QToolBar(parent), m_state(state) {
+    setObjectName("toolBar");
+    setWindowTitle(tr("Toolbar"));
+    setMovable(false);
+    setFloatable(false);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    layout()->setContentsMargins(edgeGap, 6, edgeGap, 5);
+    layout()->setSpacing(buttonGap);
+    addTextGroup();
+    auto *space = new QWidget(this);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    addWidget(space);
+    addOperationsGroup(manager);
+    connect(&m_state, &WindowState::showOperationsChanged, this, &WindowToolBar::showPanelState);
+    showPanelState();
+}
+
+ToolButton *WindowToolBar::addButton(const QString &name, const QString &icon, const QString &help) {
+    auto *button = new ToolButton(icon, help, ToolButton::toolBar, this);
+    button->setObjectName(name);
+    button->setFocusPolicy(Qt::TabFocus);
+    addWidget(button);
+    return button;
+}
+
+void WindowToolBar::addTextGroup() {
+    connect(addButton("paste", "doc.on.clipboard", tr("Paste text from clipboard")), &ToolButton::clicked, this,
+            &WindowToolBar::pasteRequested);
+    connect(addButton("copy", "doc.on.doc", tr("Copy text to clipboard")), &ToolButton::clicked, this,
+            &WindowToolBar::copyRequested);
+    connect(addButton("clearText", "trash", tr("Clear all text")), &ToolButton::clicked, this,
+            &WindowToolBar::clearTextRequested);
+
+    auto *show = new PushButton(tr("Operations"), PushButton::Kind::plain, this);
+    show->setObjectName("showOperations");
+    show->setToolTip(tr("Show operations panel"));
+    show->setFocusPolicy(Qt::TabFocus);
+    connect(show, &PushButton::clicked, this, &WindowToolBar::operationsPanelToggled);
+    m_showOperations = addWidget(show);
+}
+
+void WindowToolBar::addOperationsGroup(TransformationManager &manager) {
+    ToolButton *recipes = addButton("recipes", "book.closed", tr("Load a saved recipe"));
+    recipes->setPopupMode(ToolButton::InstantPopup);
+    auto *menu = new RecipeMenu(manager, recipes);
+    menu->setObjectName("recipesToolMenu");
+    recipes->setMenu(menu);
+    connect(menu, &RecipeMenu::recipeSelected, this, &WindowToolBar::recipeSelected);
+
+    connect(addButton("saveRecipe", "bookmark", tr("Save current operations as recipe")), &ToolButton::clicked, this,
+            &WindowToolBar::saveRecipeRequested);
+    connect(addButton("clearOperations", "xmark.circle", tr("Clear all operations")), &ToolButton::clicked, this,
+            &WindowToolBar::clearOperationsRequested);
+    m_panelToggle = addButton("toggleOperations", "sidebar.right", tr("Toggle operations panel"));
+    m_panelToggle->setCheckable(true);
+    connect(m_panelToggle, &ToolButton::clicked, this, [this] {
+        // The notification decides; until then the button shows what holds.
+        showPanelState();
+        emit operationsPanelToggled();
+    });
+}
+
+void WindowToolBar::showPanelState() {
+    m_panelToggle->setChecked(m_state.showOperations());
+    m_showOperations->setVisible(!m_state.showOperations());
+}
+
+} // namespace lexivore
