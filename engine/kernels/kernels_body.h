@@ -457,9 +457,11 @@ bool isValidUtf8(const char *text, std::size_t size) {
         }
         isBehindAscii = isBlockAscii;
     }
-    char last[blockSize] = {};
-    __builtin_memcpy(last, text + position, size - position);
-    checker.check(last);
+    if (position != size) {
+        char last[blockSize] = {};
+        __builtin_memcpy(last, text + position, size - position);
+        checker.check(last);
+    }
     return checker.isValid();
 }
 #else
