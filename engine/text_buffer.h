@@ -73,8 +73,8 @@ public:
     }
 
     /// Room for `bytes` more after the end, not cleared. What was written there becomes part of the text by `commit`.
-    [[nodiscard]] char *room(std::size_t bytes) {
-        if (bytes > m_capacity - m_size) {
+    [[nodiscard, gnu::returns_nonnull]] char *room(std::size_t bytes) {
+        if (bytes > m_capacity - m_size || m_bytes == nullptr) {
             grow(bytes);
         }
         return m_bytes + m_size;

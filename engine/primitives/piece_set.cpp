@@ -28,7 +28,8 @@ PieceSet::PieceSet() : m_slots(firstCapacity) {}
 
 bool PieceSet::insert(std::string_view piece) {
     if (piece.data() == nullptr) {
-        piece = std::string_view("", 0); // null marks a free slot
+        static constexpr char somewhere = '\0';
+        piece = {&somewhere, 0}; // null marks a free slot
     }
     const std::uint64_t hash = hashOf(piece);
     const std::size_t mask = m_slots.size() - 1;
