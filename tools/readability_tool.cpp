@@ -9,19 +9,13 @@
 #include "tools/tool_view_factory.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace lexivore {
 
 namespace {
 
-struct Band {
-    double lowestScore;
-    const char *level;
-    const char *gradeLevel;
-};
-
-/// The first band whose lowest score is reached.
-constexpr Band bands[] = {
+constexpr ReadabilityBand bands[] = {
     {90, "Very Easy", "5th grade"},
     {80, "Easy", "6th grade"},
     {70, "Fairly Easy", "7th grade"},
@@ -55,6 +49,11 @@ std::int64_t syllableCount(std::string_view word) {
     return std::max<std::int64_t>(endsWithE && count >= 2 ? count - 1 : count, 1);
 }
 
+const ReadabilityBand &readabilityBand(double score) {
+    return *std::find_if(std::begin(bands), std::prev(std::end(bands)),
+                         [score](const ReadabilityBand &band) { return score >= band.lowestScore; });
+}
+
 Readability readability(std::string_view text) {
     Readability result;
     forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) {
@@ -69,8 +68,7 @@ Readability readability(std::string_view text) {
     const double score = readingEase(static_cast<double>(result.words), static_cast<double>(result.sentences),
                                      static_cast<double>(result.syllables));
     result.score = std::clamp(score, 0.0, 100.0);
-    const Band &band = *std::find_if(std::begin(bands), std::end(bands),
-                                     [&](const Band &candidate) { return result.score >= candidate.lowestScore; });
+    const ReadabilityBand &band = readabilityBand(result.score);
     result.level = band.level;
     result.gradeLevel = band.gradeLevel;
     return result;

@@ -26,6 +26,16 @@ struct Readability {
 /// are two or more and the word ends with "e". An accented vowel is none; punctuation at the end keeps the "e" sounded.
 [[nodiscard]] std::int64_t syllableCount(std::string_view word);
 
+/// What a score is called.
+struct ReadabilityBand {
+    double lowestScore;
+    const char *level;
+    const char *gradeLevel;
+};
+
+/// The band that `score`, from 0 to 100, lies in.
+[[nodiscard]] const ReadabilityBand &readabilityBand(double score);
+
 /// For any bytes; a few passes.
 [[nodiscard]] Readability readability(std::string_view text);
 

@@ -3,27 +3,13 @@
 #include "tools/statistics_tool.h"
 
 #include "engine/primitives/characters.h"
-#include "engine/primitives/lines.h"
-#include "engine/primitives/words.h"
+#include "engine/primitives/text_counts.h"
 #include "tools/number_text.h"
 #include "tools/tool_view_factory.h"
-
-#include <algorithm>
 
 namespace lexivore {
 
 namespace {
-
-std::int64_t paragraphCount(std::string_view text) {
-    constexpr std::string_view separator = "\n\n";
-    std::int64_t count = 0;
-    for (std::size_t begin = 0; begin <= text.size();) {
-        const std::size_t end = std::min(text.find(separator, begin), text.size());
-        count += isBlank(text.substr(begin, end - begin)) ? 0 : 1;
-        begin = end + separator.size();
-    }
-    return count;
-}
 
 std::string average(std::int64_t numerator, std::int64_t denominator) {
     if (denominator <= 0) {
@@ -35,20 +21,17 @@ std::string average(std::int64_t numerator, std::int64_t denominator) {
 } // namespace
 
 TextStatistics textStatistics(std::string_view text) {
-    TextStatistics statistics;
-    statistics.characters = static_cast<std::int64_t>(characterCount(text));
-    forEachCharacter(text, [&](std::string_view character) {
-        const char32_t first = decode(character.data(), character.data() + character.size()).value;
-        statistics.charactersNoSpaces += isIn(property::whiteSpace, first) ? 0 : 1;
-    });
-    statistics.words = static_cast<std::int64_t>(pieceCount(text, whitespaceAndNewlines));
-    forEachLine(text, [&](std::string_view line) {
-        ++statistics.lines;
-        statistics.nonEmptyLines += isBlank(line) ? 0 : 1;
-    });
-    forEachSentencePiece(text, [&](std::string_view piece) { statistics.sentences += isBlank(piece) ? 0 : 1; });
-    statistics.paragraphs = paragraphCount(text);
-    return statistics;
+    const std::size_t characters = characterCount(text);
+    const TextCounts counts = countText(text);
+    return {
+        .characters = static_cast<std::int64_t>(characters),
+        .charactersNoSpaces = static_cast<std::int64_t>(characters - counts.whitespaceCharacters),
+        .words = static_cast<std::int64_t>(counts.words),
+        .lines = static_cast<std::int64_t>(counts.lines),
+        .nonEmptyLines = static_cast<std::int64_t>(counts.nonBlankLines),
+        .sentences = static_cast<std::int64_t>(counts.nonBlankSentences),
+        .paragraphs = static_cast<std::int64_t>(counts.nonBlankParagraphs),
+    };
 }
 
 std::string charactersPerWord(const TextStatistics &statistics) {

@@ -31,7 +31,7 @@ MembershipScan::MembershipScan(std::string_view text, CodePointSet set, Mark mar
       m_end(text.data() + text.size()) {}
 
 MembershipScan::MembershipScan(std::string_view text, const kernels::ByteClass &byteClass)
-    : m_byteClass(byteClass), m_set(everyCandidate), m_mark(Mark::firstByte), m_stretch(text.data()),
+    : m_byteClass(byteClass), m_set(0), m_mark(Mark::firstByte), m_takesCandidates(true), m_stretch(text.data()),
       m_end(text.data() + text.size()) {}
 
 bool MembershipScan::refill() {
@@ -59,13 +59,13 @@ bool MembershipScan::refill() {
     return true;
 }
 
-std::uint64_t MembershipScan::resolve(const char *begin, std::uint64_t members, std::uint64_t candidates) {
-    members |= m_carried;
+void MembershipScan::resolve(Block &block, std::uint64_t candidates) {
+    block.members |= m_carried;
     m_carried = 0;
     while (candidates != 0) {
         const auto bit = static_cast<unsigned>(std::countr_zero(candidates));
         candidates &= candidates - 1;
-        const char *const position = begin + bit;
+        const char *const position = block.begin + bit;
         if (position < m_resolvedEnd) {
             continue;
         }
@@ -75,10 +75,10 @@ std::uint64_t MembershipScan::resolve(const char *begin, std::uint64_t members, 
             continue;
         }
         const std::uint64_t bits = m_mark == Mark::firstByte ? 1U : (std::uint64_t{1} << decoded.length) - 1;
-        members |= bits << bit;
+        block.begins |= std::uint64_t{1} << bit;
+        block.members |= bits << bit;
         m_carried = bit == 0 ? 0 : bits >> (kernels::blockSize - bit);
     }
-    return members;
 }
 
 std::size_t memberCount(std::string_view text, CodePointSet set) {

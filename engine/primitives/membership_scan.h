@@ -27,6 +27,7 @@ public:
         const char *begin = nullptr;
         std::size_t size = 0;      ///< 64, or less at the end of the text.
         std::uint64_t members = 0; ///< One bit a byte, the first in the lowest bit; none behind `size`.
+        std::uint64_t begins = 0;  ///< Of those, the first byte of each code point.
     };
 
     MembershipScan(std::string_view text, CodePointSet set, Mark mark);
@@ -34,7 +35,9 @@ public:
     MembershipScan(std::string_view text, const kernels::ByteClass &byteClass);
     /// Looks for ASCII characters alone.
     MembershipScan(std::string_view text, const kernels::AsciiSet &set)
-        : MembershipScan(text, kernels::ByteClass{set}) {}
+        : MembershipScan(text, kernels::ByteClass{set}) {
+        m_takesCandidates = false;
+    }
 
     /// False when the text has no further block.
     [[nodiscard]] bool next(Block &block) {
@@ -42,27 +45,32 @@ public:
             return false;
         }
         const char *const begin = m_stretch + m_block * kernels::blockSize;
-        std::uint64_t members = m_members[m_block];
+        const auto left = static_cast<std::size_t>(m_end - begin);
+        const std::uint64_t members = m_members[m_block];
+        block = {begin, left < kernels::blockSize ? left : kernels::blockSize, members, members};
         const std::uint64_t candidates = m_candidates[m_block];
         if (candidates != 0 || m_carried != 0) {
-            members = m_set == everyCandidate ? members | candidates : resolve(begin, members, candidates);
+            if (m_takesCandidates) {
+                block.members = block.begins = members | candidates;
+            } else {
+                resolve(block, candidates);
+            }
         }
         ++m_block;
-        const auto left = static_cast<std::size_t>(m_end - begin);
-        block = {begin, left < kernels::blockSize ? left : kernels::blockSize, members};
         return true;
     }
 
 private:
     static constexpr std::size_t blocksAtOnce = 64;
-    static constexpr CodePointSet everyCandidate = 0; ///< Instead of a set: bytes count, not code points.
 
     bool refill();
-    std::uint64_t resolve(const char *begin, std::uint64_t members, std::uint64_t candidates);
+    /// Adds the members that the candidates turn out to be.
+    void resolve(Block &block, std::uint64_t candidates);
 
     kernels::ByteClass m_byteClass;
     CodePointSet m_set;
     Mark m_mark;
+    bool m_takesCandidates = false; ///< Bytes count, not code points, so that every candidate is a member.
     const char *m_stretch;
     const char *m_end;
     const char *m_resolvedEnd = nullptr; ///< Bytes before it belong to a code point that was looked up already.

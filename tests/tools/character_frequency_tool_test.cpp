@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/reference/tools_reference.h"
+#include "tests/tools/printing.h"
+#include "tests/tools/sample_texts.h"
+#include "tools/character_frequency_tool.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <string>
+
+namespace lexivore {
+namespace {
+
+using Frequencies = std::vector<CharacterFrequency>;
+
+Frequencies plainFrequencies(std::string_view text) {
+    Frequencies result;
+    for (const auto &[character, count] : reference::frequencies(text)) {
+        result.push_back({character, count});
+    }
+    return result;
+}
+
+TEST(CharacterFrequencies, AreSortedByCountAndKeepLetterCase) {
+    EXPECT_EQ(characterFrequencies("aA a"), (Frequencies{{"a", 2}, {"A", 1}, {"", 1}}));
+}
+
+TEST(CharacterFrequencies, OfNothingAreNone) { EXPECT_EQ(characterFrequencies(""), Frequencies{}); }
+
+TEST(CharacterFrequencies, ReKeyThePlainSpaceOnly) {
+    EXPECT_EQ(characterFrequencies(" \t\n\xC2\xA0"), (Frequencies{{"", 1}, {"\t", 1}, {"\n", 1}, {"\xC2\xA0", 1}}));
+    // A space with a mark is another character.
+    EXPECT_EQ(characterFrequencies("  \xCC\x81 "), (Frequencies{{"", 2}, {" \xCC\x81", 1}}));
+}
+
+TEST(CharacterFrequencies, CountCrLfAsOneCharacter) {
+    EXPECT_EQ(characterFrequencies("a\r\nb\r\n\r\r\n\n\n"),
+              (Frequencies{{"\r\n", 3}, {"\n", 2}, {"a", 1}, {"b", 1}, {"\r", 1}}));
+}
+
+TEST(CharacterFrequencies, NeitherComposeNorFold) {
+    EXPECT_EQ(characterFrequencies("\xC3\xA9"
+                                   "e\xCC\x81"
+                                   "e"),
+              (Frequencies{{"\xC3\xA9", 1}, {"e\xCC\x81", 1}, {"e", 1}}));
+}
+
+TEST(CharacterFrequencies, KeepEqualCountsInTheOrderOfAppearance) {
+    EXPECT_EQ(characterFrequencies("zyaé一zb"),
+              (Frequencies{{"z", 2}, {"y", 1}, {"a", 1}, {"é", 1}, {"一", 1}, {"b", 1}}));
+}
+
+TEST(CharacterFrequencies, EqualThePlainOnesOnRandomText) {
+    std::mt19937 random(sampleSeed);
+    for (int round = 0; round < 4000; ++round) {
+        const std::string text = randomText(random, 120);
+        ASSERT_EQ(characterFrequencies(text), plainFrequencies(text)) << "round " << round << ": " << text;
+    }
+}
+
+TEST(CharacterFrequencies, EqualThePlainOnesOnLongText) {
+    std::mt19937 random(sampleSeed);
+    for (int round = 0; round < 60; ++round) {
+        const std::string text = randomText(random, 9000);
+        ASSERT_EQ(characterFrequencies(text), plainFrequencies(text)) << "round " << round;
+    }
+}
+
+TEST(CharacterFrequencies, AddUpToTheWholeTextOnAnyBytes) {
+    std::mt19937 random(sampleSeed);
+    std::vector<std::string> texts = hostileTexts();
+    for (int round = 0; round < 2000; ++round) {
+        texts.push_back(randomBytes(random, random() % 300));
+    }
+    for (const std::string &text : texts) {
+        const Frequencies frequencies = characterFrequencies(text);
+        std::int64_t characters = 0;
+        std::size_t bytes = 0;
+        for (const CharacterFrequency &entry : frequencies) {
+            ASSERT_GE(entry.count, 1);
+            characters += entry.count;
+            bytes += static_cast<std::size_t>(entry.count) * std::max<std::size_t>(entry.character.size(), 1);
+        }
+        ASSERT_EQ(bytes, text.size()) << testing::PrintToString(text);
+        ASSERT_EQ(characters, reference::statistics(repaired(text)).characters) << testing::PrintToString(text);
+        ASSERT_TRUE(std::is_sorted(frequencies.begin(), frequencies.end(),
+                                   [](const auto &left, const auto &right) { return left.count > right.count; }));
+    }
+}
+
+TEST(CharacterFrequencies, CountAHundredMegabytesOfOneCharacter) {
+    EXPECT_EQ(characterFrequencies(std::string(100'000'000, 'a')), (Frequencies{{"a", 100'000'000}}));
+}
+
+TEST(CharacterFrequencies, CountAHundredMegabytesOfNewlines) {
+    EXPECT_EQ(characterFrequencies(std::string(100'000'000, '\n')), (Frequencies{{"\n", 100'000'000}}));
+}
+
+TEST(CharacterFrequencies, CountCharactersOfAnyLength) {
+    std::string character = "a";
+    for (int i = 0; i < 100'000; ++i) {
+        character += "\xCC\x81";
+    }
+    EXPECT_EQ(characterFrequencies(character + "b" + character), (Frequencies{{character, 2}, {"b", 1}}));
+}
+
+TEST(DisplayedCharacter, IsAWordForTheSpaceAlone) {
+    EXPECT_EQ(displayedCharacter({"", 12}), "Space");
+    EXPECT_EQ(displayedCharacter({"\t", 1}), "\t");
+    EXPECT_EQ(displayedCharacter({"é", 1}), "é");
+}
+
+TEST(CharacterFrequencyReport, OfNothingIsTheHeadingAlone) {
+    EXPECT_EQ(characterFrequencyReport({}), "Character Frequency Analysis\n\n");
+}
+
+TEST(CharacterFrequencyReport, ListsCharacterAndCount) {
+    EXPECT_EQ(characterFrequencyReport(characterFrequencies("aa aé")),
+              "Character Frequency Analysis\n\na: 3\nSpace: 1\né: 1");
+    EXPECT_EQ(characterFrequencyReport({{"", 12}}), "Character Frequency Analysis\n\nSpace: 12");
+}
+
+TEST(CharacterFrequencyReport, EndsAfterTwentyCharacters) {
+    std::string alphabet(26, 'a');
+    std::iota(alphabet.begin(), alphabet.end(), 'a');
+    const std::string heading = "Character Frequency Analysis\n\n";
+    const auto linesOf = [&](std::size_t letters) {
+        const std::string report = characterFrequencyReport(characterFrequencies(alphabet.substr(0, letters)));
+        return 1 + std::count(report.begin() + static_cast<std::ptrdiff_t>(heading.size()), report.end(), '\n');
+    };
+    EXPECT_EQ(linesOf(19), 19);
+    EXPECT_EQ(linesOf(20), 20);
+    EXPECT_EQ(linesOf(21), 20);
+    EXPECT_EQ(linesOf(26), 20);
+    EXPECT_TRUE(characterFrequencyReport(characterFrequencies(alphabet)).ends_with("\nt: 1"));
+}
+
+TEST(CharacterFrequencyReport, EqualsThePlainOneOnRandomText) {
+    std::mt19937 random(sampleSeed);
+    for (int round = 0; round < 300; ++round) {
+        const std::string text = randomText(random, 60);
+        ASSERT_EQ(characterFrequencyReport(characterFrequencies(text)),
+                  reference::frequencyReport(reference::frequencies(text)));
+    }
+}
+
+} // namespace
+} // namespace lexivore
