@@ -23,6 +23,9 @@ void requireNoRegexError(UErrorCode status) {
     }
 }
 
+/// In ICU's unit of about a millisecond: generated patterns that need longer are of no interest.
+constexpr std::int32_t timeLimit = 50;
+
 std::u32string group(icu::RegexMatcher &matcher, std::int32_t number) {
     if (number > matcher.groupCount()) {
         return {};
@@ -62,6 +65,7 @@ std::u32string replaceRegex(std::u32string_view text, const Parameters &paramete
     UErrorCode status = U_ZERO_ERROR;
     icu::RegexMatcher matcher(toIcu(pattern), units, 0, status);
     requireNoRegexError(status);
+    matcher.setTimeLimit(timeLimit, status);
 
     icu::UnicodeString result;
     std::int32_t copiedUpTo = 0;
