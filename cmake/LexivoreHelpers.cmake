@@ -24,10 +24,15 @@ function(lexivore_add_library name)
   target_link_libraries(${name} PUBLIC lexivore_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
 endfunction()
 
-# lexivore_add_test(<name> <libraries...>): tests/<folder>/<name>.cpp as a GoogleTest program and one CTest test.
+# lexivore_add_test(<name> <libraries...> [SOURCES <files...>]): tests/<folder>/<name>.cpp, or several files that are too
+# small for programs of their own, as a GoogleTest program and one CTest test.
 function(lexivore_add_test name)
-  add_executable(${name} ${name}.cpp)
-  target_link_libraries(${name} PRIVATE lexivore_options lexivore_test_support ${ARGN})
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES")
+  if(NOT arg_SOURCES)
+    set(arg_SOURCES ${name}.cpp)
+  endif()
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE lexivore_options lexivore_test_support ${arg_UNPARSED_ARGUMENTS})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 900)
 endfunction()

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/piece_set.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+#include <string>
+
+namespace lexivore {
+
+namespace {
+
+TEST(PieceSet, SaysWhetherAPieceIsNew) {
+    PieceSet pieces;
+    EXPECT_TRUE(pieces.insert("a"));
+    EXPECT_FALSE(pieces.insert("a"));
+    EXPECT_TRUE(pieces.insert("b"));
+    EXPECT_TRUE(pieces.insert("ab"));
+    EXPECT_FALSE(pieces.insert("b"));
+    EXPECT_EQ(pieces.size(), 3U);
+}
+
+TEST(PieceSet, ComparesBytesAndNotPlaces) {
+    const std::string text = "ab ab";
+    PieceSet pieces;
+    EXPECT_TRUE(pieces.insert(std::string_view(text).substr(0, 2)));
+    EXPECT_FALSE(pieces.insert(std::string_view(text).substr(3, 2)));
+}
+
+TEST(PieceSet, HoldsTheEmptyPieceOnce) {
+    PieceSet pieces;
+    EXPECT_TRUE(pieces.insert(""));
+    EXPECT_FALSE(pieces.insert(""));
+    EXPECT_EQ(pieces.size(), 1U);
+}
+
+TEST(PieceSet, TellsPiecesThatEndInNulApart) {
+    PieceSet pieces;
+    for (std::size_t length = 0; length < 100; ++length) {
+        const static std::string zeros(100, '\0');
+        EXPECT_TRUE(pieces.insert(std::string_view(zeros).substr(0, length))) << length;
+    }
+}
+
+TEST(PieceSet, EqualsAStandardSet) {
+    constexpr unsigned seed = 1;
+    std::mt19937 random(seed);
+    std::vector<std::string> texts(50'000);
+    for (std::string &text : texts) {
+        text = std::to_string(random() % 20'000) + std::string(random() % 3, 'x') +
+               (random() % 9 == 0 ? "a long end of it" : "");
+    }
+    PieceSet pieces;
+    std::set<std::string> expected;
+    for (const std::string &text : texts) {
+        ASSERT_EQ(pieces.insert(text), expected.insert(text).second) << text << ", seed " << seed;
+    }
+    EXPECT_EQ(pieces.size(), expected.size());
+}
+
+} // namespace
+
+} // namespace lexivore

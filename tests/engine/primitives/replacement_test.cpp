@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/replacement.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace lexivore {
+
+namespace {
+
+TEST(ReplaceAll, ReplacesFromTheStartWithoutOverlaps) {
+    EXPECT_EQ(replaceAll("aaaaa", "aa", "b").view(), "bba");
+    EXPECT_EQ(replaceAll("abcabc", "abc", "").view(), "");
+    EXPECT_EQ(replaceAll("abc", "x", "y").view(), "abc");
+    EXPECT_EQ(replaceAll("abc", "abcd", "y").view(), "abc");
+}
+
+TEST(ReplaceAll, FindsNothingEmpty) {
+    EXPECT_EQ(replaceAll("abc", "", "x").view(), "abc");
+    EXPECT_EQ(replaceAll("", "", "x").view(), "");
+    EXPECT_EQ(replaceAll({}, "a", "x").view(), "");
+}
+
+TEST(ReplaceAll, MayGiveALongerAShorterOrAnEquallyLongText) {
+    for (std::size_t count = 0; count < 140; ++count) {
+        for (const std::string_view find : {"b", "é", "bcd"}) {
+            for (const std::string_view replacement : {"", "x", "漢", "longer than that"}) {
+                std::string text;
+                std::string expected;
+                for (std::size_t i = 0; i < count; ++i) {
+                    text.append(i % 5, 'a').append(find);
+                    expected.append(i % 5, 'a').append(replacement);
+                }
+                ASSERT_EQ(replaceAll(text, find, replacement).view(), expected);
+            }
+        }
+    }
+}
+
+constexpr kernels::AsciiSet spaceAndDigit(" 1");
+
+TEST(RemoveCharacters, DropsTheMembersAlone) {
+    EXPECT_EQ(removeCharacters(" a1 b\u00A0é2 ", spaceAndDigit).view(), "ab\u00A0é2");
+    EXPECT_EQ(removeCharacters("", spaceAndDigit).view(), "");
+    EXPECT_EQ(removeCharacters(" 1 1", spaceAndDigit).view(), "");
+}
+
+TEST(RemoveCharacters, DropsThemWhereverTheyStand) {
+    for (std::size_t before = 0; before < 140; ++before) {
+        const std::string text(before, 'a');
+        ASSERT_EQ(removeCharacters(text + " 1é1" + text, spaceAndDigit).view(), text + "é" + text);
+    }
+}
+
+constexpr EscapeTable escapes{{'&', "&amp;"}, {'\n', "\\n"}, {'"', "'"}};
+
+TEST(EscapeCharacters, WritesWhatTheTableSays) {
+    EXPECT_EQ(escapeCharacters("a&\n\"é&amp;", escapes).view(), "a&amp;\\n'é&amp;amp;");
+    EXPECT_EQ(escapeCharacters("", escapes).view(), "");
+}
+
+TEST(EscapeCharacters, FindsThemWhereverTheyStand) {
+    for (std::size_t before = 0; before < 140; ++before) {
+        const std::string text(before, 'a');
+        ASSERT_EQ(escapeCharacters(text + "&\né" + text + "\"", escapes).view(), text + "&amp;\\né" + text + "'");
+    }
+}
+
+} // namespace
+
+} // namespace lexivore

@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/words.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace lexivore {
+
+namespace {
+
+using namespace std::string_literals;
+using Pieces = std::vector<std::string_view>;
+
+TEST(Pieces, StandBetweenSeparatorsAndAreNeverEmpty) {
+    EXPECT_EQ(splitPieces("  a b \t\n c", whitespaceAndNewlines), (Pieces{"a", "b", "c"}));
+    EXPECT_EQ(splitPieces("a b\nc", whitespace), (Pieces{"a", "b\nc"}));
+    EXPECT_EQ(splitPieces("a b\nc", newlines), (Pieces{"a b", "c"}));
+    EXPECT_EQ(splitPieces("a\u3000b\u2028c\u0085d", whitespaceAndNewlines), (Pieces{"a", "b", "c", "d"}));
+    EXPECT_EQ(splitPieces("a1é-b2", alphanumerics), Pieces{"-"});
+}
+
+TEST(Pieces, OfNothingAreNone) {
+    for (const std::string_view text : {"", " ", " \r\n\t\u2029\u3000"}) {
+        EXPECT_EQ(splitPieces(text, whitespaceAndNewlines), Pieces{});
+        EXPECT_EQ(pieceCount(text, whitespaceAndNewlines), 0U);
+    }
+    EXPECT_EQ(splitPieces({}, whitespace), Pieces{});
+}
+
+TEST(Pieces, AreFoundWhereverTheyStand) {
+    for (std::size_t before = 0; before < 140; ++before) {
+        for (const std::string_view separator : {" ", "\u00A0", "\u3000", "\r\n", " \u2028 "}) {
+            for (const std::string_view word : {"a", "é", "漢字", "😀\u200D😀", "\u200B"}) {
+                std::string text = std::string(before, 'x') + std::string(separator) + std::string(word) +
+                                   std::string(separator) + std::string(before, 'y');
+                Pieces pieces = {word};
+                if (before > 0) {
+                    pieces = {std::string_view(text).substr(0, before), word,
+                              std::string_view(text).substr(text.size() - before)};
+                }
+                ASSERT_EQ(splitPieces(text, whitespaceAndNewlines), pieces)
+                    << before << " before " << testing::PrintToString(separator) << " and " << word;
+                ASSERT_EQ(pieceCount(text, whitespaceAndNewlines), pieces.size());
+            }
+        }
+    }
+}
+
+TEST(Pieces, AreJoinedWithOneCharacter) {
+    EXPECT_EQ(joinPieces("  a \t b\u3000c ", whitespace, ' '), "a b c");
+    EXPECT_EQ(joinPieces("a\u00A0\nb", whitespace, ' '), "a \nb");
+    EXPECT_EQ(joinPieces("a \nb", whitespaceAndNewlines, '\n'), "a\nb");
+    EXPECT_EQ(joinPieces(" \t", whitespace, ' '), "");
+}
+
+TEST(FindMember, GivesTheFirstMemberOrTheEnd) {
+    const std::string text = "ab é\u3000漢";
+    const char *const begin = text.data();
+    const char *const end = begin + text.size();
+    EXPECT_EQ(findMember(begin, end, whitespace) - begin, 2);
+    EXPECT_EQ(findMember(begin + 3, end, whitespace) - begin, 5);
+    EXPECT_EQ(findMember(begin, end, property::number), end);
+    EXPECT_EQ(findMember(end, end, whitespace), end);
+}
+
+TEST(FindNonMember, GivesTheFirstOtherOrTheEnd) {
+    const std::string text = "\t \u3000é1";
+    const char *const begin = text.data();
+    const char *const end = begin + text.size();
+    EXPECT_EQ(findNonMember(begin, end, whitespace) - begin, 5);
+    EXPECT_EQ(findNonMember(begin, end, whitespace | alphanumerics), end);
+}
+
+Pieces sentencePieces(std::string_view text) {
+    Pieces pieces;
+    forEachSentencePiece(text, [&pieces](std::string_view piece) { pieces.push_back(piece); });
+    return pieces;
+}
+
+TEST(SentencePieces, AreCutAtTheThreeTerminatorsAndMayBeEmpty) {
+    EXPECT_EQ(sentencePieces("Hi. How?! Yes"), (Pieces{"Hi", " How", "", " Yes"}));
+    EXPECT_EQ(sentencePieces("end."), (Pieces{"end", ""}));
+    EXPECT_EQ(sentencePieces("..."), (Pieces{"", "", "", ""}));
+    EXPECT_EQ(sentencePieces(""), Pieces{""});
+    EXPECT_EQ(sentencePieces("a。b…c\n"), Pieces{"a。b…c\n"});
+}
+
+TEST(SentencePieces, AreFoundWhereverTheTerminatorStands) {
+    for (std::size_t before = 0; before < 140; ++before) {
+        const std::string piece(before, 'a');
+        for (const char terminator : {'.', '!', '?'}) {
+            ASSERT_EQ(sentencePieces(piece + terminator + terminator + piece), (Pieces{piece, "", piece}));
+        }
+    }
+}
+
+} // namespace
+
+} // namespace lexivore

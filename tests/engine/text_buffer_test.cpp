@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/text_buffer.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <utility>
+
+namespace lexivore {
+
+namespace {
+
+constexpr std::size_t large = 8'000'000;
+
+TEST(TextBuffer, IsEmptyAtFirst) {
+    const TextBuffer buffer;
+    EXPECT_TRUE(buffer.empty());
+    EXPECT_EQ(buffer.size(), 0U);
+    EXPECT_EQ(buffer.view(), "");
+}
+
+TEST(TextBuffer, KeepsTheBytesOfATextAsTheyAre) {
+    const std::string text("a\0é\r\n\xFF", 7);
+    const TextBuffer buffer{std::string_view(text)};
+    EXPECT_EQ(buffer.view(), text);
+    EXPECT_TRUE(buffer == std::string_view(text));
+    EXPECT_FALSE(buffer == std::string_view("a"));
+}
+
+TEST(TextBuffer, AppendsTextsOfEveryLength) {
+    TextBuffer buffer;
+    std::string expected;
+    for (std::size_t length = 0; length < 300; ++length) {
+        std::string text;
+        for (std::size_t i = 0; i < length; ++i) {
+            text += static_cast<char>('a' + static_cast<char>((length + i) % 26));
+        }
+        buffer.append(text);
+        buffer.append('|');
+        expected += text + "|";
+        ASSERT_EQ(buffer.view(), expected);
+    }
+    buffer.append(std::string_view());
+    EXPECT_EQ(buffer.view(), expected);
+}
+
+TEST(TextBuffer, HasRoomThatBecomesTextWhenCommitted) {
+    TextBuffer buffer("ab");
+    char *const place = buffer.room(1000);
+    EXPECT_GE(buffer.capacity(), 1002U);
+    EXPECT_EQ(buffer.view(), "ab");
+    std::memcpy(place, "cdef", 4);
+    buffer.commit(place + 3);
+    EXPECT_EQ(buffer.view(), "abcde");
+}
+
+TEST(TextBuffer, HasTheCapacityThatWasAskedFor) {
+    TextBuffer buffer = TextBuffer::withCapacity(1000);
+    EXPECT_TRUE(buffer.empty());
+    EXPECT_GE(buffer.capacity(), 1000U);
+    const char *const place = buffer.room(1000);
+    EXPECT_EQ(place, buffer.data());
+    EXPECT_TRUE(TextBuffer::withCapacity(0).empty());
+}
+
+TEST(TextBuffer, DropsWhatStandsBehindASize) {
+    TextBuffer buffer("abcdef");
+    buffer.truncate(9);
+    EXPECT_EQ(buffer.view(), "abcdef");
+    buffer.truncate(2);
+    EXPECT_EQ(buffer.view(), "ab");
+    buffer.append("x");
+    EXPECT_EQ(buffer.view(), "abx");
+    buffer.truncate(0);
+    EXPECT_EQ(buffer.view(), "");
+}
+
+TEST(TextBuffer, GivesBackRoomThatIsNotUsed) {
+    for (const std::size_t reserved : {std::size_t{10'000}, large}) {
+        TextBuffer buffer = TextBuffer::withCapacity(reserved);
+        buffer.append("a few bytes");
+        buffer.shrink();
+        EXPECT_EQ(buffer.view(), "a few bytes");
+        EXPECT_LT(buffer.capacity(), 1000U);
+    }
+    TextBuffer nothing = TextBuffer::withCapacity(10'000);
+    nothing.shrink();
+    EXPECT_EQ(nothing.view(), "");
+}
+
+TEST(TextBuffer, MovesItsText) {
+    TextBuffer first("abc");
+    TextBuffer second(std::move(first));
+    EXPECT_EQ(second.view(), "abc");
+    EXPECT_TRUE(first.empty()); // NOLINT(bugprone-use-after-move): a moved buffer is an empty one
+    first.append("new");
+    EXPECT_EQ(first.view(), "new");
+    second = std::move(first);
+    EXPECT_EQ(second.view(), "new");
+}
+
+TEST(TextBuffer, KeepsLargeTextsApart) {
+    TextBuffer first{std::string_view(std::string(large, 'a'))};
+    {
+        TextBuffer second{std::string_view(std::string(large, 'b'))};
+        EXPECT_EQ(second.view(), std::string(large, 'b'));
+    }
+    TextBuffer third = TextBuffer::withCapacity(large);
+    TextBuffer fourth = TextBuffer::withCapacity(large);
+    third.append(std::string(large, 'c'));
+    fourth.append(std::string(large, 'd'));
+    EXPECT_EQ(first.view(), std::string(large, 'a'));
+    EXPECT_EQ(third.view(), std::string(large, 'c'));
+    EXPECT_EQ(fourth.view(), std::string(large, 'd'));
+    TextBuffer::releaseSpareMemory();
+    EXPECT_EQ(first.view(), std::string(large, 'a'));
+    first = std::move(third);
+    TextBuffer::releaseSpareMemory();
+    TextBuffer::releaseSpareMemory();
+    EXPECT_EQ(first.view(), std::string(large, 'c'));
+}
+
+TEST(TextBuffer, GrowsByteByByteToALargeText) {
+    TextBuffer buffer;
+    for (std::size_t i = 0; i < large; ++i) {
+        buffer.append('x');
+    }
+    EXPECT_EQ(buffer.view(), std::string(large, 'x'));
+}
+
+} // namespace
+
+} // namespace lexivore
