@@ -3,12 +3,14 @@
 #include "tools/readability_tool.h"
 
 #include "engine/primitives/characters.h"
-#include "engine/primitives/lines.h"
+#include "engine/primitives/text_counts.h"
+#include "engine/primitives/utf8.h"
 #include "engine/primitives/words.h"
 #include "tools/number_text.h"
 #include "tools/tool_view_factory.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace lexivore {
@@ -29,21 +31,46 @@ double readingEase(double words, double sentences, double syllables) {
     return 206.835 - 1.015 * (words / sentences) - 84.6 * (syllables / words);
 }
 
-bool isVowel(std::string_view character) {
-    constexpr std::string_view vowels = "aeiouyAEIOUY";
-    return character.size() == 1 && vowels.find(character.front()) != std::string_view::npos;
+constexpr std::array<bool, 256> vowelBytes = [] {
+    std::array<bool, 256> isVowel{};
+    for (const char vowel : std::string_view("aeiouyAEIOUY")) {
+        isVowel[static_cast<unsigned char>(vowel)] = true;
+    }
+    return isVowel;
+}();
+
+bool isVowel(char byte) { return vowelBytes[static_cast<unsigned char>(byte)]; }
+
+/// Counts the runs of vowels among the characters that it is given.
+class VowelRuns {
+public:
+    void add(bool isVowel) {
+        m_count += isVowel && !m_followsVowel ? 1 : 0;
+        m_followsVowel = isVowel;
+    }
+    [[nodiscard]] std::int64_t count() const { return m_count; }
+
+private:
+    std::int64_t m_count = 0;
+    bool m_followsVowel = false;
+};
+
+std::int64_t vowelRuns(std::string_view word) {
+    VowelRuns runs;
+    if (std::all_of(word.begin(), word.end(), isAscii)) {
+        // Each byte is a character, but for CR LF, which is no vowel either way.
+        std::for_each(word.begin(), word.end(), [&](char byte) { runs.add(isVowel(byte)); });
+    } else {
+        forEachCharacter(
+            word, [&](std::string_view character) { runs.add(character.size() == 1 && isVowel(character.front())); });
+    }
+    return runs.count();
 }
 
 } // namespace
 
 std::int64_t syllableCount(std::string_view word) {
-    std::int64_t count = 0;
-    bool followsVowel = false;
-    forEachCharacter(word, [&](std::string_view character) {
-        const bool isOne = isVowel(character);
-        count += isOne && !followsVowel ? 1 : 0;
-        followsVowel = isOne;
-    });
+    const std::int64_t count = vowelRuns(word);
     // Nothing but these two lowercases to something that ends with "e".
     const bool endsWithE = word.ends_with('e') || word.ends_with('E');
     return std::max<std::int64_t>(endsWithE && count >= 2 ? count - 1 : count, 1);
@@ -58,10 +85,10 @@ Readability readability(std::string_view text) {
     Readability result;
     forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) {
         ++result.words;
-        result.syllables += syllableCount(word);
+        result.syllables += syllableCount(word); // in all at most the number of bytes
     });
-    forEachSentencePiece(text, [&](std::string_view piece) { result.sentences += isBlank(piece) ? 0 : 1; });
-    result.sentences = std::max<std::int64_t>(result.sentences, 1);
+    const auto sentences = static_cast<std::int64_t>(countText(text).nonBlankSentences);
+    result.sentences = std::max<std::int64_t>(sentences, 1);
     if (result.words < 1) {
         return result;
     }

@@ -55,7 +55,14 @@ TextBuffer joinPieces(std::string_view text, CodePointSet separators, char joine
 
 std::size_t pieceCount(std::string_view text, CodePointSet separators) {
     std::size_t count = 0;
-    forEachPiece(text, separators, [&count](std::string_view) { ++count; });
+    std::uint64_t before = 1; // what stands before the text separates
+    MembershipScan scan(text, separators, MembershipScan::Mark::everyByte);
+    for (MembershipScan::Block block; scan.next(block);) {
+        const std::uint64_t begins = ~block.members & (block.members << 1 | before);
+        const std::uint64_t inText = ~std::uint64_t{0} >> (kernels::blockSize - block.size);
+        count += static_cast<std::size_t>(std::popcount(begins & inText));
+        before = block.members >> (kernels::blockSize - 1);
+    }
     return count;
 }
 
