@@ -1,0 +1,458 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "manager/json_preferences.h"
+
+#include "manager/folder_lock.h"
+#include "manager/preferences_json.h"
+#include "tests/support/files.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <fcntl.h>
+#include <random>
+#include <sched.h>
+#include <string>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace lexivore {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// QSettings remembers files for the whole process. So what another start of the program would see is looked at in
+/// another process, or the file is read without it.
+class JsonPreferencesTest : public testing::Test {
+protected:
+    QString path(const char *name = "preferences.json") const {
+        return folder.filePath(QStringLiteral("lexivore/") + QLatin1String(name));
+    }
+    QVariantMap onDisk() const { return decodePreferences(test::bytesOf(path())).value_or(QVariantMap()); }
+    QStringList files() const { return QDir(folder.filePath(QStringLiteral("lexivore"))).entryList(QDir::Files); }
+    void put(const QByteArray &bytes) const {
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(path()).absolutePath()));
+        test::writeBytes(path(), bytes);
+    }
+    /// What another start of the program does and answers.
+    int elsewhere(const std::function<int(JsonPreferences &)> &body) const {
+        return test::inChild([&] {
+            JsonPreferences preferences(path());
+            return body(preferences);
+        });
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(JsonPreferencesTest, LivesInTheUsersConfigurationFolder) {
+    qputenv("XDG_CONFIG_HOME", "/somewhere/config");
+    EXPECT_EQ(JsonPreferences::defaultPath().toStdString(), "/somewhere/config/lexivore/preferences.json");
+    qunsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(JsonPreferencesTest, ReadingMakesNoFile) {
+    const JsonPreferences preferences(path());
+    EXPECT_FALSE(preferences.value(QStringLiteral("favorites")).isValid());
+    EXPECT_FALSE(QFileInfo::exists(folder.filePath(QStringLiteral("lexivore"))));
+}
+
+TEST_F(JsonPreferencesTest, EveryTypeOutlivesTheProgram) {
+    const QByteArray recipes = R"([{"a":1.5,"b":[true,null,"x"]}])";
+    const QByteArray binary("\0\xFF not text", 11);
+    EXPECT_EQ(
+        elsewhere([&](JsonPreferences &preferences) {
+            preferences.setValue(QStringLiteral("favorites"), QStringList{QStringLiteral("b"), QStringLiteral("a")});
+            preferences.setValue(QStringLiteral("none"), QStringList());
+            preferences.setValue(QStringLiteral("mixed"), QVariantList{QStringLiteral("a"), 5});
+            preferences.setValue(QStringLiteral("recipes"), recipes);
+            preferences.setValue(QStringLiteral("binary"), binary);
+            preferences.setValue(QStringLiteral("empty data"), QByteArray());
+            preferences.setValue(QStringLiteral("editorFontSize"), 13.5);
+            preferences.setValue(QStringLiteral("whole"), 14.0);
+            preferences.setValue(QStringLiteral("hasText"), true);
+            preferences.setValue(QStringLiteral("text"), QStringLiteral("true"));
+            preferences.setValue(QStringLiteral("gone"), 1);
+            preferences.remove(QStringLiteral("gone"));
+            return preferences.value(QStringLiteral("gone")).isValid() ? 1 : 0;
+        }),
+        0);
+    EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});
+
+    const JsonPreferences preferences(path());
+    const auto value = [&](const char *key) { return preferences.value(QLatin1String(key)); };
+    EXPECT_EQ(value("favorites"), QVariant(QVariantList{QStringLiteral("b"), QStringLiteral("a")}));
+    EXPECT_EQ(value("none"), QVariant(QVariantList()));
+    EXPECT_FALSE(value("missing").isValid());
+    EXPECT_FALSE(value("gone").isValid());
+    ASSERT_EQ(value("mixed").toList().size(), 2);
+    EXPECT_EQ(value("mixed").toList()[0].typeId(), QMetaType::QString);
+    EXPECT_EQ(value("mixed").toList()[1].typeId(), QMetaType::LongLong);
+    EXPECT_EQ(value("recipes"), QVariant(recipes));
+    EXPECT_EQ(value("recipes").typeId(), QMetaType::QByteArray);
+    EXPECT_EQ(value("binary"), QVariant(binary));
+    EXPECT_EQ(value("empty data"), QVariant(QByteArray("")));
+    EXPECT_EQ(value("editorFontSize"), QVariant(13.5));
+    EXPECT_EQ(value("whole").toDouble(), 14.0);
+    EXPECT_EQ(value("hasText"), QVariant(true));
+    EXPECT_EQ(value("text"), QVariant(QStringLiteral("true")));
+}
+
+TEST_F(JsonPreferencesTest, AValueHasTheTypeThatItWillHaveAfterARestart) {
+    JsonPreferences preferences(path());
+    preferences.setValue(QStringLiteral("list"), QStringList{QStringLiteral("a")});
+    preferences.setValue(QStringLiteral("whole"), 14.0);
+    EXPECT_EQ(preferences.value(QStringLiteral("list")).typeId(), QMetaType::QVariantList);
+    EXPECT_EQ(preferences.value(QStringLiteral("whole")).typeId(), QMetaType::LongLong);
+}
+
+TEST_F(JsonPreferencesTest, TheFileCanBeReadByPeople) {
+    JsonPreferences preferences(path());
+    preferences.setValue(QStringLiteral("favorites"), QStringList{QStringLiteral("trim-lines")});
+    preferences.setValue(QStringLiteral("recipes"), QByteArray(R"([{"name":"é"}])"));
+    preferences.setValue(QStringLiteral("x"), QByteArray("no json"));
+    EXPECT_EQ(test::bytesOf(path()).toStdString(), R"({
+    "favorites": [
+        "trim-lines"
+    ],
+    "recipes": {
+        "json": [
+            {
+                "name": "é"
+            }
+        ]
+    },
+    "x": {
+        "base64": "bm8ganNvbg=="
+    }
+}
+)");
+}
+
+TEST_F(JsonPreferencesTest, KeepsWhatItDoesNotKnow) {
+    put(R"({"later/version": {"a": [1, {"b": null}], "c": 1e300}, "": 5, "base": {"base64": "!"}, "json": {"json": 1}})");
+    const QVariantMap before = onDisk();
+    EXPECT_EQ(elsewhere([](JsonPreferences &preferences) {
+                  preferences.setValue(QStringLiteral("hasText"), true);
+                  return 0;
+              }),
+              0);
+    QVariantMap after = onDisk();
+    EXPECT_EQ(after.take(QStringLiteral("hasText")), QVariant(true));
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});
+}
+
+TEST_F(JsonPreferencesTest, SeesAndKeepsTheOtherCopysChanges) {
+    JsonPreferences preferences(path());
+    preferences.setValue(QStringLiteral("mine"), 1);
+    EXPECT_EQ(elsewhere([](JsonPreferences &other) {
+                  other.setValue(QStringLiteral("theirs"), 1);
+                  return 0;
+              }),
+              0);
+    preferences.setValue(QStringLiteral("mine"), 2);
+    EXPECT_EQ(preferences.value(QStringLiteral("theirs")), QVariant(1));
+    EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("mine"), 2LL}, {QStringLiteral("theirs"), 1LL}}));
+}
+
+TEST_F(JsonPreferencesTest, NoTwoVersionsOfTheFileHaveTheSameTime) {
+    JsonPreferences preferences(path());
+    QDateTime last;
+    for (int i = 0; i < 50; ++i) {
+        preferences.setValue(QStringLiteral("digit"), i % 10);
+        const QDateTime time = QFileInfo(path()).lastModified();
+        EXPECT_TRUE(!last.isValid() || time > last);
+        last = time;
+    }
+    QFile file(path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QDateTime future = QDateTime::currentDateTime().addDays(1); // the clock was wrong once
+    ASSERT_TRUE(file.setFileTime(future, QFileDevice::FileModificationTime));
+    file.close();
+    preferences.setValue(QStringLiteral("digit"), 1);
+    EXPECT_GT(QFileInfo(path()).lastModified(), future);
+}
+
+TEST_F(JsonPreferencesTest, TwoProcessesLoseNothingOfEachOther) {
+    constexpr int rounds = 200;
+    // Each changes its own key and looks whether its last change is still there before it makes the next.
+    const auto count = [&](const QString &key) {
+        JsonPreferences preferences(path());
+        for (int i = 1; i <= rounds; ++i) {
+            preferences.setValue(key, i % 10);
+            if (onDisk().value(key).toInt() != i % 10) {
+                return 1;
+            }
+        }
+        preferences.setValue(key, rounds);
+        return 0;
+    };
+    const pid_t one = test::startChild([&] { return count(QStringLiteral("one")); });
+    const pid_t two = test::startChild([&] { return count(QStringLiteral("two")); });
+    EXPECT_EQ(count(QStringLiteral("three")), 0);
+    EXPECT_EQ(test::resultOf(one), 0);
+    EXPECT_EQ(test::resultOf(two), 0);
+    EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("one"), qlonglong(rounds)},
+                                     {QStringLiteral("two"), qlonglong(rounds)},
+                                     {QStringLiteral("three"), qlonglong(rounds)}}));
+}
+
+TEST_F(JsonPreferencesTest, IsWholeWheneverItsWriterIsKilled) {
+    const QByteArray shortList = "[]";
+    const QByteArray longList = "[" + QByteArray("\"0123456789\",").repeated(5'000) + "1]";
+    ASSERT_EQ(elsewhere([](JsonPreferences &preferences) {
+                  preferences.setValue(QStringLiteral("favorites"), QStringList{QStringLiteral("trim-lines")});
+                  return 0;
+              }),
+              0);
+    std::mt19937 random(1);
+    int killed = 0;
+    for (int round = 0; round < 150; ++round) {
+        const pid_t writer = test::startChild([&] {
+            JsonPreferences preferences(path());
+            for (;;) {
+                preferences.setValue(QStringLiteral("recipes"), longList);
+                preferences.setValue(QStringLiteral("recipes"), shortList);
+            }
+            return 0;
+        });
+        ::usleep(static_cast<useconds_t>(random() % 15'000));
+        ::kill(writer, SIGKILL);
+        killed += test::resultOf(writer) == -SIGKILL ? 1 : 0;
+        const QVariantMap left = onDisk();
+        ASSERT_EQ(left.value(QStringLiteral("favorites")), QVariant(QVariantList{QStringLiteral("trim-lines")}));
+        const QVariant recipes = left.value(QStringLiteral("recipes"));
+        ASSERT_TRUE(!recipes.isValid() || recipes == QVariant(shortList) || recipes == QVariant(longList));
+    }
+    EXPECT_EQ(killed, 150);
+
+    QElapsedTimer timer;
+    timer.start();
+    JsonPreferences preferences(path());
+    preferences.setValue(QStringLiteral("hasText"), true);
+    EXPECT_LT(timer.elapsed(), 2'000);
+    EXPECT_EQ(onDisk().value(QStringLiteral("hasText")), QVariant(true));
+    EXPECT_EQ(files().filter(QStringLiteral("corrupt")), QStringList());
+}
+
+TEST_F(JsonPreferencesTest, DoesNotWaitForTheLockOfACopyThatWasKilled) {
+    put("{}");
+    test::writeBytes(path("preferences.json.lock"), ""); // made, but not yet filled
+    QElapsedTimer timer;
+    timer.start();
+    JsonPreferences preferences(path());
+    preferences.setValue(QStringLiteral("hasText"), true);
+    EXPECT_LT(timer.elapsed(), 2'000);
+    EXPECT_EQ(onDisk().value(QStringLiteral("hasText")), QVariant(true));
+    EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});
+}
+
+TEST_F(JsonPreferencesTest, GoesOnWhenAnotherCopyDoesNotGiveTheLockBack) {
+    put("{}");
+    int ready[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    const pid_t holder = test::startChild([&] {
+        const FolderLock lock(QFileInfo(path()).absolutePath(), 0ms);
+        if (lock.state() != FolderLock::State::held || ::write(ready[1], "x", 1) != 1) {
+            return 1;
+        }
+        for (;;) {
+            ::pause();
+        }
+        return 0;
+    });
+    char byte = 0;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    {
+        JsonPreferences preferences(path());
+        preferences.setValue(QStringLiteral("hasText"), true);
+        EXPECT_EQ(preferences.value(QStringLiteral("hasText")), QVariant(true));
+        EXPECT_EQ(onDisk(), QVariantMap());
+
+        ::kill(holder, SIGKILL);
+        test::resultOf(holder);
+        preferences.setValue(QStringLiteral("editorFontSize"), 20);
+        EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("hasText"), true}, {QStringLiteral("editorFontSize"), 20LL}}));
+    }
+    ::close(ready[0]);
+    ::close(ready[1]);
+}
+
+TEST_F(JsonPreferencesTest, AFileCutAnywhereIsSetAsideBeforeTheFirstWrite) {
+    const QByteArray whole = encodePreferences({
+        {QStringLiteral("favorites"), QVariantList{QStringLiteral("trim-lines"), QStringLiteral("é")}},
+        {QStringLiteral("recipes"), QByteArray(R"([{"name":"x"}])")},
+        {QStringLiteral("editorFontSize"), 13.5},
+    });
+    ASSERT_TRUE(whole.endsWith("}\n"));
+    for (qsizetype length = 0; length < whole.size(); ++length) {
+        SCOPED_TRACE(length);
+        const QByteArray cut = whole.left(length);
+        const QTemporaryDir place;
+        const QString file = place.filePath(QStringLiteral("preferences.json"));
+        const QString aside = file + QStringLiteral(".corrupt");
+        test::writeBytes(file, cut);
+
+        JsonPreferences preferences(file);
+        const bool isWhole = length == whole.size() - 1; // only the final newline is missing
+        ASSERT_EQ(preferences.value(QStringLiteral("favorites")).isValid(), isWhole);
+        ASSERT_EQ(test::bytesOf(file), cut); // reading changes nothing
+        preferences.setValue(QStringLiteral("hasText"), true);
+        ASSERT_EQ(decodePreferences(test::bytesOf(file))->size(), isWhole ? 4 : 1);
+        if (length == 0 || isWhole) {
+            ASSERT_FALSE(QFileInfo::exists(aside)); // nothing would be lost
+        } else {
+            ASSERT_EQ(test::bytesOf(aside), cut);
+        }
+    }
+}
+
+TEST_F(JsonPreferencesTest, EveryCorruptFileIsKept) {
+    JsonPreferences preferences(path());
+    for (const char *bytes : {"[]", "{\"a\": 1} x", "\xFF\xFE", "null"}) {
+        put(bytes);
+        preferences.setValue(QStringLiteral("hasText"), true);
+    }
+    EXPECT_EQ(test::bytesOf(path("preferences.json.corrupt")), "[]");
+    EXPECT_EQ(test::bytesOf(path("preferences.json.corrupt-2")), "{\"a\": 1} x");
+    EXPECT_EQ(test::bytesOf(path("preferences.json.corrupt-3")), "\xFF\xFE");
+    EXPECT_EQ(test::bytesOf(path("preferences.json.corrupt-4")), "null");
+    EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("hasText"), true}}));
+}
+
+TEST_F(JsonPreferencesTest, NothingIsWrittenBehindTheBackOfTheLock) {
+    put("{}");
+    EXPECT_EQ(test::inChild([&] {
+                  int argumentCount = 1;
+                  char name[] = "test";
+                  char *arguments[] = {name, nullptr};
+                  const QCoreApplication application(argumentCount, arguments);
+                  {
+                      JsonPreferences preferences(path());
+                      test::limitFileSize(100);
+                      preferences.setValue(QStringLiteral("text"), QString(200, QLatin1Char('x')));
+                      test::limitFileSize(RLIM_INFINITY);
+                      put("corrupt"); // what is not written yet must not be written over it
+                      QCoreApplication::processEvents();
+                  }
+                  return test::bytesOf(path()) == "corrupt" ? 0 : 1;
+              }),
+              0);
+}
+
+/// Writes what cannot be written, sees that nothing is lost, and writes again when it can be. Answers 0 or the number
+/// of the step that went wrong.
+int failAndRecover(const QString &path, const std::function<void()> &makeRoom) {
+    const QByteArray before = test::bytesOf(path);
+    JsonPreferences preferences(path);
+    const QString large(50'000, QLatin1Char('x'));
+    preferences.setValue(QStringLiteral("large"), large);
+    if (test::bytesOf(path) != before) {
+        return 1;
+    }
+    if (preferences.value(QStringLiteral("large")) != QVariant(large)) {
+        return 2;
+    }
+    if (preferences.value(QStringLiteral("favorites")).toList().size() != 1) {
+        return 3;
+    }
+    if (QDir(QFileInfo(path).absolutePath()).entryList({QStringLiteral("preferences.json*")}).size() != 1) {
+        return 4;
+    }
+    makeRoom();
+    preferences.setValue(QStringLiteral("hasText"), true);
+    const QVariantMap after = decodePreferences(test::bytesOf(path)).value_or(QVariantMap());
+    return after.size() == 3 && after.value(QStringLiteral("large")) == QVariant(large) ? 0 : 5;
+}
+
+constexpr char someFavorites[] = "{\"favorites\": [\"trim-lines\"]}";
+
+TEST_F(JsonPreferencesTest, AFileThatMayNotGrowStaysAsItWas) {
+    put(someFavorites);
+    EXPECT_EQ(test::inChild([&] {
+                  test::limitFileSize(1'000);
+                  return failAndRecover(path(), [] { test::limitFileSize(RLIM_INFINITY); });
+              }),
+              0);
+}
+
+TEST_F(JsonPreferencesTest, AFullDiskLeavesTheOldFile) {
+    constexpr int couldNotMount = 77;
+    const int result = test::inChild([&] {
+        const QByteArray place = QFile::encodeName(folder.path());
+        const bool isAlone = ::unshare(CLONE_NEWNS) == 0 || ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
+        if (!isAlone || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            ::mount("none", place.constData(), "tmpfs", 0, "size=256k") != 0) {
+            return couldNotMount;
+        }
+        put(someFavorites);
+        const QString filler = folder.filePath(QStringLiteral("filler"));
+        QFile file(filler);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+            return 70;
+        }
+        while (file.write(QByteArray(4'096, 'f')) > 0) {
+        }
+        file.close();
+        return failAndRecover(path(), [&] { QFile::remove(filler); });
+    });
+    if (result == couldNotMount) {
+        GTEST_SKIP() << "This system lets nobody mount a small file system; the limit on the file's size was tested.";
+    }
+    EXPECT_EQ(result, 0);
+}
+
+TEST_F(JsonPreferencesTest, AFolderThatMayNotBeWrittenLeavesTheOldFile) {
+    put(someFavorites);
+    const QByteArray place = QFile::encodeName(QFileInfo(path()).absolutePath());
+    ASSERT_EQ(::chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
+    ASSERT_EQ(::chmod(place.constData(), 0555), 0);
+    EXPECT_EQ(test::inChild([&] {
+                  if (::geteuid() == 0 && ::setuid(65534) != 0) {
+                      return 70;
+                  }
+                  const QByteArray before = test::bytesOf(path());
+                  JsonPreferences preferences(path());
+                  preferences.setValue(QStringLiteral("hasText"), true);
+                  preferences.remove(QStringLiteral("favorites"));
+                  if (test::bytesOf(path()) != before || files().size() != 1) {
+                      return 1;
+                  }
+                  const bool goesOn = preferences.value(QStringLiteral("hasText")) == QVariant(true) &&
+                                      !preferences.value(QStringLiteral("favorites")).isValid();
+                  return goesOn ? 0 : 2;
+              }),
+              0);
+
+    test::writeBytes(path(), "corrupt"); // cannot be set aside, so it must not be overwritten either
+    EXPECT_EQ(test::inChild([&] {
+                  if (::geteuid() == 0 && ::setuid(65534) != 0) {
+                      return 70;
+                  }
+                  JsonPreferences preferences(path());
+                  preferences.setValue(QStringLiteral("hasText"), true);
+                  return test::bytesOf(path()) == "corrupt" ? 0 : 1;
+              }),
+              0);
+    ASSERT_EQ(::chmod(place.constData(), 0755), 0);
+}
+
+TEST_F(JsonPreferencesTest, AHomeWithoutRoomForTheFolderIsBorne) {
+    const QString file = QStringLiteral("/proc/no/such/preferences.json");
+    JsonPreferences preferences(file);
+    preferences.setValue(QStringLiteral("hasText"), true);
+    EXPECT_EQ(preferences.value(QStringLiteral("hasText")), QVariant(true));
+    EXPECT_FALSE(QFileInfo::exists(file));
+}
+
+} // namespace
+} // namespace lexivore
