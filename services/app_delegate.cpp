@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "services/app_delegate.h"
+
+#include <QEvent>
+
+#include <utility>
+
+namespace lexivore {
+
+AppDelegate::AppDelegate(QObject *parent) : QObject(parent) {}
+
+void AppDelegate::adoptWindow(QObject *window, std::function<void()> hideApplication) {
+    if (m_window) {
+        m_window->removeEventFilter(this);
+    }
+    m_window = window;
+    m_hideApplication = std::move(hideApplication);
+    if (m_window) {
+        m_window->installEventFilter(this);
+    }
+}
+
+bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == m_window && event->type() == QEvent::Close) {
+        event->ignore();
+        m_hideApplication();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace lexivore

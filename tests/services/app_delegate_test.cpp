@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "services/app_delegate.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <memory>
+
+namespace lexivore {
+namespace {
+
+/// Events are delivered by an application object.
+class AppDelegateTest : public testing::Test {
+    int m_argc = 1;
+    char m_name[5] = "test";
+    char *m_argv[2] = {m_name, nullptr};
+    QCoreApplication m_application{m_argc, m_argv};
+};
+
+/// Stands for a window: remembers whether it was closed.
+class Window : public QObject {
+public:
+    bool isClosed = false;
+
+    bool event(QEvent *event) override {
+        isClosed = isClosed || event->type() == QEvent::Close;
+        return QObject::event(event);
+    }
+};
+
+TEST_F(AppDelegateTest, HidesTheApplicationInsteadOfClosingTheWindow) {
+    Window window;
+    AppDelegate delegate;
+    int hidden = 0;
+    delegate.adoptWindow(&window, [&]() { ++hidden; });
+    EXPECT_EQ(delegate.window(), &window);
+
+    QEvent close(QEvent::Close);
+    QCoreApplication::sendEvent(&window, &close);
+    EXPECT_FALSE(close.isAccepted());
+    EXPECT_FALSE(window.isClosed);
+    EXPECT_EQ(hidden, 1);
+}
+
+TEST_F(AppDelegateTest, LeavesOtherEventsAndOtherWindowsAlone) {
+    Window window;
+    Window other;
+    AppDelegate delegate;
+    int hidden = 0;
+    delegate.adoptWindow(&window, [&]() { ++hidden; });
+    QEvent show(QEvent::Show);
+    QCoreApplication::sendEvent(&window, &show);
+    QEvent close(QEvent::Close);
+    QCoreApplication::sendEvent(&other, &close);
+    EXPECT_TRUE(other.isClosed);
+    EXPECT_EQ(hidden, 0);
+}
+
+TEST_F(AppDelegateTest, HasNoWindowUntilItAdoptsOneAndForgetsADestroyedOne) {
+    AppDelegate delegate;
+    EXPECT_EQ(delegate.window(), nullptr);
+    auto window = std::make_unique<Window>();
+    delegate.adoptWindow(window.get(), []() {});
+    window.reset();
+    EXPECT_EQ(delegate.window(), nullptr);
+    delegate.adoptWindow(nullptr, []() {});
+}
+
+} // namespace
+} // namespace lexivore

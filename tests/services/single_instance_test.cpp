@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "services/single_instance.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+namespace lexivore {
+namespace {
+
+constexpr int patience = 20'000; // milliseconds; only a broken program takes that long
+
+class SingleInstanceTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        static int argc = 1;
+        static char name[] = "single_instance_test";
+        static char *argv[] = {name, nullptr};
+        static QCoreApplication application(argc, argv);
+    }
+
+    std::unique_ptr<QProcess> start(const QStringList &files = {}) {
+        auto process = std::make_unique<QProcess>();
+        process->start(INSTANCE_PROBE, QStringList(m_folder.path()) + files);
+        EXPECT_TRUE(process->waitForStarted(patience));
+        return process;
+    }
+
+    static QByteArray nextLine(QProcess &process) {
+        QElapsedTimer timer;
+        timer.start();
+        while (!process.canReadLine() && timer.elapsed() < patience && process.waitForReadyRead(patience)) {
+        }
+        return process.readLine().trimmed();
+    }
+
+    static void end(QProcess &process) {
+        process.write("end\n");
+        EXPECT_TRUE(process.waitForFinished(patience));
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(SingleInstanceTest, TheFirstStartIsThePrimaryOne) {
+    const auto first = start();
+    EXPECT_EQ(nextLine(*first), "primary");
+    end(*first);
+}
+
+TEST_F(SingleInstanceTest, ALaterStartHandsItsFilesToTheFirstAndEnds) {
+    const auto first = start();
+    ASSERT_EQ(nextLine(*first), "primary");
+    const auto second = start({"/a folder/ä.txt", "/b"});
+    EXPECT_EQ(nextLine(*second), "secondary");
+    EXPECT_TRUE(second->waitForFinished(patience));
+    EXPECT_EQ(nextLine(*first), QByteArray("requested [/a folder/ä.txt|/b] token"));
+    end(*first);
+}
+
+TEST_F(SingleInstanceTest, AStartAfterTheEndIsAFirstOneAgain) {
+    const auto first = start();
+    ASSERT_EQ(nextLine(*first), "primary");
+    end(*first);
+    const auto second = start();
+    EXPECT_EQ(nextLine(*second), "primary");
+    end(*second);
+}
+
+TEST_F(SingleInstanceTest, AKilledFirstInstanceBlocksNoStart) {
+    for (int round = 0; round < 3; ++round) {
+        const auto killed = start();
+        ASSERT_EQ(nextLine(*killed), "primary");
+        killed->kill();
+        ASSERT_TRUE(killed->waitForFinished(patience));
+    }
+    const auto next = start();
+    EXPECT_EQ(nextLine(*next), "primary");
+    const auto later = start();
+    EXPECT_EQ(nextLine(*later), "secondary");
+    end(*next);
+}
+
+TEST_F(SingleInstanceTest, AFileInTheSocketsPlaceBlocksNoStart) {
+    QFile leftover(m_folder.path() + "/lexivore.socket");
+    ASSERT_TRUE(leftover.open(QIODevice::WriteOnly));
+    leftover.close();
+    const auto first = start();
+    EXPECT_EQ(nextLine(*first), "primary");
+    const auto second = start();
+    EXPECT_EQ(nextLine(*second), "secondary");
+    end(*first);
+}
+
+TEST_F(SingleInstanceTest, StartsAtTheSameInstantGiveOneInstance) {
+    for (int round = 0; round < 5; ++round) {
+        std::vector<std::unique_ptr<QProcess>> processes;
+        for (int i = 0; i < 6; ++i) {
+            processes.push_back(start());
+        }
+        int primaries = 0;
+        for (const auto &process : processes) {
+            const QByteArray line = nextLine(*process);
+            if (line == "primary") {
+                ++primaries;
+            } else {
+                EXPECT_EQ(line, "secondary");
+            }
+        }
+        EXPECT_EQ(primaries, 1);
+        for (const auto &process : processes) {
+            end(*process);
+        }
+    }
+}
+
+TEST_F(SingleInstanceTest, AFirstInstanceThatDoesNotAnswerBlocksNoStart) {
+    QLockFile held(m_folder.path() + "/lexivore.lock");
+    ASSERT_TRUE(held.tryLock());
+    SingleInstance instance(m_folder.path());
+    EXPECT_EQ(instance.start({}, std::chrono::milliseconds(100)), SingleInstance::Role::primary);
+}
+
+TEST_F(SingleInstanceTest, AFolderThatCannotBeWrittenBlocksNoStart) {
+    SingleInstance instance("/proc/nowhere");
+    EXPECT_EQ(instance.start({}, std::chrono::milliseconds(100)), SingleInstance::Role::primary);
+}
+
+} // namespace
+} // namespace lexivore
