@@ -24,13 +24,12 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include <chrono>
+#include <optional>
+#include <utility>
 
 namespace lexivore {
 
 namespace {
-
-constexpr std::chrono::milliseconds longestWait{2000};
 
 bool readJson(QIODevice &device, QSettings::SettingsMap &map) {
     std::optional<QVariantMap> preferences = decodePreferences(device.readAll());
@@ -58,8 +57,8 @@ bool JsonPreferences::Settings::event(QEvent *event) {
     return event->type() == QEvent::UpdateRequest || QSettings::event(event);
 }
 
-JsonPreferences::JsonPreferences(const QString &path)
-    : m_path(QFileInfo(path).absoluteFilePath()), m_settings(m_path, jsonFormat()) {}
+JsonPreferences::JsonPreferences(const QString &path, std::chrono::milliseconds longestWait)
+    : m_path(QFileInfo(path).absoluteFilePath()), m_longestWait(longestWait), m_settings(m_path, jsonFormat()) {}
 
 QString JsonPreferences::defaultPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -86,7 +85,7 @@ void JsonPreferences::save() {
     if (!QDir().mkpath(file.absolutePath())) {
         return;
     }
-    const FolderLock lock(file.absolutePath(), longestWait);
+    const FolderLock lock(file.absolutePath(), m_longestWait);
     if (lock.state() == FolderLock::State::busy) {
         return;
     }

@@ -9,6 +9,8 @@
 #include <QVariant>
 #include <QVariantMap>
 
+#include <chrono>
+
 namespace lexivore {
 
 /// The preferences in one JSON file, which `encodePreferences` describes.
@@ -20,8 +22,9 @@ namespace lexivore {
 /// "NAME.corrupt".
 class JsonPreferences : public Preferences {
 public:
-    /// The file and its folder need not exist.
-    explicit JsonPreferences(const QString &path = defaultPath());
+    /// The file and its folder need not exist. `longestWait` is how long a change may wait for another copy's.
+    explicit JsonPreferences(const QString &path = defaultPath(),
+                             std::chrono::milliseconds longestWait = std::chrono::seconds(2));
 
     /// "lexivore/preferences.json" in the user's configuration folder.
     [[nodiscard]] static QString defaultPath();
@@ -45,6 +48,7 @@ private:
     void makeNewerThan(const QDateTime &before) const;
 
     QString m_path;
+    std::chrono::milliseconds m_longestWait;
     Settings m_settings;
     QVariantMap m_waiting; ///< Changes that QSettings does not know yet; an invalid value removes the key.
 };

@@ -14,7 +14,7 @@ namespace lexivore {
 namespace {
 
 /// Far more than any list of recipes takes; a larger file was chosen by mistake.
-constexpr qint64 mostBytes = 64 * 1024 * 1024;
+constexpr qint64 mostBytes = 64LL * 1024 * 1024;
 
 /// The bytes of a regular file, or nothing and the reason.
 std::optional<QByteArray> bytesOf(const QString &path, QString &reason) {

@@ -118,7 +118,7 @@ public:
 
 private:
     [[nodiscard]] QJsonValue required(const QString &key, QJsonValue::Type type, const QString &expected) const {
-        const QJsonValue value = m_object.value(key);
+        QJsonValue value = m_object.value(key);
         if (value.isUndefined()) {
             throw Refusal{RecipeJson::tr("%1 has no \"%2\".").arg(m_place, key)};
         }
