@@ -12,6 +12,7 @@
 #include <unicode/unistr.h>
 #include <unicode/uscript.h>
 
+#include <array>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -49,13 +50,14 @@ void writeArray(std::ostream &out, const std::string &type, const std::string &n
 /// Writes both stages of the table that `entryOf` describes.
 void writeTable(std::ostream &out, const std::string &blocksName, const std::string &entriesName,
                 const std::function<std::uint8_t(UChar32)> &entryOf) {
-    std::map<std::vector<std::uint8_t>, std::uint16_t> known;
+    using Block = std::array<std::uint8_t, blockSize>;
+    std::map<Block, std::uint16_t> known;
     std::vector<std::uint16_t> blocks;
     std::vector<std::uint8_t> entries;
     for (UChar32 first = 0; first < static_cast<UChar32>(codePointLimit); first += blockSize) {
-        std::vector<std::uint8_t> block;
-        for (UChar32 c = first; c < first + static_cast<UChar32>(blockSize); ++c) {
-            block.push_back(entryOf(c));
+        Block block;
+        for (std::size_t i = 0; i < blockSize; ++i) {
+            block[i] = entryOf(first + static_cast<UChar32>(i));
         }
         const auto [place, isNew] = known.emplace(block, static_cast<std::uint16_t>(known.size()));
         if (isNew) {
