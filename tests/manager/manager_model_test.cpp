@@ -1,0 +1,366 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+//
+// Random sequences of operations on the manager and on a plain model that copies whole texts and states each rule as a
+// few assignments. After every step all fields must be equal, and exactly the changed ones announced, once.
+#include "manager/transformation_manager.h"
+
+#include "tests/manager/change_counter.h"
+#include "tests/support/memory_preferences.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace lexivore {
+namespace {
+
+struct ModelOperation {
+    std::string transformation;
+    ParameterMap parameters;
+    bool isEnabled = true;
+
+    bool operator==(const ModelOperation &) const = default;
+};
+
+struct ModelState {
+    std::string text;
+    std::vector<ModelOperation> operations;
+
+    bool operator==(const ModelState &) const = default;
+};
+
+class Model {
+public:
+    explicit Model(const Catalog &catalog) : m_catalog(catalog) {}
+
+    ModelState now;
+    std::string original;
+    std::vector<ModelState> undoStack;
+    std::vector<ModelState> redoStack;
+
+    /// Applies the steps one after the other; false when one fails.
+    bool apply(const std::vector<ModelOperation> &steps) {
+        if (now.text.empty()) {
+            return false;
+        }
+        if (now.operations.empty()) {
+            original = now.text;
+        }
+        for (const ModelOperation &step : steps) {
+            const TransformationPointer found = findTransformation(m_catalog, step.transformation);
+            if (found == nullptr) {
+                continue;
+            }
+            if (now.text.empty()) {
+                return false;
+            }
+            push();
+            if (now.operations.empty()) {
+                original = now.text;
+            }
+            try {
+                now.text = std::string(found->apply(now.text, step.parameters).view());
+            } catch (const TransformationError &) {
+                return false;
+            }
+            now.operations.push_back({step.transformation, step.parameters, true});
+        }
+        return true;
+    }
+    void toggle(std::size_t index) {
+        if (index < now.operations.size()) {
+            push();
+            now.operations[index].isEnabled = !now.operations[index].isEnabled;
+            reapply();
+        }
+    }
+    void remove(std::size_t index) {
+        if (index < now.operations.size()) {
+            push();
+            now.operations.erase(now.operations.begin() + static_cast<std::ptrdiff_t>(index));
+            if (now.operations.empty()) {
+                now.text = original;
+            } else {
+                reapply();
+            }
+        }
+    }
+    void move(std::size_t from, std::size_t to) {
+        if (from < now.operations.size() && to < now.operations.size() && from != to) {
+            push();
+            const ModelOperation moved = now.operations[from];
+            now.operations.erase(now.operations.begin() + static_cast<std::ptrdiff_t>(from));
+            now.operations.insert(now.operations.begin() + static_cast<std::ptrdiff_t>(to), moved);
+            reapply();
+        }
+    }
+    void edit(std::size_t index, const ParameterMap &parameters) {
+        if (index < now.operations.size() && now.operations[index].parameters != parameters) {
+            push();
+            now.operations[index].parameters = parameters;
+            reapply();
+        }
+    }
+    void clearOperations() {
+        if (!now.operations.empty()) {
+            push();
+            now.operations.clear();
+            now.text = original;
+        }
+    }
+    void clearAll() {
+        now = {};
+        original.clear();
+        undoStack.clear();
+        redoStack.clear();
+    }
+    void returnToOriginalText() {
+        if (!now.operations.empty()) {
+            now = {original, {}};
+        }
+    }
+    void reapply() {
+        now.text = original;
+        for (const ModelOperation &operation : now.operations) {
+            const TransformationPointer found = findTransformation(m_catalog, operation.transformation);
+            if (operation.isEnabled && found != nullptr) {
+                try {
+                    now.text = std::string(found->apply(now.text, operation.parameters).view());
+                } catch (const TransformationError &) {
+                    continue;
+                }
+            }
+        }
+    }
+    void undo() {
+        if (!undoStack.empty()) {
+            redoStack.push_back(now);
+            now = undoStack.back();
+            undoStack.pop_back();
+            if (now.operations.empty()) {
+                now.text = original;
+            }
+        }
+    }
+    void redo() {
+        if (!redoStack.empty()) {
+            undoStack.push_back(now);
+            now = redoStack.back();
+            redoStack.pop_back();
+        }
+    }
+
+private:
+    void push() {
+        undoStack.push_back(now);
+        redoStack.clear();
+    }
+
+    const Catalog &m_catalog;
+};
+
+std::vector<ModelOperation> operationsOf(const std::vector<AppliedOperation> &operations) {
+    std::vector<ModelOperation> plain;
+    for (const AppliedOperation &operation : operations) {
+        plain.push_back({operation.transformation, operation.parameters, operation.isEnabled});
+    }
+    return plain;
+}
+
+std::vector<ModelState> statesOf(const std::vector<HistoryEntry> &entries) {
+    std::vector<ModelState> plain;
+    for (const HistoryEntry &entry : entries) {
+        plain.push_back({std::string(entry.state.text.view()), operationsOf(entry.state.operations)});
+    }
+    return plain;
+}
+
+class Walk {
+public:
+    explicit Walk(unsigned seed) : m_random(seed) {}
+
+    void run() {
+        testing::internal::CaptureStdout(); // the failures of the runs are another test's
+        for (int step = 0; step < 300 && !testing::Test::HasFailure(); ++step) {
+            const Model before = m_model;
+            const std::string done = takeStep();
+            SCOPED_TRACE("step " + std::to_string(step) + ": " + done);
+            compare(before);
+        }
+        testing::internal::GetCapturedStdout();
+    }
+
+private:
+    std::size_t upTo(std::size_t most) { return static_cast<std::size_t>(m_random()) % (most + 1); }
+    /// Mostly an index of the stack, now and then one behind it.
+    std::size_t index() { return upTo(m_model.now.operations.size()); }
+    std::string word() { return std::string(upTo(3), "ab \n!"[upTo(4)]) + "abc=\n "[upTo(5)]; }
+
+    ModelOperation step() {
+        static const char *const ids[] = {"uppercase",  "reverse",       "base64-encode", "base64-decode", "trim-lines",
+                                          "hex-decode", "reverse-lines", "json-escape",   "no such id"};
+        switch (upTo(3)) {
+        case 0:
+            return {"add-prefix", {{"prefix", word()}}, true};
+        case 1:
+            return {"delete-lines-containing", {{"text", word()}}, true};
+        default:
+            return {ids[upTo(std::size(ids) - 1)], {}, true};
+        }
+    }
+
+    std::string takeStep() {
+        switch (upTo(15)) {
+        case 0:
+        case 1: {
+            const std::size_t offset = upTo(m_model.now.text.size());
+            const std::size_t length = std::min(upTo(4), m_model.now.text.size() - offset);
+            const std::string typed = word();
+            m_manager.editCurrentText(offset, length, typed);
+            m_model.now.text.replace(offset, length, typed);
+            return "type";
+        }
+        case 2: {
+            const std::string pasted = word() + word() + word();
+            m_manager.setCurrentText(Text(pasted));
+            m_model.now.text = pasted;
+            return "set";
+        }
+        case 3:
+        case 4:
+        case 5: {
+            const ModelOperation one = step();
+            const TransformationPointer found = m_manager.findTransformation(one.transformation);
+            if (found != nullptr) {
+                expectSame([&] { m_manager.applyTransformation(*found, one.parameters); }, m_model.apply({one}));
+            }
+            return "apply " + one.transformation;
+        }
+        case 6: {
+            const std::vector<ModelOperation> steps = {step(), step(), step()};
+            Recipe recipe;
+            for (const ModelOperation &one : steps) {
+                AppliedOperation &operation = recipe.operations.emplace_back();
+                operation.transformation = one.transformation;
+                operation.parameters = one.parameters;
+                operation.isEnabled = upTo(1) == 0;
+            }
+            expectSame([&] { m_manager.applyRecipe(recipe); }, m_model.apply(steps));
+            return "recipe " + steps[0].transformation + " " + steps[1].transformation + " " + steps[2].transformation;
+        }
+        case 7: {
+            const std::size_t at = index();
+            m_manager.toggleOperation(at);
+            m_model.toggle(at);
+            return "toggle";
+        }
+        case 8: {
+            const std::size_t at = index();
+            m_manager.removeOperation(at);
+            m_model.remove(at);
+            return "remove";
+        }
+        case 9: {
+            const std::size_t from = index();
+            const std::size_t to = index();
+            m_manager.moveOperation(from, to);
+            m_model.move(from, to);
+            return "move";
+        }
+        case 10: {
+            const std::size_t at = index();
+            const ParameterMap parameters = {{"prefix", word()}};
+            m_manager.editOperationParameters(at, parameters);
+            m_model.edit(at, parameters);
+            return "edit";
+        }
+        case 11:
+            m_manager.undo();
+            m_model.undo();
+            return "undo";
+        case 12:
+            m_manager.redo();
+            m_model.redo();
+            return "redo";
+        case 13:
+            m_manager.reapplyOperations();
+            m_model.reapply();
+            return "reapply";
+        case 14:
+            m_manager.returnToOriginalText();
+            m_model.returnToOriginalText();
+            return "return";
+        default:
+            if (upTo(3) == 0) {
+                m_manager.clearAll();
+                m_model.clearAll();
+                return "clear all";
+            }
+            m_manager.clearOperations();
+            m_model.clearOperations();
+            return "clear operations";
+        }
+    }
+
+    template<typename Action> void expectSame(const Action &action, bool succeeds) {
+        bool succeeded = true;
+        try {
+            action();
+        } catch (const TransformationError &) {
+            succeeded = false;
+        }
+        EXPECT_EQ(succeeded, succeeds);
+    }
+
+    void compare(const Model &before) {
+        EXPECT_EQ(m_manager.currentText().view(), m_model.now.text);
+        EXPECT_EQ(m_manager.originalText().view(), m_model.original);
+        EXPECT_EQ(operationsOf(m_manager.appliedOperations()), m_model.now.operations);
+        EXPECT_EQ(statesOf(m_manager.history().undoStack()), m_model.undoStack);
+        EXPECT_EQ(statesOf(m_manager.history().redoStack()), m_model.redoStack);
+
+        const std::string announced = m_changes.take();
+        EXPECT_EQ(timesIn(announced, "currentText"), before.now.text != m_model.now.text ? 1 : 0);
+        EXPECT_EQ(timesIn(announced, "originalText"), before.original != m_model.original ? 1 : 0);
+        const int least = before.now.operations != m_model.now.operations ? 1 : 0;
+        EXPECT_GE(timesIn(announced, "operations"), least); // two with the same parameters may have changed places
+        EXPECT_LE(timesIn(announced, "operations"), 1);
+        const bool historyIsNew = before.undoStack != m_model.undoStack || before.redoStack != m_model.redoStack;
+        EXPECT_EQ(timesIn(announced, "history"), historyIsNew ? 1 : 0);
+        const bool problemsAreNew = m_problems != m_manager.operationProblems();
+        EXPECT_EQ(timesIn(announced, "problems"), problemsAreNew ? 1 : 0);
+        m_problems = m_manager.operationProblems();
+        EXPECT_TRUE(std::ranges::all_of(m_problems, [&](const auto &problem) {
+            return std::ranges::count(m_manager.appliedOperations(), problem.first, &AppliedOperation::id) == 1;
+        }));
+    }
+
+    static int timesIn(const std::string &announced, const std::string &name) {
+        int times = 0;
+        for (std::size_t at = announced.find(name); at != std::string::npos; at = announced.find(name, at + 1)) {
+            ++times;
+        }
+        return times;
+    }
+
+    std::mt19937 m_random;
+    test::MemoryPreferences m_preferences;
+    TransformationManager m_manager{m_preferences};
+    test::ChangeCounter m_changes{m_manager};
+    Model m_model{m_manager.transformations()};
+    OperationProblems m_problems;
+};
+
+TEST(ManagerModel, EveryFieldFollowsTheRulesThroughRandomSequences) {
+    for (unsigned seed = 1; seed <= 150 && !testing::Test::HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Walk(seed).run();
+    }
+}
+
+} // namespace
+} // namespace lexivore
