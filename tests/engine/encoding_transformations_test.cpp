@@ -86,6 +86,8 @@ const Case base64Decode[] = {
     {"bytes that are overlong", "wIA=", {}, noBase64},
 };
 INSTANTIATE_TEST_SUITE_P(Base64Decode, TransformationRule, rulesOf("base64-decode", base64Decode), ruleAsName);
+INSTANTIATE_TEST_SUITE_P(Base64DecodeBytes, TransformationRule,
+                         rulesOf("base64-decode", notUtf8("Invalid input: Invalid Base64 string")), ruleAsName);
 
 const Case urlEncode[] = {
     {"a space, and what is allowed stays", "a b&c", {}, "a%20b&c"},
@@ -137,6 +139,8 @@ const Case urlDecode[] = {
     {"bytes that are overlong", "%C0%80", {}, noUrl},
 };
 INSTANTIATE_TEST_SUITE_P(UrlDecode, TransformationRule, rulesOf("url-decode", urlDecode), ruleAsName);
+INSTANTIATE_TEST_SUITE_P(UrlDecodeBytes, TransformationRule,
+                         rulesOf("url-decode", notUtf8("Invalid input: Invalid URL-encoded string")), ruleAsName);
 
 const Case htmlEncode[] = {
     {"five characters", "&<>\"'", {}, "&amp;&lt;&gt;&quot;&#39;"},
@@ -246,6 +250,8 @@ const Case hexDecode[] = {
     {"bad digits are reported before bad bytes", "ffzz", {}, noHexadecimal},
 };
 INSTANTIATE_TEST_SUITE_P(HexDecode, TransformationRule, rulesOf("hex-decode", hexDecode), ruleAsName);
+INSTANTIATE_TEST_SUITE_P(HexDecodeBytes, TransformationRule,
+                         rulesOf("hex-decode", notUtf8("Invalid input: Invalid hexadecimal string")), ruleAsName);
 
 } // namespace
 

@@ -4,6 +4,7 @@
 
 #include "engine/catalog.h"
 #include "tests/engine/outcome.h"
+#include "tests/support/placed_bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -99,7 +100,7 @@ TEST_P(TransformationRule, Holds) {
     const auto &[id, row] = GetParam();
     const TransformationPointer transformation = findTransformation(makeCatalog(), id);
     ASSERT_NE(transformation, nullptr);
-    EXPECT_EQ(outcomeOf(*transformation, row.text, row.parameters), row.result)
+    EXPECT_EQ(outcomeOf(*transformation, PlacedBytes(row.text).view(), row.parameters), row.result)
         << "the text was " << testing::PrintToString(row.text);
 }
 

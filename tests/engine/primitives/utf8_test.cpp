@@ -2,15 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/utf8.h"
 
+#include "tests/support/placed_bytes.h"
+
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace lexivore {
 
 namespace {
+
+using test::PlacedBytes;
 
 struct IllFormed {
     const char *rule;
@@ -40,19 +43,6 @@ const IllFormed illFormed[] = {
     {"four bytes broken by a letter", "\xF0\x9F\x98"
                                       "a"},
     {"a lead byte behind a lead byte", "\xC3\xC3\xA9"},
-};
-
-/// The bytes in memory of exactly their size, so that the sanitizer sees a read behind them.
-class Exact {
-public:
-    explicit Exact(std::string_view bytes) : m_bytes(new char[bytes.size()]), m_size(bytes.size()) {
-        bytes.copy(m_bytes.get(), bytes.size());
-    }
-    [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_size}; }
-
-private:
-    std::unique_ptr<char[]> m_bytes;
-    std::size_t m_size;
 };
 
 std::string encoded(char32_t codePoint) {
@@ -89,7 +79,7 @@ TEST(Utf8, EncodesAsStringLiteralsDo) {
 TEST(Utf8, WhatIsIllFormedDecodesAsOneReplacementCharacterOfOneByte) {
     for (const IllFormed &row : illFormed) {
         SCOPED_TRACE(row.rule);
-        const Exact bytes(row.bytes);
+        const PlacedBytes bytes(row.bytes);
         const DecodedCodePoint decoded = decode(bytes.view().data(), bytes.view().data() + bytes.view().size());
         EXPECT_EQ(decoded.value, replacementCharacter);
         EXPECT_EQ(decoded.length, 1U);
@@ -97,7 +87,7 @@ TEST(Utf8, WhatIsIllFormedDecodesAsOneReplacementCharacterOfOneByte) {
 }
 
 TEST(Utf8, DecodingBackwardsStopsAtTheBegin) {
-    const Exact bytes("\x9F\x98\x80"); // the end of an emoji
+    const PlacedBytes bytes("\x9F\x98\x80"); // the end of an emoji
     const char *const begin = bytes.view().data();
     const DecodedCodePoint before = decodeBefore(begin, begin + 3);
     EXPECT_EQ(before.value, replacementCharacter);
@@ -128,7 +118,8 @@ TEST(Utf8, IllFormedBytesAreFoundAnywhere) {
         for (std::size_t before = 0; before < 140; ++before) {
             for (const std::size_t behind : {0U, 1U, 3U, 64U, 80U}) {
                 const std::string text = std::string(before, 'a') + row.bytes + std::string(behind, 'a');
-                ASSERT_FALSE(isValidUtf8(Exact(text).view())) << before << " bytes before, " << behind << " behind";
+                ASSERT_FALSE(isValidUtf8(PlacedBytes(text).view()))
+                    << before << " bytes before, " << behind << " behind";
             }
         }
     }
@@ -138,7 +129,7 @@ TEST(Utf8, WellFormedTextIsValidWhereverItStands) {
     for (const std::string_view sample : {"", "é", "漢", "😀", "\u0800\uFFFF\U00010000\U0010FFFF", "é漢😀é漢😀é漢😀"}) {
         for (std::size_t before = 0; before < 140; ++before) {
             const std::string text = std::string(before, 'a') + std::string(sample) + "a";
-            ASSERT_TRUE(isValidUtf8(Exact(text).view())) << before << " bytes before " << sample;
+            ASSERT_TRUE(isValidUtf8(PlacedBytes(text).view())) << before << " bytes before " << sample;
         }
     }
     EXPECT_TRUE(isValidUtf8(std::string_view("\0", 1)));
@@ -147,11 +138,11 @@ TEST(Utf8, WellFormedTextIsValidWhereverItStands) {
 
 TEST(Utf8, AsciiRunsEndAtTheFirstOtherByte) {
     for (std::size_t length = 0; length < 200; ++length) {
-        const Exact plain(std::string(length, 'a'));
+        const PlacedBytes plain(std::string(length, 'a'));
         const char *const end = plain.view().data() + length;
         ASSERT_EQ(asciiRunEnd(plain.view().data(), end), end);
         for (const std::string_view other : {"\x80", "é", "\xFF"}) {
-            const Exact mixed(std::string(length, '\0') + std::string(other) + std::string(70, 'a'));
+            const PlacedBytes mixed(std::string(length, '\0') + std::string(other) + std::string(70, 'a'));
             const std::string_view text = mixed.view();
             ASSERT_EQ(asciiRunEnd(text.data(), text.data() + text.size()) - text.data(),
                       static_cast<std::ptrdiff_t>(length));
