@@ -3,22 +3,22 @@
 #pragma once
 
 #include "engine/text.h"
+#include "ui/editor/editor_layout.h"
 #include "ui/editor/text_document.h"
 
 #include <QAbstractScrollArea>
+#include <QBasicTimer>
 #include <QColor>
 
 #include <cstddef>
-#include <memory>
+#include <functional>
+#include <optional>
 #include <string_view>
 
-namespace lexivore {
+class QMimeData;
+class QPainter;
 
-class EditorCaret;
-class EditorInputMethod;
-class EditorLayout;
-class EditorMouse;
-class EditorPainter;
+namespace lexivore {
 
 /// The text editor: shows a text exactly as it is, of any size and with lines of any length, and changes only what the
 /// user changes.
@@ -34,15 +34,15 @@ public:
     ~TextEditor() override;
 
     /// Shares everything with the text that is shown. Constant time.
-    [[nodiscard]] const Text &text() const;
+    [[nodiscard]] const Text &text() const { return m_document.text(); }
     /// Shows `text`, forgets the edits, and puts the caret at the start. Costs one pass over the text.
     /// The text that is shown already changes nothing and costs nothing, so whatever `edited` led to can be handed
     /// back. False when the text is larger than `TextDocument::maximumSize`: the old one stays.
     bool setText(const Text &text);
 
     /// The model: counts, caret, selection, search. Changing it changes what is shown.
-    [[nodiscard]] TextDocument &document();
-    [[nodiscard]] const TextDocument &document() const;
+    [[nodiscard]] TextDocument &document() { return m_document; }
+    [[nodiscard]] const TextDocument &document() const { return m_document; }
 
     [[nodiscard]] bool isReadOnly() const { return m_isReadOnly; }
     void setReadOnly(bool readOnly);
@@ -60,6 +60,8 @@ public:
     /// False when there is none.
     bool findNext(std::string_view needle, TextSearch options = {});
     bool findPrevious(std::string_view needle, TextSearch options = {});
+
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 public slots:
     void cut();
@@ -109,9 +111,96 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
-    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+    void timerEvent(QTimerEvent *event) override;
+    [[nodiscard]] bool focusNextPrevChild(bool next) override;
 
 private:
+    friend class TextEditorAccessible;
+
+    enum class Anchor { moves, stays };
+    using Row = EditorLayout::Row;
+    /// A place of the caret, with the row it is shown in where two rows meet.
+    struct CaretTarget {
+        std::size_t offset = 0;
+        bool atRowEnd = false;
+    };
+
+    // text_editor.cpp
+    void connectDocument();
+    void followEdit(std::size_t offset, std::size_t removed, std::size_t inserted);
+    void applyStyle();
+    void caretWasMoved();
+    void paintCaret(QPainter &painter);
+    void restartBlinking();
+    [[nodiscard]] QRect caretRect() const;
+
+    // text_editor_scrolling.cpp
+    /// Calls `visit(place, y)` with the visible chunks from top to bottom, `y` being the top of each in the viewport,
+    /// until it says false.
+    void forEachVisibleChunk(const std::function<bool(const TextIndex::Place &, int)> &visit) const;
+    /// Where the top of a row is in the viewport; nothing when it is not near the visible part.
+    [[nodiscard]] std::optional<int> viewportTop(const Row &row) const;
+    [[nodiscard]] CaretTarget targetAt(QPoint point) const;
+    [[nodiscard]] CaretTarget targetIn(const Row &row, qreal x) const;
+    /// Scrolls so that `y` pixels below the top of the chunk are at the top of the viewport, as far as possible.
+    void showFrom(TextIndex::Place place, int y);
+    void scrollBy(int pixels);
+    void scrollToFraction(double fraction);
+    /// Lays out what is visible, tells the scroll bar, and paints soon.
+    void refresh();
+    void updateScrollBar();
+
+    // text_editor_keys.cpp
+    void moveTo(CaretTarget target, Anchor anchor);
+    bool moveByKey(QKeyEvent *event);
+    bool editByKey(QKeyEvent *event);
+    bool isOwnKey(QKeyEvent *event) const;
+    void moveByRows(int rows, Anchor anchor);
+    void moveByPage(int pages, Anchor anchor);
+    void removeUpTo(std::size_t offset, EditKind kind);
+    void insertTyped(std::string_view typed);
+    bool insertOrRefuse(std::string_view inserted, EditKind kind);
+
+    // text_editor_mouse.cpp
+    void extendSelection(QPoint point);
+    void startDrag();
+    void publishPrimarySelection();
+    void pasteFrom(const QMimeData *mimeData);
+
+    TextDocument m_document;
+    mutable EditorLayout m_layout;
+    QColor m_caretColor;
+    int m_marginX = 16;
+    int m_marginY = 12;
+
+    // The first visible row, by a place in it, and how many of its pixels are above the viewport.
+    std::size_t m_topOffset = 0;
+    int m_topHidden = -12;
+    int m_lastScrollValue = 0;
+    bool m_isSettingScrollBar = false;
+    double m_wheelRemainder = 0;
+
+    bool m_isCaretAtRowEnd = false;
+    bool m_isMovingCaret = false;
+    std::optional<qreal> m_wantedX; ///< Where the caret goes when it moves by rows.
+    bool m_isCaretShown = true;
+    QBasicTimer m_blinkTimer;
+
+    enum class MouseUnit { character, word, line };
+    MouseUnit m_mouseUnit = MouseUnit::character;
+    TextDocument::Range m_mouseAnchor;
+    bool m_isSelecting = false;
+    bool m_mayDrag = false;
+    QPoint m_pressPoint;
+    QPoint m_tripleClickPoint;
+    QBasicTimer m_tripleClickTimer;
+    QBasicTimer m_autoScrollTimer;
+    std::optional<std::size_t> m_dropOffset; ///< Where a text dragged over the editor would go.
+    bool m_isDragging = false;
+
+    int m_preeditCursor = 0;
+    bool m_isPreeditCursorShown = true;
+
     bool m_isReadOnly = false;
     bool m_isOverwriteMode = false;
 };

@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/editor/text_editor.h"
+
+#include "ui/editor/text_boundaries.h"
+#include "ui/text_conversion.h"
+
+#include <QInputMethodEvent>
+
+#include <algorithm>
+
+namespace lexivore {
+
+namespace {
+/// So many bytes of the caret's line are told to an input method on each side.
+constexpr std::size_t surroundingReach = 1024;
+} // namespace
+
+void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
+    if (m_isReadOnly) {
+        event->ignore();
+        return;
+    }
+    const bool isTyping = !event->preeditString().isEmpty() || !event->commitString().isEmpty();
+    if (isTyping && m_document.hasSelection() && event->replacementLength() == 0) {
+        m_document.insert({});
+    }
+    m_layout.setPreedit({}, 0);
+    if (event->replacementLength() > 0 || !event->commitString().isEmpty()) {
+        const auto caretUnit = static_cast<std::ptrdiff_t>(m_document.unitsBefore(m_document.caret()));
+        const std::ptrdiff_t first = std::max<std::ptrdiff_t>(0, caretUnit + event->replacementStart());
+        const std::size_t begin = event->replacementStart() == 0 && event->replacementLength() == 0
+                                      ? m_document.caret()
+                                      : m_document.offsetOfUnit(static_cast<std::size_t>(first));
+        const std::size_t end =
+            event->replacementLength() == 0
+                ? begin
+                : m_document.offsetOfUnit(static_cast<std::size_t>(first + event->replacementLength()));
+        const std::string committed = toUtf8(event->commitString());
+        if (begin == end && begin == m_document.caret()) {
+            insertTyped(committed);
+        } else {
+            m_document.replace(begin, end - begin, committed, EditKind::typing);
+        }
+    }
+
+    Preedit preedit;
+    preedit.text = event->preeditString();
+    m_preeditCursor = static_cast<int>(preedit.text.size());
+    m_isPreeditCursorShown = !preedit.text.isEmpty();
+    for (const QInputMethodEvent::Attribute &attribute : event->attributes()) {
+        if (attribute.type == QInputMethodEvent::Cursor) {
+            m_preeditCursor = std::clamp(attribute.start, 0, static_cast<int>(preedit.text.size()));
+            m_isPreeditCursorShown = attribute.length != 0;
+        } else if (attribute.type == QInputMethodEvent::TextFormat) {
+            const QTextCharFormat format = qvariant_cast<QTextFormat>(attribute.value).toCharFormat();
+            if (format.isValid()) {
+                QTextLayout::FormatRange range;
+                range.start = attribute.start;
+                range.length = attribute.length;
+                range.format = format;
+                preedit.formats.push_back(range);
+            }
+        } else if (attribute.type == QInputMethodEvent::Selection) {
+            const std::size_t lineBegin = m_document.unitsBefore(m_document.lineBegin(m_document.caret()));
+            const auto at = [&](int unit) {
+                return m_document.offsetOfUnit(lineBegin + static_cast<std::size_t>(std::max(unit, 0)));
+            };
+            m_document.select(at(attribute.start), at(attribute.start + attribute.length));
+        }
+    }
+    if (!preedit.text.isEmpty()) {
+        if (preedit.formats.isEmpty()) {
+            QTextLayout::FormatRange underline;
+            underline.length = static_cast<int>(preedit.text.size());
+            underline.format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+            preedit.formats.push_back(underline);
+        }
+        m_layout.setPreedit(std::move(preedit), m_document.caret());
+    }
+    event->accept();
+    ensureCaretVisible();
+    refresh();
+}
+
+QVariant TextEditor::inputMethodQuery(Qt::InputMethodQuery query) const {
+    const std::size_t caret = m_document.caret();
+    const std::size_t lineBegin = m_document.lineBegin(caret);
+    const std::size_t begin = std::max(lineBegin, m_document.boundaryAt(caret - std::min(caret, surroundingReach)));
+    const std::size_t end = std::min(m_document.lineEnd(caret), m_document.boundaryAt(caret + surroundingReach));
+    const auto piece = [this](std::size_t from, std::size_t to) {
+        std::string scratch;
+        return toQString(readText(text(), from, to - std::min(from, to), scratch));
+    };
+    const auto unitsFrom = [this](std::size_t from, std::size_t to) {
+        return static_cast<int>(m_document.unitsBefore(to) - m_document.unitsBefore(from));
+    };
+    switch (query) {
+    case Qt::ImEnabled:
+        return !m_isReadOnly;
+    case Qt::ImReadOnly:
+        return m_isReadOnly;
+    case Qt::ImHints:
+        return static_cast<int>(inputMethodHints() | Qt::ImhMultiLine);
+    case Qt::ImFont:
+        return font();
+    case Qt::ImCursorRectangle:
+        return caretRect().translated(viewport()->pos());
+    case Qt::ImAnchorRectangle: {
+        const Row row = m_layout.rowOf(m_document.anchor(), false);
+        const int top = viewportTop(row).value_or(-10 * row.height);
+        const int x = m_marginX + static_cast<int>(m_layout.xOf(m_document.anchor(), row));
+        return QRect(x, top, 1, row.height).translated(viewport()->pos());
+    }
+    case Qt::ImSurroundingText:
+        return piece(begin, end);
+    case Qt::ImCursorPosition:
+        return unitsFrom(begin, caret);
+    case Qt::ImAnchorPosition:
+        return unitsFrom(begin, std::clamp(m_document.anchor(), begin, end));
+    case Qt::ImAbsolutePosition:
+        return static_cast<int>(m_document.unitsBefore(caret));
+    case Qt::ImTextBeforeCursor:
+        return piece(begin, caret);
+    case Qt::ImTextAfterCursor:
+        return piece(caret, end);
+    case Qt::ImCurrentSelection: {
+        const std::size_t from = m_document.selectionStart();
+        return piece(from, std::min(m_document.selectionEnd(), from + surroundingReach));
+    }
+    default:
+        return QAbstractScrollArea::inputMethodQuery(query);
+    }
+}
+
+} // namespace lexivore

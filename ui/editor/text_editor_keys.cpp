@@ -1,0 +1,348 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/editor/text_editor.h"
+
+#include "ui/text_conversion.h"
+
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <array>
+
+namespace lexivore {
+
+namespace {
+
+enum class Move {
+    left,
+    right,
+    wordLeft,
+    wordRight,
+    up,
+    down,
+    pageUp,
+    pageDown,
+    rowBegin,
+    rowEnd,
+    lineBegin,
+    lineEnd,
+    paragraphUp,
+    paragraphDown,
+    textBegin,
+    textEnd,
+};
+
+struct MoveKey {
+    QKeySequence::StandardKey moving;
+    QKeySequence::StandardKey selecting;
+    Move move;
+};
+
+constexpr std::array<MoveKey, 14> moveKeys{{
+    {QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar, Move::left},
+    {QKeySequence::MoveToNextChar, QKeySequence::SelectNextChar, Move::right},
+    {QKeySequence::MoveToPreviousWord, QKeySequence::SelectPreviousWord, Move::wordLeft},
+    {QKeySequence::MoveToNextWord, QKeySequence::SelectNextWord, Move::wordRight},
+    {QKeySequence::MoveToPreviousLine, QKeySequence::SelectPreviousLine, Move::up},
+    {QKeySequence::MoveToNextLine, QKeySequence::SelectNextLine, Move::down},
+    {QKeySequence::MoveToPreviousPage, QKeySequence::SelectPreviousPage, Move::pageUp},
+    {QKeySequence::MoveToNextPage, QKeySequence::SelectNextPage, Move::pageDown},
+    {QKeySequence::MoveToStartOfLine, QKeySequence::SelectStartOfLine, Move::rowBegin},
+    {QKeySequence::MoveToEndOfLine, QKeySequence::SelectEndOfLine, Move::rowEnd},
+    {QKeySequence::MoveToStartOfBlock, QKeySequence::SelectStartOfBlock, Move::lineBegin},
+    {QKeySequence::MoveToEndOfBlock, QKeySequence::SelectEndOfBlock, Move::lineEnd},
+    {QKeySequence::MoveToStartOfDocument, QKeySequence::SelectStartOfDocument, Move::textBegin},
+    {QKeySequence::MoveToEndOfDocument, QKeySequence::SelectEndOfDocument, Move::textEnd},
+}};
+
+struct FoundMove {
+    Move move;
+    bool selects;
+};
+
+std::optional<FoundMove> moveOf(QKeyEvent *event) {
+    for (const MoveKey &key : moveKeys) {
+        if (event->matches(key.moving)) {
+            return FoundMove{key.move, false};
+        }
+        if (event->matches(key.selecting)) {
+            return FoundMove{key.move, true};
+        }
+    }
+    // Where the platform has no keys of its own for paragraphs.
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const bool selects = modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
+    if (selects || modifiers == Qt::ControlModifier) {
+        if (event->key() == Qt::Key_Up) {
+            return FoundMove{Move::paragraphUp, selects};
+        }
+        if (event->key() == Qt::Key_Down) {
+            return FoundMove{Move::paragraphDown, selects};
+        }
+    }
+    return {};
+}
+
+/// What a key types, if it is one that does.
+QString typedBy(const QKeyEvent *event) {
+    const QString text = event->text();
+    const Qt::KeyboardModifiers modifiers = event->modifiers();
+    const bool isCommand = modifiers == Qt::ControlModifier || modifiers == (Qt::ShiftModifier | Qt::ControlModifier);
+    if (text.isEmpty() || (isCommand && text.at(0) != QChar(0x200C) && text.at(0) != QChar(0x200D))) {
+        return {};
+    }
+    const QChar first = text.at(0);
+    const bool isText = first.isPrint() || first.category() == QChar::Other_Format ||
+                        first.category() == QChar::Other_PrivateUse || first.isSurrogate() || first == u'\t';
+    return isText ? text : QString();
+}
+
+const std::array<QKeySequence::StandardKey, 12> editKeys{QKeySequence::Undo,
+                                                         QKeySequence::Redo,
+                                                         QKeySequence::Copy,
+                                                         QKeySequence::Cut,
+                                                         QKeySequence::Paste,
+                                                         QKeySequence::SelectAll,
+                                                         QKeySequence::Delete,
+                                                         QKeySequence::DeleteEndOfWord,
+                                                         QKeySequence::DeleteStartOfWord,
+                                                         QKeySequence::DeleteEndOfLine,
+                                                         QKeySequence::InsertParagraphSeparator,
+                                                         QKeySequence::InsertLineSeparator};
+
+} // namespace
+
+bool TextEditor::isOwnKey(QKeyEvent *event) const {
+    // Undo and redo belong to the editor only as long as there is typing to undo or redo.
+    if (event->matches(QKeySequence::Undo)) {
+        return m_document.canUndo() && !m_isReadOnly;
+    }
+    if (event->matches(QKeySequence::Redo)) {
+        return m_document.canRedo() && !m_isReadOnly;
+    }
+    const bool isEdit = std::any_of(editKeys.begin(), editKeys.end(),
+                                    [event](QKeySequence::StandardKey key) { return event->matches(key); });
+    const bool isPlain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+    const bool types = isPlain && event->key() < Qt::Key_Escape && !typedBy(event).isEmpty();
+    const bool deletes = event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
+    return isEdit || types || moveOf(event) || (deletes && (event->modifiers() & Qt::AltModifier) == 0);
+}
+
+void TextEditor::keyPressEvent(QKeyEvent *event) {
+    if (moveByKey(event) || editByKey(event)) {
+        event->accept();
+        return;
+    }
+    event->ignore();
+}
+
+void TextEditor::moveTo(CaretTarget target, Anchor anchor) {
+    {
+        const QScopedValueRollback moving(m_isMovingCaret, true);
+        const bool isSamePlace = target.offset == m_document.caret();
+        m_isCaretAtRowEnd = target.atRowEnd;
+        m_document.select(anchor == Anchor::stays ? m_document.anchor() : target.offset, target.offset);
+        if (isSamePlace) {
+            restartBlinking();
+        }
+    }
+    ensureCaretVisible();
+    if (m_document.hasSelection()) {
+        publishPrimarySelection();
+    }
+}
+
+bool TextEditor::moveByKey(QKeyEvent *event) {
+    const auto found = moveOf(event);
+    if (!found) {
+        return false;
+    }
+    const Anchor anchor = found->selects ? Anchor::stays : Anchor::moves;
+    const std::size_t caret = m_document.caret();
+    const Row row = m_layout.rowOf(caret, m_isCaretAtRowEnd);
+    const bool isRightToLeft = m_layout.line(row).isRightToLeft();
+    const bool leavesSelection = m_document.hasSelection() && anchor == Anchor::moves;
+    const auto go = [this, anchor](std::size_t offset, bool atRowEnd = false) {
+        m_wantedX.reset();
+        moveTo({offset, atRowEnd}, anchor);
+    };
+    switch (found->move) {
+    case Move::left:
+    case Move::right:
+        if ((found->move == Move::left) != isRightToLeft) {
+            go(leavesSelection ? m_document.selectionStart() : m_document.previousCharacter(caret));
+        } else {
+            go(leavesSelection ? m_document.selectionEnd() : m_document.nextCharacter(caret));
+        }
+        break;
+    case Move::wordLeft:
+    case Move::wordRight:
+        go((found->move == Move::wordLeft) != isRightToLeft ? m_document.previousWord(caret)
+                                                            : m_document.nextWord(caret));
+        break;
+    case Move::up:
+        moveByRows(-1, anchor);
+        break;
+    case Move::down:
+        moveByRows(1, anchor);
+        break;
+    case Move::pageUp:
+        moveByPage(-1, anchor);
+        break;
+    case Move::pageDown:
+        moveByPage(1, anchor);
+        break;
+    case Move::rowBegin:
+        go(m_layout.rowBegin(row));
+        break;
+    case Move::rowEnd:
+        go(m_layout.rowEnd(row), m_layout.isWrapped(row));
+        break;
+    case Move::lineBegin:
+        go(m_document.lineBegin(caret));
+        break;
+    case Move::lineEnd:
+        go(m_document.lineEnd(caret));
+        break;
+    case Move::paragraphUp: {
+        const std::size_t begin = m_document.lineBegin(caret);
+        go(begin == caret ? m_document.lineBegin(m_document.previousCharacter(caret)) : begin);
+        break;
+    }
+    case Move::paragraphDown: {
+        const std::size_t next = m_document.nextLineBegin(caret);
+        go(next);
+        break;
+    }
+    case Move::textBegin:
+        go(0);
+        break;
+    case Move::textEnd:
+        go(text().size());
+        break;
+    }
+    return true;
+}
+
+void TextEditor::moveByRows(int rows, Anchor anchor) {
+    Row row = m_layout.rowOf(m_document.caret(), m_isCaretAtRowEnd);
+    const qreal x = m_wantedX.value_or(m_layout.xOf(m_document.caret(), row));
+    bool isAtEdge = false;
+    for (int step = 0; step < std::abs(rows) && !isAtEdge; ++step) {
+        const auto next = rows < 0 ? m_layout.rowAbove(row) : m_layout.rowBelow(row);
+        isAtEdge = !next;
+        row = next.value_or(row);
+    }
+    CaretTarget target = targetIn(row, x);
+    if (isAtEdge && std::abs(rows) == 1) {
+        target = {rows < 0 ? std::size_t{0} : text().size(), false};
+    }
+    m_wantedX = x;
+    moveTo(target, anchor);
+    m_wantedX = x;
+}
+
+void TextEditor::moveByPage(int pages, Anchor anchor) {
+    Row row = m_layout.rowOf(m_document.caret(), m_isCaretAtRowEnd);
+    const qreal x = m_wantedX.value_or(m_layout.xOf(m_document.caret(), row));
+    const int step = std::max(m_layout.rowHeight(), viewport()->height() - 2 * m_layout.rowHeight());
+    const Row reached = m_layout.rowAt(row.place, row.top + row.height / 2 + pages * step);
+    CaretTarget target = targetIn(reached, x);
+    const bool isFirstRow = !m_layout.rowAbove(reached);
+    const bool isLastRow = !m_layout.rowBelow(reached);
+    if (pages < 0 && isFirstRow && m_layout.rowBegin(reached) == m_layout.rowBegin(row)) {
+        target = {0, false};
+    } else if (pages > 0 && isLastRow && m_layout.rowBegin(reached) == m_layout.rowBegin(row)) {
+        target = {text().size(), false};
+    }
+    scrollBy(pages * step);
+    m_wantedX = x;
+    moveTo(target, anchor);
+    m_wantedX = x;
+}
+
+bool TextEditor::editByKey(QKeyEvent *event) {
+    const std::size_t caret = m_document.caret();
+    if (event->matches(QKeySequence::Copy)) {
+        copy();
+        return true;
+    }
+    if (event->matches(QKeySequence::SelectAll)) {
+        selectAll();
+        return true;
+    }
+    if (m_isReadOnly) {
+        return false;
+    }
+    if (event->matches(QKeySequence::Undo)) {
+        const bool had = m_document.canUndo();
+        undo();
+        return had;
+    }
+    if (event->matches(QKeySequence::Redo)) {
+        const bool had = m_document.canRedo();
+        redo();
+        return had;
+    }
+    if (event->matches(QKeySequence::Cut)) {
+        cut();
+    } else if (event->matches(QKeySequence::Paste)) {
+        paste();
+    } else if (event->matches(QKeySequence::DeleteEndOfWord)) {
+        removeUpTo(m_document.nextWord(caret), EditKind::other);
+    } else if (event->matches(QKeySequence::DeleteStartOfWord)) {
+        removeUpTo(m_document.previousWord(caret), EditKind::other);
+    } else if (event->matches(QKeySequence::DeleteEndOfLine) ||
+               (event->key() == Qt::Key_Delete && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier))) {
+        const std::size_t end = m_document.lineEnd(caret);
+        removeUpTo(end == caret ? m_document.nextCharacter(caret) : end, EditKind::other);
+    } else if (event->key() == Qt::Key_Backspace && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+        const std::size_t begin = m_document.lineBegin(caret);
+        removeUpTo(begin == caret ? m_document.previousCharacter(caret) : begin, EditKind::other);
+    } else if (event->matches(QKeySequence::Delete)) {
+        removeUpTo(m_document.nextCharacter(caret), EditKind::deletingAhead);
+    } else if (event->matches(QKeySequence::Backspace) ||
+               (event->key() == Qt::Key_Backspace && (event->modifiers() & ~Qt::ShiftModifier) == 0)) {
+        removeUpTo(m_document.previousCharacter(caret), EditKind::deletingBack);
+    } else if (event->matches(QKeySequence::InsertParagraphSeparator) ||
+               event->matches(QKeySequence::InsertLineSeparator)) {
+        insertOrRefuse(m_document.newline(), EditKind::typing);
+    } else if (event->key() == Qt::Key_Insert && event->modifiers() == Qt::NoModifier) {
+        setOverwriteMode(!m_isOverwriteMode);
+    } else if (const QString typed = typedBy(event); !typed.isEmpty()) {
+        insertTyped(toUtf8(typed));
+    } else {
+        return false;
+    }
+    ensureCaretVisible();
+    return true;
+}
+
+void TextEditor::removeUpTo(std::size_t offset, EditKind kind) {
+    if (m_document.hasSelection()) {
+        m_document.insert({});
+        return;
+    }
+    const std::size_t caret = m_document.caret();
+    m_document.remove(std::min(offset, caret), offset < caret ? caret - offset : offset - caret, kind);
+}
+
+void TextEditor::insertTyped(std::string_view typed) {
+    const std::size_t caret = m_document.caret();
+    if (m_isOverwriteMode && !m_document.hasSelection() && caret != m_document.lineEnd(caret)) {
+        m_document.replace(caret, m_document.nextCharacter(caret) - caret, typed, EditKind::typing);
+        return;
+    }
+    insertOrRefuse(typed, EditKind::typing);
+}
+
+bool TextEditor::insertOrRefuse(std::string_view inserted, EditKind kind) {
+    if (m_document.insert(inserted, kind)) {
+        return true;
+    }
+    emit refused(tr("The text would be larger than 2 GB, the most that the editor can hold."));
+    return false;
+}
+
+} // namespace lexivore

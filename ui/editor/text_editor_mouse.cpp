@@ -1,0 +1,314 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+//
+// The mouse, the clipboard, and dragging text.
+#include "ui/editor/text_editor.h"
+
+#include "ui/editor/text_mime_data.h"
+#include "ui/text_conversion.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QInputMethod>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <memory>
+
+namespace lexivore {
+
+namespace {
+constexpr int autoScrollInterval = 30;  ///< Milliseconds.
+constexpr int wheelStepsPerNotch = 120; ///< As QWheelEvent::angleDelta counts.
+} // namespace
+
+void TextEditor::mousePressEvent(QMouseEvent *event) {
+    const CaretTarget target = targetAt(event->position().toPoint());
+    m_pressPoint = event->position().toPoint();
+    if (event->button() == Qt::MiddleButton) {
+        const QClipboard *const clipboard = QGuiApplication::clipboard();
+        if (!m_isReadOnly && clipboard->supportsSelection()) {
+            moveTo(target, Anchor::moves);
+            pasteFrom(clipboard->mimeData(QClipboard::Selection));
+        }
+        return;
+    }
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    if (m_layout.hasPreedit()) {
+        QGuiApplication::inputMethod()->commit();
+    }
+    m_wantedX.reset();
+    const bool isTripleClick = m_tripleClickTimer.isActive() && (m_pressPoint - m_tripleClickPoint).manhattanLength() <
+                                                                    QApplication::startDragDistance();
+    m_tripleClickTimer.stop();
+    if (isTripleClick) {
+        m_mouseUnit = MouseUnit::line;
+        m_mouseAnchor = {m_document.lineBegin(target.offset), m_document.nextLineBegin(target.offset)};
+        m_isSelecting = true;
+        m_document.select(m_mouseAnchor.begin, m_mouseAnchor.end);
+        return;
+    }
+    m_mouseUnit = MouseUnit::character;
+    const bool isInSelection = m_document.hasSelection() && target.offset >= m_document.selectionStart() &&
+                               target.offset < m_document.selectionEnd();
+    if (isInSelection && (event->modifiers() & Qt::ShiftModifier) == 0) {
+        m_mayDrag = true;
+        return;
+    }
+    m_isSelecting = true;
+    if ((event->modifiers() & Qt::ShiftModifier) != 0) {
+        m_mouseAnchor = {m_document.anchor(), m_document.anchor()};
+        moveTo(target, Anchor::stays);
+    } else {
+        m_mouseAnchor = {target.offset, target.offset};
+        moveTo(target, Anchor::moves);
+    }
+}
+
+void TextEditor::mouseMoveEvent(QMouseEvent *event) {
+    const QPoint point = event->position().toPoint();
+    if (m_mayDrag) {
+        if ((point - m_pressPoint).manhattanLength() >= QApplication::startDragDistance()) {
+            m_mayDrag = false;
+            startDrag();
+        }
+        return;
+    }
+    if (!m_isSelecting || (event->buttons() & Qt::LeftButton) == 0) {
+        return;
+    }
+    if (viewport()->rect().contains(point)) {
+        m_autoScrollTimer.stop();
+    } else if (!m_autoScrollTimer.isActive()) {
+        m_autoScrollTimer.start(autoScrollInterval, this);
+    }
+    extendSelection(point);
+}
+
+void TextEditor::extendSelection(QPoint point) {
+    point.setY(std::clamp(point.y(), 0, viewport()->height() - 1));
+    const CaretTarget target = targetAt(point);
+    if (m_mouseUnit == MouseUnit::character) {
+        const QScopedValueRollback moving(m_isMovingCaret, true);
+        m_isCaretAtRowEnd = target.atRowEnd;
+        m_document.select(m_mouseAnchor.begin, target.offset);
+        return;
+    }
+    TextDocument::Range range{m_document.lineBegin(target.offset), m_document.nextLineBegin(target.offset)};
+    if (m_mouseUnit == MouseUnit::word) {
+        range = m_document.wordAround(target.offset);
+    }
+    if (target.offset < m_mouseAnchor.begin) {
+        m_document.select(m_mouseAnchor.end, range.begin);
+    } else {
+        m_document.select(m_mouseAnchor.begin, std::max(m_mouseAnchor.end, range.end));
+    }
+}
+
+void TextEditor::mouseReleaseEvent(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    m_autoScrollTimer.stop();
+    if (m_mayDrag) {
+        m_mayDrag = false;
+        moveTo(targetAt(event->position().toPoint()), Anchor::moves);
+    }
+    if (m_isSelecting) {
+        m_isSelecting = false;
+        publishPrimarySelection();
+    }
+}
+
+void TextEditor::mouseDoubleClickEvent(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    const CaretTarget target = targetAt(event->position().toPoint());
+    m_mouseUnit = MouseUnit::word;
+    m_mouseAnchor = m_document.wordAround(target.offset);
+    m_mayDrag = false;
+    m_isSelecting = true;
+    m_document.select(m_mouseAnchor.begin, m_mouseAnchor.end);
+    m_tripleClickPoint = event->position().toPoint();
+    m_tripleClickTimer.start(QApplication::doubleClickInterval(), this);
+}
+
+void TextEditor::wheelEvent(QWheelEvent *event) {
+    const int angle = event->angleDelta().y();
+    if ((event->modifiers() & Qt::ControlModifier) != 0) {
+        m_wheelRemainder += static_cast<double>(angle) / wheelStepsPerNotch;
+        const int steps = static_cast<int>(m_wheelRemainder);
+        m_wheelRemainder -= steps;
+        if (steps != 0) {
+            emit zoomRequested(steps);
+        }
+        event->accept();
+        return;
+    }
+    double pixels = -event->pixelDelta().y();
+    if (event->pixelDelta().isNull()) {
+        pixels =
+            -static_cast<double>(angle) / wheelStepsPerNotch * QApplication::wheelScrollLines() * m_layout.rowHeight();
+    }
+    m_wheelRemainder += pixels;
+    const int whole = static_cast<int>(m_wheelRemainder);
+    m_wheelRemainder -= whole;
+    scrollBy(whole);
+    event->accept();
+}
+
+void TextEditor::contextMenuEvent(QContextMenuEvent *event) {
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        const CaretTarget target = targetAt(viewport()->mapFromGlobal(event->globalPos()));
+        const bool isInSelection =
+            target.offset >= m_document.selectionStart() && target.offset < m_document.selectionEnd();
+        if (!isInSelection) {
+            moveTo(target, Anchor::moves);
+        }
+    }
+    const bool canPaste = !m_isReadOnly && QGuiApplication::clipboard()->mimeData() != nullptr &&
+                          QGuiApplication::clipboard()->mimeData()->hasText();
+    auto *const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setObjectName(QStringLiteral("editorContextMenu"));
+    const auto add = [this, menu](const QString &title, QKeySequence::StandardKey key, bool enabled,
+                                  void (TextEditor::*slot)()) {
+        QAction *const action = menu->addAction(title, this, slot);
+        action->setShortcut(key);
+        action->setEnabled(enabled);
+    };
+    const bool canChange = !m_isReadOnly;
+    add(tr("&Undo"), QKeySequence::Undo, canChange && m_document.canUndo(), &TextEditor::undo);
+    add(tr("&Redo"), QKeySequence::Redo, canChange && m_document.canRedo(), &TextEditor::redo);
+    menu->addSeparator();
+    add(tr("Cu&t"), QKeySequence::Cut, canChange && m_document.hasSelection(), &TextEditor::cut);
+    add(tr("&Copy"), QKeySequence::Copy, m_document.hasSelection(), &TextEditor::copy);
+    add(tr("&Paste"), QKeySequence::Paste, canPaste, &TextEditor::paste);
+    add(tr("Delete"), QKeySequence::UnknownKey, canChange && m_document.hasSelection(), &TextEditor::deleteSelection);
+    menu->addSeparator();
+    add(tr("Select All"), QKeySequence::SelectAll, !text().empty(), &TextEditor::selectAll);
+    const QPoint place = event->reason() == QContextMenuEvent::Mouse
+                             ? event->globalPos()
+                             : viewport()->mapToGlobal(caretRect().bottomLeft());
+    menu->popup(place);
+    event->accept();
+}
+
+void TextEditor::cut() {
+    if (!m_isReadOnly && m_document.hasSelection()) {
+        copy();
+        deleteSelection();
+    }
+}
+
+void TextEditor::copy() {
+    if (m_document.hasSelection()) {
+        QGuiApplication::clipboard()->setMimeData(new TextMimeData(m_document.selectedText()));
+    }
+}
+
+void TextEditor::paste() { pasteFrom(QGuiApplication::clipboard()->mimeData()); }
+
+void TextEditor::pasteFrom(const QMimeData *mimeData) {
+    if (m_isReadOnly || mimeData == nullptr || !mimeData->hasText()) {
+        return;
+    }
+    if (const auto *const own = qobject_cast<const TextMimeData *>(mimeData)) {
+        insertOrRefuse(Text(own->exactText()).view(), EditKind::other);
+    } else {
+        insertOrRefuse(toUtf8(mimeData->text()), EditKind::other);
+    }
+    ensureCaretVisible();
+}
+
+void TextEditor::publishPrimarySelection() {
+    QClipboard *const clipboard = QGuiApplication::clipboard();
+    if (clipboard->supportsSelection() && m_document.hasSelection()) {
+        clipboard->setMimeData(new TextMimeData(m_document.selectedText()), QClipboard::Selection);
+    }
+}
+
+void TextEditor::startDrag() {
+    auto *const drag = new QDrag(this);
+    drag->setMimeData(new TextMimeData(m_document.selectedText()));
+    m_isDragging = true;
+    const Qt::DropActions allowed = m_isReadOnly ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
+    const Qt::DropAction action = drag->exec(allowed, m_isReadOnly ? Qt::CopyAction : Qt::MoveAction);
+    // A move within the editor was carried out by the drop.
+    const bool leftForElsewhere = action == Qt::MoveAction && drag->target() != this && drag->target() != viewport();
+    m_isDragging = false;
+    if (leftForElsewhere) {
+        deleteSelection();
+    }
+}
+
+void TextEditor::dragEnterEvent(QDragEnterEvent *event) {
+    if (m_isReadOnly || !event->mimeData()->hasText()) {
+        event->ignore();
+        return;
+    }
+    event->acceptProposedAction();
+}
+
+void TextEditor::dragMoveEvent(QDragMoveEvent *event) {
+    if (m_isReadOnly || !event->mimeData()->hasText()) {
+        event->ignore();
+        return;
+    }
+    const QPoint point = event->position().toPoint();
+    const int edge = m_layout.rowHeight();
+    if (point.y() < edge) {
+        scrollBy(-edge);
+    } else if (point.y() > viewport()->height() - edge) {
+        scrollBy(edge);
+    }
+    m_dropOffset = targetAt(point).offset;
+    viewport()->update();
+    event->acceptProposedAction();
+}
+
+void TextEditor::dragLeaveEvent(QDragLeaveEvent *) {
+    m_dropOffset.reset();
+    viewport()->update();
+}
+
+void TextEditor::dropEvent(QDropEvent *event) {
+    m_dropOffset.reset();
+    viewport()->update();
+    if (m_isReadOnly || !event->mimeData()->hasText()) {
+        event->ignore();
+        return;
+    }
+    event->acceptProposedAction();
+    std::size_t offset = targetAt(event->position().toPoint()).offset;
+    const std::string dropped = toUtf8(event->mimeData()->text());
+    const bool isMove = m_isDragging && event->dropAction() == Qt::MoveAction;
+    const std::size_t begin = m_document.selectionStart();
+    const std::size_t end = m_document.selectionEnd();
+    if (isMove && offset >= begin && offset <= end) {
+        return;
+    }
+    m_document.beginGroup();
+    if (isMove) {
+        offset = offset > end ? offset - (end - begin) : offset;
+        m_document.remove(begin, end - begin);
+    }
+    m_document.setCaret(offset);
+    const std::size_t from = m_document.caret();
+    if (insertOrRefuse(dropped, EditKind::other)) {
+        m_document.select(from, from + dropped.size());
+    }
+    m_document.endGroup();
+    setFocus(Qt::MouseFocusReason);
+    ensureCaretVisible();
+}
+
+} // namespace lexivore
