@@ -56,6 +56,17 @@ struct WordCaseState {
     bool isBehindLetter = false;       ///< The word has had a letter.
 };
 
+/// Where the bytes are in a block that the counts of a text depend on.
+struct CountedBytes {
+    std::uint64_t blanks = 0;   ///< U+0009 and U+0020.
+    std::uint64_t newlines = 0; ///< U+000A to U+000D, among them the two that follow.
+    std::uint64_t lineFeeds = 0;
+    std::uint64_t carriageReturns = 0;
+    std::uint64_t sentenceEnds = 0; ///< ".", "!" and "?".
+    std::uint64_t nonAscii = 0;
+    std::uint64_t spaceLeads = 0; ///< Bytes that spaces and newlines outside ASCII begin with.
+};
+
 struct Kernels {
     const char *name;
     /// The length of the longest prefix of `size` bytes that is ASCII.
@@ -63,6 +74,10 @@ struct Kernels {
     /// For `blocks` blocks of 64 bytes: which bytes are in the ASCII set, and which are candidates outside it.
     void (*classify)(const char *from, std::size_t blocks, const ByteClass &byteClass, std::uint64_t *members,
                      std::uint64_t *candidates);
+    /// For `blocks` blocks of 64 bytes.
+    void (*findCounted)(const char *from, std::size_t blocks, CountedBytes *found);
+    /// The number of set bits in all of `size` masks.
+    std::size_t (*countBits)(const std::uint64_t *masks, std::size_t size);
     /// Writes the bytes of `blocks` blocks whose bits are set in `keep` and returns how many. Up to 64 bytes behind
     /// them are overwritten too.
     std::size_t (*compress)(const char *from, std::size_t blocks, const std::uint64_t *keep, char *to);

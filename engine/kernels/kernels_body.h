@@ -140,6 +140,35 @@ void classify(const char *from, std::size_t blocks, const ByteClass &byteClass, 
     }
 }
 
+/// One bit for each byte from `first` to `first + count - 1`.
+inline std::uint64_t bitsInRange(Bytes bytes, unsigned first, unsigned count) {
+    return bitsOf(bytes - static_cast<std::uint8_t>(first) < all(count));
+}
+
+void findCounted(const char *from, std::size_t blocks, CountedBytes *found) {
+    for (std::size_t block = 0; block < blocks; ++block) {
+        const Bytes bytes = load(from + block * blockSize);
+        const std::uint64_t nonAscii = highBits(bytes);
+        found[block] = {
+            .blanks = bitsOf((bytes == all(' ')) | (bytes == all('\t'))),
+            .newlines = bitsInRange(bytes, '\n', 4),
+            .lineFeeds = bitsOf(bytes == all('\n')),
+            .carriageReturns = bitsOf(bytes == all('\r')),
+            .sentenceEnds = bitsOf((bytes == all('.')) | (bytes == all('!')) | (bytes == all('?'))),
+            .nonAscii = nonAscii,
+            .spaceLeads = nonAscii == 0 ? 0 : bitsOf((bytes == all(0xC2)) | (bytes - 0xE1 < all(3))),
+        };
+    }
+}
+
+std::size_t countBits(const std::uint64_t *masks, std::size_t size) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        count += static_cast<std::size_t>(__builtin_popcountll(masks[i]));
+    }
+    return count;
+}
+
 #if !defined(__AVX512VBMI2__) && defined(__AVX2__)
 /// For each mask of eight bits the places of its set bits: what to shuffle eight bytes with.
 struct CompressTable {
@@ -225,11 +254,6 @@ inline Bytes spreadBytes(std::uint64_t mask) {
 
 /// The bit in which upper and lower case of a letter differ, in each byte whose bit in the mask is set.
 inline Bytes caseBitWhere(std::uint64_t mask) { return spreadBytes(mask) & 0x20; }
-
-/// One bit for each byte from `first` to `first + count - 1`.
-inline std::uint64_t bitsInRange(Bytes bytes, unsigned first, unsigned count) {
-    return bitsOf(bytes - static_cast<std::uint8_t>(first) < all(count));
-}
 
 /// The bits of `within` that can be reached from those of `from`, a part of it, by going up without a gap.
 inline std::uint64_t fillUpwards(std::uint64_t from, std::uint64_t within) {

@@ -75,7 +75,6 @@ void MembershipScan::resolve(Block &block, std::uint64_t candidates) {
             continue;
         }
         const std::uint64_t bits = m_mark == Mark::firstByte ? 1U : (std::uint64_t{1} << decoded.length) - 1;
-        block.begins |= std::uint64_t{1} << bit;
         block.members |= bits << bit;
         m_carried = bit == 0 ? 0 : bits >> (kernels::blockSize - bit);
     }

@@ -27,7 +27,6 @@ public:
         const char *begin = nullptr;
         std::size_t size = 0;      ///< 64, or less at the end of the text.
         std::uint64_t members = 0; ///< One bit a byte, the first in the lowest bit; none behind `size`.
-        std::uint64_t begins = 0;  ///< Of those, the first byte of each code point.
     };
 
     MembershipScan(std::string_view text, CodePointSet set, Mark mark);
@@ -46,12 +45,11 @@ public:
         }
         const char *const begin = m_stretch + m_block * kernels::blockSize;
         const auto left = static_cast<std::size_t>(m_end - begin);
-        const std::uint64_t members = m_members[m_block];
-        block = {begin, left < kernels::blockSize ? left : kernels::blockSize, members, members};
+        block = {begin, left < kernels::blockSize ? left : kernels::blockSize, m_members[m_block]};
         const std::uint64_t candidates = m_candidates[m_block];
         if (candidates != 0 || m_carried != 0) {
             if (m_takesCandidates) {
-                block.members = block.begins = members | candidates;
+                block.members |= candidates;
             } else {
                 resolve(block, candidates);
             }

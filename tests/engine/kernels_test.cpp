@@ -119,6 +119,60 @@ TEST(Kernels, ClassifyMarksMembersAndCandidates) {
     }
 }
 
+TEST(Kernels, FindCountedMarksEachByteThatCounts) {
+    onRandomBytes([](const Kernels &kernels, std::string_view text) {
+        const std::size_t blocks = text.size() / blockSize;
+        std::vector<CountedBytes> found(blocks);
+        kernels.findCounted(text.data(), blocks, found.data());
+        for (std::size_t i = 0; i < blocks * blockSize; ++i) {
+            const auto byte = static_cast<unsigned char>(text[i]);
+            const CountedBytes &block = found[i / blockSize];
+            const auto isMarked = [i](std::uint64_t bits) { return (bits >> i % blockSize & 1U) != 0; };
+            EXPECT_EQ(isMarked(block.blanks), byte == ' ' || byte == '\t');
+            EXPECT_EQ(isMarked(block.newlines), byte >= 0x0A && byte <= 0x0D);
+            EXPECT_EQ(isMarked(block.lineFeeds), byte == '\n');
+            EXPECT_EQ(isMarked(block.carriageReturns), byte == '\r');
+            EXPECT_EQ(isMarked(block.sentenceEnds), byte == '.' || byte == '!' || byte == '?');
+            EXPECT_EQ(isMarked(block.nonAscii), byte >= 0x80);
+            EXPECT_EQ(isMarked(block.spaceLeads), byte == 0xC2 || (byte >= 0xE1 && byte <= 0xE3));
+        }
+    });
+}
+
+TEST(Kernels, FindCountedTellsEveryByteApart) {
+    std::string bytes;
+    for (int byte = 0; byte < 256; ++byte) {
+        bytes += static_cast<char>(byte);
+    }
+    onAllKernels([&](const Kernels &kernels) {
+        CountedBytes found[4];
+        kernels.findCounted(bytes.data(), 4, found);
+        EXPECT_EQ(found[0].blanks, std::uint64_t{1} << ' ' | std::uint64_t{1} << '\t');
+        EXPECT_EQ(found[0].newlines, std::uint64_t{0xF} << '\n');
+        EXPECT_EQ(found[0].sentenceEnds, std::uint64_t{1} << '.' | std::uint64_t{1} << '!' | std::uint64_t{1} << '?');
+        EXPECT_EQ(found[3].spaceLeads, std::uint64_t{1} << (0xC2 - 0xC0) | std::uint64_t{7} << (0xE1 - 0xC0));
+        for (const std::size_t other : {1U, 2U, 3U}) {
+            EXPECT_EQ(found[other].blanks | found[other].newlines | found[other].sentenceEnds, 0U);
+        }
+        EXPECT_EQ(found[1].nonAscii, 0U);
+        EXPECT_EQ(found[2].nonAscii, ~std::uint64_t{0});
+    });
+}
+
+TEST(Kernels, CountBitsCountsAllOfThem) {
+    std::mt19937_64 random(seed);
+    std::vector<std::uint64_t> masks;
+    std::size_t expected = 0;
+    for (std::size_t size = 0; size < 200; ++size) {
+        onAllKernels(
+            [&](const Kernels &kernels) { EXPECT_EQ(kernels.countBits(masks.data(), masks.size()), expected); });
+        masks.push_back(size % 5 == 0 ? ~std::uint64_t{0} : random());
+        for (std::uint64_t left = masks.back(); left != 0; left >>= 1) {
+            expected += left & 1U;
+        }
+    }
+}
+
 TEST(Kernels, CompressKeepsTheBytesOfSetBits) {
     std::mt19937_64 random(seed);
     onRandomBytes([&](const Kernels &kernels, std::string_view text) {
