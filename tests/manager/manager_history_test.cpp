@@ -1,0 +1,182 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "manager/transformation_manager.h"
+
+#include "tests/manager/manager_story.h"
+#include "tests/support/allocation.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace lexivore {
+namespace {
+
+using test::ManagerStory;
+
+TEST_F(ManagerStory, UndoingToAnEmptyStackShowsTheBase) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    manager.removeOperation(0);
+    manager.setCurrentText(Text("typed"));
+    manager.undo(); // back to one operation: the text of then
+    EXPECT_EQ(text(), "ABC");
+    EXPECT_EQ(stack(), "uppercase");
+    manager.undo();
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(undoCount(), 0U);
+    EXPECT_EQ(redoCount(), 2U);
+    changes.take();
+
+    // The snapshot's text differs from the base: the base is shown.
+    manager.redo();
+    manager.redo();
+    EXPECT_EQ(text(), "typed"); // redo restores what was there, whatever the stack
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 2U);
+    EXPECT_EQ(redoCount(), 0U);
+    manager.redo();
+    EXPECT_EQ(undoCount(), 2U);
+}
+
+TEST_F(ManagerStory, UndoingTheFirstApplicationShowsTheBaseWhateverTheSnapshotHolds) {
+    manager.setCurrentText(Text("!"));
+    EXPECT_NE(errorOfApplying("base64-decode"), ""); // an entry whose text is "!", with an empty stack
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase"); // the base is now "abc"
+    manager.undo();
+    EXPECT_EQ(text(), "abc");
+    changes.take();
+    manager.undo();
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(undoCount(), 0U);
+    EXPECT_EQ(redoCount(), 2U);
+    EXPECT_EQ(changes.take(), "history");
+    manager.undo();
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, UndoAndRedoCarryTheActionAlong) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    manager.toggleOperation(0);
+    manager.undo();
+    ASSERT_EQ(redoCount(), 1U);
+    EXPECT_TRUE(std::holds_alternative<HistoryToggle>(manager.history().redoStack().back().action));
+    EXPECT_EQ(manager.history().redoStack().back().state.text.view(), "abc");
+    manager.redo();
+    EXPECT_NE(lastAction<HistoryToggle>(), nullptr);
+    EXPECT_EQ(manager.history().undoStack().back().state.text.view(), "ABC");
+    EXPECT_EQ(stack(), "(uppercase)");
+}
+
+TEST_F(ManagerStory, ANewApplicationAfterAnUndoForgetsRedo) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    apply("reverse");
+    manager.undo();
+    EXPECT_EQ(redoCount(), 1U);
+    apply("add-suffix", {{"suffix", "!"}});
+    EXPECT_EQ(text(), "ABC!");
+    EXPECT_EQ(redoCount(), 0U);
+    EXPECT_EQ(undoCount(), 2U);
+    changes.take();
+    manager.redo();
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, ClearingTheOperationsShowsTheBaseAndCanBeUndone) {
+    manager.clearOperations();
+    EXPECT_EQ(undoCount(), 0U);
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    apply("reverse");
+    changes.take();
+
+    manager.clearOperations();
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 3U);
+    EXPECT_NE(lastAction<HistoryTransformation>(), nullptr);
+    EXPECT_EQ(changes.take(), "currentText operations history");
+
+    manager.undo();
+    EXPECT_EQ(text(), "CBA");
+    EXPECT_EQ(stack(), "uppercase reverse");
+    EXPECT_EQ(changes.take(), "currentText operations history");
+}
+
+TEST_F(ManagerStory, ClearingAllForgetsTheHistoryToo) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    apply("reverse");
+    manager.undo();
+    changes.take();
+    manager.clearAll();
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(original(), "");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 0U);
+    EXPECT_EQ(redoCount(), 0U);
+    EXPECT_EQ(changes.take(), "currentText originalText operations history");
+    manager.clearAll();
+    EXPECT_EQ(changes.take(), "");
+}
+
+TEST_F(ManagerStory, ReturningToTheBaseRecordsNothing) {
+    manager.setCurrentText(Text("abc"));
+    manager.returnToOriginalText(); // no stack: the text is its own base
+    EXPECT_EQ(text(), "abc");
+    apply("uppercase");
+    changes.take();
+    manager.returnToOriginalText();
+    EXPECT_EQ(text(), "abc");
+    EXPECT_EQ(stack(), "");
+    EXPECT_EQ(undoCount(), 1U);
+    EXPECT_EQ(changes.take(), "currentText operations");
+    apply("reverse");
+    EXPECT_EQ(text(), "cba");
+    EXPECT_EQ(stack(), "reverse");
+}
+
+TEST_F(ManagerStory, TypingOverAStackIsLostByTheNextRunAndBackByUndo) {
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    manager.editCurrentText(3, 0, " typed");
+    manager.reapplyOperations();
+    EXPECT_EQ(text(), "ABC");
+    manager.editCurrentText(3, 0, " typed");
+    manager.toggleOperation(0);
+    EXPECT_EQ(text(), "abc");
+    manager.undo();
+    EXPECT_EQ(text(), "ABC typed");
+}
+
+TEST_F(ManagerStory, HistoryOfAHundredMegabytesCostsNoSecondHundredMegabytes) {
+    constexpr std::size_t size = 100'000'000;
+    constexpr std::size_t little = 1'000'000;
+    manager.setCurrentText(Text(std::string_view(std::string(size, 'a'))));
+    const std::size_t withOneText = test::allocatedBytes();
+
+    apply("lowercase"); // no effect: the base, the entry and the current text are one
+    EXPECT_LT(test::allocatedBytes(), withOneText + little);
+
+    apply("uppercase"); // the result is the one new text
+    EXPECT_LT(test::allocatedBytes(), withOneText + size + little);
+    const std::size_t withTwoTexts = test::allocatedBytes();
+    EXPECT_TRUE(manager.history().undoStack().back().state.text.sharesAllWith(manager.originalText()));
+
+    manager.editCurrentText(size / 2, 0, "typed");
+    manager.clearOperations(); // keeps the typed text in the entry
+    manager.undo();
+    manager.undo();
+    manager.redo();
+    manager.redo();
+    EXPECT_EQ(undoCount(), 3U);
+    EXPECT_LT(test::allocatedBytes(), withTwoTexts + little);
+}
+
+} // namespace
+} // namespace lexivore
