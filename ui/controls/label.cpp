@@ -16,7 +16,7 @@ constexpr double unlimitedWidth = 1'000'000;
 /// Text in lines of at most `width` pixels.
 class WrappedText {
 public:
-    WrappedText(QString text, const QFont &font, Qt::Alignment alignment, double width) {
+    WrappedText(QString text, const QFont &font, Qt::Alignment alignment, double width, double lineHeight) {
         text.replace('\n', QChar::LineSeparator);
         m_layout.setText(text);
         m_layout.setFont(font);
@@ -26,8 +26,9 @@ public:
         m_layout.beginLayout();
         for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
             line.setLineWidth(width);
-            line.setPosition({0, m_height});
-            m_height += line.height();
+            const double height = qMax(lineHeight, line.height());
+            line.setPosition({0, m_height + (height - line.height()) / 2});
+            m_height += height;
         }
         m_layout.endLayout();
     }
@@ -80,16 +81,18 @@ void Label::setText(const QString &text) {
 
 QSize Label::sizeHint() const {
     if (m_lines == Lines::wrapped) {
-        const WrappedText whole(text(), font(), alignment(), unlimitedWidth);
+        const WrappedText whole(text(), font(), alignment(), unlimitedWidth, lineHeightFor(m_role));
         return {qCeil(whole.width()), qCeil(whole.height())};
     }
-    return {QFontMetrics(font()).horizontalAdvance(onOneLine(text())) + 1, QFontMetrics(font()).height()};
+    return {QFontMetrics(font()).horizontalAdvance(onOneLine(text())) + 1, lineHeightFor(m_role)};
 }
 
-QSize Label::minimumSizeHint() const { return {0, QFontMetrics(font()).height()}; }
+QSize Label::minimumSizeHint() const { return {0, lineHeightFor(m_role)}; }
 
 int Label::heightForWidth(int width) const {
-    return m_lines == Lines::wrapped ? qCeil(WrappedText(text(), font(), alignment(), width).height()) : -1;
+    if (m_lines == Lines::one)
+        return -1;
+    return qCeil(WrappedText(text(), font(), alignment(), width, lineHeightFor(m_role)).height());
 }
 
 bool Label::event(QEvent *event) {
@@ -106,7 +109,7 @@ void Label::paintEvent(QPaintEvent *) {
     painter.setPen(theme().*m_colour);
     painter.setFont(font());
     if (m_lines == Lines::wrapped) {
-        WrappedText(text(), font(), alignment(), width()).draw(painter);
+        WrappedText(text(), font(), alignment(), width(), lineHeightFor(m_role)).draw(painter);
         return;
     }
     const QString shown = QFontMetrics(font()).elidedText(onOneLine(text()), Qt::ElideRight, width());

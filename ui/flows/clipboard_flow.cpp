@@ -3,8 +3,8 @@
 #include "ui/flows/clipboard_flow.h"
 
 #include "manager/transformation_manager.h"
+#include "ui/sheets/alerts.h"
 #include "ui/text_conversion.h"
-#include "ui/window/alerts.h"
 #include "ui/window/window_state.h"
 
 #include <QClipboard>

@@ -4,7 +4,7 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/flows/text_file.h"
-#include "ui/window/alerts.h"
+#include "ui/sheets/alerts.h"
 #include "ui/window/file_panels.h"
 
 #include <utility>

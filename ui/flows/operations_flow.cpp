@@ -3,8 +3,8 @@
 #include "ui/flows/operations_flow.h"
 
 #include "manager/transformation_manager.h"
+#include "ui/sheets/alerts.h"
 #include "ui/shell/notification_center.h"
-#include "ui/window/alerts.h"
 #include "ui/window/window_state.h"
 
 namespace lexivore {

@@ -4,8 +4,8 @@
 
 #include "manager/transformation_manager.h"
 #include "tools/tools_manager.h"
+#include "ui/sheets/sheets.h"
 #include "ui/text_conversion.h"
-#include "ui/window/sheets.h"
 #include "ui/window/window_state.h"
 
 #include <algorithm>

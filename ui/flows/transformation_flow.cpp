@@ -4,9 +4,9 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/flows/undo_flow.h"
+#include "ui/sheets/alerts.h"
+#include "ui/sheets/sheets.h"
 #include "ui/text_conversion.h"
-#include "ui/window/alerts.h"
-#include "ui/window/sheets.h"
 #include "ui/window/window_state.h"
 
 #include <QtGlobal>

@@ -19,56 +19,57 @@ struct RoleShape {
     double factor;
     double morePoints;
     QFont::Weight weight;
+    int line; ///< Pixels at the design's font size.
 };
 
 constexpr RoleShape shapeOf(FontRole role) {
     switch (role) {
     case FontRole::score:
-        return {3.8, 0, QFont::DemiBold};
+        return {3.8, 0, QFont::DemiBold, 50};
     case FontRole::duration:
-        return {2.6, 0, QFont::DemiBold};
+        return {2.6, 0, QFont::DemiBold, 44};
     case FontRole::cardValue:
-        return {1, 6, QFont::DemiBold};
+        return {1, 6, QFont::DemiBold, 26};
     case FontRole::smallCardValue:
-        return {1, 3, QFont::DemiBold};
+        return {1, 3, QFont::DemiBold, 22};
     case FontRole::alertTitle:
-        return {1, 2, QFont::DemiBold};
+        return {1, 2, QFont::DemiBold, 24};
     case FontRole::headline:
-        return {1, 1, QFont::DemiBold};
+        return {1, 1, QFont::DemiBold, 20};
     case FontRole::body:
-        return {1, 0, QFont::Normal};
+        return {1, 0, QFont::Normal, 18};
     case FontRole::callout:
-        return {1, 0, QFont::Medium};
+        return {1, 0, QFont::Medium, 18};
     case FontRole::subheadline:
-        return {1, -0.5, QFont::Normal};
+        return {1, -0.5, QFont::Normal, 18};
     case FontRole::fieldLabel:
-        return {1, -0.5, QFont::Medium};
+        return {1, -0.5, QFont::Medium, 18};
     case FontRole::caption:
-        return {1, -1, QFont::Normal};
+        return {1, -1, QFont::Normal, 16};
     case FontRole::captionMedium:
-        return {1, -1, QFont::Medium};
+        return {1, -1, QFont::Medium, 16};
     case FontRole::sectionTitle:
-        return {1, -1, QFont::DemiBold};
+        return {1, -1, QFont::DemiBold, 16};
     case FontRole::smallCaption:
-        return {1, -1.5, QFont::Normal};
+        return {1, -1.5, QFont::Normal, 16};
     case FontRole::badge:
-        return {1, -1.5, QFont::Bold};
+        return {1, -1.5, QFont::Bold, 16};
     }
-    return {1, 0, QFont::Normal};
+    return {1, 0, QFont::Normal, 18};
 }
 
-double pointsOf(FontRole role, double systemPoints) {
+double pointsOf(FontRole role, double system) {
     const RoleShape shape = shapeOf(role);
-    return qMax(1.0, systemPoints * shape.factor + shape.morePoints);
-}
-
-/// A system font may be given in pixels.
-double systemPoints() {
-    const QFont font = QGuiApplication::font();
-    return font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+    return qMax(1.0, system * shape.factor + shape.morePoints);
 }
 
 } // namespace
+
+double systemPoints() {
+    // A system font may be given in pixels.
+    const QFont font = QGuiApplication::font();
+    return font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+}
 
 QFont fontFor(FontRole role) {
     QFont font = QGuiApplication::font();
@@ -82,6 +83,8 @@ QFont monospacedFont(double points) {
     font.setPointSizeF(qMax(1.0, points));
     return font;
 }
+
+int lineHeightFor(FontRole role) { return heightFor(shapeOf(role).line, role); }
 
 int heightFor(int height, FontRole role, int lines) {
     const QScreen *screen = QGuiApplication::primaryScreen();

@@ -25,8 +25,14 @@ enum class FontRole {
     badge,          ///< S - 1.5, bold
 };
 
+/// The size of the application's font, S, in points.
+[[nodiscard]] double systemPoints();
+
 /// The application's font in the size and weight of the role.
 [[nodiscard]] QFont fontFor(FontRole role);
+
+/// The height of one line of running text of the role, in device-independent pixels, with the air around it.
+[[nodiscard]] int lineHeightFor(FontRole role);
 
 /// The system's monospaced font in so many points.
 [[nodiscard]] QFont monospacedFont(double points);

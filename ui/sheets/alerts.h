@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/sheets/alert_sheet.h"
+
 #include <QObject>
-#include <QString>
 
 #include <functional>
-
-class QWidget;
 
 namespace lexivore {
 
@@ -28,7 +27,13 @@ public:
     void askToReplaceOperations(std::function<void(bool asksNoMore)> replace, Answer cancel);
     void askToReplaceRecipe(const QString &name, Answer replace, Answer cancel);
 
+protected:
+    /// Brings up one alert. All of the above end here, so that a test can answer in the user's place.
+    virtual void present(const AlertContents &contents, std::function<void(AlertAnswer)> answered);
+
 private:
+    void ask(const AlertContents &contents, std::function<void(AlertAnswer)> confirm, Answer cancel);
+
     QWidget &m_window;
 };
 

@@ -6,6 +6,7 @@
 #include "engine/text_transformation.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <functional>
@@ -14,6 +15,7 @@ class QWidget;
 
 namespace lexivore {
 
+class RecipeSaveSheet;
 class TextTool;
 class TransformationManager;
 
@@ -44,6 +46,7 @@ public:
 
 private:
     QWidget &m_window;
+    QPointer<RecipeSaveSheet> m_recipeSaveSheet;
 };
 
 } // namespace lexivore

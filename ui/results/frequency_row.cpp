@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/results/frequency_row.h"
+
+#include "ui/controls/accessible_role.h"
+#include "ui/controls/label.h"
+#include "ui/theme/metrics.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+
+namespace lexivore {
+
+namespace {
+
+constexpr int rowHeight = 24;
+constexpr int barHeight = 20;
+constexpr int characterColumn = 60;
+constexpr int besideBar = 100; ///< The column of the character and the place for the count.
+constexpr int countGap = 8;
+
+} // namespace
+
+FrequencyRow::FrequencyRow(const QString &character, qint64 count, qint64 greatest, QWidget *parent)
+    : QWidget(parent), m_character(onOneLine(character)), m_count(count), m_greatest(greatest) {
+    setAccessibleRole(*this, QAccessible::ListItem);
+    setAccessibleName(character);
+    setAccessibleDescription(QString::number(count));
+    setFixedHeight(heightFor(rowHeight, FontRole::body));
+}
+
+double FrequencyRow::barWidth() const {
+    if (m_greatest <= 0)
+        return 0;
+    return qMax(0, width() - besideBar) * (static_cast<double>(m_count) / static_cast<double>(m_greatest));
+}
+
+void FrequencyRow::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    const Theme &colours = theme();
+    painter.setFont(monospacedFont(systemPoints()));
+    painter.setPen(colours.text);
+    const QRect column(0, 0, characterColumn - 4, height());
+    painter.drawText(QStyle::visualRect(layoutDirection(), rect(), column), Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(m_character, Qt::ElideRight, column.width()));
+
+    const QRectF bar(characterColumn, (height() - barHeight) / 2.0, barWidth(), barHeight);
+    QLinearGradient fill(bar.topLeft(), bar.topRight());
+    fill.setColorAt(0, colours.barStart);
+    fill.setColorAt(1, colours.barEnd);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    const double radius = qMin<double>(metrics::barRadius, bar.width() / 2);
+    painter.drawRoundedRect(bar, radius, radius);
+
+    painter.setFont(fontFor(FontRole::caption));
+    painter.setPen(colours.text2);
+    const QRectF count(bar.right() + countGap, 0, width() - bar.right() - countGap, height());
+    painter.drawText(count, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine | Qt::TextDontClip,
+                     QString::number(m_count));
+}
+
+} // namespace lexivore

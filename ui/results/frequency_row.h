@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+namespace lexivore {
+
+/// A character, a bar for its share of the largest count, and its count.
+class FrequencyRow : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `greatest` is the largest count of the list.
+    FrequencyRow(const QString &character, qint64 count, qint64 greatest, QWidget *parent = nullptr);
+
+    /// In device-independent pixels: 0 when nothing was counted.
+    [[nodiscard]] double barWidth() const;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_character;
+    qint64 m_count;
+    qint64 m_greatest;
+};
+
+} // namespace lexivore

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/results/readability_scale.h"
+
+#include "ui/controls/accessible_role.h"
+#include "ui/theme/drawing.h"
+#include "ui/theme/theme.h"
+
+#include <QPainter>
+
+#include <array>
+
+namespace lexivore {
+
+namespace {
+
+constexpr std::array bounds = {0, 30, 50, 60, 70, 80, 90, 100};
+constexpr int bandCount = static_cast<int>(bounds.size()) - 1;
+constexpr double gap = 3;
+constexpr double thickness = 6;
+constexpr QSizeF markSize(4, 14);
+
+} // namespace
+
+ReadabilityScale::ReadabilityScale(double score, bool hasScore, QWidget *parent)
+    : QWidget(parent), m_score(qBound(0.0, score, 100.0)), m_hasScore(hasScore) {
+    setFixedHeight(static_cast<int>(markSize.height()));
+    setAccessibleRole(*this, QAccessible::Graphic);
+}
+
+int ReadabilityScale::bandOf(double score) {
+    int band = 0;
+    while (band + 1 < bandCount && score >= bounds[static_cast<std::size_t>(band) + 1])
+        ++band;
+    return band;
+}
+
+void ReadabilityScale::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    const Theme &colours = theme();
+    const double perPoint = (width() - (bandCount - 1) * gap) / 100;
+    const double top = (height() - thickness) / 2;
+    for (int band = 0; band < bandCount; ++band) {
+        const auto index = static_cast<std::size_t>(band);
+        const QRectF place(bounds[index] * perPoint + band * gap, top, (bounds[index + 1] - bounds[index]) * perPoint,
+                           thickness);
+        const bool isCurrent = m_hasScore && band == bandOf(m_score);
+        fillRounded(painter, place, thickness / 2, isCurrent ? colours.accent : colours.track);
+    }
+    if (!m_hasScore)
+        return;
+    const double middle =
+        qBound(markSize.width() / 2, m_score * perPoint + bandOf(m_score) * gap, width() - markSize.width() / 2);
+    const QRectF mark(middle - markSize.width() / 2, 0, markSize.width(), markSize.height());
+    painter.fillRect(mark.adjusted(-1.5, 0, 1.5, 0), colours.raised);
+    fillRounded(painter, mark, 2, colours.text);
+}
+
+} // namespace lexivore

@@ -1,0 +1,193 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/sheets/manage_recipes_sheet.h"
+
+#include "manager/transformation_manager.h"
+#include "ui/controls/accessible_role.h"
+#include "ui/controls/hairline.h"
+#include "ui/controls/label.h"
+#include "ui/controls/push_button.h"
+#include "ui/controls/symbol.h"
+#include "ui/sheets/recipe_row.h"
+#include "ui/text_conversion.h"
+#include "ui/theme/metrics.h"
+
+#include <QHBoxLayout>
+#include <QScrollArea>
+
+#include <algorithm>
+#include <utility>
+
+namespace lexivore {
+
+namespace {
+
+constexpr int sheetWidth = 400;
+constexpr int greatestHeight = 480;
+constexpr int headerHeight = 56;
+constexpr int emptyHeight = 232;
+constexpr int listInset = 8;
+constexpr int emptySymbolSize = 48;
+
+} // namespace
+
+ManageRecipesSheet::ManageRecipesSheet(TransformationManager &manager)
+    : Sheet(tr("Manage Recipes"), sheetWidth), m_manager(manager) {
+    setObjectName(QStringLiteral("manageRecipesSheet"));
+    setGreatestHeight(heightFor(greatestHeight, FontRole::body, 12));
+    setHeader(makeHeader());
+    rebuild();
+    connect(&manager, &TransformationManager::recipesChanged, this, &ManageRecipesSheet::rebuild);
+}
+
+QWidget *ManageRecipesSheet::makeHeader() {
+    auto *doneButton = new PushButton(tr("Done"), PushButton::Kind::primary);
+    doneButton->setObjectName(QStringLiteral("done"));
+    doneButton->setLeastWidth(0);
+    connect(doneButton, &PushButton::clicked, this, &ManageRecipesSheet::dismiss);
+
+    auto *header = new QWidget;
+    auto *column = new QVBoxLayout(header);
+    column->setSpacing(0);
+    column->setContentsMargins({});
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(metrics::sheetPadding, 0, 12, 0);
+    row->addWidget(new Label(tr("Manage Recipes"), FontRole::headline), 1);
+    row->addWidget(doneButton);
+    column->addLayout(row, 1);
+    column->addWidget(new Hairline);
+    header->setFixedHeight(heightFor(headerHeight, FontRole::callout));
+    return header;
+}
+
+QWidget *ManageRecipesSheet::makeEmptyState() {
+    auto *state = new QWidget;
+    auto *column = new QVBoxLayout(state);
+    column->setContentsMargins(metrics::sheetPadding, 0, metrics::sheetPadding, 0);
+    column->setSpacing(0);
+    const auto addText = [&](const QString &text, FontRole role) {
+        auto *label = new Label(text, role, &Theme::text2, Label::Lines::wrapped);
+        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+        column->addWidget(label);
+    };
+    column->addStretch();
+    column->addWidget(new Symbol(QStringLiteral("book"), emptySymbolSize, &Theme::text3), 0, Qt::AlignHCenter);
+    column->addSpacing(12);
+    addText(tr("No user recipes"), FontRole::body);
+    column->addSpacing(4);
+    addText(tr("Create recipes by saving your current operations"), FontRole::caption);
+    column->addStretch();
+    state->setMinimumHeight(heightFor(emptyHeight, FontRole::body, 2));
+    return state;
+}
+
+QWidget *ManageRecipesSheet::makeList(const std::vector<Recipe> &recipes) {
+    auto *list = new QWidget;
+    list->setObjectName(QStringLiteral("recipes"));
+    setAccessibleRole(*list, QAccessible::List);
+    list->setAccessibleName(tr("My Recipes"));
+    auto *column = new QVBoxLayout(list);
+    column->setContentsMargins(listInset, listInset, listInset, listInset);
+    column->setSpacing(2);
+    for (const Recipe &recipe : recipes) {
+        auto *row = new RecipeRow(recipe);
+        connectRow(*row, recipe, static_cast<int>(m_rows.size()));
+        m_rows.push_back(row);
+        column->addWidget(row);
+    }
+    column->addStretch();
+    return list;
+}
+
+std::vector<Recipe> ManageRecipesSheet::userRecipes() const {
+    std::vector<Recipe> recipes;
+    std::ranges::copy_if(m_manager.recipes(), std::back_inserter(recipes),
+                         [](const Recipe &recipe) { return recipe.category == RecipeCategory::user; });
+    return recipes;
+}
+
+void ManageRecipesSheet::rebuild() {
+    const bool hadFocus = isAncestorOf(window()->focusWidget());
+    const std::vector<Recipe> recipes = userRecipes();
+    // The signal may come from a row, which must outlive it.
+    while (QLayoutItem *item = body().takeAt(0)) {
+        item->widget()->hide();
+        item->widget()->deleteLater();
+        delete item;
+    }
+    m_rows.clear();
+    body().addWidget(recipes.empty() ? makeEmptyState() : makeList(recipes));
+    setCurrentRow(qBound(0, m_currentRow, qMax(0, static_cast<int>(recipes.size()) - 1)));
+
+    const auto edited = std::ranges::find_if(
+        recipes, [&](const Recipe &recipe) { return m_editingRecipe && recipe.id == m_editingRecipe->id; });
+    if (edited == recipes.end())
+        m_editingRecipe.reset();
+    else
+        m_rows[static_cast<std::size_t>(edited - recipes.begin())]->startEditing(m_editedName);
+    if (hadFocus && !m_editingRecipe)
+        takeFocus();
+    emit sizeChanged();
+}
+
+void ManageRecipesSheet::connectRow(RecipeRow &row, const Recipe &recipe, int index) {
+    connect(&row, &RecipeRow::entered, this, [this, index] { setCurrentRow(index); });
+    connect(&row, &RecipeRow::moveRequested, this, [this, index](int key) { moveFrom(index, key); });
+    connect(&row, &RecipeRow::renameRequested, this, [this, index, recipe] {
+        m_currentRow = index;
+        startRenaming(recipe);
+    });
+    connect(&row, &RecipeRow::nameEdited, this, [this](const QString &name) { m_editedName = name; });
+    connect(&row, &RecipeRow::renameConfirmed, this, &ManageRecipesSheet::confirmRename);
+    connect(&row, &RecipeRow::renameCancelled, this, &ManageRecipesSheet::stopRenaming);
+    connect(&row, &RecipeRow::deletionRequested, this, [this, index, recipe] {
+        m_currentRow = index;
+        m_manager.deleteRecipe(recipe);
+    });
+}
+
+void ManageRecipesSheet::startRenaming(const Recipe &recipe) {
+    m_editingRecipe = recipe;
+    m_editedName = toQString(recipe.name);
+    rebuild();
+}
+
+void ManageRecipesSheet::stopRenaming() {
+    m_editingRecipe.reset();
+    rebuild();
+}
+
+void ManageRecipesSheet::confirmRename() {
+    if (const std::optional<Recipe> renamed = std::exchange(m_editingRecipe, std::nullopt)) {
+        m_manager.renameRecipe(*renamed, toUtf8(m_editedName));
+        // An unchanged name is announced by nobody.
+        rebuild();
+    }
+}
+
+void ManageRecipesSheet::moveFrom(int index, int key) {
+    const int last = static_cast<int>(m_rows.size()) - 1;
+    const int target = key == Qt::Key_Home ? 0 : key == Qt::Key_End ? last : key == Qt::Key_Up ? index - 1 : index + 1;
+    focusRow(qBound(0, target, last));
+}
+
+void ManageRecipesSheet::setCurrentRow(int index) {
+    m_currentRow = index;
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        m_rows[row]->setCurrent(static_cast<int>(row) == index);
+}
+
+void ManageRecipesSheet::focusRow(int index) {
+    RecipeRow *row = m_rows[static_cast<std::size_t>(index)];
+    row->setFocus(Qt::OtherFocusReason);
+    scrollArea().ensureWidgetVisible(row, 0, listInset);
+}
+
+void ManageRecipesSheet::takeFocus() {
+    if (m_rows.empty())
+        Sheet::takeFocus();
+    else
+        focusRow(m_currentRow);
+}
+
+} // namespace lexivore

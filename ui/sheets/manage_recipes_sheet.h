@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "manager/recipe.h"
+#include "ui/sheets/sheet.h"
+
+#include <optional>
+#include <vector>
+
+namespace lexivore {
+
+class RecipeRow;
+class TransformationManager;
+
+/// Lists the user's own recipes, to rename and delete them. It follows the manager's list.
+class ManageRecipesSheet : public Sheet {
+    Q_OBJECT
+
+public:
+    explicit ManageRecipesSheet(TransformationManager &manager);
+
+    void takeFocus() override;
+    void confirm() override { dismiss(); }
+
+private:
+    [[nodiscard]] QWidget *makeHeader();
+    [[nodiscard]] QWidget *makeEmptyState();
+    [[nodiscard]] QWidget *makeList(const std::vector<Recipe> &recipes);
+    [[nodiscard]] std::vector<Recipe> userRecipes() const;
+    void rebuild();
+    void connectRow(RecipeRow &row, const Recipe &recipe, int index);
+    void startRenaming(const Recipe &recipe);
+    void stopRenaming();
+    void confirmRename();
+    void moveFrom(int index, int key);
+    void setCurrentRow(int index);
+    void focusRow(int index);
+
+    TransformationManager &m_manager;
+    std::optional<Recipe> m_editingRecipe; ///< The recipe whose name is being edited, one at a time.
+    QString m_editedName;
+    std::vector<RecipeRow *> m_rows;
+    int m_currentRow = 0;
+};
+
+} // namespace lexivore
