@@ -123,7 +123,9 @@ std::vector<CharacterFrequency> characterFrequencies(std::string_view text) {
     FrequencyTable table;
     const char *const end = text.data() + text.size();
     for (const char *position = text.data(); position != end;) {
-        position = addPlainBytes(table, position, end);
+        if (isAscii(*position)) {
+            position = addPlainBytes(table, position, end);
+        }
         if (position != end) {
             const auto begin = static_cast<std::size_t>(position - text.data());
             const std::string_view character = text.substr(begin, characterEnd(text, begin) - begin);
