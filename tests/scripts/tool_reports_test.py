@@ -1,9 +1,8 @@
-#!/usr/bin/env python3
 # SPDX-FileCopyrightText: Lexivore contributors
 # SPDX-License-Identifier: MIT
 """Compares the reports of the four tools on whole books with a computation of its own.
 
-Usage: reports_test.py <lexivore_engine_driver>
+Usage: python3 tool_reports_test.py <driver>
 
 The books are the Debian Reference in English, German and Japanese, as its packages have them. The computation uses
 nothing but Python's standard library, which has no grapheme clusters; so it accepts only texts in which every code
@@ -11,10 +10,10 @@ point is a character, CR LF excepted, and checks that each book is one.
 """
 
 import gzip
-import json
-import subprocess
 import sys
 import unicodedata
+
+from engine_driver import EngineDriver
 
 LANGUAGES = ("en", "de", "ja")
 BOOK = "/usr/share/debian-reference/debian-reference.{0}.txt.gz"
@@ -196,26 +195,18 @@ def books():
 def main():
     if len(sys.argv) != 2:
         sys.exit(__doc__)
-    names, requests, expected = [], [], []
+    driver = EngineDriver(sys.argv[1])
+    compared = failures = 0
     for name, text in books():
         for tool, report in TOOLS.items():
-            names.append(f"{tool} of {name}")
-            requests.append(json.dumps({"id": tool, "text": text, "parameters": {}}))
-            expected.append(report(text))
-    driver = subprocess.run(
-        [sys.argv[1]], input="\n".join(requests) + "\n", stdout=subprocess.PIPE, encoding="utf-8", check=False
-    )
-    if driver.returncode != 0:
-        sys.exit(f"{sys.argv[1]} ended with {driver.returncode}")
-    answers = [json.loads(line) for line in driver.stdout.split("\n") if line]
-    if len(answers) != len(requests):
-        sys.exit(f"{len(requests)} requests, {len(answers)} answers")
-    failures = 0
-    for name, report, answer in zip(names, expected, answers):
-        if answer != {"result": report}:
-            failures += 1
-            print(f"{name}:\nexpected {report!r}\nbut got  {answer!r}\n")
-    print(f"{len(answers) - failures} of {len(answers)} reports agree")
+            expected = {"result": report(text)}
+            answer = driver.apply(tool, text)
+            compared += 1
+            if answer != expected:
+                failures += 1
+                print(f"{tool} of {name}:\nexpected {expected!r}\nbut got  {answer!r}\n")
+    driver.close()
+    print(f"{compared - failures} of {compared} reports agree")
     sys.exit(1 if failures else 0)
 
 
