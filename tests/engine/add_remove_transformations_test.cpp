@@ -302,6 +302,7 @@ const Case wrapLines[] = {
     {"a letter and its marks are one character long", "e\u0301e\u0301 b", {{"width", "4"}}, "e\u0301e\u0301 b"},
     {"joined consonants are one character long", "क्षत्र b", {{"width", "4"}}, "क्षत्र b"},
     {"length is that of the whole line", "a \u0301b c", {{"width", "5"}}, "a \u0301b c"},
+    {"a sign that joins what follows joins the space", "\u0600 b c", {{"width", "4"}}, "\u0600 b c"},
     {"a word that begins with a mark is measured on its own", "a \u0301b c", {{"width", "3"}}, "a\n\u0301b\nc"},
     {"letters of other scripts", "привет мир", {{"width", "10"}}, "привет мир"},
     {"NUL counts as one character", "a\0b c"s, {{"width", "4"}}, "a\0b\nc"s},

@@ -53,6 +53,7 @@ const Case lowercase[] = {
     {"a final sigma before punctuation", "ΑΣ, ΑΣ.", {}, "ας, ας."},
     {"a final sigma under a mark", "ΑΣ\u0301", {}, "ας\u0301"},
     {"a sigma is not final before an apostrophe and a letter", "ΑΣ'Α", {}, "ασ'α"},
+    {"nor before a full stop or a colon and a letter", "ΑΣ.Α ΑΣ:Α", {}, "ασ.α ασ:α"},
     {"a final sigma at the end of a line", "ΑΣ\nΑΣ\r\nΑ", {}, "ας\nας\r\nα"},
     {"a dotted capital I keeps its dot", "İ", {}, "i\u0307"},
     {"a capital I has no dot to lose", "I", {}, "i"},
@@ -91,6 +92,7 @@ const Case titleCase[] = {
     {"one letter may become two", "ßa ﬁn ŉa", {}, "Ssa Fin ʼNa"},
     {"a subscript iota stays below", "ᾳα", {}, "ᾼα"},
     {"a sigma that ends a word is final", "ΟΔΟΣ ΣΟΦΟΣ", {}, "Οδος Σοφος"},
+    {"a sigma is final in its word whatever follows the word", "ΑΣ.ΑΒ ΑΣ:ΑΒ ΑΣ'ΑΒ", {}, "Ας.Αβ Ας:Αβ Ασ'αβ"},
     {"a combining mark belongs to the word", "E\u0301COLE", {}, "E\u0301cole"},
     {"the decomposed form equals the composed one", "éCOLE", {}, "École"},
     {"marks before the first letter stay", "\u0301abc", {}, "\u0301Abc"},
@@ -169,6 +171,7 @@ const Case camelCase[] = {
     {"one letter may become two", "ßa ßa", {}, "ßaSsa"},
     {"digraphs take their titlecase", "ǆa ǆa", {}, "ǆaǅa"},
     {"a sigma is final at the end of its word", "ΟΔΟΣ ΟΔΟΣ", {}, "οδοςΟδος"},
+    {"a sigma is mapped as a part of its own word", "ΑΣ.ΑΣ'ΑΣ", {}, "αςΑςΑς"},
     {"Cyrillic", "ПРИВЕТ мир", {}, "приветМир"},
     {"vowel signs and viramas do not end a word", "हिन्दी ab", {}, "हिन्दीAb"},
 };
@@ -211,6 +214,7 @@ const Case snakeCase[] = {
     {"marks belong to their word", "E\u0301A", {}, "e\u0301a"},
     {"a variation selector is a mark too", "a❤\uFE0Fb", {}, "a_\uFE0Fb"},
     {"a sigma is final at the end of its word", "ΟΔΟΣ-ΟΔΟΣ", {}, "οδος_οδος"},
+    {"a sigma is mapped as a part of its own word", "ΑΣ.Α:Σ'Σ", {}, "ας_α_σ_σ"},
     {"Cyrillic", "ПРИВЕТ мир", {}, "привет_мир"},
     {"scripts without case are words", "漢字 हिन्दी", {}, "漢字_हिन्दी"},
 };
