@@ -12,6 +12,7 @@
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
 #include "ui/window/empty_state.h"
+#include "ui/window/row_column.h"
 #include "ui/window/row_navigator.h"
 #include "ui/window/window_state.h"
 
@@ -30,11 +31,10 @@ constexpr int smallIcon = 16;
 
 OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &state, QWidget *parent)
     : Surface(&Theme::pane, parent), m_manager(manager), m_state(state), m_scroll(new QScrollArea(this)),
-      m_rows(new QWidget), m_column(new QVBoxLayout(m_rows)), m_emptyState(new EmptyState(this, this)),
+      m_rows(new RowColumn(tr("Operations"))), m_column(new QVBoxLayout(m_rows)), m_emptyState(new EmptyState(this, this)),
       m_navigator(new RowNavigator(this)) {
     setObjectName("operationsPanel");
     m_rows->setObjectName("operations");
-    m_rows->setAccessibleName(tr("Operations"));
     m_column->setContentsMargins(8, 8, 8, 8);
     m_column->setSpacing(0);
     m_column->addStretch();

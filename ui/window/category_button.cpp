@@ -6,6 +6,7 @@
 #include "ui/text_conversion.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/window/row_accessibility.h"
 
 #include <QPainter>
 
@@ -26,6 +27,13 @@ CategoryButton::CategoryButton(TransformationCategory category, QWidget *parent)
     setText(name);
     setObjectName("category." + name);
     setCheckable(true);
+}
+
+void CategoryButton::setSelected(bool selected) {
+    if (isChecked() != selected) {
+        setChecked(selected);
+        announceSelection(*this);
+    }
 }
 
 QSize CategoryButton::sizeHint() const {

@@ -16,7 +16,7 @@ public:
 
     [[nodiscard]] TransformationCategory category() const { return m_category; }
     [[nodiscard]] bool isSelected() const { return isChecked(); }
-    void setSelected(bool selected) { setChecked(selected); }
+    void setSelected(bool selected);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;

@@ -4,6 +4,7 @@
 
 #include "ui/theme/motion.h"
 #include "ui/window/category_button.h"
+#include "ui/window/row_column.h"
 #include "ui/window/row_navigator.h"
 #include "ui/window/section_header.h"
 #include "ui/window/window_state.h"
@@ -24,11 +25,11 @@ constexpr int rowGap = 2;
 
 CategorySidebar::CategorySidebar(WindowState &state, QWidget *parent)
     : Surface(&Theme::sidebar, parent), m_state(state), m_header(new SectionHeader(tr("Categories"), this)),
-      m_rows(new QWidget(this)), m_navigator(new RowNavigator(this)), m_folding(new QVariantAnimation(this)) {
+      m_rows(new RowColumn(tr("Categories"), this)), m_navigator(new RowNavigator(this)),
+      m_folding(new QVariantAnimation(this)) {
     setObjectName("sidebar");
     m_header->setObjectName("categoriesHeader");
     m_rows->setObjectName("categories");
-    m_rows->setAccessibleName(tr("Categories"));
     createRows();
 
     auto *column = new QVBoxLayout(this);

@@ -5,6 +5,7 @@
 #include "ui/controls/focus_ring.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/metrics.h"
+#include "ui/window/row_accessibility.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -12,6 +13,7 @@
 namespace lexivore {
 
 RowButton::RowButton(QWidget *parent) : QAbstractButton(parent) {
+    installRowAccessibility();
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setAttribute(Qt::WA_Hover);

@@ -14,6 +14,8 @@ class RowButton : public QAbstractButton {
 public:
     explicit RowButton(QWidget *parent = nullptr);
 
+    /// False for a row that is a button to assistive technology, not one of a list.
+    [[nodiscard]] virtual bool isListItem() const { return true; }
     [[nodiscard]] bool isHovered() const { return m_isHovered; }
 
 signals:

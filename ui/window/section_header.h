@@ -17,6 +17,7 @@ public:
     void setDisclosure(qreal disclosure);
     [[nodiscard]] qreal disclosure() const { return m_disclosure; }
 
+    [[nodiscard]] bool isListItem() const override { return false; }
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/status_item.h"
 
+#include "ui/controls/accessible_role.h"
 #include "ui/icon.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
@@ -20,6 +21,7 @@ constexpr int gap = 6;
 StatusItem::StatusItem(const QString &icon, const QString &help, QWidget *parent)
     : QWidget(parent), m_icon(icon), m_help(help) {
     setToolTip(help);
+    setAccessibleRole(*this, QAccessible::StaticText);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 }
 

@@ -10,6 +10,7 @@
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
 #include "ui/window/empty_state.h"
+#include "ui/window/row_column.h"
 #include "ui/window/row_navigator.h"
 #include "ui/window/transformation_button.h"
 #include "ui/window/window_state.h"
@@ -28,8 +29,8 @@ TransformationList::TransformationList(TransformationManager &manager, WindowSta
     : Surface(&Theme::pane, parent), m_manager(manager), m_state(state),
       m_search(new Field(tr("Search transformations"), this)),
       m_header(new Label({}, FontRole::sectionTitle, &Theme::text2, Label::Lines::one, this)),
-      m_scroll(new QScrollArea(this)), m_rows(new QWidget), m_emptyState(new EmptyState(this, this)),
-      m_navigator(new RowNavigator(this)) {
+      m_scroll(new QScrollArea(this)), m_rows(new RowColumn(tr("Transformations"))),
+      m_emptyState(new EmptyState(this, this)), m_navigator(new RowNavigator(this)) {
     setObjectName("transformationList");
     createSearchField();
     createRows();
@@ -63,11 +64,12 @@ TransformationList::TransformationList(TransformationManager &manager, WindowSta
 void TransformationList::createSearchField() {
     m_search->setObjectName("search");
     m_search->setPlaceholderText(tr("Search transformations..."));
-    m_search->addAction(symbolIcon("magnifyingglass", theme().text2, theme().text2), QLineEdit::LeadingPosition);
+    m_search->addAction(symbolIcon("magnifyingglass", theme().text2, theme().text2), QLineEdit::LeadingPosition)
+        ->setText(tr("Search"));
     QAction *clear =
         m_search->addAction(symbolIcon("xmark.circle.fill", theme().text2, theme().text2), QLineEdit::TrailingPosition);
     clear->setObjectName("clearSearch");
-    clear->setToolTip(tr("Clear search"));
+    clear->setText(tr("Clear search"));
     clear->setVisible(false);
     connect(clear, &QAction::triggered, m_search, &QLineEdit::clear);
     connect(m_search, &QLineEdit::textChanged, clear,
@@ -77,7 +79,6 @@ void TransformationList::createSearchField() {
 
 void TransformationList::createRows() {
     m_rows->setObjectName("transformations");
-    m_rows->setAccessibleName(tr("Transformations"));
     auto *column = new QVBoxLayout(m_rows);
     column->setContentsMargins(8, 0, 12, 8);
     column->setSpacing(0);
