@@ -84,7 +84,7 @@ def main(executable):
         wait_for_lines(program, len(steps[2]))
         apply(program, "sort lines alpha", "Sort Lines Alphabetically")
 
-        program.click(program.find("text", "Text"))
+        program.click(program.find(name="Text"))
         for _ in range(3):
             program.keys("ctrl+z")
         wait_for_lines(program, len(steps[0]))
