@@ -36,7 +36,22 @@ bool ChangeHistory::continuesRun(const TextChange &change) const {
     return run.inserted == 0 && (backspaces || deletesForward);
 }
 
+bool ChangeHistory::takesBackLatest(const Text &after, const TextChange &change) const {
+    if (!canUndoEdit()) {
+        return false;
+    }
+    const Entry &latest = m_entries[m_done - 1];
+    return change.offset == latest.change.offset && change.removed == latest.change.inserted &&
+           change.inserted == latest.change.removed &&
+           after.slice(change.offset, change.inserted) == latest.before.slice(change.offset, change.inserted);
+}
+
 void ChangeHistory::recordEdit(const Text &before, const Text &after, const TextChange &change) {
+    if (takesBackLatest(after, change)) {
+        --m_done;
+        m_runIsOpen = false;
+        return;
+    }
     if (!continuesRun(change)) {
         append({before, after, change, false});
         m_runIsOpen = isKeystroke(change);
@@ -107,7 +122,7 @@ std::optional<ChangeHistory::Restored> ChangeHistory::undoEdit() {
         return std::nullopt;
     }
     const Entry &entry = m_entries[--m_done];
-    return Restored{entry.before, entry.change.offset + entry.change.removed};
+    return Restored{entry.before, {entry.change.offset, entry.change.inserted, entry.change.removed}};
 }
 
 std::optional<ChangeHistory::Restored> ChangeHistory::redoEdit() {
@@ -116,7 +131,7 @@ std::optional<ChangeHistory::Restored> ChangeHistory::redoEdit() {
         return std::nullopt;
     }
     const Entry &entry = m_entries[m_done++];
-    return Restored{entry.after, entry.change.offset + entry.change.inserted};
+    return Restored{entry.after, entry.change};
 }
 
 } // namespace lexivore

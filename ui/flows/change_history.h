@@ -25,13 +25,14 @@ struct TextChange {
 /// edit. An entry holds two texts by reference, so it costs the same for any size.
 class ChangeHistory {
 public:
-    /// What to show after an edit was taken back or done again, and where the caret belongs.
+    /// What to show after an edit was taken back or done again, and what that changes in the text shown before.
     struct Restored {
         Text text;
-        std::size_t caret = 0;
+        TextChange change;
     };
 
-    /// An edit. Forgets what could be redone. A run of typing or of deleting, character by character, is one edit.
+    /// An edit. Forgets what could be redone, unless it takes the latest edit back by hand. A run of typing or of
+    /// deleting, character by character, is one edit.
     void recordEdit(const Text &before, const Text &after, const TextChange &change);
     /// Steps of the manager's history that were just made, oldest first: the text before each of them, and the text
     /// that is shown now. Forgets what could be redone.
@@ -62,6 +63,7 @@ private:
     };
 
     void append(Entry entry);
+    [[nodiscard]] bool takesBackLatest(const Text &after, const TextChange &change) const;
     [[nodiscard]] bool continuesRun(const TextChange &change) const;
 
     std::vector<Entry> m_entries;

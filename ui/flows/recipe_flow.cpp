@@ -4,7 +4,6 @@
 
 #include "manager/preferences.h"
 #include "manager/transformation_manager.h"
-#include "ui/flows/undo_flow.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
 #include "ui/text_conversion.h"
@@ -17,9 +16,9 @@
 namespace lexivore {
 
 RecipeFlow::RecipeFlow(TransformationManager &manager, Preferences &preferences, WindowState &state, Sheets &sheets,
-                       Alerts &alerts, UndoFlow &undo, QObject *parent)
+                       Alerts &alerts, QObject *parent)
     : QObject(parent), m_manager(manager), m_preferences(preferences), m_state(state), m_sheets(sheets),
-      m_alerts(alerts), m_undo(undo) {}
+      m_alerts(alerts) {}
 
 void RecipeFlow::select(const QString &id) {
     const QUuid uuid = QUuid::fromString(id);
@@ -60,10 +59,8 @@ void RecipeFlow::replaceOperations(const Recipe &recipe) {
     try {
         m_manager.applyRecipe(recipe);
     } catch (const TransformationError &error) {
-        m_undo.synchronize();
         m_alerts.showError(toQString(error.description()));
     } catch (const std::bad_alloc &) {
-        m_undo.synchronize();
         m_alerts.showError(tr("There is not enough memory for the result."));
     }
 }

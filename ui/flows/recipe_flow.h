@@ -13,7 +13,6 @@ class Alerts;
 class Preferences;
 class Sheets;
 class TransformationManager;
-class UndoFlow;
 class WindowState;
 
 /// Choosing, saving and managing recipes.
@@ -22,7 +21,7 @@ class RecipeFlow : public QObject {
 
 public:
     RecipeFlow(TransformationManager &manager, Preferences &preferences, WindowState &state, Sheets &sheets,
-               Alerts &alerts, UndoFlow &undo, QObject *parent = nullptr);
+               Alerts &alerts, QObject *parent = nullptr);
 
     /// Replaces the operations by the recipe's, after asking when there are any and the user has not turned the
     /// question off. Does nothing while the operations are paused.
@@ -44,7 +43,6 @@ private:
     WindowState &m_state;
     Sheets &m_sheets;
     Alerts &m_alerts;
-    UndoFlow &m_undo;
 };
 
 } // namespace lexivore

@@ -3,7 +3,6 @@
 #include "ui/flows/transformation_flow.h"
 
 #include "manager/transformation_manager.h"
-#include "ui/flows/undo_flow.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
 #include "ui/text_conversion.h"
@@ -31,8 +30,8 @@ ParameterMap defaultValues(const TextTransformation &transformation) {
 } // namespace
 
 TransformationFlow::TransformationFlow(TransformationManager &manager, WindowState &state, Sheets &sheets,
-                                       Alerts &alerts, UndoFlow &undo, QObject *parent)
-    : QObject(parent), m_manager(manager), m_state(state), m_sheets(sheets), m_alerts(alerts), m_undo(undo) {}
+                                       Alerts &alerts, QObject *parent)
+    : QObject(parent), m_manager(manager), m_state(state), m_sheets(sheets), m_alerts(alerts) {}
 
 void TransformationFlow::select(std::string_view id) {
     if (const TransformationPointer transformation = m_manager.findTransformation(id)) {
@@ -76,10 +75,8 @@ void TransformationFlow::apply(const TextTransformation &transformation, const P
     try {
         m_manager.applyTransformation(transformation, parameters);
     } catch (const TransformationError &error) {
-        m_undo.synchronize();
         m_alerts.showError(toQString(error.description()));
     } catch (const std::bad_alloc &) {
-        m_undo.synchronize();
         m_alerts.showError(tr("There is not enough memory for the result."));
     }
 }

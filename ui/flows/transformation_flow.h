@@ -13,7 +13,6 @@ namespace lexivore {
 class Alerts;
 class Sheets;
 class TransformationManager;
-class UndoFlow;
 class WindowState;
 
 /// From the choice of a transformation to the changed text.
@@ -22,7 +21,7 @@ class TransformationFlow : public QObject {
 
 public:
     TransformationFlow(TransformationManager &manager, WindowState &state, Sheets &sheets, Alerts &alerts,
-                       UndoFlow &undo, QObject *parent = nullptr);
+                       QObject *parent = nullptr);
 
     /// Applies the transformation, or asks for its parameters first. In single mode it starts again from the base text.
     /// Does nothing while the operations are paused.
@@ -42,7 +41,6 @@ private:
     WindowState &m_state;
     Sheets &m_sheets;
     Alerts &m_alerts;
-    UndoFlow &m_undo;
 };
 
 } // namespace lexivore

@@ -13,7 +13,7 @@ UndoFlow::UndoFlow(TransformationManager &manager, std::function<bool()> editorH
     : QObject(parent), m_manager(manager), m_editorHasFocus(std::move(editorHasFocus)), m_shown(manager.currentText()),
       m_undoDepth(manager.history().undoStack().size()), m_redoDepth(manager.history().redoStack().size()) {
     connect(&manager, &TransformationManager::currentTextChanged, this, &UndoFlow::synchronize);
-    connect(&manager, &TransformationManager::appliedOperationsChanged, this, &UndoFlow::synchronize);
+    connect(&manager, &TransformationManager::historyChanged, this, &UndoFlow::synchronize);
 }
 
 void UndoFlow::undo() {
@@ -45,12 +45,10 @@ void UndoFlow::edit(std::size_t offset, std::size_t removed, std::string_view in
 }
 
 void UndoFlow::show(const ChangeHistory::Restored &restored) {
-    {
-        const QScopedValueRollback restoring(m_isRestoring, true);
-        m_manager.setCurrentText(restored.text);
-    }
+    const QScopedValueRollback isRestoring(m_isRestoring, true);
+    emit restoring(restored.text, restored.change);
+    m_manager.setCurrentText(restored.text);
     m_shown = m_manager.currentText();
-    emit caretRestored(restored.caret);
 }
 
 std::vector<Text> UndoFlow::textsBeforeNewSteps() const {

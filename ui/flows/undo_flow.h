@@ -36,8 +36,8 @@ public:
     void synchronize();
 
 signals:
-    /// The text was restored; the caret belongs to this byte offset.
-    void caretRestored(std::size_t offset);
+    /// The text is about to be `text` again, by this change of what is shown.
+    void restoring(const lexivore::Text &text, const lexivore::TextChange &change);
 
 private:
     void show(const ChangeHistory::Restored &restored);

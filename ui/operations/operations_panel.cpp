@@ -31,8 +31,8 @@ constexpr int smallIcon = 16;
 
 OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &state, QWidget *parent)
     : Surface(&Theme::pane, parent), m_manager(manager), m_state(state), m_scroll(new QScrollArea(this)),
-      m_rows(new RowColumn(tr("Operations"))), m_column(new QVBoxLayout(m_rows)), m_emptyState(new EmptyState(this, this)),
-      m_navigator(new RowNavigator(this)) {
+      m_rows(new RowColumn(tr("Operations"))), m_column(new QVBoxLayout(m_rows)),
+      m_emptyState(new EmptyState(this, this)), m_navigator(new RowNavigator(this)) {
     setObjectName("operationsPanel");
     m_rows->setObjectName("operations");
     m_column->setContentsMargins(8, 8, 8, 8);

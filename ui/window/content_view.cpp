@@ -4,6 +4,7 @@
 
 #include "manager/preferences.h"
 #include "manager/transformation_manager.h"
+#include "ui/editor/text_editor.h"
 #include "ui/flows/clipboard_flow.h"
 #include "ui/flows/file_flow.h"
 #include "ui/flows/operations_flow.h"
@@ -71,15 +72,15 @@ void ContentView::createPieces(std::unique_ptr<FilePanels> panels) {
     m_list = new TransformationList(m_manager, *m_state);
     m_editor = new EditorPane(m_manager, *m_state);
     m_operations = new OperationsPanel(m_manager, *m_state);
-    new CopyToast(*m_state, m_editor->editor());
+    new CopyToast(*m_state, &m_editor->editor());
     new ToolbarSizeConfigurator(ToolbarSizeMode::regular, this);
 }
 
 void ContentView::createFlows() {
     m_undoFlow = new UndoFlow(
         m_manager, [this] { return m_editor->editorHasFocus(); }, this);
-    m_transformationFlow = new TransformationFlow(m_manager, *m_state, *m_sheets, *m_alerts, *m_undoFlow, this);
-    m_recipeFlow = new RecipeFlow(m_manager, m_preferences, *m_state, *m_sheets, *m_alerts, *m_undoFlow, this);
+    m_transformationFlow = new TransformationFlow(m_manager, *m_state, *m_sheets, *m_alerts, this);
+    m_recipeFlow = new RecipeFlow(m_manager, m_preferences, *m_state, *m_sheets, *m_alerts, this);
     m_fileFlow = new FileFlow(m_manager, *m_panels, *m_alerts, this);
     m_clipboardFlow = new ClipboardFlow(m_manager, *m_state, *m_alerts, this);
     m_operationsFlow = new OperationsFlow(m_manager, *m_state, m_center, *m_alerts, this);
@@ -124,7 +125,9 @@ void ContentView::connectPieces() {
     connect(m_list, &TransformationList::favoriteToggled, m_transformationFlow,
             [this](const TransformationPointer &marked) { m_transformationFlow->toggleFavorite(marked->id()); });
     connect(m_editor, &EditorPane::edited, m_undoFlow, &UndoFlow::edit);
-    connect(m_undoFlow, &UndoFlow::caretRestored, m_editor, &EditorPane::setCaret);
+    connect(m_undoFlow, &UndoFlow::restoring, m_editor, &EditorPane::restore);
+    connect(m_editor, &EditorPane::fileDropped, m_fileFlow, &FileFlow::openPath);
+    connect(m_editor, &EditorPane::refused, m_alerts, &Alerts::showError);
     connect(&m_manager, &TransformationManager::currentTextChanged, this, &ContentView::announceText);
     connect(m_operations, &OperationsPanel::modeToggled, this,
             [this] { post(notification::toggleStackOperationMode); });

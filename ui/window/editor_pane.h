@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/flows/change_history.h"
+
 #include <QWidget>
 
 #include <cstddef>
@@ -9,8 +11,8 @@
 
 namespace lexivore {
 
-class PlainEditor;
 class StatusBar;
+class TextEditor;
 class TransformationManager;
 class WindowState;
 
@@ -21,27 +23,40 @@ class EditorPane : public QWidget {
 public:
     EditorPane(TransformationManager &manager, WindowState &state, QWidget *parent = nullptr);
 
-    /// What the toast lies on.
-    [[nodiscard]] QWidget *editor() const;
+    [[nodiscard]] TextEditor &editor() { return *m_editor; }
     [[nodiscard]] bool editorHasFocus() const;
     void focusEditor();
-    /// Byte offset in the text.
-    void setCaret(std::size_t offset);
+    /// Shows a text that an edit was taken back to, or done again, with the caret where that happened. A small change
+    /// is made in place and costs its own size.
+    void restore(const Text &text, const TextChange &change);
 
 signals:
     /// The user replaced `removed` bytes at byte `offset`.
     void edited(std::size_t offset, std::size_t removed, std::string_view inserted);
     void settingsRequested();
+    /// The user asks for a size so many steps larger or, negative, smaller.
+    void zoomRequested(int steps);
+    /// Something was refused, with a sentence for the user that says why.
+    void refused(const QString &message);
+    /// A file was dropped on the editor.
+    void fileDropped(const QString &path);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    void connectEditor();
     void showText();
+    void showCounts();
     void showFontSize();
+    void showColours();
 
     TransformationManager &m_manager;
     WindowState &m_state;
-    PlainEditor *m_editor;
+    TextEditor *m_editor;
     StatusBar *m_statusBar;
-    bool m_isEditing = false; ///< The editor shows the change already that the manager is about to announce.
+    bool m_isInStep = false; ///< The editor shows the change already that the manager is about to announce.
 };
 
 } // namespace lexivore
