@@ -14,7 +14,6 @@ namespace {
 using Extent = SigmaContext::Extent;
 using unicode_tables::CaseTables;
 
-constexpr char32_t capitalSigma = 0x3A3;
 constexpr char32_t smallSigma = 0x3C3;
 constexpr char32_t smallFinalSigma = 0x3C2;
 

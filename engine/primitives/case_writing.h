@@ -12,6 +12,9 @@ namespace lexivore {
 /// The longest full mapping in bytes: three code points of at most four.
 inline constexpr std::size_t longestMapping = 12;
 
+/// The only code point whose lowercase form depends on what stands around it.
+inline constexpr char32_t capitalSigma = 0x3A3;
+
 /// Writes the full mapping of `codePoint` where `longestMapping` bytes fit, and returns the place behind it.
 char *writeMapped(const unicode_tables::CaseTables &tables, char32_t codePoint, char *to);
 

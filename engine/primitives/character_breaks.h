@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "engine/primitives/sequence_traits.h"
 #include "engine/primitives/unicode_tables.h"
 #include "engine/primitives/utf8.h"
 
@@ -155,6 +156,29 @@ inline constexpr auto transitions = makeTransitions();
 
 [[nodiscard]] inline Transition transition(State state, char32_t codePoint) {
     return detail::transitions[static_cast<std::size_t>(state)][static_cast<std::size_t>(breakClass(codePoint))];
+}
+
+/// A code point that was passed, and whether a character ended before it.
+struct Step {
+    std::size_t length = 0;
+    bool isBoundary = true;
+};
+
+/// Passes the code point at `position`, which lies before `end`.
+[[nodiscard]] inline Step pass(State &state, const char *position, const char *end) {
+    static const sequence_traits::Table &traits = sequence_traits::table();
+    if (end - position >= sequence_traits::bytesRead && !isAscii(*position)) {
+        const sequence_traits::Sequence sequence = sequence_traits::at(traits, position);
+        if ((sequence.traits & sequence_traits::standsAlone) != 0) {
+            const bool isBoundary = state != State::prepend;
+            state = State::other;
+            return {sequence.length, isBoundary};
+        }
+    }
+    const DecodedCodePoint decoded = decode(position, end);
+    const Transition moved = transition(state, decoded.value);
+    state = moved.next;
+    return {decoded.length, moved.isBoundary};
 }
 
 /// The state behind a run of ASCII that ends with `last`.

@@ -12,6 +12,7 @@
 namespace lexivore {
 
 using character_breaks::State;
+using character_breaks::Step;
 using character_breaks::Transition;
 
 namespace {
@@ -45,11 +46,9 @@ std::size_t countCharacters(const char *position, const char *end, State &state)
             state = character_breaks::stateAfterAscii(runEnd[-1]);
             position = runEnd;
         } else {
-            const DecodedCodePoint decoded = decode(position, end);
-            const Transition step = character_breaks::transition(state, decoded.value);
+            const Step step = character_breaks::pass(state, position, end);
             count += step.isBoundary ? 1U : 0U;
-            state = step.next;
-            position += decoded.length;
+            position += step.length;
         }
     }
     return count;
@@ -154,15 +153,13 @@ TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
             position = runEnd;
             state = character_breaks::stateAfterAscii(runEnd[-1]);
         } else {
-            const DecodedCodePoint decoded = decode(position, end);
-            const Transition step = character_breaks::transition(state, decoded.value);
+            const Step step = character_breaks::pass(state, position, end);
             if (step.isBoundary) {
-                isKept = keeps(decoded.value);
+                isKept = keeps(decode(position, end).value);
             }
-            std::memcpy(to, position, decoded.length);
-            to += isKept ? decoded.length : 0;
-            state = step.next;
-            position += decoded.length;
+            std::memcpy(to, position, step.length);
+            to += isKept ? step.length : 0;
+            position += step.length;
         }
     }
     result.commit(to);
@@ -185,14 +182,12 @@ TextBuffer reverseCharacters(std::string_view text) {
     };
     State state = State::begin;
     while (position != end) {
-        const DecodedCodePoint decoded = decode(position, end);
-        const Transition step = character_breaks::transition(state, decoded.value);
+        const Step step = character_breaks::pass(state, position, end);
         if (step.isBoundary && position != characterBegin) {
             writeCharacter(position);
         }
-        state = step.next;
-        position += decoded.length;
-        if (state == State::other && decoded.length == 1) {
+        position += step.length;
+        if (state == State::other && step.length == 1) {
             // Behind a plain ASCII character: all but the last of a run of them stand for themselves.
             const char *const runEnd = asciiRunEnd(position, end);
             const char *const runWithoutCr = std::find(position, runEnd, '\r');
