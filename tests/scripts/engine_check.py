@@ -251,6 +251,74 @@ ASCII = {
     "replace-regex": lambda text, p: re.sub(p["pattern"], p["replace"].replace("$", "\\").replace("\\0", r"\g<0>"), text),
 }
 
+# Rules that have one well-known example: transformation, text, parameters, result or error.
+EXAMPLES = (
+    ("uppercase", "stra\u00dfe", {}, "STRASSE"),
+    ("titlecase", "hello WORLD", {}, "Hello World"),
+    ("titlecase", "don't foo-bar_baz 3rd mp3PLAYER \u01c6", {}, "Don't Foo-Bar_Baz 3Rd Mp3player \u01c5"),
+    ("sentencecase", "Really? yes!", {}, "Really. Yes. "),
+    ("sentencecase", "hello WORLD", {}, "Hello world"),
+    ("sentencecase", "a.b", {}, "A. B"),
+    ("sentencecase", "end.", {}, "End. "),
+    ("camelcase", "hello big-world", {}, "helloBigWorld"),
+    ("camelcase", "helloWorld foo", {}, "helloworldFoo"),
+    ("camelcase", "--", {}, "--"),
+    ("camelcase", "HELLO WORLD", {}, "helloWorld"),
+    ("pascalcase", "hello big-world", {}, "HelloBigWorld"),
+    ("pascalcase", "iPhone app", {}, "IphoneApp"),
+    ("pascalcase", "--", {}, ""),
+    ("snakecase", "Hello Big-World", {}, "hello_big_world"),
+    ("snakecase", "--", {}, ""),
+    ("kebabcase", "Hello Big-World", {}, "hello-big-world"),
+    ("kebabcase", "--", {}, ""),
+    ("invertcase", "Hello World", {}, "hELLO wORLD"),
+    ("alternatingcase", "hello world", {}, "HeLlO wOrLd"),
+    ("alternatingcase", "ab cd", {}, "Ab Cd"),
+    ("add-prefix", "", {"prefix": "> "}, "> "),
+    ("add-prefix", "a", {}, Failure("Missing parameter: prefix")),
+    ("add-suffix", "a", {}, Failure("Missing parameter: suffix")),
+    ("add-suffix", "a\r\nb", {"suffix": ""}, "a\r\nb"),
+    ("remove-whitespace", "  a \t b  ", {}, "a b"),
+    ("remove-whitespace", "a\n    b", {}, "a\n b"),
+    ("remove-empty-lines", "a\n \n\t\nb", {}, "a\nb"),
+    ("remove-line-breaks", "a \n b\n\nc", {}, "a b  c"),
+    ("remove-duplicates", "x\n\ny\n\nx", {}, "x\n\ny"),
+    ("remove-duplicate-words", "a b\nb c", {}, "a b c"),
+    ("remove-all-spaces", "a \u00a0b", {}, "a\u00a0b"),
+    ("keep-only-numeric", "a1 b2\nc3", {}, "1 2\n3"),
+    ("keep-last-n-lines", "a\nb", {"count": "3"}, "a\nb"),
+    ("keep-last-n-lines", "a\nb", {"count": "0"}, Failure("Invalid input: Count must be a positive number")),
+    ("keep-last-n-lines", "a\nb", {}, Failure("Invalid input: Count must be a positive number")),
+    ("delete-first-n-lines", "a\nb\nc", {"count": "+2"}, "c"),
+    ("extract-lines-range", "a\nb", {"start": "2", "end": "1"}, Failure("Invalid input: End must be >= start")),
+    ("number-lines", "x\n\ny", {}, "1. x\n2. \n3. y"),
+    ("delete-lines-containing", "a", {"text": ""}, Failure("Missing parameter: text")),
+    ("join-lines", "a\nb", {"separator": " | "}, "a | b"),
+    ("break-after-sentence", "Hi. How are you? Fine!", {}, "Hi\nHow are you\nFine"),
+    ("wrap-lines", "the quick brown fox", {"width": "10"}, "the quick\nbrown fox"),
+    ("wrap-lines", "abcdef gh", {"width": "3"}, "abcdef\ngh"),
+    ("wrap-lines", "a", {"width": "abc"}, Failure("Invalid input: Width must be a positive number")),
+    ("sort-lines", "b\nA\na\n", {}, "\nA\na\nb"),
+    ("sort-lines-length", "ccc\na\nbb\nd", {}, "a\nd\nbb\nccc"),
+    ("sort-words", "b a\nc", {}, "a b c"),
+    ("reverse-words-in-line", "one two\nthree four", {}, "two one\nfour three"),
+    ("replace-text", "banana", {"find": "a"}, "bnn"),
+    ("replace-regex", "key=x", {"pattern": r"(\w+)=", "replace": "[$1]"}, "[key]x"),
+    ("replace-regex", "a", {"pattern": ""}, Failure("Missing parameter: pattern")),
+    ("reverse", "e\u0301\U0001f468\u200d\U0001f469\r\na", {}, "a\r\n\U0001f468\u200d\U0001f469e\u0301"),
+    ("html-decode", "&amp;amp;", {}, "&amp;"),
+    ("html-decode", "&amp;lt;", {}, "<"),
+    ("html-decode", "&nbsp;&#60;", {}, "&nbsp;&#60;"),
+    ("json-escape", "\\n\n", {}, "\\\\n\\n"),
+    ("base64-decode", "SGVsbG8=", {}, "Hello"),
+    ("base64-decode", "SGVsbG8", {}, Failure("Invalid input: Invalid Base64 string")),
+    ("url-encode", "a b&c", {}, "a%20b&c"),
+    ("url-decode", "100%", {}, Failure("Invalid input: Invalid URL-encoded string")),
+    ("hex-encode", "Hi\u00e9", {}, "4869c3a9"),
+    ("hex-decode", "48 65 6C 6C 6F", {}, "Hello"),
+    ("hex-decode", "", {}, ""),
+)
+
 PIECES = (
     "a b the Zebra apple WORLD don't x1 42 foo_bar e 7 I'm ' '' 3rd mp3PLAYER".split()
     + list(".,!?-_\"()[];:/\\&<>#%$+=@~^|`") + list(" \t \t  ") + ["\n"] * 12
@@ -336,6 +404,17 @@ class EngineCheck(unittest.TestCase):
                 expected = {"error": str(failure)}
             answer = self.driver.ask({"id": identifier, "text": text, "parameters": parameters})
             self.assertEqual(answer, expected, f"{identifier} of {text!a} with {parameters!a}")
+
+    def test_examples(self):
+        for identifier, text, parameters, expected in EXAMPLES:
+            with self.subTest(identifier, text=text):
+                answer = self.driver.ask({"id": identifier, "text": text, "parameters": parameters})
+                failed = isinstance(expected, Failure)
+                self.assertEqual(answer, {"error": str(expected)} if failed else {"result": expected})
+
+    def test_a_malformed_pattern_is_described(self):
+        answer = self.driver.apply("replace-regex", "a", pattern="(")
+        self.assertRegex(answer["error"], "^Invalid input: Invalid regular expression: .")
 
     def test_transformations_of_any_text(self):
         for identifier, implementation in ANY.items():
