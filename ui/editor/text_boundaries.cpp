@@ -111,4 +111,46 @@ std::size_t boundaryAtOrBefore(const Text &text, std::size_t known, std::size_t 
     }
 }
 
+TextDifference differenceOf(const Text &before, const Text &after) {
+    constexpr std::size_t compared = 65536;
+    const std::size_t shorter = std::min(before.size(), after.size());
+    std::string scratchBefore;
+    std::string scratchAfter;
+    std::size_t prefix = 0;
+    while (prefix < shorter) {
+        const std::size_t length = std::min(compared, shorter - prefix);
+        const std::string_view left = readText(before, prefix, length, scratchBefore);
+        const std::string_view right = readText(after, prefix, length, scratchAfter);
+        if (left.data() != right.data() && left != right) {
+            prefix +=
+                static_cast<std::size_t>(std::mismatch(left.begin(), left.end(), right.begin()).first - left.begin());
+            break;
+        }
+        prefix += length;
+    }
+    std::size_t suffix = 0;
+    while (suffix < shorter - prefix) {
+        const std::size_t length = std::min(compared, shorter - prefix - suffix);
+        const std::string_view left = readText(before, before.size() - suffix - length, length, scratchBefore);
+        const std::string_view right = readText(after, after.size() - suffix - length, length, scratchAfter);
+        if (left.data() != right.data() && left != right) {
+            suffix += static_cast<std::size_t>(std::mismatch(left.rbegin(), left.rend(), right.rbegin()).first -
+                                               left.rbegin());
+            break;
+        }
+        suffix += length;
+    }
+    // Both ends are moved outwards to where a code point begins in both texts.
+    const auto beginsInside = [&](const Text &text, std::size_t offset) {
+        return offset < text.size() && isContinuationByte(readText(text, offset, 1, scratchBefore).front());
+    };
+    while (prefix > 0 && (beginsInside(before, prefix) || beginsInside(after, prefix))) {
+        --prefix;
+    }
+    while (suffix > 0 && beginsInside(before, before.size() - suffix)) {
+        --suffix;
+    }
+    return {prefix, before.size() - prefix - suffix, after.size() - prefix - suffix};
+}
+
 } // namespace lexivore

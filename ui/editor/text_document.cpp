@@ -48,17 +48,32 @@ bool TextDocument::setText(const Text &text) {
     if (text.size() > maximumSize) {
         return false;
     }
+    const TextDifference difference = differenceOf(m_text, text);
+    m_text = text;
+    if (difference.removed == 0 && difference.inserted == 0) {
+        return true;
+    }
     const bool couldUndo = canUndo();
     const bool couldRedo = canRedo();
-    m_text = text;
-    m_index.build(m_text);
+    // Characters can begin elsewhere in front of the change too, but never in front of the one that it touches.
+    m_index.replaced(m_text, difference.offset, difference.removed, difference.inserted);
     m_history.clear();
-    m_caret = 0;
-    m_anchor = 0;
-    emit textReplaced();
+    const auto follow = [&difference](std::size_t offset) {
+        const std::size_t changedEnd = difference.offset + difference.removed;
+        return offset > changedEnd ? offset - difference.removed + difference.inserted
+                                   : std::min(offset, difference.offset);
+    };
+    m_caret = boundaryAt(follow(m_caret));
+    m_anchor = boundaryAt(follow(m_anchor));
+    emit textReplaced(difference.offset, difference.removed, difference.inserted);
     emit selectionChanged();
     announceHistory(couldUndo, couldRedo);
     return true;
+}
+
+void TextDocument::setUndoEnabled(bool enabled) {
+    m_isUndoEnabled = enabled;
+    m_history.clear();
 }
 
 QString TextDocument::lineEnding() const {
@@ -203,7 +218,9 @@ bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_v
     step.anchorAfter = step.caretAfter;
     const bool couldUndo = canUndo();
     const bool couldRedo = canRedo();
-    m_history.push(step, kind);
+    if (m_isUndoEnabled) {
+        m_history.push(step, kind);
+    }
     apply(step);
     announceHistory(couldUndo, couldRedo);
     return true;

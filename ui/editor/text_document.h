@@ -38,8 +38,11 @@ public:
     explicit TextDocument(QObject *parent = nullptr);
 
     [[nodiscard]] const Text &text() const { return m_text; }
-    /// Shows another text: no selection, the caret at the start, no edits to undo. One pass over it; nothing happens
-    /// and nothing is announced when it is the very text shown. False, and nothing happens, when it is too large.
+    /// Shows another text and forgets the edits. Costs a comparison with the old one and a pass over what is different,
+    /// so it is cheap to go back to a text that shares most bytes with the one shown. The caret and the selection stay
+    /// with what stands in front of the change or behind it; within it they go to its start. The same bytes change and
+    /// announce nothing.
+    /// False, and nothing happens, when the text is too large.
     bool setText(const Text &text);
 
     [[nodiscard]] std::size_t characterCount() const { return m_index.total().characters; }
@@ -101,6 +104,8 @@ public:
     /// What is typed next is undone on its own.
     void closeTyping() { m_history.close(); }
 
+    /// Whether edits are remembered. Not for a document whose owner keeps the order of edits and other changes himself.
+    void setUndoEnabled(bool enabled);
     [[nodiscard]] bool canUndo() const { return m_history.canUndo(); }
     [[nodiscard]] bool canRedo() const { return m_history.canRedo(); }
     void undo();
@@ -109,8 +114,8 @@ public:
 signals:
     /// An edit, an undo of one or a redo. `inserted` is valid during the call.
     void edited(std::size_t offset, std::size_t removed, std::string_view inserted);
-    /// Another text is shown.
-    void textReplaced();
+    /// Another text is shown, which differs from the old one in this range.
+    void textReplaced(std::size_t offset, std::size_t removed, std::size_t inserted);
     /// The caret or the selection is elsewhere.
     void selectionChanged();
     void undoAvailable(bool available);
@@ -128,6 +133,7 @@ private:
     std::size_t m_caret = 0;
     std::size_t m_anchor = 0;
     bool m_isAnnouncing = false;
+    bool m_isUndoEnabled = true;
     mutable std::string m_scratch;
 };
 

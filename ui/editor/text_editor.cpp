@@ -46,29 +46,28 @@ void TextEditor::connectDocument() {
                 emit edited(offset, removed, inserted);
                 emit countsChanged();
             });
-    connect(&m_document, &TextDocument::textReplaced, this, [this] {
-        m_layout.clear();
-        m_layout.setPreedit({}, 0);
-        m_topOffset = 0;
-        m_topHidden = -m_marginY;
-        m_isSelecting = false;
-        refresh();
-        emit countsChanged();
-    });
+    connect(&m_document, &TextDocument::textReplaced, this,
+            [this](std::size_t offset, std::size_t removed, std::size_t inserted) {
+                m_layout.setPreedit({}, 0);
+                m_isSelecting = false;
+                followEdit(offset, removed, inserted);
+                emit countsChanged();
+            });
     connect(&m_document, &TextDocument::selectionChanged, this, &TextEditor::caretWasMoved);
     connect(&m_document, &TextDocument::undoAvailable, this, &TextEditor::undoAvailable);
     connect(&m_document, &TextDocument::redoAvailable, this, &TextEditor::redoAvailable);
 }
 
 void TextEditor::followEdit(std::size_t offset, std::size_t removed, std::size_t inserted) {
-    if (offset + removed <= m_topOffset && offset < m_topOffset) {
-        m_topOffset = m_topOffset - removed + inserted;
-    } else if (offset < m_topOffset) {
-        m_topOffset = offset;
+    if (offset < m_topOffset) {
+        const bool isInFront = offset + removed <= m_topOffset;
+        m_topOffset = isInFront ? m_topOffset - removed + inserted : offset;
+        m_topHidden = isInFront ? m_topHidden : m_topOffset == 0 ? -m_marginY : 0;
     }
     if (m_dropOffset && *m_dropOffset > m_document.text().size()) {
         m_dropOffset.reset();
     }
+    scrollBy(0);
 }
 
 bool TextEditor::setText(const Text &text) {
@@ -83,6 +82,11 @@ void TextEditor::setReadOnly(bool readOnly) {
     m_isReadOnly = readOnly;
     setAttribute(Qt::WA_InputMethodEnabled, !readOnly);
     restartBlinking();
+}
+
+void TextEditor::setUndoEnabled(bool enabled) {
+    m_isUndoEnabled = enabled;
+    m_document.setUndoEnabled(enabled);
 }
 
 void TextEditor::setOverwriteMode(bool overwrite) {

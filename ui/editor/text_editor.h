@@ -35,9 +35,9 @@ public:
 
     /// Shares everything with the text that is shown. Constant time.
     [[nodiscard]] const Text &text() const { return m_document.text(); }
-    /// Shows `text`, forgets the edits, and puts the caret at the start. Costs one pass over the text.
-    /// The text that is shown already changes nothing and costs nothing, so whatever `edited` led to can be handed
-    /// back. False when the text is larger than `TextDocument::maximumSize`: the old one stays.
+    /// Shows `text` and forgets the edits. See `TextDocument::setText` for the cost and for where the caret goes: the
+    /// text that is shown already costs nothing, so whatever `edited` led to can be handed back.
+    /// False when the text is larger than `TextDocument::maximumSize`: the old one stays.
     bool setText(const Text &text);
 
     /// The model: counts, caret, selection, search. Changing it changes what is shown.
@@ -46,6 +46,9 @@ public:
 
     [[nodiscard]] bool isReadOnly() const { return m_isReadOnly; }
     void setReadOnly(bool readOnly);
+    /// When off, the editor keeps no edits to undo: the keys of undo and redo are left to the window, and the context
+    /// menu asks for them by `undoRequested` and `redoRequested`. On at first.
+    void setUndoEnabled(bool enabled);
     [[nodiscard]] bool isOverwriteMode() const { return m_isOverwriteMode; }
     void setOverwriteMode(bool overwrite);
 
@@ -84,6 +87,8 @@ signals:
     void selectionChanged();
     void undoAvailable(bool available);
     void redoAvailable(bool available);
+    void undoRequested();
+    void redoRequested();
     void overwriteModeChanged(bool overwrite);
     /// Ctrl and the wheel: so many steps larger or, negative, smaller.
     void zoomRequested(int steps);
@@ -127,6 +132,7 @@ private:
 
     // text_editor.cpp
     void connectDocument();
+    /// Keeps the first visible row where it is.
     void followEdit(std::size_t offset, std::size_t removed, std::size_t inserted);
     void applyStyle();
     void caretWasMoved();
@@ -201,6 +207,7 @@ private:
     int m_preeditCursor = 0;
     bool m_isPreeditCursorShown = true;
 
+    bool m_isUndoEnabled = true;
     bool m_isReadOnly = false;
     bool m_isOverwriteMode = false;
 };

@@ -275,15 +275,10 @@ bool TextEditor::editByKey(QKeyEvent *event) {
     if (m_isReadOnly) {
         return false;
     }
-    if (event->matches(QKeySequence::Undo)) {
-        const bool had = m_document.canUndo();
-        undo();
-        return had;
-    }
-    if (event->matches(QKeySequence::Redo)) {
-        const bool had = m_document.canRedo();
-        redo();
-        return had;
+    if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) {
+        const bool isOwn = isOwnKey(event);
+        event->matches(QKeySequence::Undo) ? undo() : redo();
+        return isOwn;
     }
     if (event->matches(QKeySequence::Cut)) {
         cut();

@@ -186,8 +186,13 @@ void TextEditor::contextMenuEvent(QContextMenuEvent *event) {
         action->setEnabled(enabled);
     };
     const bool canChange = !m_isReadOnly;
-    add(tr("&Undo"), QKeySequence::Undo, canChange && m_document.canUndo(), &TextEditor::undo);
-    add(tr("&Redo"), QKeySequence::Redo, canChange && m_document.canRedo(), &TextEditor::redo);
+    if (m_isUndoEnabled) {
+        add(tr("&Undo"), QKeySequence::Undo, canChange && m_document.canUndo(), &TextEditor::undo);
+        add(tr("&Redo"), QKeySequence::Redo, canChange && m_document.canRedo(), &TextEditor::redo);
+    } else {
+        add(tr("&Undo"), QKeySequence::Undo, canChange, &TextEditor::undoRequested);
+        add(tr("&Redo"), QKeySequence::Redo, canChange, &TextEditor::redoRequested);
+    }
     menu->addSeparator();
     add(tr("Cu&t"), QKeySequence::Cut, canChange && m_document.hasSelection(), &TextEditor::cut);
     add(tr("&Copy"), QKeySequence::Copy, m_document.hasSelection(), &TextEditor::copy);

@@ -191,10 +191,18 @@ void runRandomEdits(std::size_t textSize, std::size_t edits, unsigned seed) {
             document.redo();
             break;
         default:
+            // A text from elsewhere: another one, or this one with a part of it replaced.
             if (dice.below(50) == 0) {
                 plain.text = randomText(dice, textSize);
-                document.setText(Text(std::string_view(plain.text)));
+            } else {
+                const std::vector<std::size_t> all = plain.boundaries();
+                const std::size_t begin = all[dice.below(all.size())];
+                const std::size_t end = all[dice.below(all.size())];
+                plain.text.replace(std::min(begin, end), (begin < end ? end - begin : begin - end) / (edit % 3 + 1),
+                                   pieces[dice.below(pieces.size())]);
+                plain.text = toUtf8(toQString(plain.text));
             }
+            document.setText(Text(std::string_view(plain.text)));
             break;
         }
         expectSame(document, plain, dice);
@@ -224,6 +232,19 @@ TEST(TextDocument, KeepsEveryByteOfWhatItIsGiven) {
                            27);
     document.setText(Text(std::string_view(text)));
     EXPECT_EQ(bytesOf(document.text()), text);
+}
+
+TEST(TextDocument, KeepsTheCaretWhereTheTextAroundItStays) {
+    TextDocument document;
+    document.setText(Text(std::string_view("one two three")));
+    document.select(4, 13);
+    document.setText(Text(std::string_view("one twenty three")));
+    EXPECT_EQ(document.anchor(), 4U);
+    EXPECT_EQ(document.caret(), 16U);
+    int replaced = 0;
+    QObject::connect(&document, &TextDocument::textReplaced, &document, [&] { ++replaced; });
+    document.setText(Text(std::string_view("one twenty three")));
+    EXPECT_EQ(replaced, 0);
 }
 
 TEST(TextDocument, UndoAndRedoGoThroughTheSameTexts) {
