@@ -125,6 +125,8 @@ void ContentView::connectPieces() {
     connect(m_list, &TransformationList::favoriteToggled, m_transformationFlow,
             [this](const TransformationPointer &marked) { m_transformationFlow->toggleFavorite(marked->id()); });
     connect(m_editor, &EditorPane::edited, m_undoFlow, &UndoFlow::edit);
+    connect(m_editor, &EditorPane::undoRequested, m_undoFlow, &UndoFlow::undo);
+    connect(m_editor, &EditorPane::redoRequested, m_undoFlow, &UndoFlow::redo);
     connect(m_undoFlow, &UndoFlow::restoring, m_editor, &EditorPane::restore);
     connect(m_editor, &EditorPane::fileDropped, m_fileFlow, &FileFlow::openPath);
     connect(m_editor, &EditorPane::refused, m_alerts, &Alerts::showError);

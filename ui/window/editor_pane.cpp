@@ -11,31 +11,19 @@
 #include "ui/window/window_state.h"
 
 #include <QDragEnterEvent>
-#include <QKeyEvent>
 #include <QMimeData>
-#include <QScopedValueRollback>
 #include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <string>
 
 namespace lexivore {
 
 namespace {
 
-/// A change of more bytes than this is shown as a new text.
-constexpr std::size_t largestChangeInPlace = std::size_t{1} << 20;
-
 /// Outside of this the toolkit's fonts are no use; the size that is kept stays what it is.
 constexpr double smallestShownFont = 1;
 constexpr double largestShownFont = 500;
-
-std::string bytesOf(const Text &text) {
-    std::string bytes;
-    text.forEachRun(0, text.size(), [&](std::string_view run) { bytes += run; });
-    return bytes;
-}
 
 /// The local file that is dragged, if it is one file.
 QString draggedFile(const QMimeData &data) {
@@ -70,13 +58,11 @@ EditorPane::EditorPane(TransformationManager &manager, WindowState &state, QWidg
 }
 
 void EditorPane::connectEditor() {
-    connect(m_editor, &TextEditor::edited, this,
-            [this](std::size_t offset, std::size_t removed, std::string_view inserted) {
-                if (!m_isInStep) {
-                    const QScopedValueRollback inStep(m_isInStep, true);
-                    emit edited(offset, removed, inserted);
-                }
-            });
+    // Edits and transformations are undone in one order, which the window keeps.
+    m_editor->setUndoEnabled(false);
+    connect(m_editor, &TextEditor::edited, this, &EditorPane::edited);
+    connect(m_editor, &TextEditor::undoRequested, this, &EditorPane::undoRequested);
+    connect(m_editor, &TextEditor::redoRequested, this, &EditorPane::redoRequested);
     connect(m_editor, &TextEditor::caretMoved, m_statusBar, &StatusBar::setCursorPosition);
     connect(m_editor, &TextEditor::countsChanged, this, &EditorPane::showCounts);
     connect(m_editor, &TextEditor::zoomRequested, this, &EditorPane::zoomRequested);
@@ -91,27 +77,18 @@ bool EditorPane::editorHasFocus() const { return m_editor->hasFocus(); }
 void EditorPane::focusEditor() { m_editor->setFocus(Qt::OtherFocusReason); }
 
 void EditorPane::restore(const Text &text, const TextChange &change) {
-    const QScopedValueRollback inStep(m_isInStep, true);
-    if (change.removed <= largestChangeInPlace && change.inserted <= largestChangeInPlace) {
-        m_editor->document().replace(change.offset, change.removed,
-                                     bytesOf(text.slice(change.offset, change.inserted)));
-    } else {
-        m_editor->setText(text);
-        m_editor->document().setCaret(change.offset + change.inserted);
-    }
+    m_editor->setText(text);
+    m_editor->document().setCaret(change.offset + change.inserted);
     m_editor->ensureCaretVisible();
 }
 
-void EditorPane::showText() {
-    // After a restored edit the editor has the bytes already, if not the same value.
-    if (!m_isInStep && !(m_editor->text() == m_manager.currentText())) {
-        m_editor->setText(m_manager.currentText());
-    }
-}
+// After an edit the manager's text has the same bytes; taking it over makes the two share them.
+void EditorPane::showText() { m_editor->setText(m_manager.currentText()); }
 
 void EditorPane::showCounts() {
     const TextDocument &document = m_editor->document();
     m_statusBar->setCounts(document.characterCount(), document.wordCount(), document.lineCount());
+    m_statusBar->setLineEnding(document.lineEnding());
 }
 
 void EditorPane::showFontSize() {
@@ -136,11 +113,6 @@ void EditorPane::changeEvent(QEvent *event) {
 
 bool EditorPane::eventFilter(QObject *watched, QEvent *event) {
     switch (event->type()) {
-    case QEvent::ShortcutOverride: {
-        // Undo and redo are the window's: it knows whether an edit or a transformation came last.
-        const auto *key = static_cast<QKeyEvent *>(event);
-        return key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo);
-    }
     case QEvent::DragEnter:
     case QEvent::DragMove:
         if (auto *drag = static_cast<QDragMoveEvent *>(event); !draggedFile(*drag->mimeData()).isEmpty()) {

@@ -34,6 +34,8 @@ signals:
     /// The user replaced `removed` bytes at byte `offset`.
     void edited(std::size_t offset, std::size_t removed, std::string_view inserted);
     void settingsRequested();
+    void undoRequested();
+    void redoRequested();
     /// The user asks for a size so many steps larger or, negative, smaller.
     void zoomRequested(int steps);
     /// Something was refused, with a sentence for the user that says why.
@@ -56,7 +58,6 @@ private:
     WindowState &m_state;
     TextEditor *m_editor;
     StatusBar *m_statusBar;
-    bool m_isInStep = false; ///< The editor shows the change already that the manager is about to announce.
 };
 
 } // namespace lexivore

@@ -19,6 +19,8 @@ public:
 
     /// From 1; the column counts characters.
     void setCursorPosition(std::size_t line, std::size_t column);
+    /// Shows nothing for an empty name.
+    void setLineEnding(const QString &name);
     void setCounts(std::size_t characters, std::size_t words, std::size_t lines);
 
 signals:
@@ -29,6 +31,7 @@ private:
     StatusItem *m_characters;
     StatusItem *m_words;
     StatusItem *m_lines;
+    StatusItem *m_lineEnding;
 };
 
 } // namespace lexivore
