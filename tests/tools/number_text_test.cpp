@@ -14,6 +14,10 @@
 #include <random>
 #include <string>
 
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace lexivore {
 namespace {
 
@@ -50,6 +54,9 @@ TEST(OneDecimalText, PrintsAsTheStandardFormatDoes) {
 class GermanLocale {
 public:
     GermanLocale() {
+#ifdef __SANITIZE_ADDRESS__
+        const __lsan::ScopedDisabler theLibraryNeverFreesTheFolder;
+#endif
         std::string folder = (std::filesystem::temp_directory_path() / "lexivore-locale-XXXXXX").string();
         if (mkdtemp(folder.data()) == nullptr) {
             return;
