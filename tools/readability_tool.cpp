@@ -4,7 +4,6 @@
 
 #include "engine/primitives/characters.h"
 #include "engine/primitives/text_counts.h"
-#include "engine/primitives/utf8.h"
 #include "engine/primitives/words.h"
 #include "tools/number_text.h"
 #include "tools/tool_view_factory.h"
@@ -31,40 +30,36 @@ double readingEase(double words, double sentences, double syllables) {
     return 206.835 - 1.015 * (words / sentences) - 84.6 * (syllables / words);
 }
 
-constexpr std::array<bool, 256> vowelBytes = [] {
-    std::array<bool, 256> isVowel{};
+/// 1 for each vowel, otherwise 0.
+constexpr std::array<unsigned char, 256> isVowel = [] {
+    std::array<unsigned char, 256> table{};
     for (const char vowel : std::string_view("aeiouyAEIOUY")) {
-        isVowel[static_cast<unsigned char>(vowel)] = true;
+        table[static_cast<unsigned char>(vowel)] = 1;
     }
-    return isVowel;
+    return table;
 }();
 
-bool isVowel(char byte) { return vowelBytes[static_cast<unsigned char>(byte)]; }
-
-/// Counts the runs of vowels among the characters that it is given.
-class VowelRuns {
-public:
-    void add(bool isVowel) {
-        m_count += isVowel && !m_followsVowel ? 1 : 0;
-        m_followsVowel = isVowel;
-    }
-    [[nodiscard]] std::int64_t count() const { return m_count; }
-
-private:
-    std::int64_t m_count = 0;
-    bool m_followsVowel = false;
-};
-
 std::int64_t vowelRuns(std::string_view word) {
-    VowelRuns runs;
-    if (std::all_of(word.begin(), word.end(), isAscii)) {
-        // Each byte is a character, but for CR LF, which is no vowel either way.
-        std::for_each(word.begin(), word.end(), [&](char byte) { runs.add(isVowel(byte)); });
-    } else {
-        forEachCharacter(
-            word, [&](std::string_view character) { runs.add(character.size() == 1 && isVowel(character.front())); });
+    std::int64_t count = 0;
+    unsigned followsVowel = 0;
+    const auto add = [&](unsigned isOne) {
+        count += isOne & ~followsVowel;
+        followsVowel = isOne;
+    };
+    unsigned allBytes = 0;
+    for (const char character : word) {
+        const auto byte = static_cast<unsigned char>(character);
+        add(isVowel[byte]);
+        allBytes |= byte;
     }
-    return runs.count();
+    if (allBytes < 0x80) {
+        return count; // each byte was a character, but for CR LF, which is no vowel either way
+    }
+    count = followsVowel = 0;
+    forEachCharacter(word, [&](std::string_view character) {
+        add(character.size() == 1 ? isVowel[static_cast<unsigned char>(character.front())] : 0U);
+    });
+    return count;
 }
 
 } // namespace
