@@ -126,11 +126,13 @@ std::vector<CharacterFrequency> characterFrequencies(std::string_view text) {
         if (isAscii(*position)) {
             position = addPlainBytes(table, position, end);
         }
-        if (position != end) {
-            const auto begin = static_cast<std::size_t>(position - text.data());
-            const std::string_view character = text.substr(begin, characterEnd(text, begin) - begin);
+        CharacterWalk walk(text.substr(static_cast<std::size_t>(position - text.data())));
+        for (std::string_view character; walk.next(character);) {
             table.addCharacter(character);
             position += character.size();
+            if (end - position >= 2 && isAscii(position[0]) && isAscii(position[1])) {
+                break; // there may be many
+            }
         }
     }
 

@@ -52,8 +52,9 @@ std::int64_t vowelRuns(std::string_view word) {
         add(isVowel[byte]);
         allBytes |= byte;
     }
-    if (allBytes < 0x80) {
-        return count; // each byte was a character, but for CR LF, which is no vowel either way
+    // Of ASCII every byte is a character, but for CR LF, which is no vowel either way.
+    if (allBytes < 0x80 || count == 0) {
+        return count;
     }
     count = followsVowel = 0;
     forEachCharacter(word, [&](std::string_view character) {

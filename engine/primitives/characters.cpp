@@ -115,6 +115,32 @@ std::size_t characterEnd(std::string_view text, std::size_t position) {
     return static_cast<std::size_t>(next - text.data());
 }
 
+CharacterWalk::CharacterWalk(std::string_view text) : m_position(text.data()), m_end(text.data() + text.size()) {
+    if (m_position != m_end) {
+        State state = State::begin;
+        m_passed = character_breaks::pass(state, m_position, m_end).length;
+        m_state = static_cast<std::uint8_t>(state);
+    }
+}
+
+bool CharacterWalk::next(std::string_view &character) {
+    if (m_position == m_end) {
+        return false;
+    }
+    const char *const begin = m_position;
+    m_position += m_passed;
+    for (auto state = static_cast<State>(m_state); m_position != m_end; m_position += m_passed) {
+        const Step step = character_breaks::pass(state, m_position, m_end);
+        m_passed = step.length;
+        if (step.isBoundary) {
+            m_state = static_cast<std::uint8_t>(state);
+            break;
+        }
+    }
+    character = {begin, static_cast<std::size_t>(m_position - begin)};
+    return true;
+}
+
 void CharacterCounter::append(std::string_view piece) {
     auto state = static_cast<State>(m_state);
     m_count += countCharacters(piece.data(), piece.data() + piece.size(), state);

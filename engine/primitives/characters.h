@@ -32,12 +32,25 @@ private:
     std::uint8_t m_state = 0;
 };
 
+/// Walks the characters of a text in order and looks at each code point once.
+class CharacterWalk {
+public:
+    explicit CharacterWalk(std::string_view text);
+    /// The next character, or false when there is none.
+    [[nodiscard]] bool next(std::string_view &character);
+
+private:
+    const char *m_position; ///< Where the next character begins.
+    const char *m_end;
+    std::size_t m_passed = 0; ///< The length of its first code point, which is behind us...
+    std::uint8_t m_state = 0; ///< ... in this state.
+};
+
 /// Calls `visit(std::string_view)` with every character of `text` in order.
 template<typename Visit> void forEachCharacter(std::string_view text, Visit &&visit) {
-    for (std::size_t position = 0; position < text.size();) {
-        const std::size_t end = characterEnd(text, position);
-        visit(text.substr(position, end - position));
-        position = end;
+    CharacterWalk walk(text);
+    for (std::string_view character; walk.next(character);) {
+        visit(character);
     }
 }
 
