@@ -37,7 +37,7 @@ SENTENCES_BYTES = re.compile(rb"[.!?]")
 DIGITS_BYTES = re.compile(rb"[0-9]+")
 THE_BYTES = re.compile(rb"the")
 NOT_ALPHANUMERIC = re.compile(r"[^\w\s]|_")
-GROUPS_BYTES = re.compile(rb"([a-z]+) ([a-z]+),")
+GROUPS_BYTES = re.compile(rb", ([a-z]+) ([a-z]+)")
 
 
 def capitalized_sentences(t):
@@ -237,10 +237,10 @@ def rows():
             ("sd", "sh", "sd the THAT", ALL)],
             label="replace-regex the", pattern="the", replace="THAT"),
         Row("replace-regex", [
-            ("python3 re", "pyb", lambda t: GROUPS_BYTES.sub(rb"\2 \1,", t), ALL),
-            ("node", "node", "t.replace(/([a-z]+) ([a-z]+),/g, '$2 $1,')", ALL),
-            ("perl", "perl", r"($r = $t) =~ s/([a-z]+) ([a-z]+),/$2 $1,/g", ALL)],
-            label="replace-regex ([a-z]+) ([a-z]+),", pattern="([a-z]+) ([a-z]+),", replace="$2 $1,"),
+            ("python3 re", "pyb", lambda t: GROUPS_BYTES.sub(rb", \2 \1", t), ALL),
+            ("node", "node", "t.replace(/, ([a-z]+) ([a-z]+)/g, ', $2 $1')", ALL),
+            ("perl", "perl", r"($r = $t) =~ s/, ([a-z]+) ([a-z]+)/, $2 $1/g", ALL)],
+            label="replace-regex, groups", pattern=", ([a-z]+) ([a-z]+)", replace=", $2 $1"),
         Row("reverse", [
             ("python3 bytes[::-1]", "pyb", lambda t: t[::-1], ASCII), ("perl", "perl", "$r = reverse($t)", ASCII),
             (r"perl \X", "perlu", r"$r = join('', reverse($t =~ /\X/g))", "B")]),

@@ -2,16 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/regular_expression.h"
 
+#include "engine/primitives/simple_pattern.h"
 #include "engine/primitives/utf8.h"
 
 #include <unicode/regex.h>
 #include <unicode/unistr.h>
 #include <unicode/utf16.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace lexivore {
@@ -86,21 +90,34 @@ void appendUtf8(TextBuffer &to, const icu::UnicodeString &text, std::int32_t beg
 /// Follows a position in a text in UTF-8 and in UTF-16 at once, forwards only.
 class ParallelPosition {
 public:
-    explicit ParallelPosition(std::string_view text) : m_text(text) {}
+    ParallelPosition(std::string_view text, std::int32_t units)
+        : m_text(text), m_isUnitAByte(static_cast<std::size_t>(units) == text.size()) {}
 
     /// Moves to the UTF-16 index `unit` and returns the byte offset there.
     std::size_t moveTo(std::int32_t unit) {
+        if (m_isUnitAByte) {
+            return static_cast<std::size_t>(unit);
+        }
         const char *const end = m_text.data() + m_text.size();
         while (m_unit < unit) {
-            const DecodedCodePoint decoded = decode(m_text.data() + m_byte, end);
-            m_unit += decoded.length == 4 ? 2 : 1;
-            m_byte += decoded.length;
+            const char *const position = m_text.data() + m_byte;
+            // No byte is more than a unit, so that this run of ASCII does not lead too far.
+            const std::int32_t run = static_cast<std::int32_t>(
+                asciiRunEnd(position, position + std::min<std::ptrdiff_t>(end - position, unit - m_unit)) - position);
+            m_unit += run;
+            m_byte += static_cast<std::size_t>(run);
+            if (m_unit < unit) {
+                const DecodedCodePoint decoded = decode(m_text.data() + m_byte, end);
+                m_unit += decoded.length == 4 ? 2 : 1;
+                m_byte += decoded.length;
+            }
         }
         return m_byte;
     }
 
 private:
     std::string_view m_text;
+    bool m_isUnitAByte;
     std::size_t m_byte = 0;
     std::int32_t m_unit = 0;
 };
@@ -127,18 +144,12 @@ public:
         m_parts.push_back({std::move(literal), noGroup});
     }
 
-    void append(TextBuffer &to, const icu::RegexMatcher &matcher, const icu::UnicodeString &input) const {
+    /// Appends the replacement of one match; `appendGroup(int)` appends what that group matched, if anything.
+    template<typename AppendGroup> void append(TextBuffer &to, AppendGroup appendGroup) const {
         for (const Part &part : m_parts) {
             to.append(part.literal);
-            if (part.group == noGroup || part.group > matcher.groupCount()) {
-                continue;
-            }
-            UErrorCode status = U_ZERO_ERROR;
-            const std::int32_t begin = matcher.start(part.group, status);
-            const std::int32_t end = matcher.end(part.group, status);
-            check(status);
-            if (begin >= 0) { // it took part in the match
-                appendUtf8(to, input, begin, end);
+            if (part.group != noGroup) {
+                appendGroup(part.group);
             }
         }
     }
@@ -166,11 +177,47 @@ std::unique_ptr<icu::RegexPattern> compile(std::string_view pattern) {
     return compiled;
 }
 
+/// Copies a text with some parts of it, in order, replaced.
+class PartReplacer {
+public:
+    explicit PartReplacer(std::string_view text) : m_text(text), m_result(TextBuffer::withCapacity(text.size())) {}
+
+    /// What stands before the byte `begin` has been copied; now comes what replaces the part up to `end`.
+    TextBuffer &replace(std::size_t begin, std::size_t end) {
+        m_result.append(m_text.substr(m_copied, begin - m_copied));
+        m_copied = end;
+        return m_result;
+    }
+    [[nodiscard]] TextBuffer take() {
+        m_result.append(m_text.substr(m_copied));
+        m_result.shrink();
+        return std::move(m_result);
+    }
+
+private:
+    std::string_view m_text;
+    TextBuffer m_result;
+    std::size_t m_copied = 0;
+};
+
+TextBuffer replaceSimply(std::string_view text, const SimplePattern &pattern, const ReplacementTemplate &replacement) {
+    PartReplacer replacer(text);
+    forEachMatch(text, pattern, [&](std::string_view match) {
+        const auto begin = static_cast<std::size_t>(match.data() - text.data());
+        TextBuffer &result = replacer.replace(begin, begin + match.size());
+        replacement.append(result, [&](int group) { result.append(group == 0 ? match : std::string_view()); });
+    });
+    return replacer.take();
+}
+
 } // namespace
 
 TextBuffer replaceMatches(std::string_view text, std::string_view pattern, std::string_view replacementTemplate) {
-    const std::unique_ptr<icu::RegexPattern> compiled = compile(pattern);
     const ReplacementTemplate replacement(replacementTemplate);
+    if (const std::optional<SimplePattern> simple = simplePattern(pattern)) {
+        return replaceSimply(text, *simple, replacement);
+    }
+    const std::unique_ptr<icu::RegexPattern> compiled = compile(pattern);
     const icu::UnicodeString input = toUtf16(text);
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::RegexMatcher> matcher(compiled->matcher(input, status));
@@ -179,20 +226,20 @@ TextBuffer replaceMatches(std::string_view text, std::string_view pattern, std::
     matcher->setMatchCallback(mayGoOn, &deadline, status);
     check(status);
 
-    TextBuffer result = TextBuffer::withCapacity(text.size());
-    ParallelPosition position(text);
-    std::size_t copied = 0;
+    PartReplacer replacer(text);
+    ParallelPosition position(text, input.length());
     while (matcher->find(status) != 0) {
-        const std::size_t matchBegin = position.moveTo(matcher->start(status));
-        result.append(text.substr(copied, matchBegin - copied));
-        replacement.append(result, *matcher, input);
-        copied = position.moveTo(matcher->end(status));
+        const std::size_t begin = position.moveTo(matcher->start(status));
+        TextBuffer &result = replacer.replace(begin, position.moveTo(matcher->end(status)));
+        replacement.append(result, [&](int group) {
+            if (group <= matcher->groupCount() && matcher->start(group, status) >= 0) { // it took part in the match
+                appendUtf8(result, input, matcher->start(group, status), matcher->end(group, status));
+            }
+        });
         check(status);
     }
     check(status);
-    result.append(text.substr(copied));
-    result.shrink();
-    return result;
+    return replacer.take();
 }
 
 } // namespace lexivore

@@ -2,9 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/regular_expression.h"
 
+#include "engine/primitives/simple_pattern.h"
+
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
 #include <string>
+#include <string_view>
 
 namespace lexivore {
 
@@ -33,6 +38,46 @@ TEST(RegularExpression, KeepsItsPlaceInTextsOfEveryWidth) {
             expected.append(unit).append("[-").append(unit).append("]=");
         }
         EXPECT_EQ(replaced(text, "-([^=]+)", "[-$1]"), expected);
+    }
+}
+
+TEST(RegularExpression, SimplePatternsMatchAsIcuDoes) {
+    constexpr unsigned seed = 5;
+    std::mt19937 random(seed);
+    const auto oneOf = [&random](const auto &choices) { return choices[random() % std::size(choices)]; };
+    const std::string_view pieces[] = {
+        "a", "b", "ab", "0", "7",      "z",   "A",      " ",    "\n",   "\r\n",     "-",
+        "]", "é", "漢", "😀", "\u0301", "ÃƒÂ", "\uFFFD", "\x80", "\xC3", "\xE6\xBC", std::string_view("\0", 1)};
+    const std::string_view sets[] = {"[a-z]", "[0-9]", "[a]", "[ab7]", "[A-Za-z0-9]", "[7-7]", "a", "b", "0"};
+    const std::string_view replacements[] = {"", "x", "<$0>", "$1", "\\$0", "é$0$0"};
+    for (int round = 0; round < 4'000; ++round) {
+        std::string text;
+        for (auto left = random() % 200; left > 0; --left) {
+            text += oneOf(pieces);
+        }
+        std::string pattern;
+        if (random() % 2 == 0) {
+            pattern = std::string(oneOf(sets)) + (random() % 2 == 0 ? "+" : "");
+        } else {
+            for (auto left = 1 + random() % 3; left > 0; --left) {
+                pattern += oneOf(pieces);
+            }
+        }
+        const std::string_view replacement = oneOf(replacements);
+        // In a group of its own it is no simple pattern any more.
+        EXPECT_EQ(replaced(text, pattern, replacement), replaced(text, "(?:" + pattern + ")", replacement))
+            << testing::PrintToString(pattern) << " in " << testing::PrintToString(text);
+    }
+}
+
+TEST(RegularExpression, SimplePatternsAreTheseAlone) {
+    for (const char *simple : {"a", "the", "é", "a b", "[a-z]", "[a-zA-Z]+", "x+", "[0-9]+"}) {
+        EXPECT_TRUE(simplePattern(simple).has_value()) << simple;
+    }
+    for (const char *other :
+         {"",      "a.",    "a*",     "a?",    "a|b", "(a)", "a{2}", "]", "[]",  "[]+", "[^a]",   "[a-]", "[z-a]",
+          "[a-Z]", "[[a]]", "[a&&b]", "[\\d]", "é+",  "ab+", "a++",  "+", "\\d", "^a",  "\uFFFD", "\x80"}) {
+        EXPECT_FALSE(simplePattern(other).has_value()) << other;
     }
 }
 
