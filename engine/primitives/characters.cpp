@@ -98,6 +98,11 @@ std::size_t characterCount(std::string_view text) {
     return countCharacters(text.data(), text.data() + text.size(), state);
 }
 
+bool joinsSpaceBefore(std::string_view text) {
+    State state = State::other;
+    return !character_breaks::pass(state, text.data(), text.data() + text.size()).isBoundary;
+}
+
 std::size_t characterEnd(std::string_view text, std::size_t position) {
     const char *const end = text.data() + text.size();
     const DecodedCodePoint first = decode(text.data() + position, end);
@@ -153,6 +158,11 @@ void CharacterCounter::appendPlain(std::size_t size) {
         m_count += size - (isBoundary ? 0U : 1U);
         m_state = static_cast<std::uint8_t>(State::other);
     }
+}
+
+void CharacterCounter::appendCounted(const CharacterCounter &text) {
+    m_count += text.m_count;
+    m_state = text.m_state;
 }
 
 TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {

@@ -15,6 +15,9 @@ namespace lexivore {
 /// ICU has them): a family emoji counts 1, "e" with a combining acute counts 1, CR LF counts 1. One pass.
 [[nodiscard]] std::size_t characterCount(std::string_view text);
 
+/// True when the first code point of `text`, which is not empty, joins a space that stands before it.
+[[nodiscard]] bool joinsSpaceBefore(std::string_view text);
+
 /// The end of the character that begins at byte `position`, which is a boundary before the end of `text`.
 [[nodiscard]] std::size_t characterEnd(std::string_view text, std::size_t position);
 
@@ -25,6 +28,8 @@ public:
     void append(std::string_view piece);
     /// Appends `size` printable ASCII characters, in constant time.
     void appendPlain(std::size_t size);
+    /// Appends a text that another counter has counted alone. Its first code point must not join a space before it.
+    void appendCounted(const CharacterCounter &text);
     [[nodiscard]] std::size_t count() const { return m_count; }
 
 private:
