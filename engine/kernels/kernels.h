@@ -100,6 +100,8 @@ struct Kernels {
     void (*encodeHexadecimal)(const char *from, std::size_t size, char *to);
     /// A byte for each two digits; false when there is anything but digits. `to` may be what is read.
     bool (*decodeHexadecimal)(const char *from, std::size_t pairs, char *to);
+    /// The bytes in reverse order; `to` is other memory.
+    void (*reverse)(const char *from, std::size_t size, char *to);
 };
 
 /// The best for this processor.

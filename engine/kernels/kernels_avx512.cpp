@@ -5,8 +5,8 @@
 namespace lexivore::kernels {
 
 extern const Kernels avx512Kernels;
-const Kernels avx512Kernels = {"avx512",    asciiPrefix,       classify,         findCounted,   countBits,
-                               compress,    compressReplacing, caseWords,        alternateCase, find,
-                               isValidUtf8, encodeHexadecimal, decodeHexadecimal};
+const Kernels avx512Kernels = {"avx512",    asciiPrefix,       classify,          findCounted,   countBits,
+                               compress,    compressReplacing, caseWords,         alternateCase, find,
+                               isValidUtf8, encodeHexadecimal, decodeHexadecimal, reverse};
 
 } // namespace lexivore::kernels

@@ -5,8 +5,8 @@
 namespace lexivore::kernels {
 
 extern const Kernels plainKernels;
-const Kernels plainKernels = {"plain",     asciiPrefix,       classify,         findCounted,   countBits,
-                              compress,    compressReplacing, caseWords,        alternateCase, find,
-                              isValidUtf8, encodeHexadecimal, decodeHexadecimal};
+const Kernels plainKernels = {"plain",     asciiPrefix,       classify,          findCounted,   countBits,
+                              compress,    compressReplacing, caseWords,         alternateCase, find,
+                              isValidUtf8, encodeHexadecimal, decodeHexadecimal, reverse};
 
 } // namespace lexivore::kernels

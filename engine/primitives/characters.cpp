@@ -226,12 +226,14 @@ TextBuffer reverseCharacters(std::string_view text) {
         if (state == State::other && step.length == 1) {
             // Behind a plain ASCII character: all but the last of a run of them stand for themselves.
             const char *const runEnd = asciiRunEnd(position, end);
-            const char *const runWithoutCr = std::find(position, runEnd, '\r');
+            const auto run = static_cast<std::size_t>(runEnd - position);
+            const void *const cr = run == 0 ? nullptr : std::memchr(position, '\r', run);
+            const char *const runWithoutCr = cr == nullptr ? runEnd : static_cast<const char *>(cr);
             if (runWithoutCr - position > 1) {
                 writeCharacter(position);
                 const auto length = static_cast<std::size_t>(runWithoutCr - 1 - position);
                 to -= length;
-                std::reverse_copy(position, runWithoutCr - 1, to);
+                kernels::best().reverse(position, length, to);
                 position = runWithoutCr - 1;
                 characterBegin = position;
                 state = State::begin;

@@ -499,6 +499,14 @@ TEST(Kernels, HexadecimalDecodingFindsEveryOtherByte) {
     }
 }
 
+TEST(Kernels, ReverseTurnsEveryByte) {
+    onRandomBytes([](const Kernels &kernels, std::string_view text) {
+        const ExactCopy result(std::string(text.size(), '#'), (text.size() + 5) % blockSize);
+        kernels.reverse(text.data(), text.size(), result.data());
+        EXPECT_EQ(result.view(), std::string(text.rbegin(), text.rend()));
+    });
+}
+
 TEST(Kernels, TakeTheEmptyText) {
     onAllKernels([](const Kernels &kernels) {
         bool gaveUp = true;
