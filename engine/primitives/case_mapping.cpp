@@ -107,6 +107,9 @@ void mapQuickly(const QuickMapping &mapping, const char *&position, const char *
             }
             from += length;
             place += length;
+            if (end - from < sequence_traits::bytesRead) {
+                break;
+            }
         }
         const sequence_traits::Sequence sequence = sequence_traits::at(mapping.traits, from);
         char *const behind = mapping.map(sequence, from, place);
