@@ -101,6 +101,16 @@ TEST_P(HostileBytes, AreHarmlessAtTheEndOfTextsOfEveryLength) {
     }
 }
 
+TEST_P(HostileBytes, AreNotReadBehindAWellFormedEndEither) {
+    for (const std::string_view letter : {"é", "Σ", "ǆ", "漢", "क", "\u0301", "\u2028", "😀"}) {
+        for (std::size_t length = 0; length <= 70; ++length) {
+            const std::string run = std::string(letter) + std::string(length, 'x');
+            expectHarmless(run + std::string(letter), usualParameters, length % 16);
+            expectHarmless(run + std::string(letter) + "y", usualParameters);
+        }
+    }
+}
+
 TEST_P(HostileBytes, AreHarmlessInPairs) {
     for (const char first :
          {'a', '\n', '%', '&', '\x80', '\xC2', '\xCE', '\xE0', '\xE2', '\xED', '\xF0', '\xF4', '\xFF'}) {

@@ -234,7 +234,7 @@ TEST(Laws, KeepingAndDeletingLinesSplitsThem) {
         checkProperty(casesPerLaw, [&] {
             const TransformationCase given = *casesFor("keep-lines-" + test);
             const auto value = given.parameters.find("text");
-            RC_PRE(value != given.parameters.end() && !value->second.empty());
+            RC_PRE((value != given.parameters.end() && !value->second.empty())); // inner brackets: && must stop early
             const std::string &sought = value->second;
             RC_PRE(linesOf(sought).size() == 1U);
             // A line of each kind, since no line and one empty line look the same.
@@ -288,7 +288,7 @@ TEST(Laws, WrappedAsciiLinesFitOrAreOneWord) {
         const std::size_t width = *rc::gen::inRange<std::size_t>(1, 40);
         for (const std::string &line : linesOf(applied("wrap-lines", text, {{"width", std::to_string(width)}}))) {
             const bool isOneWord = line.find(' ') == std::string::npos;
-            RC_ASSERT(line.size() <= width || isOneWord);
+            RC_ASSERT((line.size() <= width || isOneWord));
         }
     });
 }
