@@ -65,7 +65,7 @@ class Program:
 
     def __enter__(self):
         environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
-                           HOME=str(self.home), XDG_CONFIG_HOME=str(self.home / ".config"), LC_ALL="C.UTF-8")
+                           HOME=str(self.home), XDG_RUNTIME_DIR=str(self.home), XDG_CONFIG_HOME=str(self.home / ".config"), LC_ALL="C.UTF-8")
         self.output = open(self.home / "output", "ab")
         self.process = subprocess.Popen([self.executable], env=environment, cwd=self.home,
                                         stdout=self.output, stderr=subprocess.STDOUT)

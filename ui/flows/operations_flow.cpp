@@ -4,14 +4,15 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/sheets/alerts.h"
+#include "ui/sheets/sheets.h"
 #include "ui/shell/notification_center.h"
 #include "ui/window/window_state.h"
 
 namespace lexivore {
 
 OperationsFlow::OperationsFlow(TransformationManager &manager, WindowState &state, NotificationCenter &center,
-                               Alerts &alerts, QObject *parent)
-    : QObject(parent), m_manager(manager), m_state(state), m_center(center), m_alerts(alerts) {}
+                               Sheets &sheets, Alerts &alerts, QObject *parent)
+    : QObject(parent), m_manager(manager), m_state(state), m_center(center), m_sheets(sheets), m_alerts(alerts) {}
 
 void OperationsFlow::togglePause() {
     const bool pauses = m_state.operationsEnabled();
@@ -40,6 +41,24 @@ void OperationsFlow::remove(std::size_t index) {
 void OperationsFlow::move(std::size_t from, std::size_t to) {
     m_manager.moveOperation(from, to);
     keepPaused();
+}
+
+void OperationsFlow::edit(std::size_t index) {
+    if (index >= m_manager.appliedOperations().size()) {
+        return;
+    }
+    const AppliedOperation &operation = m_manager.appliedOperations()[index];
+    const TransformationPointer transformation = m_manager.findTransformation(operation.transformation);
+    if (!transformation || transformation->parameters().empty()) {
+        return;
+    }
+    m_sheets.showParameterSheet(
+        transformation, operation.parameters,
+        [this, index](const ParameterMap &parameters) {
+            m_manager.editOperationParameters(index, parameters);
+            keepPaused();
+        },
+        [] {});
 }
 
 void OperationsFlow::clear() {

@@ -10,6 +10,7 @@ namespace lexivore {
 
 class Alerts;
 class NotificationCenter;
+class Sheets;
 class TransformationManager;
 class WindowState;
 
@@ -18,8 +19,8 @@ class OperationsFlow : public QObject {
     Q_OBJECT
 
 public:
-    OperationsFlow(TransformationManager &manager, WindowState &state, NotificationCenter &center, Alerts &alerts,
-                   QObject *parent = nullptr);
+    OperationsFlow(TransformationManager &manager, WindowState &state, NotificationCenter &center, Sheets &sheets,
+                   Alerts &alerts, QObject *parent = nullptr);
 
     /// Pauses: the base text is shown and the stack stays, not applied. Or resumes: the stack is run again.
     /// Without operations there is nothing to leave out, and the text stays as it is.
@@ -29,6 +30,8 @@ public:
     void toggle(std::size_t index);
     void remove(std::size_t index);
     void move(std::size_t from, std::size_t to);
+    /// Asks for other parameters of the operation and runs the stack again. Does nothing for one without parameters.
+    void edit(std::size_t index);
 
     /// Asks, then clears the stack. Does nothing when it is empty.
     void clear();
@@ -39,6 +42,7 @@ private:
     TransformationManager &m_manager;
     WindowState &m_state;
     NotificationCenter &m_center;
+    Sheets &m_sheets;
     Alerts &m_alerts;
 };
 

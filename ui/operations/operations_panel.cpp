@@ -20,6 +20,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace lexivore {
 
 namespace {
@@ -141,10 +143,10 @@ void OperationsPanel::createRows() {
     while (m_items.size() < count) {
         auto *item = new DraggableOperationItem(m_manager, m_state, m_rows);
         connect(item, &DraggableOperationItem::toggled, this, [this, item] { emit operationToggled(item->index()); });
-        connect(item, &DraggableOperationItem::removed, this, [this, item] { emit operationRemoved(item->index()); });
+        connect(item, &DraggableOperationItem::removed, this, [this, item] { remove(item->index()); });
         connect(item, &DraggableOperationItem::editRequested, this,
                 [this, item] { emit editRequested(item->index()); });
-        connect(item, &DraggableOperationItem::moved, this, &OperationsPanel::operationMoved);
+        connect(item, &DraggableOperationItem::moved, this, &OperationsPanel::move);
         connect(item, &RowButton::focusChanged, this, [this, item](bool focused) {
             if (focused) {
                 m_state.setSelectedOperationIndex(static_cast<int>(item->index()));
@@ -155,6 +157,22 @@ void OperationsPanel::createRows() {
         m_items.push_back(item);
     }
     m_navigator->setRows({m_items.begin(), m_items.end()});
+}
+
+void OperationsPanel::move(std::size_t from, std::size_t to) {
+    const bool hadFocus = from < m_items.size() && m_items[from]->hasFocus();
+    emit operationMoved(from, to);
+    if (hadFocus && to < m_items.size()) {
+        m_items[to]->setFocus(Qt::TabFocusReason);
+    }
+}
+
+void OperationsPanel::remove(std::size_t index) {
+    const bool hadFocus = m_items[index]->hasFocus();
+    emit operationRemoved(index);
+    if (hadFocus && !m_items.empty()) {
+        m_items[std::min(index, m_items.size() - 1)]->setFocus(Qt::TabFocusReason);
+    }
 }
 
 void OperationsPanel::showOperations() {

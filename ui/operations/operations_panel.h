@@ -40,6 +40,9 @@ signals:
 private:
     QWidget *createHeader();
     void createRows();
+    /// The focus goes with the moved row, and to the next one when a row is removed.
+    void move(std::size_t from, std::size_t to);
+    void remove(std::size_t index);
     void showMode();
     void showPause();
     void showOperations();

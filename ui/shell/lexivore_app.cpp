@@ -15,6 +15,17 @@ LexivoreApp::LexivoreApp(Preferences &preferences, std::unique_ptr<FilePanels> p
                                              std::move(panels))),
       m_menuBar(new MenuBarBuilder(*m_window, m_center, m_transformationManager, m_toolsManager)) {
     subscribe();
+    m_appDelegate.adoptWindow(m_window.get(), [this] { m_window->hide(); });
+}
+
+void LexivoreApp::comeForward(const QStringList &files) {
+    m_window->show();
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    m_window->raise();
+    m_window->activateWindow();
+    if (!files.isEmpty()) {
+        m_window->openFile(files.front());
+    }
 }
 
 LexivoreApp::~LexivoreApp() = default;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "manager/transformation_manager.h"
+#include "services/app_delegate.h"
 #include "tools/tools_manager.h"
 #include "ui/shell/notification_center.h"
 #include "ui/window/content_view.h"
@@ -26,6 +27,9 @@ public:
     explicit LexivoreApp(Preferences &preferences, std::unique_ptr<FilePanels> panels = nullptr);
     ~LexivoreApp() override;
 
+    /// Brings the window forward, with its text as it was, and opens the first of `files` if there is any.
+    void comeForward(const QStringList &files = {});
+
     [[nodiscard]] ContentView &window() { return *m_window; }
     [[nodiscard]] NotificationCenter &notificationCenter() { return m_center; }
     [[nodiscard]] TransformationManager &transformationManager() { return m_transformationManager; }
@@ -43,6 +47,7 @@ private:
     void setHasText(const QVariant &object);
 
     Preferences &m_preferences;
+    AppDelegate m_appDelegate;
     NotificationCenter m_center;
     TransformationManager m_transformationManager;
     ToolsManager m_toolsManager;

@@ -3,12 +3,15 @@
 #include "ui/shell/menu_bar_builder.h"
 
 #include "manager/transformation_manager.h"
+#include "services/bundle_information.h"
+#include "services/support_request.h"
 #include "tools/tools_manager.h"
 #include "ui/shell/notification_center.h"
 #include "ui/text_conversion.h"
 #include "ui/window/recipe_menu.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -22,7 +25,7 @@ enum class Needs { nothing, text };
 
 /// A command that posts a notification without an object.
 struct Command {
-    const char *menu;
+    const char *group; ///< The menu, or a part of one.
     const char *title;
     const char *notification;
     const char *shortcuts; ///< Separated by "; ". The first is the one that the menu shows.
@@ -37,8 +40,15 @@ constexpr Command commands[] = {
     {"edit",    QT_TRANSLATE_NOOP("Menu", "Redo"),                     notification::redoTransformation, "Ctrl+Shift+Z; Ctrl+Y"},
     {"view",    QT_TRANSLATE_NOOP("Menu", "Toggle Sidebar"),           notification::toggleSidebar,      "Ctrl+Alt+S"},
     {"view",    QT_TRANSLATE_NOOP("Menu", "Toggle Operations Stack"),  notification::toggleOperations,   "Ctrl+Alt+O"},
+    {"find",    QT_TRANSLATE_NOOP("Menu", "Find..."),                  notification::find,               "Ctrl+F"},
+    {"find",    QT_TRANSLATE_NOOP("Menu", "Find Next"),                notification::findNext,           "F3; Ctrl+G"},
+    {"find",    QT_TRANSLATE_NOOP("Menu", "Find Previous"),            notification::findPrevious,       "Shift+F3; Ctrl+Shift+G"},
+    {"zoom",    QT_TRANSLATE_NOOP("Menu", "Zoom In"),                  notification::zoomIn,             "Ctrl++; Ctrl+="},
+    {"zoom",    QT_TRANSLATE_NOOP("Menu", "Zoom Out"),                 notification::zoomOut,            "Ctrl+-"},
+    {"zoom",    QT_TRANSLATE_NOOP("Menu", "Actual Size"),              notification::resetZoom,          "Ctrl+0"},
     {"recipes", QT_TRANSLATE_NOOP("Menu", "Save Current as Recipe..."), notification::showRecipeSheet,   "Ctrl+Shift+S"},
     {"recipes", QT_TRANSLATE_NOOP("Menu", "Manage Recipes..."),        notification::showManageRecipes,  "Ctrl+Shift+M"},
+    {"search",  QT_TRANSLATE_NOOP("Menu", "Search Transformations"),   notification::searchTransformations, "Ctrl+K; Ctrl+Shift+F"},
     {"transformations", QT_TRANSLATE_NOOP("Menu", "Multiple Operation Mode"), notification::toggleStackOperationMode, "Ctrl+Alt+1"},
 };
 
@@ -70,6 +80,7 @@ MenuBarBuilder::MenuBarBuilder(QMainWindow &window, NotificationCenter &center, 
     buildRecipesMenu();
     buildTransformationsMenu();
     buildToolsMenu();
+    buildHelpMenu();
     setHasText(false);
     setStackOperationMode(false);
 }
@@ -92,10 +103,10 @@ QMenu *MenuBarBuilder::addMenu(const QString &name, const QString &title) {
     return menu;
 }
 
-std::vector<QAction *> MenuBarBuilder::commandsOf(const QString &menu) {
+std::vector<QAction *> MenuBarBuilder::commandsOf(const QString &group) {
     std::vector<QAction *> actions;
     for (const Command &command : commands) {
-        if (menu != QString("menu.") + command.menu) {
+        if (group != command.group) {
             continue;
         }
         auto *action = new QAction(translated(command.title), this);
@@ -113,8 +124,10 @@ std::vector<QAction *> MenuBarBuilder::commandsOf(const QString &menu) {
     return actions;
 }
 
-void MenuBarBuilder::addCommands(QMenu *menu) {
-    for (QAction *action : commandsOf(menu->objectName())) {
+void MenuBarBuilder::addCommands(QMenu *menu) { addCommands(menu, menu->objectName().mid(QString("menu.").size())); }
+
+void MenuBarBuilder::addCommands(QMenu *menu, const QString &group) {
+    for (QAction *action : commandsOf(group)) {
         menu->addAction(action);
     }
 }
@@ -156,11 +169,15 @@ void MenuBarBuilder::buildEditMenu() {
             }
         });
     }
+    menu->addSeparator();
+    addCommands(menu, "find");
 }
 
 void MenuBarBuilder::buildViewMenu() {
     QMenu *menu = addMenu("view", tr("View"));
     addCommands(menu);
+    menu->addSeparator();
+    addCommands(menu, "zoom");
     menu->addSeparator();
     QAction *fullScreen = menu->addAction(tr("Full Screen"));
     fullScreen->setObjectName("FullScreen");
@@ -173,7 +190,7 @@ void MenuBarBuilder::buildRecipesMenu() {
     m_recipes = new RecipeMenu(m_manager, &m_window);
     m_recipes->setTitle(tr("Recipes"));
     m_recipes->setObjectName("menu.recipes");
-    m_recipes->setFixedActions(commandsOf(m_recipes->objectName()));
+    m_recipes->setFixedActions(commandsOf("recipes"));
     connect(m_recipes, &RecipeMenu::recipeSelected, this,
             [this](const QString &id) { m_center.post(notification::applyRecipe, id); });
     m_window.menuBar()->addMenu(m_recipes);
@@ -194,6 +211,7 @@ void MenuBarBuilder::buildTransformationsMenu() {
     }
     menu->addSeparator();
     addCommands(menu);
+    addCommands(menu, "search");
 }
 
 void MenuBarBuilder::buildToolsMenu() {
@@ -201,6 +219,14 @@ void MenuBarBuilder::buildToolsMenu() {
     for (const TextToolPointer &tool : m_tools.tools()) {
         addPost(menu, tool->name(), notification::runTool, tool->id());
     }
+}
+
+void MenuBarBuilder::buildHelpMenu() {
+    QAction *support = addMenu("help", tr("Help"))->addAction(tr("Contact Support"));
+    support->setObjectName("ContactSupport");
+    connect(support, &QAction::triggered, this, [] {
+        contactSupport(mainBundleInformation(), [](const QUrl &address) { QDesktopServices::openUrl(address); });
+    });
 }
 
 } // namespace lexivore

@@ -34,8 +34,10 @@ public:
 
 private:
     QMenu *addMenu(const QString &name, const QString &title);
-    [[nodiscard]] std::vector<QAction *> commandsOf(const QString &menu);
+    [[nodiscard]] std::vector<QAction *> commandsOf(const QString &group);
+    /// Those of the group named like the menu, or of another one.
     void addCommands(QMenu *menu);
+    void addCommands(QMenu *menu, const QString &group);
     /// A command that posts a notification with an id, for what acts on the text.
     void addPost(QMenu *menu, const std::string &title, const char *notification, const std::string &id);
     void buildApplicationMenu();
@@ -44,6 +46,7 @@ private:
     void buildRecipesMenu();
     void buildTransformationsMenu();
     void buildToolsMenu();
+    void buildHelpMenu();
 
     QMainWindow &m_window;
     NotificationCenter &m_center;

@@ -28,6 +28,13 @@ inline constexpr char openFile[] = "OpenFile";
 inline constexpr char saveFile[] = "SaveFile";
 inline constexpr char refreshOperations[] = "RefreshOperations";
 inline constexpr char textChanged[] = "TextChanged"; ///< bool: there is text now
+inline constexpr char zoomIn[] = "ZoomIn";
+inline constexpr char zoomOut[] = "ZoomOut";
+inline constexpr char resetZoom[] = "ResetZoom";
+inline constexpr char find[] = "Find";
+inline constexpr char findNext[] = "FindNext";
+inline constexpr char findPrevious[] = "FindPrevious";
+inline constexpr char searchTransformations[] = "SearchTransformations";
 } // namespace notification
 
 /// How commands reach whoever carries them out: posted by name, delivered at once to every subscriber of the name in

@@ -6,6 +6,7 @@
 #include "manager/transformation_manager.h"
 #include "ui/editor/text_editor.h"
 #include "ui/flows/clipboard_flow.h"
+#include "ui/flows/editor_font_flow.h"
 #include "ui/flows/file_flow.h"
 #include "ui/flows/operations_flow.h"
 #include "ui/flows/recipe_flow.h"
@@ -22,6 +23,7 @@
 #include "ui/window/toolbar_size_configurator.h"
 #include "ui/window/transformation_list.h"
 #include "ui/window/window_commands.h"
+#include "ui/window/window_memory.h"
 #include "ui/window/window_state.h"
 #include "ui/window/window_tool_bar.h"
 
@@ -44,8 +46,6 @@ constexpr ColumnWidth sidebarWidth = {184, 184};
 constexpr ColumnWidth listWidth = {304, 240};
 constexpr ColumnWidth editorWidth = {504, 304};
 constexpr ColumnWidth operationsWidth = {288, 280};
-
-constexpr double defaultFontSize = 13;
 
 } // namespace
 
@@ -83,7 +83,8 @@ void ContentView::createFlows() {
     m_recipeFlow = new RecipeFlow(m_manager, m_preferences, *m_state, *m_sheets, *m_alerts, this);
     m_fileFlow = new FileFlow(m_manager, *m_panels, *m_alerts, this);
     m_clipboardFlow = new ClipboardFlow(m_manager, *m_state, *m_alerts, this);
-    m_operationsFlow = new OperationsFlow(m_manager, *m_state, m_center, *m_alerts, this);
+    m_operationsFlow = new OperationsFlow(m_manager, *m_state, m_center, *m_sheets, *m_alerts, this);
+    m_fontFlow = new EditorFontFlow(*m_state, *m_sheets, this);
     m_toolFlow = new ToolFlow(m_manager, m_tools, *m_state, *m_sheets, this);
 }
 
@@ -131,6 +132,9 @@ void ContentView::connectPieces() {
     connect(m_editor, &EditorPane::fileDropped, m_fileFlow, &FileFlow::openPath);
     connect(m_editor, &EditorPane::refused, m_alerts, &Alerts::showError);
     connect(&m_manager, &TransformationManager::currentTextChanged, this, &ContentView::announceText);
+    connect(m_editor, &EditorPane::settingsRequested, m_fontFlow, &EditorFontFlow::showSettings);
+    connect(m_editor, &EditorPane::zoomRequested, m_fontFlow, &EditorFontFlow::zoom);
+    connect(m_operations, &OperationsPanel::editRequested, m_operationsFlow, &OperationsFlow::edit);
     connect(m_operations, &OperationsPanel::modeToggled, this,
             [this] { post(notification::toggleStackOperationMode); });
     connect(m_operations, &OperationsPanel::pauseToggled, m_operationsFlow, &OperationsFlow::togglePause);
@@ -153,12 +157,14 @@ void ContentView::connectToolBar() {
 
 void ContentView::subscribeCommands() {
     new WindowCommands(m_center, *m_state,
-                       {*m_transformationFlow, *m_recipeFlow, *m_fileFlow, *m_toolFlow, *m_undoFlow}, this);
+                       {*m_transformationFlow, *m_recipeFlow, *m_fileFlow, *m_toolFlow, *m_undoFlow, *m_fontFlow},
+                       {*m_list, *m_editor}, this);
 }
 
 void ContentView::restorePreferences() {
     const double fontSize = m_preferences.value(preference::editorFontSize).toDouble();
-    m_state->setEditorFontSize(fontSize == 0 ? defaultFontSize : fontSize);
+    m_state->setEditorFontSize(fontSize == 0 ? EditorFontFlow::defaultSize : fontSize);
+    new WindowMemory(m_preferences, *this, *m_columns);
     connect(m_state, &WindowState::editorFontSizeChanged, this,
             [this] { m_preferences.setValue(preference::editorFontSize, m_state->editorFontSize()); });
 }
@@ -176,6 +182,8 @@ void ContentView::appear() {
     post(notification::toggleOperations);
     m_editor->focusEditor();
 }
+
+void ContentView::openFile(const QString &path) { m_fileFlow->openPath(path); }
 
 void ContentView::post(const char *name) { m_center.post(name); }
 

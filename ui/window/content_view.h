@@ -15,6 +15,7 @@ namespace lexivore {
 class Alerts;
 class CategorySidebar;
 class ClipboardFlow;
+class EditorFontFlow;
 class EditorPane;
 class FileFlow;
 class NotificationCenter;
@@ -43,6 +44,9 @@ public:
     ContentView(TransformationManager &manager, const ToolsManager &tools, Preferences &preferences,
                 NotificationCenter &center, std::unique_ptr<FilePanels> panels = nullptr);
     ~ContentView() override;
+
+    /// As if the user had opened the file.
+    void openFile(const QString &path);
 
     [[nodiscard]] WindowState &state() { return *m_state; }
 
@@ -77,6 +81,7 @@ private:
     ClipboardFlow *m_clipboardFlow = nullptr;
     OperationsFlow *m_operationsFlow = nullptr;
     ToolFlow *m_toolFlow = nullptr;
+    EditorFontFlow *m_fontFlow = nullptr;
 
     WindowToolBar *m_toolBar = nullptr;
     QSplitter *m_columns = nullptr;

@@ -7,10 +7,12 @@
 #include "ui/editor/text_editor.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/window/find_bar.h"
 #include "ui/window/status_bar.h"
 #include "ui/window/window_state.h"
 
 #include <QDragEnterEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -35,7 +37,7 @@ QString draggedFile(const QMimeData &data) {
 
 EditorPane::EditorPane(TransformationManager &manager, WindowState &state, QWidget *parent)
     : QWidget(parent), m_manager(manager), m_state(state), m_editor(new TextEditor(this)),
-      m_statusBar(new StatusBar(this)) {
+      m_findBar(new FindBar(*m_editor, this)), m_statusBar(new StatusBar(this)) {
     setObjectName("editorPane");
     m_editor->setObjectName("editor");
     m_editor->setAccessibleName(tr("Text"));
@@ -48,6 +50,7 @@ EditorPane::EditorPane(TransformationManager &manager, WindowState &state, QWidg
     column->setSpacing(0);
     column->addWidget(m_editor, 1);
     column->addWidget(new Hairline(Qt::Horizontal, this));
+    column->addWidget(m_findBar);
     column->addWidget(m_statusBar);
 
     connectEditor();
@@ -113,6 +116,17 @@ void EditorPane::changeEvent(QEvent *event) {
 
 bool EditorPane::eventFilter(QObject *watched, QEvent *event) {
     switch (event->type()) {
+    case QEvent::KeyPress: {
+        // Tab itself types a tab.
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::ControlModifier) {
+            return focusNextChild();
+        }
+        if (key->key() == Qt::Key_Backtab && key->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+            return focusPreviousChild();
+        }
+        return false;
+    }
     case QEvent::DragEnter:
     case QEvent::DragMove:
         if (auto *drag = static_cast<QDragMoveEvent *>(event); !draggedFile(*drag->mimeData()).isEmpty()) {

@@ -11,6 +11,7 @@
 
 namespace lexivore {
 
+class FindBar;
 class StatusBar;
 class TextEditor;
 class TransformationManager;
@@ -24,6 +25,7 @@ public:
     EditorPane(TransformationManager &manager, WindowState &state, QWidget *parent = nullptr);
 
     [[nodiscard]] TextEditor &editor() { return *m_editor; }
+    [[nodiscard]] FindBar &findBar() { return *m_findBar; }
     [[nodiscard]] bool editorHasFocus() const;
     void focusEditor();
     /// Shows a text that an edit was taken back to, or done again, with the caret where that happened. A small change
@@ -57,6 +59,7 @@ private:
     TransformationManager &m_manager;
     WindowState &m_state;
     TextEditor *m_editor;
+    FindBar *m_findBar;
     StatusBar *m_statusBar;
 };
 

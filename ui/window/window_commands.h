@@ -8,11 +8,14 @@
 
 namespace lexivore {
 
+class EditorFontFlow;
+class EditorPane;
 class FileFlow;
 class NotificationCenter;
 class RecipeFlow;
 class ToolFlow;
 class TransformationFlow;
+class TransformationList;
 class UndoFlow;
 class WindowState;
 
@@ -28,9 +31,16 @@ public:
         FileFlow &files;
         ToolFlow &tools;
         UndoFlow &undo;
+        EditorFontFlow &font;
     };
 
-    WindowCommands(NotificationCenter &center, WindowState &state, Flows flows, QObject *parent = nullptr);
+    /// The views that commands give the keyboard to.
+    struct Views {
+        TransformationList &list;
+        EditorPane &editor;
+    };
+
+    WindowCommands(NotificationCenter &center, WindowState &state, Flows flows, Views views, QObject *parent = nullptr);
 
 private:
     void subscribe(const char *name, std::function<void()> handler);

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/flows/editor_font_flow.h"
+
+#include "ui/sheets/sheets.h"
+#include "ui/window/window_state.h"
+
+#include <algorithm>
+
+namespace lexivore {
+
+EditorFontFlow::EditorFontFlow(WindowState &state, Sheets &sheets, QObject *parent)
+    : QObject(parent), m_state(state), m_sheets(sheets) {}
+
+void EditorFontFlow::showSettings() {
+    m_sheets.showEditorSettings(m_state.editorFontSize(), [this](double points) { m_state.setEditorFontSize(points); });
+}
+
+void EditorFontFlow::zoom(int steps) {
+    m_state.setEditorFontSize(std::clamp(m_state.editorFontSize() + steps, smallestSize, largestSize));
+}
+
+void EditorFontFlow::resetZoom() { m_state.setEditorFontSize(defaultSize); }
+
+} // namespace lexivore

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/window/find_bar.h"
+
+#include "ui/controls/field.h"
+#include "ui/controls/label.h"
+#include "ui/controls/tool_button.h"
+#include "ui/editor/text_editor.h"
+#include "ui/editor/text_search.h"
+#include "ui/text_conversion.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+
+namespace lexivore {
+
+namespace {
+
+constexpr std::size_t longestSelection = 200; ///< Bytes of a selection that is worth looking for.
+
+} // namespace
+
+FindBar::FindBar(TextEditor &editor, QWidget *parent)
+    : Surface(&Theme::chrome, parent), m_editor(editor), m_field(new Field(tr("Find in text"), this)),
+      m_count(new Label({}, FontRole::caption, &Theme::text2, Label::Lines::one, this)) {
+    setObjectName("findBar");
+    m_field->setObjectName("find");
+    m_field->setPlaceholderText(tr("Find in text..."));
+    m_field->installEventFilter(this);
+    m_count->setObjectName("matchCount");
+    auto *previous = new ToolButton("arrow.up.to.line", tr("Previous match"), ToolButton::row, this);
+    auto *next = new ToolButton("arrow.down.to.line", tr("Next match"), ToolButton::row, this);
+    auto *done = new ToolButton("xmark.circle", tr("Close"), ToolButton::row, this);
+    previous->setObjectName("findPrevious");
+    next->setObjectName("findNext");
+    done->setObjectName("closeFind");
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(16, 6, 10, 6);
+    row->setSpacing(8);
+    row->addWidget(m_field, 1);
+    row->addWidget(m_count);
+    for (ToolButton *button : {previous, next, done}) {
+        button->setFocusPolicy(Qt::TabFocus);
+        row->addWidget(button);
+    }
+    connect(previous, &ToolButton::clicked, this, &FindBar::findPrevious);
+    connect(next, &ToolButton::clicked, this, &FindBar::findNext);
+    connect(done, &ToolButton::clicked, this, &FindBar::close);
+    connect(m_field, &Field::textChanged, this, &FindBar::showCount);
+    hide();
+}
+
+void FindBar::open() {
+    const TextDocument &document = m_editor.document();
+    if (document.hasSelection() && document.selectionEnd() - document.selectionStart() <= longestSelection) {
+        const QString selected = toQString(document.selectedText().view());
+        if (selected == onOneLine(selected)) {
+            m_field->setText(selected);
+        }
+    }
+    show();
+    m_field->setFocus(Qt::ShortcutFocusReason);
+    m_field->selectAll();
+    showCount();
+}
+
+void FindBar::close() {
+    hide();
+    m_editor.setFocus(Qt::OtherFocusReason);
+}
+
+void FindBar::findNext() { find(true); }
+
+void FindBar::findPrevious() { find(false); }
+
+std::string FindBar::needle() const { return toUtf8(m_field->text()); }
+
+void FindBar::find(bool forward) {
+    if (needle().empty()) {
+        open();
+        return;
+    }
+    static_cast<void>(forward ? m_editor.findNext(needle()) : m_editor.findPrevious(needle()));
+    showCount();
+}
+
+void FindBar::showCount() {
+    if (needle().empty()) {
+        m_count->setText({});
+        return;
+    }
+    const std::size_t count = countMatches(m_editor.text(), needle());
+    m_count->setText(count == 0 ? tr("No matches") : count == 1 ? tr("1 match") : tr("%1 matches").arg(count));
+}
+
+bool FindBar::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == m_field && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            find((key->modifiers() & Qt::ShiftModifier) == 0);
+            return true;
+        }
+        if (key->key() == Qt::Key_Escape) {
+            close();
+            return true;
+        }
+    }
+    return Surface::eventFilter(watched, event);
+}
+
+} // namespace lexivore

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+class QMainWindow;
+class QSplitter;
+
+namespace lexivore {
+
+class Preferences;
+
+/// Remembers the window's size and the widths of its columns, and nothing else about it.
+class WindowMemory : public QObject {
+    Q_OBJECT
+
+public:
+    /// Restores both at once, and writes them when the user has changed them. Belongs to `window`.
+    WindowMemory(Preferences &preferences, QMainWindow &window, QSplitter &columns);
+    ~WindowMemory() override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void restore();
+    void save();
+
+    Preferences &m_preferences;
+    QMainWindow &m_window;
+    QSplitter &m_columns;
+    QTimer m_settled; ///< A drag of an edge passes many sizes; only the last is written.
+};
+
+} // namespace lexivore
