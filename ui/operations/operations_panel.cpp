@@ -138,6 +138,7 @@ void OperationsPanel::createRows() {
         m_items.pop_back();
         m_column->removeWidget(item);
         item->hide();
+        item->setObjectName({});
         item->deleteLater();
     }
     while (m_items.size() < count) {
@@ -154,6 +155,8 @@ void OperationsPanel::createRows() {
             }
         });
         m_column->insertWidget(static_cast<int>(m_items.size()), item);
+        // The layout would show it only later, and until then it could not take the focus.
+        item->show();
         m_items.push_back(item);
     }
     m_navigator->setRows({m_items.begin(), m_items.end()});

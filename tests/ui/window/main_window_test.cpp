@@ -1,0 +1,301 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+#include "ui/flows/editor_font_flow.h"
+#include "ui/window/category_button.h"
+#include "ui/window/status_item.h"
+#include "ui/window/transformation_button.h"
+#include "ui/window/transformation_list.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace lexivore {
+namespace {
+
+class MainWindow : public WindowTest {
+protected:
+    [[nodiscard]] QStringList listed() {
+        QStringList names;
+        for (const TransformationPointer &transformation : manager().transformations()) {
+            const QString name = "transformation." + QString::fromStdString(transformation->id());
+            if (isShown(name)) {
+                names << QString::fromStdString(transformation->name());
+            }
+        }
+        return names;
+    }
+    [[nodiscard]] QString header() { return find<QLabel>("listHeader")->text(); }
+    void search(const QString &text) {
+        find("search")->setFocus();
+        find<QLineEdit>("search")->selectAll();
+        press(Qt::Key_Delete);
+        type(text);
+    }
+};
+
+TEST_F(MainWindow, ACategoryListsItsTransformationsInCatalogOrder) {
+    click("category.Sorting");
+    EXPECT_EQ(listed(), (QStringList{"Sort Lines Alphabetically", "Sort Lines (Reverse)", "Sort Lines by Length",
+                                     "Shuffle Lines", "Sort Words Alphabetically", "Reverse Words in Line"}));
+    EXPECT_TRUE(find<CategoryButton>("category.Sorting")->isSelected());
+    EXPECT_FALSE(find<CategoryButton>("category.Case Conversion")->isSelected());
+    EXPECT_EQ(header(), "Transformations");
+}
+
+TEST_F(MainWindow, WithoutACategoryTheListAsksForOne) {
+    state().setSelectedCategory(std::nullopt);
+    EXPECT_TRUE(listed().isEmpty());
+    EXPECT_EQ(find("listEmptyState")->accessibleName(), "Select a category");
+    EXPECT_TRUE(isShown("listEmptyState"));
+}
+
+TEST_F(MainWindow, TheSearchLooksInNamesAndDescriptionsOfAllCategories) {
+    search("whitespace");
+    EXPECT_EQ(header(), "Search Results");
+    EXPECT_EQ(listed(), (QStringList{"Remove Extra Whitespace", "Trim Lines"}));
+    const QStringList small = listed();
+    search("WHITESPACE");
+    EXPECT_EQ(listed(), small);
+    search("rot13");
+    EXPECT_TRUE(listed().isEmpty());
+    EXPECT_EQ(find("listEmptyState")->accessibleName(), "No results");
+}
+
+TEST_F(MainWindow, EscapeAndTheClearButtonEmptyTheSearch) {
+    search("trim");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(state().searchText(), "");
+    search("trim");
+    QAction *clear = window().findChild<QAction *>("clearSearch");
+    ASSERT_TRUE(clear->isVisible());
+    clear->trigger();
+    EXPECT_EQ(state().searchText(), "");
+    EXPECT_FALSE(clear->isVisible());
+}
+
+TEST_F(MainWindow, ReturnInTheSearchAppliesTheFirstHitAndDownEntersTheList) {
+    setText(" a ");
+    choose("SearchTransformations");
+    EXPECT_TRUE(find("search")->hasFocus());
+    type("trim lines");
+    press(Qt::Key_Return);
+    EXPECT_EQ(text(), "a");
+    press(Qt::Key_Down);
+    EXPECT_TRUE(find("transformation.trim-lines")->hasFocus());
+    press(Qt::Key_Up);
+    EXPECT_TRUE(find("search")->hasFocus());
+}
+
+TEST_F(MainWindow, TheStarMarksAFavoriteThatStaysWithItsCategory) {
+    auto *row = find<TransformationButton>("transformation.lowercase");
+    row->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Right);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(manager().favorites().contains("lowercase"));
+    EXPECT_TRUE(row->isFavorite());
+    click("category.Favorites");
+    EXPECT_EQ(listed(), QStringList{"lowercase"});
+    EXPECT_TRUE(row->findChild<QWidget *>("star")->isVisible());
+    EXPECT_TRUE(text().empty());
+}
+
+TEST_F(MainWindow, TheStarShowsAfterTheMouseHasRested) {
+    auto *row = find<TransformationButton>("transformation.lowercase");
+    auto *star = row->findChild<QWidget *>("star");
+    QTest::mouseMove(row, row->rect().center());
+    QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+    QCoreApplication::sendEvent(row, &enter);
+    EXPECT_FALSE(star->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return star->isVisible(); }, 3000));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(row, &leave);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !star->isVisible(); }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return row->chevronOffset() == 0; }, 3000));
+}
+
+TEST_F(MainWindow, TheHeaderFoldsTheCategories) {
+    click("categoriesHeader");
+    EXPECT_FALSE(state().showCategories());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isShown("categories"); }));
+    click("categoriesHeader");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isShown("category.Lines"); }));
+}
+
+TEST_F(MainWindow, CategoriesAreOneStopOfTheTabKey) {
+    find("category.Case Conversion")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Down);
+    EXPECT_TRUE(find("category.Add & Remove")->hasFocus());
+    press(Qt::Key_End);
+    EXPECT_TRUE(find("category.Encoding")->hasFocus());
+    press(Qt::Key_Home);
+    EXPECT_TRUE(find("category.Favorites")->hasFocus());
+    press(Qt::Key_Return);
+    EXPECT_EQ(state().selectedCategory(), TransformationCategory::favorites);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(find("search")->hasFocus());
+}
+
+TEST_F(MainWindow, TabStaysInTheEditorAndCtrlTabLeavesIt) {
+    focusEditor();
+    press(Qt::Key_Tab);
+    EXPECT_EQ(text(), "\t");
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_FALSE(find("editor")->hasFocus());
+    focusEditor();
+    press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(find("editor")->hasFocus());
+}
+
+TEST_F(MainWindow, TheStatusBarCountsTheTextAndFollowsTheCaret) {
+    setText("one two\nthree \xF0\x9F\x91\xA8\xE2\x80\x8D\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA7\n");
+    EXPECT_EQ(find<StatusItem>("characterCount")->text(), "16");
+    EXPECT_EQ(find<StatusItem>("wordCount")->text(), "4");
+    EXPECT_EQ(find<StatusItem>("lineCount")->text(), "3");
+    focusEditor();
+    press(Qt::Key_Down);
+    press(Qt::Key_End);
+    EXPECT_EQ(find<StatusItem>("cursorPosition")->text(), "Ln 2, Col 8");
+    EXPECT_EQ(find("cursorPosition")->toolTip(), "Current cursor position");
+}
+
+TEST_F(MainWindow, CopyShowsTheConfirmationFor15Seconds) {
+    setText("a\r\nb");
+    click("copy");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "a\r\nb");
+    EXPECT_TRUE(isShown("copyToast"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isShown("copyToast"); }, 3000));
+}
+
+TEST_F(MainWindow, PastingWithoutTextOnTheClipboardChangesNothing) {
+    setText("kept");
+    auto *picture = new QMimeData;
+    picture->setData("image/png", "x");
+    QGuiApplication::clipboard()->setMimeData(picture);
+    click("paste");
+    EXPECT_EQ(text(), "kept");
+}
+
+TEST_F(MainWindow, ClearingTheTextAsksUnlessThereIsNone) {
+    click("clearText");
+    EXPECT_FALSE(isShown("alert"));
+    setText("x");
+    click("clearText");
+    click("cancel");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("alert"); }));
+    EXPECT_EQ(text(), "x");
+    click("clearText");
+    click("confirm");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return text().empty(); }));
+}
+
+TEST_F(MainWindow, ParametersAreAskedForAndAnErrorIsShown) {
+    setText("a b");
+    center().post(notification::applyTransformation, QString("wrap-lines"));
+    auto *width = find<QLineEdit>("parameter.width");
+    ASSERT_NE(width, nullptr);
+    width->setText("abc");
+    click("apply");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isShown("alert"); }));
+    EXPECT_EQ(find<QLabel>("message")->text(), "Invalid input: Width must be a positive number");
+    click("confirm");
+    EXPECT_EQ(text(), "a b");
+    EXPECT_TRUE(manager().appliedOperations().empty());
+}
+
+TEST_F(MainWindow, CancellingTheParametersForgetsTheTransformation) {
+    setText("a b");
+    center().post(notification::applyTransformation, QString("wrap-lines"));
+    click("cancel");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("parameterSheet"); }));
+    EXPECT_EQ(state().pendingTransformation, nullptr);
+    EXPECT_EQ(text(), "a b");
+}
+
+TEST_F(MainWindow, ApplyingToNoTextIsAnError) {
+    click("transformation.uppercase");
+    ASSERT_TRUE(isShown("alert"));
+    EXPECT_EQ(find<QLabel>("message")->text(), "Invalid input: Text is empty");
+}
+
+TEST_F(MainWindow, TheFontSizeIsKept) {
+    EXPECT_EQ(state().editorFontSize(), 13);
+    click("editorSettings");
+    find<QSlider>("fontSize")->setValue(18);
+    click("done");
+    EXPECT_EQ(state().editorFontSize(), 18);
+    EXPECT_EQ(preferences.value(preference::editorFontSize).toDouble(), 18);
+    restart();
+    EXPECT_EQ(state().editorFontSize(), 18);
+    preferences.setValue(preference::editorFontSize, 0);
+    restart();
+    EXPECT_EQ(state().editorFontSize(), 13);
+    preferences.setValue(preference::editorFontSize, 72.0);
+    restart();
+    EXPECT_EQ(find("editor")->font().pointSizeF(), 72);
+}
+
+TEST_F(MainWindow, ZoomingStaysWithinTheSettingsRange) {
+    choose("ZoomIn");
+    EXPECT_EQ(state().editorFontSize(), 14);
+    for (int i = 0; i < 30; ++i) {
+        choose("ZoomOut");
+    }
+    EXPECT_EQ(state().editorFontSize(), EditorFontFlow::smallestSize);
+    choose("ResetZoom");
+    EXPECT_EQ(state().editorFontSize(), 13);
+}
+
+TEST_F(MainWindow, FindCountsAndSelectsMatches) {
+    setText("one two One");
+    focusEditor();
+    choose("Find");
+    type("one");
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "2 matches");
+    press(Qt::Key_Return);
+    press(Qt::Key_Return);
+    EXPECT_EQ(find<StatusItem>("cursorPosition")->text(), "Ln 1, Col 12");
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(isShown("findBar"));
+    EXPECT_TRUE(find("editor")->hasFocus());
+}
+
+TEST_F(MainWindow, AToolShowsItsResult) {
+    setText("one two");
+    choose("RunTool.statistics");
+    EXPECT_TRUE(isShown("toolResult.statistics"));
+    click("done");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isShown("toolResult.statistics"); }));
+    EXPECT_EQ(text(), "one two");
+}
+
+TEST_F(MainWindow, TheSizeAndTheColumnsAreRemembered) {
+    window().resize(1100, 700);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return preferences.values.contains(preference::windowSize); }));
+    restart();
+    EXPECT_EQ(window().size(), QSize(1100, 700));
+}
+
+TEST_F(MainWindow, TheListTellsAssistiveTechnologyWhatIsShown) {
+    click("category.Sorting");
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(find("transformations"));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->childCount(), 6);
+    QAccessibleInterface *row = list->child(1);
+    EXPECT_EQ(row->role(), QAccessible::ListItem);
+    EXPECT_EQ(row->text(QAccessible::Name), "Sort Lines (Reverse)");
+    EXPECT_EQ(list->indexOfChild(row), 1);
+    QAccessibleInterface *category = QAccessible::queryAccessibleInterface(find("category.Sorting"));
+    EXPECT_TRUE(category->state().selected);
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,226 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+#include "ui/operations/draggable_operation_item.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+
+namespace lexivore {
+namespace {
+
+class Operations : public WindowTest {
+protected:
+    Operations() {
+        setText("b a");
+        useStackMode();
+        for (const char *id : {"uppercase", "reverse", "sort-words"}) {
+            center().post(notification::applyTransformation, QString(id));
+        }
+    }
+    [[nodiscard]] std::string stack() {
+        std::string ids;
+        for (const AppliedOperation &operation : manager().appliedOperations()) {
+            ids += operation.transformation + (operation.isEnabled ? " " : "- ");
+        }
+        return ids;
+    }
+    [[nodiscard]] DraggableOperationItem *row(int index) {
+        return find<DraggableOperationItem>(QString("operation.%1").arg(index));
+    }
+    /// What the toolkit sends when the row `from` is dragged over the row `to`.
+    void dragOver(int from, int to) {
+        state().setDraggedOperation(row(from)->operation());
+        QDragEnterEvent enter({20, 10}, Qt::MoveAction, &payload(from), Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(row(to), &enter);
+    }
+    bool drop(int from, int to) {
+        QDropEvent drop(QPointF(20, 10), Qt::MoveAction, &payload(from), Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(row(to), &drop);
+        return drop.isAccepted();
+    }
+
+private:
+    QMimeData &payload(int from) {
+        m_payload.setData(DraggableOperationItem::mimeType,
+                          row(from)->operation().id.toString(QUuid::WithoutBraces).toUtf8());
+        return m_payload;
+    }
+    QMimeData m_payload;
+};
+
+TEST_F(Operations, EachHasARowInStackOrder) {
+    EXPECT_EQ(row(0)->text(), "UPPERCASE");
+    EXPECT_EQ(row(1)->text(), "Reverse Text");
+    EXPECT_EQ(row(2)->text(), "Sort Words Alphabetically");
+    EXPECT_FALSE(isShown("operationsEmptyState"));
+}
+
+TEST_F(Operations, TheRemoveButtonRemovesAndTheLastOneShowsTheEmptyState) {
+    for (int left = 3; left > 0; --left) {
+        QWidget *remove = row(0)->findChild<QWidget *>("remove");
+        clickAt(remove, remove->rect().center());
+        EXPECT_EQ(static_cast<int>(manager().appliedOperations().size()), left - 1);
+    }
+    EXPECT_TRUE(isShown("operationsEmptyState"));
+    EXPECT_EQ(text(), "b a");
+}
+
+TEST_F(Operations, SpaceTogglesDeleteRemovesAndAltArrowsMove) {
+    row(1)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_EQ(stack(), "uppercase reverse- sort-words ");
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(stack(), "reverse- uppercase sort-words ");
+    EXPECT_TRUE(row(0)->hasFocus());
+    press(Qt::Key_Down, Qt::AltModifier);
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(stack(), "uppercase sort-words reverse- ");
+    EXPECT_TRUE(row(2)->hasFocus());
+    press(Qt::Key_Delete);
+    EXPECT_EQ(stack(), "uppercase sort-words ");
+    EXPECT_TRUE(row(1)->hasFocus());
+}
+
+TEST_F(Operations, TheContextMenuTogglesAndRemoves) {
+    const auto openMenu = [this] {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {10, 10}, row(0)->mapToGlobal(QPoint(10, 10)));
+        QApplication::sendEvent(row(0), &event);
+        return row(0)->findChild<QMenu *>("operationMenu");
+    };
+    QMenu *menu = openMenu();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions()[0]->text(), "Disable");
+    EXPECT_EQ(menu->actions()[1]->text(), "Remove");
+    menu->actions()[0]->trigger();
+    delete menu;
+    EXPECT_EQ(stack(), "uppercase- reverse sort-words ");
+    menu = openMenu();
+    EXPECT_EQ(menu->actions()[0]->text(), "Enable");
+    menu->actions()[1]->trigger();
+    delete menu;
+    EXPECT_EQ(stack(), "reverse sort-words ");
+}
+
+TEST_F(Operations, PausingShowsTheBaseTextAndResumingRunsTheStackAgain) {
+    const std::string result = text();
+    click("pause");
+    EXPECT_EQ(text(), "b a");
+    EXPECT_EQ(find("pause")->toolTip(), "Operations paused (click to resume)");
+    EXPECT_EQ(manager().appliedOperations().size(), 3U);
+    click("pause");
+    EXPECT_EQ(text(), result);
+    EXPECT_EQ(find("pause")->toolTip(), "Operations active (click to pause)");
+}
+
+TEST_F(Operations, ChangesWhilePausedKeepTheBaseText) {
+    click("pause");
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_EQ(text(), "b a");
+    click("pause");
+    EXPECT_NE(text(), "b a");
+}
+
+TEST_F(Operations, PausingWithoutOperationsKeepsTheTypedText) {
+    manager().clearAll();
+    setText("typed");
+    click("pause");
+    EXPECT_EQ(text(), "typed");
+    click("pause");
+    EXPECT_EQ(text(), "typed");
+}
+
+TEST_F(Operations, TheMarkStandsWhereTheRowWouldLand) {
+    dragOver(2, 0);
+    EXPECT_EQ(row(0)->marks(), (DropMarks{true, false}));
+    dragOver(0, 2);
+    EXPECT_EQ(row(2)->marks(), (DropMarks{false, true}));
+    dragOver(1, 1);
+    EXPECT_EQ(row(1)->marks(), DropMarks());
+    dragOver(2, 0);
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(row(0), &leave);
+    EXPECT_EQ(row(0)->marks(), DropMarks());
+}
+
+TEST_F(Operations, TheFirstDroppedOnTheLastBecomesTheLastAndBack) {
+    dragOver(0, 2);
+    EXPECT_TRUE(drop(0, 2));
+    EXPECT_EQ(stack(), "reverse sort-words uppercase ");
+    EXPECT_FALSE(state().draggedOperation());
+    dragOver(2, 0);
+    EXPECT_TRUE(drop(2, 0));
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ");
+}
+
+TEST_F(Operations, ADropOnItselfOrOfNothingKnownChangesNothing) {
+    dragOver(1, 1);
+    EXPECT_FALSE(drop(1, 1));
+    state().setDraggedOperation(AppliedOperation());
+    EXPECT_FALSE(drop(0, 2));
+    state().setDraggedOperation(std::nullopt);
+    EXPECT_FALSE(drop(0, 2));
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ");
+    EXPECT_EQ(row(1)->marks(), DropMarks());
+}
+
+TEST_F(Operations, ParametersAreEditedInPlace) {
+    manager().clearAll();
+    setText("a\nb");
+    center().post(notification::applyTransformation, QString("add-prefix"));
+    click("apply");
+    ASSERT_EQ(text(), "> a\n> b");
+    const QUuid id = manager().appliedOperations()[0].id;
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Return);
+    auto *prefix = find<QLineEdit>("parameter.prefix");
+    ASSERT_NE(prefix, nullptr);
+    EXPECT_EQ(prefix->text(), "> ");
+    prefix->setText("# ");
+    click("apply");
+    EXPECT_EQ(text(), "# a\n# b");
+    EXPECT_EQ(manager().appliedOperations()[0].id, id);
+    choose("UndoTransformation");
+    EXPECT_EQ(text(), "> a\n> b");
+}
+
+TEST_F(Operations, ARowTellsWhyItsOperationFailed) {
+    manager().clearAll();
+    setText("aGk=");
+    center().post(notification::applyTransformation, QString("base64-decode"));
+    center().post(notification::applyTransformation, QString("reverse"));
+    manager().moveOperation(1, 0);
+    EXPECT_EQ(row(1)->toolTip(), "Invalid input: Invalid Base64 string");
+    EXPECT_TRUE(row(1)->accessibleDescription().contains("Invalid Base64 string"));
+}
+
+TEST_F(Operations, TheSwitchNamesTheMode) {
+    EXPECT_EQ(find<QLabel>("modeName")->text(), "Multiple");
+    EXPECT_EQ(find("modeSwitch")->toolTip(), "combine multiple transformations, as a stack");
+    click("modeSwitch");
+    EXPECT_EQ(find<QLabel>("modeName")->text(), "Single");
+    EXPECT_EQ(find("modeSwitch")->toolTip(), "only one transformation at a time");
+}
+
+TEST_F(Operations, ClearingAsksAndDoesNothingWithAnEmptyStack) {
+    click("clearOperations");
+    ASSERT_TRUE(isShown("cancel"));
+    click("cancel");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("cancel"); }));
+    EXPECT_EQ(manager().appliedOperations().size(), 3U);
+    click("clearOperations");
+    click("confirm");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("confirm"); }));
+    EXPECT_TRUE(manager().appliedOperations().empty());
+    EXPECT_EQ(text(), "b a");
+    click("clearOperations");
+    EXPECT_FALSE(isShown("confirm"));
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+
+namespace lexivore {
+namespace {
+
+class Shell : public WindowTest {
+protected:
+    [[nodiscard]] QMenu *menu(const QString &name) { return find<QMenu>("menu." + name); }
+    [[nodiscard]] static QStringList titles(const QMenu *menu) {
+        QStringList titles;
+        for (const QAction *action : menu->actions()) {
+            if (!action->isSeparator()) {
+                titles << action->text();
+            }
+        }
+        return titles;
+    }
+};
+
+TEST_F(Shell, NotificationsArriveAtOnceInTheOrderOfSubscription) {
+    QObject first;
+    auto second = std::make_unique<QObject>();
+    QStringList received;
+    NotificationCenter notifications;
+    notifications.subscribe("Name", &first, [&](const QVariant &object) { received << "first " + object.toString(); });
+    notifications.subscribe("Name", second.get(), [&](const QVariant &) { received << "second"; });
+    notifications.subscribe("Other", &first, [&](const QVariant &) { received << "other"; });
+    notifications.post("Name", QString("x"));
+    EXPECT_EQ(received, (QStringList{"first x", "second"}));
+    second.reset();
+    notifications.post("Name");
+    EXPECT_EQ(received, (QStringList{"first x", "second", "first "}));
+}
+
+TEST_F(Shell, TheWindowOpensInSingleModeActiveWithBothPanels) {
+    EXPECT_FALSE(state().stackOperationMode());
+    EXPECT_TRUE(state().operationsEnabled());
+    EXPECT_TRUE(isShown("sidebar"));
+    EXPECT_TRUE(isShown("operationsPanel"));
+    EXPECT_EQ(state().selectedCategory(), TransformationCategory::caseConversion);
+}
+
+TEST_F(Shell, TheMirrorsAgreeWithTheWindowWhoeverChangesTheFlag) {
+    EXPECT_TRUE(app().showSidebar());
+    EXPECT_TRUE(app().showOperations());
+    choose("ToggleSidebar");
+    EXPECT_FALSE(isShown("sidebar"));
+    EXPECT_FALSE(app().showSidebar());
+    click("toggleOperations");
+    EXPECT_FALSE(isShown("operationsPanel"));
+    EXPECT_FALSE(app().showOperations());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isShown("showOperations"); }));
+    click("showOperations");
+    EXPECT_TRUE(isShown("operationsPanel"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isShown("showOperations"); }));
+    EXPECT_TRUE(app().showOperations());
+    click("modeSwitch");
+    EXPECT_TRUE(app().stackOperationMode());
+}
+
+TEST_F(Shell, TheModeCommandShowsTheModeAndTwiceIsNothing) {
+    const QAction *mode = command("ToggleStackOperationMode");
+    EXPECT_EQ(mode->text(), "Multiple Operation Mode");
+    choose("ToggleStackOperationMode");
+    EXPECT_TRUE(state().stackOperationMode());
+    EXPECT_EQ(mode->text(), QString::fromUtf8("✓ Multiple Operation Mode"));
+    choose("ToggleStackOperationMode");
+    EXPECT_FALSE(state().stackOperationMode());
+    EXPECT_EQ(mode->text(), "Multiple Operation Mode");
+}
+
+TEST_F(Shell, CommandsHaveTheirShortcuts) {
+    const std::pair<const char *, const char *> shortcuts[] = {
+        {"OpenFile", "Ctrl+O"},
+        {"SaveFile", "Ctrl+S"},
+        {"UndoTransformation", "Ctrl+Z"},
+        {"RedoTransformation", "Ctrl+Shift+Z"},
+        {"ToggleSidebar", "Ctrl+Alt+S"},
+        {"ToggleOperations", "Ctrl+Alt+O"},
+        {"ShowRecipeSheet", "Ctrl+Shift+S"},
+        {"ShowManageRecipes", "Ctrl+Shift+M"},
+        {"ToggleStackOperationMode", "Ctrl+Alt+1"},
+    };
+    for (const auto &[name, shortcut] : shortcuts) {
+        EXPECT_EQ(command(name)->shortcut(), QKeySequence(shortcut)) << name;
+    }
+}
+
+TEST_F(Shell, TransformationsAreListedByCategoryInCatalogOrder) {
+    const QMenu *transformations = menu("transformations");
+    EXPECT_EQ(titles(transformations).mid(0, 6),
+              (QStringList{"Case Conversion", "Add && Remove", "Lines", "Sorting", "Find && Replace", "Encoding"}));
+    EXPECT_EQ(titles(menu("Sorting")),
+              (QStringList{"Sort Lines Alphabetically", "Sort Lines (Reverse)", "Sort Lines by Length", "Shuffle Lines",
+                           "Sort Words Alphabetically", "Reverse Words in Line"}));
+}
+
+TEST_F(Shell, ToolsAreListedInTheirOrder) {
+    EXPECT_EQ(titles(menu("tools")),
+              (QStringList{"Text Statistics", "Character Frequency", "Reading Time Estimator", "Readability Score"}));
+}
+
+TEST_F(Shell, RecipesAreListedByGroup) {
+    setText("x");
+    click("transformation.uppercase");
+    manager().saveRecipe("Mine & yours");
+    const QStringList items = titles(menu("recipes"));
+    EXPECT_EQ(items.first(), "Mine && yours");
+    EXPECT_LT(items.indexOf("Clean Code Comments"), items.indexOf("Normalize Text"));
+    EXPECT_LT(items.indexOf("Normalize Text"), items.indexOf("Create Bullet List"));
+    EXPECT_LT(items.indexOf("Create Bullet List"), items.indexOf("Format SQL List"));
+    EXPECT_EQ(items.mid(items.size() - 2), (QStringList{"Save Current as Recipe...", "Manage Recipes..."}));
+}
+
+TEST_F(Shell, WhatActsOnTheTextNeedsText) {
+    const QStringList needing = {"SaveFile", "ApplyTransformation.uppercase", "RunTool.statistics"};
+    const QStringList always = {"OpenFile", "UndoTransformation", "ToggleSidebar", "ShowRecipeSheet",
+                                "ShowManageRecipes"};
+    for (const bool hasText : {true, false}) {
+        setText(hasText ? "x" : "");
+        for (const QString &name : needing) {
+            EXPECT_EQ(command(name)->isEnabled(), hasText) << qPrintable(name);
+        }
+        EXPECT_EQ(menu("recipes")->actions()[1]->isEnabled(), hasText);
+        for (const QString &name : always) {
+            EXPECT_TRUE(command(name)->isEnabled()) << qPrintable(name);
+        }
+    }
+}
+
+TEST_F(Shell, TextChangedWithoutABooleanIsIgnored) {
+    setText("x");
+    center().post(notification::textChanged);
+    center().post(notification::textChanged, 0);
+    EXPECT_TRUE(app().hasText());
+    center().post(notification::textChanged, false);
+    EXPECT_FALSE(app().hasText());
+    EXPECT_EQ(preferences.value(preference::hasText), QVariant(false));
+}
+
+TEST_F(Shell, TypingDoesNotWriteThePreferenceAgainAndAgain) {
+    setText("x");
+    const int writes = preferences.writes;
+    focusEditor();
+    type("abc");
+    EXPECT_EQ(preferences.writes, writes);
+}
+
+TEST_F(Shell, ClosingHidesTheWindowAndItComesBackWithItsText) {
+    setText("kept");
+    window().close();
+    EXPECT_FALSE(window().isVisible());
+    app().comeForward();
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(text(), "kept");
+    EXPECT_TRUE(app().showSidebar());
+    EXPECT_TRUE(isShown("sidebar"));
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace lexivore {
+namespace {
+
+class Undoing : public WindowTest {
+protected:
+    void undo() { press(Qt::Key_Z, Qt::ControlModifier); }
+    void redo() { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+};
+
+TEST_F(Undoing, TheMenuTakesBackATransformation) {
+    setText("hello");
+    click("transformation.uppercase");
+    choose("UndoTransformation");
+    EXPECT_EQ(text(), "hello");
+    choose("RedoTransformation");
+    EXPECT_EQ(text(), "HELLO");
+}
+
+TEST_F(Undoing, WithNothingToUndoNothingHappens) {
+    choose("UndoTransformation");
+    choose("RedoTransformation");
+    EXPECT_EQ(text(), "");
+}
+
+TEST_F(Undoing, InTheEditorTypingIsTakenBackBeforeTheTransformation) {
+    setText("hello");
+    click("transformation.uppercase");
+    focusEditor();
+    type("ab");
+    EXPECT_EQ(text(), "abHELLO");
+    undo();
+    EXPECT_EQ(text(), "HELLO");
+    undo();
+    EXPECT_EQ(text(), "hello");
+    EXPECT_TRUE(manager().appliedOperations().empty());
+    redo();
+    redo();
+    EXPECT_EQ(text(), "abHELLO");
+    EXPECT_EQ(manager().appliedOperations().size(), 1U);
+}
+
+TEST_F(Undoing, OpenedPastedAndClearedTextsComeBack) {
+    setText("first");
+    QGuiApplication::clipboard()->setText("second");
+    click("paste");
+    EXPECT_EQ(text(), "second");
+    click("clearText");
+    click("confirm");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return text().empty(); }));
+    choose("UndoTransformation");
+    EXPECT_EQ(text(), "second");
+    choose("UndoTransformation");
+    EXPECT_EQ(text(), "first");
+}
+
+TEST_F(Undoing, HandEditsThatSingleModeDropsComeBack) {
+    setText("base");
+    click("transformation.uppercase");
+    focusEditor();
+    type("x");
+    ASSERT_EQ(text(), "xBASE");
+    center().post(notification::applyTransformation, QString("reverse"));
+    ASSERT_EQ(text(), "esab");
+    focusEditor();
+    undo();
+    EXPECT_EQ(text(), "base");
+    undo();
+    EXPECT_EQ(text(), "xBASE");
+}
+
+TEST_F(Undoing, AFailedTransformationTakesOneUndoAndChangesNothing) {
+    setText("not base64!");
+    center().post(notification::applyTransformation, QString("base64-decode"));
+    ASSERT_TRUE(isShown("confirm"));
+    click("confirm");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("confirm"); }));
+    focusEditor();
+    type("x");
+    undo();
+    EXPECT_EQ(text(), "not base64!");
+    undo();
+    EXPECT_EQ(text(), "not base64!");
+    undo();
+    EXPECT_EQ(text(), "");
+}
+
+TEST_F(Undoing, ARecipeIsTakenBackStepByStep) {
+    setText(" b \n\n a ");
+    const Recipe recipe = *std::find_if(manager().recipes().begin(), manager().recipes().end(),
+                                        [](const Recipe &r) { return r.name == "Extract Unique Lines"; });
+    center().post(notification::applyRecipe, recipe.id.toString(QUuid::WithoutBraces).toUpper());
+    ASSERT_EQ(text(), "a\nb");
+    focusEditor();
+    undo();
+    EXPECT_EQ(text(), "b\na");
+    undo();
+    undo();
+    EXPECT_EQ(text(), "b\n\na");
+    undo();
+    EXPECT_EQ(text(), " b \n\n a ");
+    for (int i = 0; i < 4; ++i) {
+        redo();
+    }
+    EXPECT_EQ(text(), "a\nb");
+}
+
+TEST_F(Undoing, ATextThatTheManagerCannotRestoreStaysReachable) {
+    setText("t0");
+    click("transformation.uppercase");
+    choose("UndoTransformation");
+    setText("t1");
+    click("transformation.uppercase");
+    ASSERT_EQ(text(), "T1");
+    focusEditor();
+    undo();
+    EXPECT_EQ(text(), "t1");
+    undo();
+    EXPECT_EQ(text(), "t0");
+}
+
+} // namespace
+} // namespace lexivore
