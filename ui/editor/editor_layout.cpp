@@ -17,8 +17,6 @@ namespace lexivore {
 
 namespace {
 
-/// So much of the next chunk is looked at to find the end of a row. Wider rows are cut short there.
-constexpr std::size_t rowReach = 1024;
 /// A character can be longer than a chunk should be; what is laid out at once is not.
 constexpr std::size_t longestStretch = 16384;
 /// So much of a line decides its direction.
@@ -57,6 +55,11 @@ void EditorLayout::setPreedit(std::optional<Preedit> preedit, std::size_t offset
     m_chunks.clear();
 }
 
+std::size_t EditorLayout::rowReach() const {
+    const double columns = m_style.width / std::max(1.0, QFontMetricsF(m_style.font).averageCharWidth());
+    return static_cast<std::size_t>(std::clamp(4 * columns, 256.0, 4096.0));
+}
+
 int EditorLayout::rowHeight() const {
     return std::max(1, static_cast<int>(std::ceil(QFontMetricsF(m_style.font).lineSpacing())));
 }
@@ -85,12 +88,27 @@ const ChunkLayout &EditorLayout::chunk(const TextIndex::Place &place) {
     return *layout;
 }
 
-bool EditorLayout::holds(const ChunkLayout &layout, const TextIndex::Place &place) const {
+bool EditorLayout::holds(ChunkLayout &layout, const TextIndex::Place &place) const {
     const TextIndex &index = m_document.index();
     const TextChunk &chunk = index.at(place);
     const bool isCut = !chunk.endsWithBreak && !index.isLast(place);
-    const std::uint32_t idBehind = isCut ? index.at(index.next(place)).id : 0;
-    return layout.lead == chunk.lead && layout.idBehind == idBehind;
+    if (layout.lead != chunk.lead || isCut != (layout.idBehind != 0)) {
+        return false;
+    }
+    if (!isCut) {
+        return true;
+    }
+    const TextChunk &behind = index.at(index.next(place));
+    if (behind.id != layout.idBehind) {
+        // It changed, but perhaps not where it was looked at.
+        std::string scratch;
+        const std::size_t length = std::min<std::size_t>(rowReach(), behind.bytes);
+        if (readText(m_document.text(), place.before.bytes + chunk.bytes, length, scratch) != layout.bytesBehind) {
+            return false;
+        }
+        layout.idBehind = behind.id;
+    }
+    return true;
 }
 
 void EditorLayout::layOut(ChunkLayout &layout, const TextIndex::Place &place) {
@@ -105,10 +123,13 @@ void EditorLayout::layOut(ChunkLayout &layout, const TextIndex::Place &place) {
     if (isCut) {
         const TextChunk &behind = index.at(index.next(place));
         layout.idBehind = behind.id;
-        readEnd += std::min<std::size_t>(rowReach, behind.bytes);
+        readEnd += std::min<std::size_t>(rowReach(), behind.bytes);
     }
     std::string scratch;
     std::string_view bytes = readText(m_document.text(), layout.begin, readEnd - layout.begin, scratch);
+    if (isCut) {
+        layout.bytesBehind = bytes.substr(chunkEnd - layout.begin);
+    }
     if (isCut && bytes.size() > chunkEnd - layout.begin && readEnd < m_document.text().size()) {
         // The window may end within a code point.
         std::size_t length = bytes.size();

@@ -33,7 +33,8 @@ struct ChunkLayout {
     // What it was made from, to tell whether it still holds.
     std::uint32_t lead = 0;
     std::uint32_t leadBehind = 0;
-    std::uint32_t idBehind = 0; ///< 0 when nothing of the chunk behind is shown here.
+    std::uint32_t idBehind = 0; ///< 0 when nothing of the chunk behind was looked at.
+    std::string bytesBehind;    ///< Those of it that were.
     std::uint64_t lastUse = 0;
 };
 
@@ -91,7 +92,9 @@ public:
     [[nodiscard]] int rowHeight() const;
 
 private:
-    [[nodiscard]] bool holds(const ChunkLayout &layout, const TextIndex::Place &place) const;
+    [[nodiscard]] bool holds(ChunkLayout &layout, const TextIndex::Place &place) const;
+    /// So many bytes of the next chunk are looked at to find the end of a row: more than most rows have.
+    [[nodiscard]] std::size_t rowReach() const;
     void layOut(ChunkLayout &layout, const TextIndex::Place &place);
     void appendLine(ChunkLayout &layout, LineLayout::Source source, std::size_t begin);
     /// `begin` is that of a line.

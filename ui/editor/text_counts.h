@@ -25,7 +25,7 @@ struct TextCounts {
     friend bool operator==(const TextCounts &, const TextCounts &) = default;
 };
 
-/// Counts everything in one pass; plain ASCII at several gigabytes a second. `stretch` begins between characters.
+/// Counts everything; plain ASCII at several gigabytes a second. `stretch` begins between characters.
 [[nodiscard]] TextCounts countsOf(std::string_view stretch);
 
 /// True when the first (last) code point of `stretch` belongs to a word. False for nothing.

@@ -23,6 +23,7 @@ namespace {
 constexpr std::size_t smallest = 1024;
 constexpr std::size_t earliestCut = 2048;
 constexpr std::size_t wanted = 4096;
+constexpr std::size_t wantedInsideLine = 2048;
 constexpr std::size_t latestCut = 8192;
 constexpr std::size_t mostWithoutCut = 6144;
 constexpr std::size_t mostBreaks = 160;
@@ -55,11 +56,11 @@ std::optional<std::size_t> cutBehindBreak(std::string_view bytes, std::size_t fr
     return cut;
 }
 
-/// A place between characters near `wanted` where an over-long line may be cut; 0 when there is none nearby.
+/// A place between characters near `wantedInsideLine` where an over-long line may be cut; 0 when there is none nearby.
 std::size_t cutInsideLine(std::string_view bytes) {
-    std::size_t cut = wanted;
-    const std::size_t space = bytes.substr(0, wanted).rfind(' ');
-    if (space != std::string_view::npos && space + cutSlack > wanted) {
+    std::size_t cut = wantedInsideLine;
+    const std::size_t space = bytes.substr(0, cut).rfind(' ');
+    if (space != std::string_view::npos && space + cutSlack > cut) {
         cut = space + 1;
     }
     while (isContinuationByte(bytes[cut])) {
@@ -73,32 +74,56 @@ std::size_t cutInsideLine(std::string_view bytes) {
     return certain == begin ? 0 : certain;
 }
 
-/// Where the chunk that begins at `begin` ends. `end` is a boundary between characters behind it.
-std::size_t chunkEnd(const Text &text, std::size_t begin, std::size_t end, std::string &scratch) {
-    const std::size_t length = std::min(end - begin, latestCut);
-    const std::string_view bytes = readText(text, begin, length, scratch);
-    std::size_t size = length;
-    if (length > mostWithoutCut) {
-        if (const auto behindBreak = cutBehindBreak(bytes, earliestCut, wanted); behindBreak) {
-            size = *behindBreak;
-        } else if (const std::size_t insideLine = cutInsideLine(bytes); insideLine != 0) {
-            size = insideLine;
-        } else {
-            return std::min(end, characterEndIn(text, boundaryAtOrBefore(text, begin, begin + wanted)));
-        }
+/// Cuts a range of a text, which begins and ends between characters, into chunks from left to right.
+class Cutter {
+public:
+    Cutter(const Text &text, std::size_t begin, std::size_t end) : m_text(text), m_begin(begin), m_end(end) {}
+
+    [[nodiscard]] bool isAtEnd() const { return m_begin == m_end; }
+    /// The bytes of the next chunk, valid until the next call.
+    [[nodiscard]] std::string_view next() {
+        const std::size_t length = std::min(m_end - m_begin, latestCut);
+        const std::string_view bytes = readText(m_text, m_begin, length, m_scratch);
+        const std::size_t size = length > mostWithoutCut ? cut(bytes) : length;
+        m_begin += size;
+        return size <= length ? bytes.substr(0, size) : readText(m_text, m_begin - size, size, m_scratch);
     }
-    // Many short lines hold few bytes, but take long to lay out.
+    /// Takes back the end of the chunk that `next` returned.
+    void giveBack(std::size_t bytes) { m_begin -= bytes; }
+
+private:
+    std::size_t cut(std::string_view bytes) {
+        // Of a long line every byte is searched once although the windows overlap.
+        const std::size_t searched = m_searchedTo > m_begin ? m_searchedTo - m_begin : 0;
+        if (const auto behindBreak = cutBehindBreak(bytes, std::max(earliestCut, searched), wanted); behindBreak) {
+            return *behindBreak;
+        }
+        m_searchedTo = m_begin + bytes.size();
+        if (isContinuationByte(bytes.back()) || !isAscii(bytes.back()) || bytes.back() == '\r') {
+            m_searchedTo -= 4; // Part of a newline character may be in front of it.
+        }
+        if (const std::size_t insideLine = cutInsideLine(bytes); insideLine != 0) {
+            return insideLine;
+        }
+        const std::size_t boundary = boundaryAtOrBefore(m_text, m_begin, m_begin + wantedInsideLine);
+        return std::min(m_end, characterEndIn(m_text, boundary)) - m_begin;
+    }
+
+    const Text &m_text;
+    std::size_t m_begin;
+    std::size_t m_end;
+    std::size_t m_searchedTo = 0;
+    std::string m_scratch;
+};
+
+/// The end of line break number `number`, counted from 1; there must be so many.
+std::size_t endOfBreakNumber(std::string_view bytes, std::size_t number) {
     std::size_t position = 0;
-    std::size_t cut = 0;
-    for (std::size_t breaks = 1; breaks <= mostBreaks; ++breaks) {
-        const NewlineMatch newline = findNewline(bytes.data() + position, bytes.data() + size);
-        if (newline.length == 0) {
-            return begin + size;
-        }
+    for (; number > 0; --number) {
+        const NewlineMatch newline = findNewline(bytes.data() + position, bytes.data() + bytes.size());
         position = endOfBreak(bytes, newline);
-        cut = breaks == breaksWhenCut ? position : cut;
     }
-    return begin + cut;
+    return position;
 }
 
 TextCounts countsIn(const TextChunk &chunk) {
@@ -180,19 +205,25 @@ void TextIndex::replaced(const Text &text, std::size_t offset, std::size_t remov
 }
 
 void TextIndex::appendChunks(std::vector<TextChunk> &chunks, const Text &text, std::size_t begin, std::size_t end) {
-    std::string scratch;
+    Cutter cutter(text, begin, end);
     do {
-        const std::size_t chunkLimit = begin == end ? end : chunkEnd(text, begin, end, scratch);
-        chunks.push_back(makeChunk(readText(text, begin, chunkLimit - begin, scratch)));
+        std::string_view bytes = cutter.isAtEnd() ? std::string_view() : cutter.next();
+        TextCounts counts = countsOf(bytes);
+        if (counts.breaks > mostBreaks) {
+            // Many short lines hold few bytes, but take long to lay out.
+            const std::size_t size = endOfBreakNumber(bytes, breaksWhenCut);
+            cutter.giveBack(bytes.size() - size);
+            bytes = bytes.substr(0, size);
+            counts = countsOf(bytes);
+        }
+        chunks.push_back(makeChunk(bytes, counts));
         if (chunks.size() > 1) {
             joinWords(chunks[chunks.size() - 2], chunks.back());
         }
-        begin = chunkLimit;
-    } while (begin != end);
+    } while (!cutter.isAtEnd());
 }
 
-TextChunk TextIndex::makeChunk(std::string_view bytes) {
-    const TextCounts counts = countsOf(bytes);
+TextChunk TextIndex::makeChunk(std::string_view bytes, const TextCounts &counts) {
     const auto narrow = [](std::size_t count) { return static_cast<std::uint32_t>(count); };
     TextChunk chunk;
     chunk.id = m_nextId++;

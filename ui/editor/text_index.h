@@ -91,7 +91,7 @@ private:
 
     template<typename Amount> [[nodiscard]] Place find(std::uint64_t wanted, Amount amount) const;
     void appendChunks(std::vector<TextChunk> &chunks, const Text &text, std::size_t begin, std::size_t end);
-    [[nodiscard]] TextChunk makeChunk(std::string_view bytes);
+    [[nodiscard]] TextChunk makeChunk(std::string_view bytes, const TextCounts &counts);
     [[nodiscard]] std::uint32_t estimatedHeight(const TextChunk &chunk) const;
     void replaceChunks(const Place &from, const Place &to, std::vector<TextChunk> chunks);
     void sum(Block &block);
