@@ -4,12 +4,15 @@
 
 #include "engine/primitives/characters.h"
 #include "engine/primitives/line_mapping.h"
+#include "engine/primitives/piece_set.h"
 #include "engine/primitives/string_order.h"
 #include "engine/primitives/words.h"
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 #include <random>
+#include <utility>
 
 namespace lexivore {
 
@@ -54,6 +57,38 @@ std::vector<std::string_view> sortedByNumber(const std::vector<std::string_view>
     return sorted;
 }
 
+/// The different words and how often each occurs: a text of a language has few, and only they need sorting. Nothing
+/// when most of the words are different, or when different ones could be equal in the order and must keep their places.
+std::optional<PieceSet> countedWords(std::string_view text) {
+    constexpr std::size_t fewWords = 4096;
+    PieceSet words;
+    std::size_t wordCount = 0;
+    bool isWorthIt = true;
+    forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) {
+        if (isWorthIt) {
+            isWorthIt = !words.insert(word) || (isOrderedByBytes(word) && words.size() < fewWords + wordCount / 2);
+            ++wordCount;
+        }
+    });
+    return isWorthIt ? std::optional(std::move(words)) : std::nullopt;
+}
+
+/// The words in order, each as often as it was counted, with a space between them.
+TextBuffer joinCounted(const PieceSet &counted, std::size_t expectedBytes) {
+    std::vector<std::string_view> words = counted.pieces();
+    sortByStringOrder(words, SortDirection::ascending);
+    TextBuffer result = TextBuffer::withCapacity(expectedBytes);
+    for (const std::string_view word : words) {
+        for (std::size_t left = counted.countOf(word); left > 0; --left) {
+            result.append(word);
+            result.append(' ');
+        }
+    }
+    result.truncate(result.empty() ? 0 : result.size() - 1);
+    result.shrink();
+    return result;
+}
+
 /// Numbers from the system's random source, so that no state outlives a call.
 std::mt19937_64 makeRandomGenerator() {
     std::random_device source;
@@ -88,6 +123,9 @@ TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const Parame
 }
 
 TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, const ParameterMap &) const {
+    if (const std::optional<PieceSet> counted = countedWords(text)) {
+        return joinCounted(*counted, text.size());
+    }
     std::vector<std::string_view> words = splitPieces(text, whitespaceAndNewlines);
     sortByStringOrder(words, SortDirection::ascending);
     return join(words, " ", text.size());

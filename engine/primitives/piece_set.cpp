@@ -26,28 +26,47 @@ std::uint64_t hashOf(std::string_view piece) {
 
 PieceSet::PieceSet() : m_slots(firstCapacity) {}
 
+std::size_t PieceSet::slotOf(std::string_view piece, std::uint64_t hash) const {
+    const std::size_t mask = m_slots.size() - 1;
+    std::size_t index = hash & mask;
+    while (m_slots[index].data != nullptr &&
+           !(m_slots[index].hash == hash && std::string_view(m_slots[index].data, m_slots[index].size) == piece)) {
+        index = (index + 1) & mask;
+    }
+    return index;
+}
+
 bool PieceSet::insert(std::string_view piece) {
     if (piece.data() == nullptr) {
         static constexpr char somewhere = '\0';
         piece = {&somewhere, 0}; // null marks a free slot
     }
     const std::uint64_t hash = hashOf(piece);
-    const std::size_t mask = m_slots.size() - 1;
-    for (std::size_t index = hash & mask;; index = (index + 1) & mask) {
-        Slot &slot = m_slots[index];
-        if (slot.data == nullptr) {
-            slot = {piece.data(), piece.size(), hash};
-            ++m_size;
-            if (m_size * 2 > m_slots.size()) {
-                grow();
-            }
-            return true;
-        }
-        if (slot.hash == hash && std::string_view(slot.data, slot.size) == piece) {
-            return false;
+    Slot &slot = m_slots[slotOf(piece, hash)];
+    if (slot.data != nullptr) {
+        ++slot.count;
+        return false;
+    }
+    slot = {piece.data(), piece.size(), hash, 1};
+    ++m_size;
+    if (m_size * 2 > m_slots.size()) {
+        grow();
+    }
+    return true;
+}
+
+std::vector<std::string_view> PieceSet::pieces() const {
+    std::vector<std::string_view> result;
+    result.reserve(m_size);
+    for (const Slot &slot : m_slots) {
+        if (slot.data != nullptr) {
+            result.emplace_back(slot.data, slot.size);
         }
     }
+    return result;
 }
+
+std::size_t PieceSet::countOf(std::string_view piece) const { return m_slots[slotOf(piece, hashOf(piece))].count; }
 
 void PieceSet::grow() {
     std::vector<Slot> larger(m_slots.size() * 2);

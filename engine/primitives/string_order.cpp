@@ -25,19 +25,6 @@ namespace lexivore {
 
 namespace {
 
-bool mayChangeInComposing(std::string_view text) {
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while ((position = asciiRunEnd(position, end)) != end) {
-        const DecodedCodePoint decoded = decode(position, end);
-        if (isIn(property::mayChangeInComposing, decoded.value)) {
-            return true;
-        }
-        position += decoded.length;
-    }
-    return false;
-}
-
 std::string composed(std::string_view text) {
     // ICU counts in 32 bits; a single string of that size keeps its own order.
     if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
@@ -191,12 +178,25 @@ void sortByKey(Entries &entries, const Keys &keys) {
 
 } // namespace
 
+bool isOrderedByBytes(std::string_view text) {
+    const char *position = text.data();
+    const char *const end = position + text.size();
+    while ((position = asciiRunEnd(position, end)) != end) {
+        const DecodedCodePoint decoded = decode(position, end);
+        if (isIn(property::mayChangeInComposing, decoded.value)) {
+            return false;
+        }
+        position += decoded.length;
+    }
+    return true;
+}
+
 void sortByStringOrder(std::vector<std::string_view> &strings, SortDirection direction) {
     std::deque<std::string> composedForms; // a deque, so that views of its strings stay valid
     Keys keys = strings;
     Entries entries(strings.size());
     for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (mayChangeInComposing(keys[i])) {
+        if (!isOrderedByBytes(keys[i])) {
             keys[i] = composedForms.emplace_back(composed(keys[i]));
         }
         entries[i].index = static_cast<std::uint32_t>(i);

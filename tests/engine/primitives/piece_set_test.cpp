@@ -36,6 +36,20 @@ TEST(PieceSet, HoldsTheEmptyPieceOnce) {
     EXPECT_EQ(pieces.size(), 1U);
 }
 
+TEST(PieceSet, CountsWhatWasInserted) {
+    PieceSet pieces;
+    for (const char *piece : {"a", "b", "a", "", "a", "b"}) {
+        pieces.insert(piece);
+    }
+    EXPECT_EQ(pieces.countOf("a"), 3U);
+    EXPECT_EQ(pieces.countOf("b"), 2U);
+    EXPECT_EQ(pieces.countOf(""), 1U);
+    EXPECT_EQ(pieces.countOf("c"), 0U);
+    const std::vector<std::string_view> all = pieces.pieces();
+    EXPECT_EQ(std::set<std::string_view>(all.begin(), all.end()), (std::set<std::string_view>{"", "a", "b"}));
+    EXPECT_EQ(all.size(), 3U);
+}
+
 TEST(PieceSet, TellsPiecesThatEndInNulApart) {
     PieceSet pieces;
     for (std::size_t length = 0; length < 100; ++length) {
