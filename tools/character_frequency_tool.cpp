@@ -106,7 +106,7 @@ private:
 /// Counts the bytes from the boundary at `position` on that are certain to be a character each, and returns the place
 /// behind them.
 const char *addPlainBytes(FrequencyTable &table, const char *position, const char *end) {
-    constexpr std::ptrdiff_t stretchSize = 16 * 1024; // is still in the cache when it is counted
+    constexpr std::ptrdiff_t stretchSize = 16'384; // is still in the cache when it is counted
     const char *const limit = asciiRunEnd(position, position + std::min(end - position, stretchSize));
     const void *const carriageReturn = std::memchr(position, '\r', static_cast<std::size_t>(limit - position));
     const char *plainEnd = carriageReturn != nullptr ? static_cast<const char *>(carriageReturn) : limit;

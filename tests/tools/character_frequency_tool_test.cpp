@@ -91,11 +91,11 @@ TEST(CharacterFrequencies, AddUpToTheWholeTextOnAnyBytes) {
 }
 
 TEST(CharacterFrequencies, CountAHundredMegabytesOfOneCharacter) {
-    EXPECT_EQ(characterFrequencies(std::string(100'000'000, 'a')), (Frequencies{{"a", 100'000'000}}));
+    EXPECT_EQ(characterFrequencies(hundredMegabytesOf('a')), (Frequencies{{"a", 100'000'000}}));
 }
 
 TEST(CharacterFrequencies, CountAHundredMegabytesOfNewlines) {
-    EXPECT_EQ(characterFrequencies(std::string(100'000'000, '\n')), (Frequencies{{"\n", 100'000'000}}));
+    EXPECT_EQ(characterFrequencies(hundredMegabytesOf('\n')), (Frequencies{{"\n", 100'000'000}}));
 }
 
 TEST(CharacterFrequencies, CountCharactersOfAnyLength) {

@@ -165,7 +165,7 @@ TEST(Readability, TakesAnyBytes) {
 }
 
 TEST(Readability, TakesAHundredMegabytesOnOneLine) {
-    const Readability result = readability(std::string(100'000'000, 'e'));
+    const Readability result = readability(hundredMegabytesOf('e'));
     EXPECT_EQ(result.words, 1);
     EXPECT_EQ(result.syllables, 1);
     EXPECT_EQ(result.sentences, 1);

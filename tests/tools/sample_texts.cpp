@@ -107,9 +107,8 @@ std::vector<std::string> hostileTexts() {
         "\xd8\x80 ", // an Arabic number sign, which a space joins
         "\xd8\x80\n",
         "\xe2\x80\x8d", // a zero width joiner alone
-        "\xef\xbb\xbf"
-        "a",    // a byte-order mark
-        "\x80", // a continuation byte alone
+        "\uFEFFa",      // a byte-order mark
+        "\x80",         // a continuation byte alone
         "\xff\xfe",
         "\xc2", // cut off
         "\xe2\x80",
@@ -159,6 +158,12 @@ std::string randomBytes(std::mt19937 &random, std::size_t size) {
         bytes += static_cast<char>(static_cast<unsigned char>(byte));
     }
     return bytes;
+}
+
+std::string hundredMegabytesOf(char byte) {
+    std::string text;
+    text.resize(100'000'000, byte);
+    return text;
 }
 
 std::string repaired(std::string_view bytes) {

@@ -22,6 +22,9 @@ inline constexpr unsigned sampleSeed = 20240613;
 /// Bytes of any value, with a liking for the leads of multibyte spaces and line breaks.
 [[nodiscard]] std::string randomBytes(std::mt19937 &random, std::size_t size);
 
+/// A text of 100,000,000 equal bytes.
+[[nodiscard]] std::string hundredMegabytesOf(char byte);
+
 /// Every byte that belongs to no well-formed UTF-8 sequence replaced by U+FFFD.
 [[nodiscard]] std::string repaired(std::string_view bytes);
 

@@ -118,12 +118,12 @@ TEST(TextStatistics, TakeEveryBrokenByteForOneReplacementCharacter) {
 }
 
 TEST(TextStatistics, CountsAHundredMegabytesOnOneLine) {
-    const std::string line(100'000'000, 'a');
+    const std::string line = hundredMegabytesOf('a');
     EXPECT_EQ(textStatistics(line), (TextStatistics{100'000'000, 100'000'000, 1, 1, 1, 1, 1}));
 }
 
 TEST(TextStatistics, CountsAHundredMegabytesOfNewlines) {
-    const std::string newlines(100'000'000, '\n');
+    const std::string newlines = hundredMegabytesOf('\n');
     EXPECT_EQ(textStatistics(newlines), (TextStatistics{100'000'000, 0, 0, 100'000'001, 0, 1, 0}));
 }
 
