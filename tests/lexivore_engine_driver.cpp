@@ -77,7 +77,7 @@ char16_t surrogateAt(std::string_view bytes, std::size_t position) {
 QString decoded(std::string_view bytes, bool *hasError = nullptr) {
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-    const QString string = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    QString string = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
     if (hasError != nullptr) {
         *hasError = decoder.hasError();
     }
@@ -137,7 +137,7 @@ std::vector<Operation> operationsOf(const QJsonObject &request) {
         throw RequestError("\"operations\" is not an array");
     }
     std::vector<Operation> operations;
-    for (const QJsonValue &entry : request.value("operations").toArray()) {
+    for (const auto &entry : request.value("operations").toArray()) {
         const QJsonObject operation = entry.toObject();
         const QJsonValue isEnabled = operation.value("isEnabled");
         if (!isEnabled.isUndefined() && !isEnabled.isBool()) {

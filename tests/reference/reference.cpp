@@ -72,7 +72,7 @@ std::u32string required(const Parameters &parameters, std::string_view key) {
 }
 
 std::u32string requiredNotEmpty(const Parameters &parameters, std::string_view key) {
-    const std::u32string given = required(parameters, key);
+    std::u32string given = required(parameters, key);
     if (given.empty()) {
         throw Failure("Missing parameter: " + std::string(key));
     }

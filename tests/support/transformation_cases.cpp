@@ -34,7 +34,8 @@ rc::Seq<TransformationCase> smallerCases(const TransformationCase &failing) {
 rc::Gen<TransformationCase> generator(const Make &make) {
     return [make](const rc::Random &random, int size) {
         Dice dice(rc::Random(random).next());
-        return rc::shrinkable::shrinkRecur(make(dice, size), smallerCases);
+        return rc::shrinkable::shrinkRecur(make(dice, size),
+                                           [](const TransformationCase &failing) { return smallerCases(failing); });
     };
 }
 
