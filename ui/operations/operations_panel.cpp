@@ -37,16 +37,9 @@ OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &st
       m_emptyState(new EmptyState(this, this)), m_navigator(new RowNavigator(this)) {
     setObjectName("operationsPanel");
     m_rows->setObjectName("operations");
-    m_column->setContentsMargins(8, 8, 8, 8);
     m_column->setSpacing(0);
     m_column->addStretch();
-    m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setWidgetResizable(true);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_scroll->setFocusPolicy(Qt::NoFocus);
-    m_scroll->setWidget(m_rows);
-    m_scroll->viewport()->setAutoFillBackground(false);
-    m_rows->setAutoFillBackground(false);
+    m_rows->standIn(*m_scroll, {8, 8, 8, 8});
     m_emptyState->setObjectName("operationsEmptyState");
 
     auto *column = new QVBoxLayout(this);
@@ -100,7 +93,9 @@ QWidget *OperationsPanel::createHeader() {
     row->addStretch();
     row->addWidget(m_modeIcon);
     row->addWidget(m_modeName);
+    row->addSpacing(2);
     row->addWidget(m_mode);
+    row->addSpacing(4);
     row->addWidget(line);
     row->addWidget(m_pause);
     return header;

@@ -17,6 +17,7 @@ namespace lexivore {
 class DraggableOperationItem;
 class EmptyState;
 class Label;
+class RowColumn;
 class RowNavigator;
 class ToolButton;
 class TransformationManager;
@@ -54,7 +55,7 @@ private:
     QAbstractButton *m_mode = nullptr;
     ToolButton *m_pause = nullptr;
     QScrollArea *m_scroll;
-    QWidget *m_rows;
+    RowColumn *m_rows;
     QVBoxLayout *m_column;
     EmptyState *m_emptyState;
     RowNavigator *m_navigator;

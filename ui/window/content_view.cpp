@@ -42,10 +42,11 @@ struct ColumnWidth {
     int initial;
     int minimum;
 };
-constexpr ColumnWidth sidebarWidth = {184, 184};
-constexpr ColumnWidth listWidth = {304, 240};
-constexpr ColumnWidth editorWidth = {504, 304};
-constexpr ColumnWidth operationsWidth = {288, 280};
+// Together with the lines between them, 1 px each.
+constexpr ColumnWidth sidebarWidth = {183, 183};
+constexpr ColumnWidth listWidth = {303, 239};
+constexpr ColumnWidth editorWidth = {504, 303};
+constexpr ColumnWidth operationsWidth = {287, 280};
 
 } // namespace
 

@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QMargins>
 #include <QWidget>
+
+class QScrollArea;
+class QScrollBar;
 
 namespace lexivore {
 
@@ -12,6 +16,18 @@ class RowColumn : public QWidget {
 
 public:
     explicit RowColumn(const QString &name, QWidget *parent = nullptr);
+
+    /// Stands in `area` with `margins` around the rows. The scroll bar takes its place out of the right one.
+    void standIn(QScrollArea &area, const QMargins &margins);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void placeRows();
+
+    QScrollBar *m_scrollBar = nullptr;
+    QMargins m_margins;
 };
 
 } // namespace lexivore

@@ -26,6 +26,7 @@ constexpr qreal chevronTravel = 4;
 constexpr int padding = 10;
 constexpr int symbolSize = 20;
 constexpr int iconGap = 12;
+constexpr int lineGap = 2;
 constexpr int chevronSize = 12;
 constexpr int chevronCentre = 16; ///< From the right edge.
 constexpr int starCentreAlone = 18;
@@ -125,13 +126,13 @@ void TransformationButton::paintEvent(QPaintEvent *) {
     const QFontMetrics description(descriptionFont());
     const int left = padding + symbolSize + iconGap;
     const int width = textRight() - left;
-    const int top = (height() - name.height() - description.height()) / 2;
+    const int top = (height() - name.height() - lineGap - description.height()) / 2;
     painter.setFont(nameFont());
     painter.setPen(theme().text);
     painter.drawText(left, top + name.ascent(), name.elidedText(text(), Qt::ElideRight, width));
     painter.setFont(descriptionFont());
     painter.setPen(theme().text2);
-    painter.drawText(left, top + name.height() + description.ascent(),
+    painter.drawText(left, top + name.height() + lineGap + description.ascent(),
                      description.elidedText(accessibleDescription(), Qt::ElideRight, width));
 
     if (isHovered()) {

@@ -80,7 +80,6 @@ void TransformationList::createSearchField() {
 void TransformationList::createRows() {
     m_rows->setObjectName("transformations");
     auto *column = new QVBoxLayout(m_rows);
-    column->setContentsMargins(8, 0, 12, 8);
     column->setSpacing(0);
     for (const TransformationPointer &transformation : m_manager.transformations()) {
         auto *button = new TransformationButton(transformation, m_rows);
@@ -100,13 +99,7 @@ void TransformationList::createRows() {
     m_navigator->setRows({m_buttons.begin(), m_buttons.end()});
 
     m_scroll->setObjectName("transformationScroll");
-    m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setWidgetResizable(true);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_scroll->setFocusPolicy(Qt::NoFocus);
-    m_scroll->setWidget(m_rows);
-    m_scroll->viewport()->setAutoFillBackground(false);
-    m_rows->setAutoFillBackground(false);
+    m_rows->standIn(*m_scroll, {8, 0, 12, 8});
 }
 
 bool TransformationList::isListed(const TextTransformation &transformation) const {

@@ -15,6 +15,7 @@ namespace lexivore {
 class EmptyState;
 class Field;
 class Label;
+class RowColumn;
 class RowNavigator;
 class TransformationButton;
 class TransformationManager;
@@ -50,7 +51,7 @@ private:
     Field *m_search;
     Label *m_header;
     QScrollArea *m_scroll;
-    QWidget *m_rows;
+    RowColumn *m_rows;
     EmptyState *m_emptyState;
     RowNavigator *m_navigator;
     std::vector<TransformationButton *> m_buttons;

@@ -7,13 +7,14 @@
 #include "ui/window/recipe_menu.h"
 #include "ui/window/window_state.h"
 
+#include <QEvent>
 #include <QLayout>
 
 namespace lexivore {
 
 namespace {
 
-constexpr int edgeGap = 10;
+constexpr int margin = 6;
 constexpr int buttonGap = 4;
 
 } // namespace
@@ -25,15 +26,37 @@ WindowToolBar::WindowToolBar(TransformationManager &manager, WindowState &state,
     setMovable(false);
     setFloatable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
-    layout()->setContentsMargins(edgeGap, 6, edgeGap, 5);
-    layout()->setSpacing(buttonGap);
+    placeButtons();
+    addEnd();
     addTextGroup();
     auto *space = new QWidget(this);
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     addWidget(space);
     addOperationsGroup(manager);
+    addEnd();
     connect(&m_state, &WindowState::showOperationsChanged, this, &WindowToolBar::showPanelState);
     showPanelState();
+}
+
+void WindowToolBar::addEnd() {
+    auto *end = new QWidget(this);
+    end->setFixedSize(0, 0);
+    addWidget(end);
+}
+
+void WindowToolBar::placeButtons() {
+    // The layout of toolbars takes one margin for all sides; what the ends need beyond it are empty widgets.
+    layout()->setContentsMargins(margin, margin, margin, margin);
+    layout()->setSpacing(buttonGap);
+}
+
+bool WindowToolBar::event(QEvent *event) {
+    const bool isHandled = QToolBar::event(event);
+    // The toolbar takes the style's margins each time the style changes.
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::Polish) {
+        placeButtons();
+    }
+    return isHandled;
 }
 
 ToolButton *WindowToolBar::addButton(const QString &name, const QString &icon, const QString &help) {

@@ -26,7 +26,12 @@ signals:
     void clearOperationsRequested();
     void operationsPanelToggled();
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    void placeButtons();
+    void addEnd();
     ToolButton *addButton(const QString &name, const QString &icon, const QString &help);
     void addTextGroup();
     void addOperationsGroup(TransformationManager &manager);
