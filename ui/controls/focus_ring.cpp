@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/focus_ring.h"
 
+#include "ui/controls/focus_ring_frame.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QSlider>
-#include <QVariant>
 
 namespace lexivore {
 
@@ -34,6 +35,8 @@ void FocusRing::install(QApplication &application) {
 }
 
 FocusRing::FocusRing(QApplication &application) : QObject(&application) { application.installEventFilter(this); }
+
+FocusRing::~FocusRing() = default;
 
 bool FocusRing::eventFilter(QObject *watched, QEvent *event) {
     switch (event->type()) {
@@ -76,9 +79,9 @@ void FocusRing::receive(QWidget &widget, Qt::FocusReason reason) {
 void FocusRing::moveTo(QWidget *widget) {
     const bool isShown = widget != nullptr && focusShape(*widget).placement != FocusShape::Placement::none;
     if (isShown && m_frame == nullptr)
-        m_frame = new QFocusFrame(widget);
+        m_frame = new FocusRingFrame(*widget);
     if (m_frame != nullptr)
-        m_frame->setWidget(isShown ? widget : nullptr);
+        m_frame->follow(isShown ? widget : nullptr);
 }
 
 } // namespace lexivore

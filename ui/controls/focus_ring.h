@@ -2,13 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QFocusFrame>
 #include <QObject>
 #include <QPointer>
+#include <QVariant>
 
 class QApplication;
+class QWidget;
 
 namespace lexivore {
+
+class FocusRingFrame;
 
 /// Where the focus ring of a widget lies.
 struct FocusShape {
@@ -36,6 +39,7 @@ class FocusRing : public QObject {
 public:
     /// Belongs to `application`. A second call does nothing.
     static void install(QApplication &application);
+    ~FocusRing() override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -45,7 +49,7 @@ private:
     void receive(QWidget &widget, Qt::FocusReason reason);
     void moveTo(QWidget *widget);
 
-    QPointer<QFocusFrame> m_frame;
+    QPointer<FocusRingFrame> m_frame;
     bool m_isKeyboardInUse = false;
 };
 

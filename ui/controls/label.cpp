@@ -68,9 +68,7 @@ Label::Label(const QString &text, FontRole role, ThemeColour colour, Lines lines
     : QLabel(parent), m_role(role), m_colour(colour), m_lines(lines) {
     setTextFormat(Qt::PlainText);
     setFont(fontFor(role));
-    QSizePolicy policy(QSizePolicy::Preferred, lines == Lines::one ? QSizePolicy::Fixed : QSizePolicy::Minimum);
-    policy.setHeightForWidth(lines == Lines::wrapped);
-    setSizePolicy(policy);
+    setSizePolicy(QSizePolicy::Preferred, lines == Lines::one ? QSizePolicy::Fixed : QSizePolicy::Minimum);
     setText(text);
 }
 
@@ -113,7 +111,7 @@ void Label::paintEvent(QPaintEvent *) {
         return;
     }
     const QString shown = QFontMetrics(font()).elidedText(onOneLine(text()), Qt::ElideRight, width());
-    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
+    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine | Qt::TextDontClip, shown);
 }
 
 void Label::resizeEvent(QResizeEvent *event) {

@@ -26,6 +26,7 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] bool hasHeightForWidth() const override { return m_lines == Lines::wrapped; }
     [[nodiscard]] int heightForWidth(int width) const override;
 
 protected:

@@ -17,6 +17,13 @@ namespace {
 constexpr int padding = 16;
 constexpr int symbolSize = 16;
 
+/// Beside a word, the symbol keeps a distance to it.
+int widthOfSymbol(const QString &symbol, const QString &text) {
+    if (symbol.isEmpty())
+        return 0;
+    return text.isEmpty() ? symbolSize : symbolSize + metrics::buttonGap;
+}
+
 struct Fill {
     QColor background;
     QColor border;
@@ -64,7 +71,7 @@ void PushButton::setLeastWidth(int width) {
 }
 
 QSize PushButton::sizeHint() const {
-    const int symbol = m_symbol.isEmpty() ? 0 : symbolSize + metrics::buttonGap;
+    const int symbol = widthOfSymbol(m_symbol, text());
     const int text = QFontMetrics(fontFor(FontRole::callout)).size(Qt::TextShowMnemonic, this->text()).width();
     return {qMax(m_leastWidth, text + symbol + 2 * padding), heightFor(metrics::controlHeight, FontRole::callout)};
 }
@@ -81,7 +88,7 @@ void PushButton::paintEvent(QPaintEvent *) {
     painter.setFont(fontFor(FontRole::callout));
     painter.setPen(fill.text);
     const QFontMetrics letters = painter.fontMetrics();
-    const int symbol = m_symbol.isEmpty() ? 0 : symbolSize + metrics::buttonGap;
+    const int symbol = widthOfSymbol(m_symbol, text());
     const int width = qMin(letters.size(Qt::TextShowMnemonic, text()).width(), this->width() - symbol - 8);
     QRect content((this->width() - symbol - width) / 2, 0, symbol + width + 1, height());
     if (symbol > 0) {

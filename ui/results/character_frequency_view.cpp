@@ -27,14 +27,17 @@ CharacterFrequencyView::CharacterFrequencyView(const TextTool &tool, const Text 
     // The list scrolls within the sheet's own height, and the rows keep their width whether it has to or not.
     setGreatestHeight(heightFor(viewSize.height(), FontRole::body, 12));
     scrollArea().setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    auto *caption = new QWidget;
+    auto *column = new QVBoxLayout(caption);
+    column->setContentsMargins(metrics::sheetPadding, 12, metrics::sheetPadding, 8);
+    column->addWidget(new Label(tr("Showing top 20 characters"), FontRole::caption, &Theme::text2));
+    addAboveBody(caption);
 }
 
 void CharacterFrequencyView::appear() {
     m_frequencies = characterFrequencies(text().view());
     const int scrollBar = scrollArea().verticalScrollBar()->sizeHint().width();
-    body().setContentsMargins(metrics::sheetPadding, 12, metrics::sheetPadding - scrollBar, 12);
-    body().addWidget(new Label(tr("Showing top 20 characters"), FontRole::caption, &Theme::text2));
-    body().addSpacing(8);
+    body().setContentsMargins(metrics::sheetPadding, 0, metrics::sheetPadding - scrollBar, 4);
 
     auto *list = new QWidget;
     setAccessibleRole(*list, QAccessible::List);

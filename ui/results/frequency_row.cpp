@@ -29,10 +29,16 @@ FrequencyRow::FrequencyRow(const QString &character, qint64 count, qint64 greate
     setFixedHeight(heightFor(rowHeight, FontRole::body));
 }
 
+int FrequencyRow::widthBesideBar() const {
+    const QFontMetrics digits(fontFor(FontRole::caption));
+    return qMax(widthFor(besideBar),
+                widthFor(characterColumn) + countGap + digits.horizontalAdvance(QString::number(m_greatest)));
+}
+
 double FrequencyRow::barWidth() const {
     if (m_greatest <= 0)
         return 0;
-    return qMax(0, width() - besideBar) * (static_cast<double>(m_count) / static_cast<double>(m_greatest));
+    return qMax(0, width() - widthBesideBar()) * (static_cast<double>(m_count) / static_cast<double>(m_greatest));
 }
 
 void FrequencyRow::paintEvent(QPaintEvent *) {
@@ -40,11 +46,11 @@ void FrequencyRow::paintEvent(QPaintEvent *) {
     const Theme &colours = theme();
     painter.setFont(monospacedFont(systemPoints()));
     painter.setPen(colours.text);
-    const QRect column(0, 0, characterColumn - 4, height());
+    const QRect column(0, 0, widthFor(characterColumn) - 4, height());
     painter.drawText(QStyle::visualRect(layoutDirection(), rect(), column), Qt::AlignVCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(m_character, Qt::ElideRight, column.width()));
 
-    const QRectF bar(characterColumn, (height() - barHeight) / 2.0, barWidth(), barHeight);
+    const QRectF bar(widthFor(characterColumn), (height() - barHeight) / 2.0, barWidth(), barHeight);
     QLinearGradient fill(bar.topLeft(), bar.topRight());
     fill.setColorAt(0, colours.barStart);
     fill.setColorAt(1, colours.barEnd);

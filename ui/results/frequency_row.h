@@ -21,6 +21,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    /// The column of the character and the place for the count: 100 pixels, more for very many digits.
+    [[nodiscard]] int widthBesideBar() const;
+
     QString m_character;
     qint64 m_count;
     qint64 m_greatest;

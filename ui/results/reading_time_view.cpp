@@ -42,6 +42,7 @@ QWidget *makeDurationCard(const QString &title, const char *icon, ThemeColour co
     column->addSpacing(4);
     column->addWidget(new Label(speed, FontRole::caption, &Theme::text2));
     column->addStretch();
+    column->addSpacing(17);
     card->setMinimumHeight(durationCardHeight);
     return card;
 }

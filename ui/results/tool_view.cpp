@@ -31,8 +31,8 @@ ToolView::ToolView(const TextTool &tool, Text text, const QSize &size)
     setObjectName(QStringLiteral("toolResult.") + toQString(tool.id()));
     setAccessibleDescription(toQString(tool.description()));
     setLeastHeight(size.height());
-    setHeader(makeHeader(tool));
-    setFooter(makeFooter());
+    addAboveBody(makeHeader(tool));
+    addBelowBody(makeFooter());
 }
 
 QWidget *ToolView::makeHeader(const TextTool &tool) {
@@ -72,9 +72,10 @@ QWidget *ToolView::makeFooter() {
     column->setContentsMargins({});
     auto *row = new QHBoxLayout;
     row->setContentsMargins(footerInset, 0, footerInset, 0);
-    row->addWidget(copyButton);
+    // Aligned, the row takes all the height that the line leaves.
+    row->addWidget(copyButton, 0, Qt::AlignVCenter);
     row->addStretch();
-    row->addWidget(doneButton);
+    row->addWidget(doneButton, 0, Qt::AlignVCenter);
     column->addWidget(new Hairline);
     column->addLayout(row, 1);
     footer->setFixedHeight(heightFor(footerHeight, FontRole::callout));

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int sheetWidth = 360;
 constexpr int topPadding = 24;
+constexpr int greatestHeight = 400;
 
 Label *centred(const QString &text, FontRole role, ThemeColour colour) {
     auto *label = new Label(text, role, colour, Label::Lines::wrapped);
@@ -33,6 +34,7 @@ AlertSheet::AlertSheet(const AlertContents &contents, std::function<void(AlertAn
     setObjectName(QStringLiteral("alert"));
     setAccessibleRole(*this, QAccessible::AlertMessage);
     setAccessibleDescription(contents.message);
+    setGreatestHeight(heightFor(greatestHeight, FontRole::subheadline, 16));
     auto *message = centred(contents.message, FontRole::subheadline, &Theme::text2);
     message->setObjectName(QStringLiteral("message"));
 
@@ -42,7 +44,7 @@ AlertSheet::AlertSheet(const AlertContents &contents, std::function<void(AlertAn
     body().addSpacing(8);
     body().addWidget(message);
     body().addStretch();
-    setFooter(makeButtons(contents));
+    addBelowBody(makeButtons(contents));
 }
 
 QWidget *AlertSheet::makeButtons(const AlertContents &contents) {

@@ -75,7 +75,7 @@ QWidget *EditorSettingsSheet::makeSizeRow(double fontSize) {
     m_value->setObjectName(QStringLiteral("fontSizeValue"));
     m_value->setFont(fontWithEvenDigits(m_value->font()));
     m_value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_value->setFixedWidth(qMax(valueWidth, m_value->sizeHint().width()));
+    m_value->setFixedWidth(qMax(valueWidth - 8, m_value->sizeHint().width()));
 
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
@@ -83,6 +83,7 @@ QWidget *EditorSettingsSheet::makeSizeRow(double fontSize) {
     layout->setSpacing(0);
     layout->addWidget(label);
     layout->addWidget(m_slider, 1);
+    layout->addSpacing(8);
     layout->addWidget(m_value);
     row->setMinimumHeight(heightFor(metrics::controlHeight, FontRole::body));
     return row;

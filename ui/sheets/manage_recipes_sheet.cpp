@@ -35,7 +35,7 @@ ManageRecipesSheet::ManageRecipesSheet(TransformationManager &manager)
     : Sheet(tr("Manage Recipes"), sheetWidth), m_manager(manager) {
     setObjectName(QStringLiteral("manageRecipesSheet"));
     setGreatestHeight(heightFor(greatestHeight, FontRole::body, 12));
-    setHeader(makeHeader());
+    addAboveBody(makeHeader());
     rebuild();
     connect(&manager, &TransformationManager::recipesChanged, this, &ManageRecipesSheet::rebuild);
 }
@@ -52,8 +52,9 @@ QWidget *ManageRecipesSheet::makeHeader() {
     column->setContentsMargins({});
     auto *row = new QHBoxLayout;
     row->setContentsMargins(metrics::sheetPadding, 0, 12, 0);
-    row->addWidget(new Label(tr("Manage Recipes"), FontRole::headline), 1);
-    row->addWidget(doneButton);
+    // Aligned, the row takes all the height that the line leaves.
+    row->addWidget(new Label(tr("Manage Recipes"), FontRole::headline), 1, Qt::AlignVCenter);
+    row->addWidget(doneButton, 0, Qt::AlignVCenter);
     column->addLayout(row, 1);
     column->addWidget(new Hairline);
     header->setFixedHeight(heightFor(headerHeight, FontRole::callout));
@@ -116,7 +117,9 @@ void ManageRecipesSheet::rebuild() {
         delete item;
     }
     m_rows.clear();
-    body().addWidget(recipes.empty() ? makeEmptyState() : makeList(recipes));
+    QWidget *content = recipes.empty() ? makeEmptyState() : makeList(recipes);
+    body().addWidget(content);
+    content->show();
     setCurrentRow(qBound(0, m_currentRow, qMax(0, static_cast<int>(recipes.size()) - 1)));
 
     const auto edited = std::ranges::find_if(

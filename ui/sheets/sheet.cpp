@@ -7,6 +7,7 @@
 #include "ui/theme/drawing.h"
 #include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -18,13 +19,11 @@ namespace lexivore {
 
 namespace {
 
-int heightOf(const QWidget *part, int width) {
-    if (part == nullptr)
-        return 0;
-    const QLayout *layout = part->layout();
-    if (layout == nullptr)
-        return part->sizeHint().height();
-    return layout->hasHeightForWidth() ? layout->totalHeightForWidth(width) : layout->totalSizeHint().height();
+int heightOf(const QWidget &part, int width) {
+    const QLayout *layout = part.layout();
+    const int wanted =
+        layout->hasHeightForWidth() ? layout->totalHeightForWidth(width) : layout->totalSizeHint().height();
+    return qBound(part.minimumHeight(), wanted, part.maximumHeight());
 }
 
 } // namespace
@@ -42,8 +41,9 @@ Sheet::Sheet(const QString &title, int width, QWidget *parent)
     m_body = new QVBoxLayout(content);
     m_body->setSpacing(0);
     m_body->setContentsMargins({});
-    content->setAutoFillBackground(false);
     m_scrollArea->setWidget(content);
+    // The corners are round: only the sheet itself paints the ground.
+    content->setAutoFillBackground(false);
     m_scrollArea->setWidgetResizable(true);
     m_scrollArea->setFrameShape(QFrame::NoFrame);
     m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -56,36 +56,38 @@ Sheet::Sheet(const QString &title, int width, QWidget *parent)
     watch(*content);
 }
 
-void Sheet::setHeader(QWidget *header) {
-    m_header = header;
-    m_parts->insertWidget(0, header);
-    watch(*header);
+void Sheet::addAboveBody(QWidget *part) {
+    m_parts->insertWidget(m_parts->indexOf(m_scrollArea), part);
+    m_fixedParts << part;
+    watch(*part);
 }
 
-void Sheet::setFooter(QWidget *footer) {
-    m_footer = footer;
-    m_parts->addWidget(footer);
-    watch(*footer);
+void Sheet::addBelowBody(QWidget *part) {
+    m_parts->addWidget(part);
+    m_fixedParts << part;
+    watch(*part);
 }
 
 void Sheet::watch(QWidget &part) { part.installEventFilter(this); }
 
 QSize Sheet::sizeWithin(const QSize &available) const {
-    const int width = qMin(m_width, available.width());
+    const int width = qMin(widthFor(m_width), available.width());
     const int height = qBound(m_leastHeight, naturalHeight(width), m_greatestHeight);
     return {width, qMin(height, available.height())};
 }
 
 int Sheet::naturalHeight(int width) const {
     const int inner = width - 2 * metrics::line;
-    return heightOf(m_header, inner) + heightOf(m_scrollArea->widget(), inner) + heightOf(m_footer, inner) +
-           2 * metrics::line;
+    int height = heightOf(*m_scrollArea->widget(), inner) + 2 * metrics::line;
+    for (const QWidget *part : m_fixedParts)
+        height += heightOf(*part, inner);
+    return height;
 }
 
 void Sheet::takeFocus() {
     for (QWidget *next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
         if (isAncestorOf(next) && next->isEnabled() && (next->focusPolicy() & Qt::TabFocus) != 0) {
-            next->setFocus(Qt::TabFocusReason);
+            next->setFocus(Qt::OtherFocusReason);
             return;
         }
     }

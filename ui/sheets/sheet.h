@@ -19,7 +19,8 @@ class Sheet : public QWidget {
     Q_OBJECT
 
 public:
-    /// `title` is its accessible name. `width` in device-independent pixels, the border included.
+    /// `title` is its accessible name. `width` in device-independent pixels, the border included; it grows
+    /// for very large letters.
     Sheet(const QString &title, int width, QWidget *parent = nullptr);
 
     /// The size that it wants where at most `available` is free.
@@ -40,8 +41,9 @@ signals:
 protected:
     [[nodiscard]] QVBoxLayout &body() const { return *m_body; }
     [[nodiscard]] QScrollArea &scrollArea() const { return *m_scrollArea; }
-    void setHeader(QWidget *header);
-    void setFooter(QWidget *footer);
+    /// Adds a part that does not scroll, at the end of what is above the body or below it.
+    void addAboveBody(QWidget *part);
+    void addBelowBody(QWidget *part);
     void setLeastHeight(int height) { m_leastHeight = height; }
     void setGreatestHeight(int height) { m_greatestHeight = height; }
     /// A row of buttons at the right, the confirming one last.
@@ -62,8 +64,7 @@ private:
     QVBoxLayout *m_parts;
     QScrollArea *m_scrollArea;
     QVBoxLayout *m_body;
-    QWidget *m_header = nullptr;
-    QWidget *m_footer = nullptr;
+    QList<QWidget *> m_fixedParts; ///< What stands above and below the body and does not scroll.
 };
 
 } // namespace lexivore

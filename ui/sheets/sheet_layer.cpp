@@ -22,6 +22,8 @@ SheetLayer &SheetLayer::show(QWidget &window, Sheet *sheet) {
     layer->setGeometry(window.rect());
     layer->QWidget::show();
     layer->raise();
+    // Only what is shown counts in the layouts.
+    layer->place();
     sheet->takeFocus();
     layer->disableBeneath();
     return *layer;

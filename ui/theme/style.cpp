@@ -9,9 +9,7 @@
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QFocusFrame>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOption>
@@ -49,26 +47,6 @@ void drawCheckBox(QPainter &painter, const QStyleOption &option, const QWidget *
         drawFrame(painter, option.rect, 5, colours.field, colours.switchOff);
     }
     painter.restore();
-}
-
-FocusShape shapeUnder(const QWidget *frame) {
-    const auto *ring = qobject_cast<const QFocusFrame *>(frame);
-    return ring != nullptr && ring->widget() != nullptr ? focusShape(*ring->widget()) : FocusShape{};
-}
-
-/// How far the ring reaches over the widget that it surrounds.
-int focusMargin(const QWidget *frame) {
-    return shapeUnder(frame).placement == FocusShape::Placement::outside ? metrics::focusGap + metrics::focusLine : 0;
-}
-
-void drawFocusRing(QPainter &painter, const QRectF &rect, const QWidget *frame) {
-    const FocusShape shape = shapeUnder(frame);
-    const int line = metrics::focusLine;
-    drawFrame(painter, rect, shape.radius + focusMargin(frame), Qt::transparent, theme().focus, line);
-    const auto *button = qobject_cast<const QAbstractButton *>(static_cast<const QFocusFrame *>(frame)->widget());
-    if (shape.isDoubledWhenChecked && button != nullptr && button->isChecked())
-        drawFrame(painter, rect.adjusted(line, line, -line, -line), shape.radius - line, Qt::transparent,
-                  theme().onAccent, line);
 }
 
 /// Where the handle and the groove of a scroll bar are. There are no buttons at its ends.
@@ -194,9 +172,6 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
         return metrics::line;
     case PM_ToolTipLabelFrameWidth:
         return 6;
-    case PM_FocusFrameHMargin:
-    case PM_FocusFrameVMargin:
-        return focusMargin(widget);
     case PM_MenuPanelWidth:
         return metrics::line;
     case PM_MenuHMargin:
@@ -220,14 +195,12 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
         return 0;
     case SH_Slider_AbsoluteSetButtons:
         return Qt::LeftButton;
-    case SH_FocusFrame_AboveWidget:
     case SH_Menu_SupportsSections:
     case SH_Menu_MouseTracking:
     case SH_MenuBar_MouseTracking:
         return 1;
     case SH_ToolTipLabel_Opacity:
         return 255;
-    case SH_FocusFrame_Mask: // Nothing is cut off the ring.
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
         return 0;
@@ -321,9 +294,6 @@ void Style::drawControl(ControlElement element, const QStyleOption *option, QPai
     case CE_ToolBar:
         painter->fillRect(option->rect, theme().chrome);
         painter->fillRect(QRect(option->rect.bottomLeft(), option->rect.bottomRight()), theme().border);
-        return;
-    case CE_FocusFrame:
-        drawFocusRing(*painter, option->rect, widget);
         return;
     case CE_Splitter:
         painter->fillRect(option->rect, theme().border);

@@ -63,6 +63,14 @@ double pointsOf(FontRole role, double system) {
     return qMax(1.0, system * shape.factor + shape.morePoints);
 }
 
+double designPixelsOf(FontRole role) { return pointsOf(role, designPoints) * designPixelsPerPoint; }
+
+double pixelsOf(FontRole role) {
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const double pixelsPerPoint = screen != nullptr ? screen->logicalDotsPerInchY() / 72 : designPixelsPerPoint;
+    return pointsOf(role, systemPoints()) * pixelsPerPoint;
+}
+
 } // namespace
 
 double systemPoints() {
@@ -84,16 +92,23 @@ QFont monospacedFont(double points) {
     return font;
 }
 
-int lineHeightFor(FontRole role) { return heightFor(shapeOf(role).line, role); }
+int lineHeightFor(FontRole role) {
+    const double natural = QFontMetricsF(fontFor(role)).height();
+    const double designed = shapeOf(role).line * pixelsOf(role) / designPixelsOf(role);
+    // The score is digits alone: it needs no room for what hangs below the line.
+    return role == FontRole::score ? qRound(designed) : qMax(qRound(designed), qCeil(natural));
+}
 
 int heightFor(int height, FontRole role, int lines) {
-    const QScreen *screen = QGuiApplication::primaryScreen();
-    const double pixelsPerPoint = screen != nullptr ? screen->logicalDotsPerInchY() / 72 : designPixelsPerPoint;
-    const double pixels = pointsOf(role, systemPoints()) * pixelsPerPoint;
-    const double designPixels = pointsOf(role, designPoints) * designPixelsPerPoint;
     const double line = QFontMetricsF(fontFor(role)).height();
-    const double growth = lines * line * (1 - designPixels / pixels);
+    const double growth = lines * line * (1 - designPixelsOf(role) / pixelsOf(role));
     return qMax(qRound(height + growth), qCeil(lines * line));
+}
+
+int widthFor(int width) {
+    constexpr double tolerated = 1.25;
+    const double scale = pixelsOf(FontRole::body) / designPixelsOf(FontRole::body);
+    return qRound(width * qMax(1.0, scale / tolerated));
 }
 
 } // namespace lexivore

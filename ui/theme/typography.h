@@ -41,4 +41,8 @@ enum class FontRole {
 /// device-independent pixels for the font in use: it grows and shrinks with the lines and never clips them.
 [[nodiscard]] int heightFor(int height, FontRole role, int lines = 1);
 
+/// A width that is the same whatever the letters, until they are so large (from 12.5 points at 96 dots per inch) that
+/// words would no longer fit: then it grows with them. Device-independent pixels.
+[[nodiscard]] int widthFor(int width);
+
 } // namespace lexivore
