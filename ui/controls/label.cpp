@@ -11,36 +11,28 @@ namespace lexivore {
 namespace {
 
 constexpr qsizetype longestToolTip = 500;
-constexpr double unlimitedWidth = 1'000'000;
+constexpr qsizetype longestUnwrapped = 200; ///< Characters that a wrapped text would like to have on one line.
 
-/// Text in lines of at most `width` pixels.
-class WrappedText {
-public:
-    WrappedText(QString text, const QFont &font, Qt::Alignment alignment, double width, double lineHeight) {
-        text.replace('\n', QChar::LineSeparator);
-        m_layout.setText(text);
-        m_layout.setFont(font);
-        QTextOption option(alignment);
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        m_layout.setTextOption(option);
-        m_layout.beginLayout();
-        for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
-            line.setLineWidth(width);
-            const double height = qMax(lineHeight, line.height());
-            line.setPosition({0, m_height + (height - line.height()) / 2});
-            m_height += height;
-        }
-        m_layout.endLayout();
+/// Lays the text out in lines of at most `width` pixels, each at least `lineHeight` high.
+std::unique_ptr<QTextLayout> wrapped(QString text, const QFont &font, Qt::Alignment alignment, double width,
+                                     double lineHeight) {
+    text.replace('\n', QChar::LineSeparator);
+    auto layout = std::make_unique<QTextLayout>(text, font);
+    QTextOption option(alignment);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout->setTextOption(option);
+    layout->setCacheEnabled(true);
+    layout->beginLayout();
+    double top = 0;
+    for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+        line.setLineWidth(width);
+        const double height = qMax(lineHeight, line.height());
+        line.setPosition({0, top + (height - line.height()) / 2});
+        top += height;
     }
-
-    [[nodiscard]] double height() const { return m_height; }
-    [[nodiscard]] double width() const { return m_layout.maximumWidth(); }
-    void draw(QPainter &painter) const { m_layout.draw(&painter, {0, 0}); }
-
-private:
-    QTextLayout m_layout;
-    double m_height = 0;
-};
+    layout->endLayout();
+    return layout;
+}
 
 } // namespace
 
@@ -72,17 +64,20 @@ Label::Label(const QString &text, FontRole role, ThemeColour colour, Lines lines
     setText(text);
 }
 
+Label::~Label() = default;
+
 void Label::setText(const QString &text) {
+    forgetLayout();
     QLabel::setText(text);
     updateToolTip();
 }
 
 QSize Label::sizeHint() const {
-    if (m_lines == Lines::wrapped) {
-        const WrappedText whole(text(), font(), alignment(), unlimitedWidth, lineHeightFor(m_role));
-        return {qCeil(whole.width()), qCeil(whole.height())};
-    }
-    return {QFontMetrics(font()).horizontalAdvance(onOneLine(text())) + 1, lineHeightFor(m_role)};
+    if (m_sizeHint.isValid())
+        return m_sizeHint;
+    const QString longest = m_lines == Lines::wrapped ? text().left(longestUnwrapped) : text();
+    m_sizeHint = QSize(QFontMetrics(font()).horizontalAdvance(onOneLine(longest)) + 1, lineHeightFor(m_role));
+    return m_sizeHint;
 }
 
 QSize Label::minimumSizeHint() const { return {0, lineHeightFor(m_role)}; }
@@ -90,7 +85,23 @@ QSize Label::minimumSizeHint() const { return {0, lineHeightFor(m_role)}; }
 int Label::heightForWidth(int width) const {
     if (m_lines == Lines::one)
         return -1;
-    return qCeil(WrappedText(text(), font(), alignment(), width, lineHeightFor(m_role)).height());
+    if (!m_lineCounts.contains(width))
+        m_lineCounts.insert(width, layoutFor(width).lineCount());
+    return m_lineCounts.value(width) * lineHeightFor(m_role);
+}
+
+const QTextLayout &Label::layoutFor(int width) const {
+    if (m_layout == nullptr || m_layoutWidth != width) {
+        m_layout = wrapped(text(), font(), alignment(), width, lineHeightFor(m_role));
+        m_layoutWidth = width;
+    }
+    return *m_layout;
+}
+
+void Label::forgetLayout() {
+    m_layout.reset();
+    m_lineCounts.clear();
+    m_sizeHint = QSize();
 }
 
 bool Label::event(QEvent *event) {
@@ -102,12 +113,18 @@ bool Label::event(QEvent *event) {
     return QLabel::event(event);
 }
 
-void Label::paintEvent(QPaintEvent *) {
+void Label::changeEvent(QEvent *event) {
+    if (event->type() == QEvent::FontChange)
+        forgetLayout();
+    QLabel::changeEvent(event);
+}
+
+void Label::paintEvent(QPaintEvent *event) {
     QPainter painter(this);
     painter.setPen(theme().*m_colour);
     painter.setFont(font());
     if (m_lines == Lines::wrapped) {
-        WrappedText(text(), font(), alignment(), width(), lineHeightFor(m_role)).draw(painter);
+        layoutFor(width()).draw(&painter, {0, 0}, {}, event->rect());
         return;
     }
     const QString shown = QFontMetrics(font()).elidedText(onOneLine(text()), Qt::ElideRight, width());

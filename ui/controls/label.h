@@ -5,7 +5,12 @@
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
 
+#include <QHash>
 #include <QLabel>
+
+#include <memory>
+
+class QTextLayout;
 
 namespace lexivore {
 
@@ -21,6 +26,7 @@ public:
 
     Label(const QString &text, FontRole role, ThemeColour colour = &Theme::text, Lines lines = Lines::one,
           QWidget *parent = nullptr);
+    ~Label() override;
 
     void setText(const QString &text);
 
@@ -32,14 +38,22 @@ public:
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     void updateToolTip();
+    void forgetLayout();
+    /// The wrapped text, laid out for the width; kept, since a long text takes milliseconds.
+    [[nodiscard]] const QTextLayout &layoutFor(int width) const;
 
     FontRole m_role;
     ThemeColour m_colour;
     Lines m_lines;
+    mutable std::unique_ptr<QTextLayout> m_layout;
+    mutable int m_layoutWidth = -1;
+    mutable QHash<int, int> m_lineCounts; ///< By width; layouts ask for several in turn.
+    mutable QSize m_sizeHint;
 };
 
 /// Text on one line: what would break the line or draw as a box becomes a space.

@@ -78,7 +78,9 @@ QWidget *AlertSheet::makeButtons(const AlertContents &contents) {
 
 void AlertSheet::takeFocus() {
     const auto *name = m_isDestructive ? "cancel" : "confirm";
-    findChild<PushButton *>(QLatin1String(name))->setFocus(Qt::TabFocusReason);
+    // Return presses what has the focus: before a loss the ring shows at once what that is.
+    const Qt::FocusReason reason = m_isDestructive ? Qt::TabFocusReason : Qt::OtherFocusReason;
+    findChild<PushButton *>(QLatin1String(name))->setFocus(reason);
 }
 
 void AlertSheet::cancel() {

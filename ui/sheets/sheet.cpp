@@ -72,8 +72,8 @@ void Sheet::watch(QWidget &part) { part.installEventFilter(this); }
 
 QSize Sheet::sizeWithin(const QSize &available) const {
     const int width = qMin(widthFor(m_width), available.width());
-    const int height = qBound(m_leastHeight, naturalHeight(width), m_greatestHeight);
-    return {width, qMin(height, available.height())};
+    const int wanted = qMax(m_leastHeight, qMin(naturalHeight(width), m_greatestHeight));
+    return {width, qMin(wanted, available.height())};
 }
 
 int Sheet::naturalHeight(int width) const {

@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/sheets/sheet_fixture.h"
+#include "ui/controls/badge.h"
+#include "ui/controls/focus_ring.h"
+#include "ui/controls/focus_ring_frame.h"
+#include "ui/controls/label.h"
+#include "ui/controls/switch.h"
+#include "ui/controls/tool_button.h"
+
+#include <QCheckBox>
+#include <QPainter>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace lexivore {
+namespace {
+
+class ControlsTest : public SheetTest {
+protected:
+    template<typename Widget> Widget *place(Widget *widget, const QPoint &position = {40, 60}) {
+        widget->setParent(window.centralWidget());
+        widget->move(position);
+        widget->adjustSize();
+        widget->show();
+        settle();
+        return widget;
+    }
+
+    FocusRingFrame *ring() const {
+        auto *frame = find<FocusRingFrame>("focusRing");
+        return frame != nullptr && frame->isVisible() ? frame : nullptr;
+    }
+
+    static QColor colourAt(QWidget *widget, const QPoint &position) {
+        return widget->grab().toImage().pixelColor(position);
+    }
+};
+
+TEST_F(ControlsTest, ButtonsAreAsHighAndWideAsControls) {
+    EXPECT_EQ(PushButton("Cancel").sizeHint(), QSize(84, 32));
+    EXPECT_GT(PushButton("Create Numbered List").sizeHint().width(), 84);
+    EXPECT_EQ(ToolButton("trash", "Clear").sizeHint(), QSize(32, 32));
+    EXPECT_EQ(Switch("Multiple").sizeHint(), QSize(36, 20));
+}
+
+TEST_F(ControlsTest, ButtonsShowTheirKindAndState) {
+    auto *button = place(new PushButton("Clear", PushButton::Kind::destructive));
+    const QPoint inside(10, 6);
+    QTest::mouseMove(below);
+    settle();
+    EXPECT_EQ(colourAt(button, inside), theme().danger);
+    QTest::mouseMove(button);
+    settle();
+    EXPECT_EQ(colourAt(button, inside), theme().dangerHover);
+    QTest::mousePress(button, Qt::LeftButton);
+    EXPECT_EQ(colourAt(button, inside), theme().dangerPress);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    button->setEnabled(false);
+    EXPECT_EQ(colourAt(button, inside), theme().pane);
+}
+
+TEST_F(ControlsTest, ASheetOverThemDoesNotMakeThemLookDisabled) {
+    auto *button = place(new PushButton("Apply", PushButton::Kind::primary));
+    window.centralWidget()->setEnabled(false);
+    EXPECT_FALSE(button->isEnabled());
+    EXPECT_EQ(colourAt(button, {10, 6}), theme().accent);
+}
+
+TEST_F(ControlsTest, TheSwitchIsACheckBoxToKeysAndAssistiveTechnology) {
+    auto *toggle = place(new Switch("Multiple"));
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(toggle);
+    EXPECT_EQ(seen->role(), QAccessible::CheckBox);
+    EXPECT_EQ(seen->text(QAccessible::Name), "Multiple");
+    EXPECT_EQ(colourAt(toggle, {30, 4}), theme().switchOff);
+    click(toggle);
+    EXPECT_TRUE(toggle->isChecked());
+    EXPECT_TRUE(seen->state().checked);
+    EXPECT_EQ(colourAt(toggle, {6, 4}), theme().accent);
+    toggle->setFocus();
+    press(Qt::Key_Space);
+    EXPECT_FALSE(toggle->isChecked());
+}
+
+TEST_F(ControlsTest, AToolButtonCarriesItsHelp) {
+    auto *button = place(new ToolButton("trash", "Clear all text"));
+    EXPECT_EQ(button->toolTip(), "Clear all text");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name), "Clear all text");
+}
+
+TEST_F(ControlsTest, TheRingShowsForTheKeyboardAndNotForTheMouse) {
+    auto *button = place(new PushButton("One"));
+    auto *other = place(new PushButton("Two"), {40, 120});
+    other->setFocusPolicy(Qt::StrongFocus);
+    below->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(ring(), nullptr) << "fields show their focus themselves";
+    press(Qt::Key_Tab);
+    ASSERT_TRUE(button->hasFocus());
+    ASSERT_NE(ring(), nullptr);
+    EXPECT_EQ(ring()->followed(), button);
+    click(other);
+    ASSERT_TRUE(other->hasFocus());
+    EXPECT_EQ(ring(), nullptr);
+}
+
+TEST_F(ControlsTest, TheRingLies2PixelsAroundAButtonAndInsideATool) {
+    auto *button = place(new PushButton("One"));
+    button->setFocus(Qt::TabFocusReason);
+    ASSERT_NE(ring(), nullptr);
+    EXPECT_EQ(ring()->size(), button->size() + QSize(8, 8));
+    EXPECT_EQ(ring()->mapToGlobal(QPoint(4, 4)), button->mapToGlobal(QPoint()));
+    EXPECT_EQ(colourAt(&window, button->mapTo(&window, QPoint(20, -3))), theme().focus);
+    EXPECT_EQ(colourAt(&window, button->mapTo(&window, QPoint(20, -1))), theme().pane);
+    auto *tool = place(new ToolButton("trash", "Clear"), {200, 60});
+    tool->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(ring()->size(), tool->size());
+    tool->move(230, 60);
+    EXPECT_EQ(ring()->mapToGlobal(QPoint()), tool->mapToGlobal(QPoint()));
+    tool->hide();
+    EXPECT_EQ(ring(), nullptr);
+}
+
+TEST_F(ControlsTest, TheRingIsCutOffWithWhatScrolls) {
+    auto *area = place(new QScrollArea);
+    auto *content = new QWidget;
+    auto *button = new PushButton("Deep", PushButton::Kind::plain, content);
+    button->move(20, 20);
+    content->resize(300, 900);
+    area->setWidget(content);
+    area->resize(320, 100);
+    settle();
+    button->setFocus(Qt::TabFocusReason);
+    ASSERT_NE(ring(), nullptr);
+    EXPECT_EQ(ring()->parentWidget(), area->viewport());
+}
+
+TEST_F(ControlsTest, TheRingIsNothingToAssistiveTechnology) {
+    auto *button = place(new PushButton("One"));
+    const int before = QAccessible::queryAccessibleInterface(&window)->childCount();
+    button->setFocus(Qt::TabFocusReason);
+    ASSERT_NE(ring(), nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->childCount(), before);
+}
+
+TEST_F(ControlsTest, AFieldShowsItsFocusAndTakesTextOfAnyLength) {
+    const QPoint edge(below->width() / 2, 0);
+    EXPECT_EQ(colourAt(below, edge), theme().focus);
+    EXPECT_EQ(below->sizeHint().height(), 32);
+    below->clearFocus();
+    EXPECT_EQ(colourAt(below, edge), theme().borderStrong);
+    below->setText(QString(100'000, 'x'));
+    EXPECT_EQ(below->text().size(), 100'000);
+}
+
+TEST_F(ControlsTest, ALabelOnOneLineCutsOffAndShowsTheRestInItsToolTip) {
+    auto *label = place(new Label("<b>two\nlines</b>", FontRole::body));
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    EXPECT_TRUE(label->toolTip().isEmpty());
+    label->resize(40, label->height());
+    settle();
+    EXPECT_EQ(label->toolTip(), "<qt>&lt;b&gt;two<br>lines&lt;/b&gt;</qt>");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), "<b>two\nlines</b>");
+    EXPECT_EQ(label->sizeHint().height(), lineHeightFor(FontRole::body));
+}
+
+TEST_F(ControlsTest, AWrappedLabelBreaksWordsThatDoNotFit) {
+    const Label label(QString(200, 'x'), FontRole::subheadline, &Theme::text2, Label::Lines::wrapped);
+    EXPECT_TRUE(label.hasHeightForWidth());
+    EXPECT_GT(label.heightForWidth(100), label.heightForWidth(1000));
+    EXPECT_EQ(label.heightForWidth(100'000), lineHeightFor(FontRole::subheadline));
+    const Label lines("a\nb\nc", FontRole::subheadline, &Theme::text2, Label::Lines::wrapped);
+    EXPECT_EQ(lines.heightForWidth(1000), 3 * lineHeightFor(FontRole::subheadline));
+}
+
+TEST_F(ControlsTest, ALongToolTipIsCutBetweenCharacters) {
+    const QString tip = plainToolTip(QString::fromUtf8("\U0001F600").repeated(1000));
+    EXPECT_LT(tip.size(), 600);
+    EXPECT_TRUE(tip.isValidUtf16());
+    EXPECT_TRUE(plainToolTip({}).isEmpty());
+}
+
+TEST_F(ControlsTest, ABadgeKeepsManyDigitsInside) {
+    QImage picture(40, 40, QImage::Format_ARGB32_Premultiplied);
+    for (const int number : {1, 12, 123, 12'345, 1'234'567}) {
+        picture.fill(Qt::black);
+        QPainter painter(&picture);
+        drawBadge(painter, QRectF(10, 10, 20, 20), number, theme().accent);
+        painter.end();
+        for (int at = 0; at < 40; ++at) {
+            EXPECT_EQ(picture.pixelColor(8, at), QColor(Qt::black)) << number;
+            EXPECT_EQ(picture.pixelColor(31, at), QColor(Qt::black)) << number;
+        }
+        EXPECT_EQ(picture.pixelColor(20, 11), theme().accent) << number;
+    }
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/sheets/sheet_fixture.h"
+#include "tools/tools_manager.h"
+#include "ui/results/average_row.h"
+#include "ui/results/character_frequency_view.h"
+#include "ui/results/compact_stat_card.h"
+#include "ui/results/frequency_row.h"
+#include "ui/results/readability_scale.h"
+#include "ui/results/readability_view.h"
+#include "ui/results/reading_time_view.h"
+#include "ui/results/result_view_factory.h"
+#include "ui/results/statistics_result_view.h"
+
+#include <QClipboard>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace lexivore {
+namespace {
+
+class ResultViewsTest : public SheetTest {
+protected:
+    ToolView *open(std::size_t tool, std::string_view text) {
+        return show(tools.tools().at(tool)->makeView(Text(text), factory));
+    }
+
+    static QList<QStringList> cards(const QWidget &view) {
+        QList<QStringList> found;
+        for (const auto *card : view.findChildren<CompactStatCard *>())
+            found << labelsIn(*card);
+        return found;
+    }
+
+    ToolsManager tools;
+    ResultViewFactory factory;
+};
+
+TEST_F(ResultViewsTest, EveryViewHasItsSizeHeaderAndFooter) {
+    const QList<QSize> sizes = {QSize(500, 450), QSize(500, 500), QSize(500, 400), QSize(500, 450)};
+    for (std::size_t index = 0; index < 4; ++index) {
+        for (const std::string &text : {std::string(), std::string("Some words. "), std::string(5000, 'x')}) {
+            ToolView *view = open(index, text);
+            EXPECT_EQ(view->size(), sizes.at(qsizetype(index)));
+            const QStringList texts = labelsIn(*view);
+            EXPECT_TRUE(texts.contains(QString::fromStdString(tools.tools()[index]->name())));
+            EXPECT_TRUE(texts.contains(QString::fromStdString(tools.tools()[index]->description())));
+            EXPECT_EQ(find("copy")->text(), "Copy");
+            EXPECT_EQ(find("done")->text(), "Done");
+            click(find("done"));
+            EXPECT_FALSE(isOpen());
+        }
+    }
+}
+
+TEST_F(ResultViewsTest, CopyPutsTheReportOnTheClipboardAndKeepsTheSheetOpen) {
+    const QList<QString> firstLines = {"Text Statistics", "Character Frequency Analysis", "Reading Time Estimate",
+                                       "Readability Analysis"};
+    for (std::size_t index = 0; index < 4; ++index) {
+        QGuiApplication::clipboard()->setText("old");
+        const ToolView *view = open(index, "Hello world");
+        click(find("copy"));
+        const QString copied = QGuiApplication::clipboard()->text();
+        EXPECT_EQ(copied, QString::fromStdString(view->report()));
+        EXPECT_EQ(copied.section('\n', 0, 0), firstLines.at(qsizetype(index)));
+        EXPECT_TRUE(isOpen());
+        press(Qt::Key_Escape);
+        EXPECT_FALSE(isOpen());
+    }
+}
+
+TEST_F(ResultViewsTest, StatisticsShowsSixCardsInThreeColumnsAndThreeAverages) {
+    const ToolView *view = open(0, "Hi! How are you? Fine.\n\nGood.");
+    EXPECT_EQ(cards(*view), (QList<QStringList>{{"29", "Characters"},
+                                                {"6", "Words"},
+                                                {"3", "Lines"},
+                                                {"23", "No Spaces"},
+                                                {"4", "Sentences"},
+                                                {"2", "Paragraphs"}}));
+    const auto all = view->findChildren<CompactStatCard *>();
+    EXPECT_EQ(all[0]->y(), all[2]->y());
+    EXPECT_LT(all[2]->y(), all[3]->y());
+    EXPECT_NEAR(all[0]->width(), all[1]->width(), 1);
+    EXPECT_TRUE(labelsIn(*view).contains("Averages"));
+    QList<QStringList> averages;
+    for (const auto *row : view->findChildren<AverageRow *>())
+        averages << QStringList{row->accessibleName(), row->accessibleDescription()};
+    EXPECT_EQ(averages, (QList<QStringList>{
+                            {"Chars per word", "3.8"}, {"Words per line", "3.0"}, {"Words per sentence", "1.5"}}));
+}
+
+TEST_F(ResultViewsTest, StatisticsOfNothingAreSixCardsAllTheSame) {
+    const ToolView *view = open(0, "");
+    EXPECT_EQ(cards(*view), (QList<QStringList>{{"0", "Characters"},
+                                                {"0", "Words"},
+                                                {"1", "Lines"},
+                                                {"0", "No Spaces"},
+                                                {"0", "Sentences"},
+                                                {"0", "Paragraphs"}}));
+    for (const auto *row : view->findChildren<AverageRow *>())
+        EXPECT_EQ(row->accessibleDescription(), "0");
+}
+
+TEST_F(ResultViewsTest, FrequencyShowsTheTop20WithBarsInProportion) {
+    std::string text(50, 'a');
+    text += std::string(25, ' ');
+    for (char letter = 'b'; letter <= 'z'; ++letter)
+        text += letter;
+    const ToolView *view = open(1, text);
+    EXPECT_TRUE(labelsIn(*view).contains("Showing top 20 characters"));
+    const auto rows = view->findChildren<FrequencyRow *>();
+    ASSERT_EQ(rows.size(), 20);
+    EXPECT_EQ(rows[0]->accessibleName(), "a");
+    EXPECT_EQ(rows[0]->accessibleDescription(), "50");
+    EXPECT_EQ(rows[1]->accessibleName(), "Space");
+    EXPECT_EQ(rows[0]->barWidth(), rows[0]->width() - 100);
+    EXPECT_EQ(rows[1]->barWidth(), (rows[1]->width() - 100) / 2.0);
+    EXPECT_EQ(rows[0]->width(), 500 - 2 - 2 * 20);
+}
+
+TEST_F(ResultViewsTest, FrequencyOfOneRepeatedCharacterIsOneFullBarAndOfNothingNoRow) {
+    const ToolView *view = open(1, "zzzz");
+    ASSERT_EQ(view->findChildren<FrequencyRow *>().size(), 1);
+    const auto *row = view->findChild<FrequencyRow *>();
+    EXPECT_EQ(row->barWidth(), row->width() - 100);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(open(1, "")->findChildren<FrequencyRow *>().isEmpty());
+}
+
+TEST_F(ResultViewsTest, ABarWithoutCountsHasNoWidth) {
+    FrequencyRow row("a", 0, 0);
+    row.resize(458, 24);
+    EXPECT_EQ(row.barWidth(), 0);
+}
+
+TEST_F(ResultViewsTest, FrequencyScrollsByTheKeys) {
+    std::string text;
+    for (char letter = 'a'; letter <= 'z'; ++letter)
+        text += letter;
+    const ToolView *view = open(1, text);
+    const QScrollBar *bar = view->findChild<QScrollArea *>()->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > 0; }));
+    press(Qt::Key_End);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    press(Qt::Key_Home);
+    EXPECT_EQ(bar->value(), 0);
+    press(Qt::Key_PageDown);
+    EXPECT_GT(bar->value(), 0);
+}
+
+TEST_F(ResultViewsTest, FrequencyDrawsCharactersThatBreakLinesOrHaveNoShape) {
+    const ToolView *view = open(1, "\n\n\t\t\r\n\u2028\U0001F469\u200D\U0001F467\u05E9");
+    for (const auto *row : view->findChildren<FrequencyRow *>())
+        EXPECT_EQ(row->height(), 24);
+}
+
+TEST_F(ResultViewsTest, ReadingTimeShowsBothDurations) {
+    std::string text;
+    for (int word = 0; word < 199; ++word)
+        text += "word ";
+    const QStringList texts = labelsIn(*open(2, text));
+    for (const char *expected : {"Reading Time", "59s", "(~200 words/min)", "Speaking Time", "1m 19s",
+                                 "(~150 words/min)", "199", "words", "Based on average reading speed"})
+        EXPECT_TRUE(texts.contains(expected)) << expected;
+    press(Qt::Key_Return);
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(labelsIn(*open(2, "")).count("0s"), 2);
+}
+
+TEST_F(ResultViewsTest, ReadabilityShowsScoreLevelGradeAndCounts) {
+    const QStringList texts = labelsIn(*open(3, "Hello world"));
+    for (const char *expected :
+         {"77.9", "Flesch Reading Ease", "Fairly Easy", "Grade Level:", "7th grade", "Words:", "2", "Sentences:", "1",
+          "Syllables:", "3", "Higher scores indicate easier readability"})
+        EXPECT_TRUE(texts.contains(expected)) << expected;
+    press(Qt::Key_Escape);
+    const ToolView *empty = open(3, "");
+    EXPECT_TRUE(labelsIn(*empty).contains("0.0"));
+    EXPECT_FALSE(labelsIn(*empty).contains("Very Difficult"));
+}
+
+TEST_F(ResultViewsTest, TheScaleHasABandForEachLevel) {
+    const QList<std::pair<double, int>> expected = {{0, 0},  {29.9, 0}, {30, 1}, {50, 2}, {60, 3},
+                                                    {70, 4}, {80, 5},   {90, 6}, {100, 6}};
+    for (const auto &[score, band] : expected)
+        EXPECT_EQ(ReadabilityScale::bandOf(score), band) << score;
+}
+
+TEST_F(ResultViewsTest, KeepTheTextTheyWereOpenedWith) {
+    Text text(std::string_view("one two"));
+    const ToolView *view = show(tools.tools()[2]->makeView(text, factory));
+    text = text.replaced(0, 0, "more words ");
+    settle();
+    EXPECT_TRUE(labelsIn(*view).contains("2"));
+}
+
+TEST_F(ResultViewsTest, AreReadOutCardByCard) {
+    const ToolView *view = open(0, "one two");
+    QAccessibleInterface *words = QAccessible::queryAccessibleInterface(view->findChildren<CompactStatCard *>()[1]);
+    EXPECT_EQ(words->text(QAccessible::Name), "Words");
+    EXPECT_EQ(words->text(QAccessible::Description), "2");
+}
+
+} // namespace
+} // namespace lexivore
