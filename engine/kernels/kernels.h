@@ -102,6 +102,11 @@ struct Kernels {
     bool (*decodeHexadecimal)(const char *from, std::size_t pairs, char *to);
     /// The bytes in reverse order; `to` is other memory.
     void (*reverse)(const char *from, std::size_t size, char *to);
+    /// Base64 digits of as many groups of three bytes as it takes at once; returns how many bytes it read.
+    std::size_t (*encodeBase64)(const char *from, std::size_t size, char *to);
+    /// The bytes of as many groups of four Base64 digits as it takes at once, all of them valid; returns how many
+    /// digits it read. Up to 8 bytes behind what it writes are overwritten too.
+    std::size_t (*decodeBase64)(const char *from, std::size_t size, char *to);
 };
 
 /// The best for this processor.

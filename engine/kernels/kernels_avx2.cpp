@@ -7,6 +7,7 @@ namespace lexivore::kernels {
 extern const Kernels avx2Kernels;
 const Kernels avx2Kernels = {"avx2",      asciiPrefix,       classify,          findCounted,   countBits,
                              compress,    compressReplacing, caseWords,         alternateCase, find,
-                             isValidUtf8, encodeHexadecimal, decodeHexadecimal, reverse};
+                             isValidUtf8, encodeHexadecimal, decodeHexadecimal, reverse,       encodeBase64,
+                             decodeBase64};
 
 } // namespace lexivore::kernels

@@ -163,6 +163,80 @@ bool decodeHexadecimal(const char *from, std::size_t pairs, char *to) {
     return invalid == 0;
 }
 
+#ifdef __AVX2__
+// After Wojciech Muła and Daniel Lemire, "Faster Base64 Encoding and Decoding Using AVX2 Instructions" (2018).
+
+/// The same 16 bytes in both halves.
+inline __m256i inBothHalves(const char *bytes) {
+    __m128i half;
+    __builtin_memcpy(&half, bytes, sizeof half);
+    return _mm256_broadcastsi128_si256(half);
+}
+
+std::size_t encodeBase64(const char *from, std::size_t size, char *to) {
+    constexpr std::size_t bytesRead = 28;
+    constexpr std::size_t bytesAtOnce = 24;
+    constexpr char spread[] = {1, 0, 2, 1, 4, 3, 5, 4, 7, 6, 8, 7, 10, 9, 11, 10};
+    // What is added to each kind of digit: small letters, ten digits, "+", "/", capitals.
+    constexpr char offsets[] = {'a' - 26, '0' - 52, '0' - 52, '0' - 52, '0' - 52, '0' - 52, '0' - 52, '0' - 52,
+                                '0' - 52, '0' - 52, '0' - 52, '+' - 62, '/' - 63, 'A',      0,        0};
+    std::size_t position = 0;
+    for (; size - position >= bytesRead; position += bytesAtOnce) {
+        __m128i halves[2];
+        __builtin_memcpy(&halves[0], from + position, sizeof halves[0]);
+        __builtin_memcpy(&halves[1], from + position + bytesAtOnce / 2, sizeof halves[1]);
+        const __m256i groups = _mm256_shuffle_epi8(_mm256_set_m128i(halves[1], halves[0]),
+                                                   inBothHalves(spread)); // three bytes in each four
+        const __m256i odd =
+            _mm256_mulhi_epu16(_mm256_and_si256(groups, _mm256_set1_epi32(0x0FC0FC00)), _mm256_set1_epi32(0x04000040));
+        const __m256i even =
+            _mm256_mullo_epi16(_mm256_and_si256(groups, _mm256_set1_epi32(0x003F03F0)), _mm256_set1_epi32(0x01000010));
+        const __m256i values = _mm256_or_si256(odd, even);
+        const __m256i isCapital = _mm256_cmpgt_epi8(_mm256_set1_epi8(26), values);
+        const __m256i kinds = _mm256_or_si256(_mm256_subs_epu8(values, _mm256_set1_epi8(51)),
+                                              _mm256_and_si256(isCapital, _mm256_set1_epi8(13)));
+        const __m256i digits = _mm256_add_epi8(_mm256_shuffle_epi8(inBothHalves(offsets), kinds), values);
+        __builtin_memcpy(to + position / 3 * 4, &digits, sizeof digits);
+    }
+    return position;
+}
+
+std::size_t decodeBase64(const char *from, std::size_t size, char *to) {
+    // A digit is invalid when the rows of its two nibbles share a bit.
+    constexpr char byLowNibble[] = {0x15, 0x11, 0x11, 0x11, 0x11, 0x11, 0x11, 0x11,
+                                    0x11, 0x11, 0x13, 0x1A, 0x1B, 0x1B, 0x1B, 0x1A};
+    constexpr char byHighNibble[] = {0x10, 0x10, 0x01, 0x02, 0x04, 0x08, 0x04, 0x08,
+                                     0x10, 0x10, 0x10, 0x10, 0x10, 0x10, 0x10, 0x10};
+    constexpr char offsets[] = {0, 16, 19, 4, -65, -65, -71, -71, 0, 0, 0, 0, 0, 0, 0, 0};
+    constexpr char gathered[] = {2, 1, 0, 6, 5, 4, 10, 9, 8, 14, 13, 12, -1, -1, -1, -1};
+    std::size_t position = 0;
+    for (; size - position >= sizeof(__m256i); position += sizeof(__m256i)) {
+        __m256i digits;
+        __builtin_memcpy(&digits, from + position, sizeof digits);
+        const __m256i nibble = _mm256_set1_epi8(0x0F);
+        const __m256i highNibbles = _mm256_and_si256(_mm256_srli_epi32(digits, 4), nibble);
+        const __m256i high = _mm256_shuffle_epi8(inBothHalves(byHighNibble), highNibbles);
+        const __m256i low = _mm256_shuffle_epi8(inBothHalves(byLowNibble), _mm256_and_si256(digits, nibble));
+        if (_mm256_testz_si256(high, low) == 0) {
+            break;
+        }
+        const __m256i isSlash = _mm256_cmpeq_epi8(digits, _mm256_set1_epi8('/'));
+        const __m256i offset = _mm256_shuffle_epi8(inBothHalves(offsets), _mm256_add_epi8(isSlash, highNibbles));
+        const __m256i values = _mm256_add_epi8(digits, offset);
+        const __m256i pairs = _mm256_maddubs_epi16(values, _mm256_set1_epi32(0x01400140));
+        const __m256i quanta = _mm256_madd_epi16(pairs, _mm256_set1_epi32(0x00011000));
+        const __m256i bytes = _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(quanta, inBothHalves(gathered)),
+                                                          _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 7, 7));
+        __builtin_memcpy(to + position / 4 * 3, &bytes, sizeof bytes);
+    }
+    return position;
+}
+#else
+std::size_t encodeBase64(const char *, std::size_t, char *) { return 0; }
+
+std::size_t decodeBase64(const char *, std::size_t, char *) { return 0; }
+#endif
+
 } // namespace
 
 } // namespace lexivore::kernels

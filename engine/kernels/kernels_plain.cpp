@@ -5,8 +5,9 @@
 namespace lexivore::kernels {
 
 extern const Kernels plainKernels;
-const Kernels plainKernels = {"plain",     asciiPrefix,       classify,          findCounted,   countBits,
-                              compress,    compressReplacing, caseWords,         alternateCase, find,
-                              isValidUtf8, encodeHexadecimal, decodeHexadecimal, reverse};
+const Kernels plainKernels = {"plain",           asciiPrefix, classify,          findCounted,
+                              countBits,         compress,    compressReplacing, caseWords,
+                              alternateCase,     find,        isValidUtf8,       encodeHexadecimal,
+                              decodeHexadecimal, reverse,     encodeBase64,      decodeBase64};
 
 } // namespace lexivore::kernels

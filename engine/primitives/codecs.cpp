@@ -89,7 +89,8 @@ TextBuffer encodeBase64(std::string_view bytes) {
     TextBuffer result;
     char *to = result.room((bytes.size() + 2) / 3 * 4);
     const auto valueAt = [bytes](std::size_t index) { return static_cast<unsigned>(indexOf(bytes[index])); };
-    std::size_t position = 0;
+    std::size_t position = kernels::best().encodeBase64(bytes.data(), bytes.size(), to);
+    to += position / 3 * 4;
     for (; bytes.size() - position >= 3; position += 3) {
         const unsigned bits = valueAt(position) << 16 | valueAt(position + 1) << 8 | valueAt(position + 2);
         std::memcpy(to, base64Pairs[bits >> 12].data(), 2);
@@ -117,9 +118,12 @@ std::optional<TextBuffer> decodeBase64(std::string_view text) {
         ++padding;
     }
     TextBuffer result;
-    char *to = result.room(text.size() / 4 * 3);
+    constexpr std::size_t scratch = 8;
+    char *to = result.room(text.size() / 4 * 3 + scratch);
+    const std::size_t decoded = kernels::best().decodeBase64(text.data(), text.size(), to);
+    to += decoded / 4 * 3;
     const auto write = [&to](unsigned value) { *to++ = static_cast<char>(static_cast<unsigned char>(value)); };
-    for (std::size_t position = 0; position < text.size(); position += 4) {
+    for (std::size_t position = decoded; position < text.size(); position += 4) {
         // Digits that padding stands for count as zeros.
         const bool isLast = position + 4 == text.size();
         const std::size_t digits = isLast ? 4 - padding : 4;

@@ -1,73 +1,18 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "engine/kernels/kernels.h"
+#include "tests/engine/kernels_texts.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
-#include <memory>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace lexivore::kernels {
 namespace {
-
-constexpr unsigned seed = 20240613;
-
-/// Bytes of the kinds that the kernels tell apart, with ever fewer outside ASCII.
-std::string randomBytes(std::mt19937 &random, std::size_t size, unsigned nonAsciiPerThousand) {
-    const std::string common = "abcxyzABCXYZ0159'' .,;!?\t\n\r-_/@[`{\x7f";
-    std::string bytes;
-    for (std::size_t i = 0; i < size; ++i) {
-        const bool isAscii = random() % 1000 >= nonAsciiPerThousand;
-        bytes += isAscii ? common[random() % common.size()] : static_cast<char>(0x80 + random() % 0x80);
-    }
-    return bytes;
-}
-
-/// A copy of a text that begins `offset` bytes behind the alignment of a vector and ends where its memory does, so that
-/// AddressSanitizer sees every read and write behind it.
-class ExactCopy {
-public:
-    ExactCopy(std::string_view text, std::size_t offset)
-        : m_memory(new (std::align_val_t{blockSize}) char[offset + text.size()]), m_offset(offset),
-          m_size(text.size()) {
-        std::copy(text.begin(), text.end(), data());
-    }
-    [[nodiscard]] char *data() const { return m_memory.get() + m_offset; }
-    [[nodiscard]] std::string_view view() const { return {data(), m_size}; }
-
-private:
-    struct Free {
-        void operator()(char *memory) const { ::operator delete[](memory, std::align_val_t{blockSize}); }
-    };
-    std::unique_ptr<char[], Free> m_memory;
-    std::size_t m_offset;
-    std::size_t m_size;
-};
-
-/// Runs `check(kernels)` for every set of kernels.
-template<typename Check> void onAllKernels(Check check) {
-    for (std::size_t index = 0; index < availableCount(); ++index) {
-        SCOPED_TRACE(available(index).name);
-        check(available(index));
-    }
-}
-
-/// Runs `check(kernels, bytes)` for every set of kernels on texts of many sizes, at every alignment of a vector.
-template<typename Check> void onRandomBytes(Check check) {
-    std::mt19937 random(seed);
-    for (const unsigned nonAscii : {0U, 2U, 30U, 500U}) {
-        for (std::size_t size = 0; size < 700; size += size < 140 ? 1 : 37) {
-            const ExactCopy bytes(randomBytes(random, size, nonAscii), size % blockSize);
-            SCOPED_TRACE(std::to_string(size) + " bytes");
-            onAllKernels([&](const Kernels &kernels) { check(kernels, bytes.view()); });
-        }
-    }
-}
 
 TEST(Kernels, PlainOnesAreFirstAndTheBestOnesLast) {
     ASSERT_GE(availableCount(), 1U);
@@ -334,176 +279,6 @@ TEST(Kernels, FindGivesUpWhenTooManyPlacesLookRight) {
         const std::string harmless = std::string(5000, 'a') + std::string(1U << 20, 'c');
         EXPECT_EQ(kernels.find(harmless.data(), harmless.size(), "aab", 3, gaveUp), harmless.size());
         EXPECT_FALSE(gaveUp);
-    });
-}
-
-/// RFC 3629, as its table of well-formed sequences says it.
-bool isPlainlyValidUtf8(std::string_view text) {
-    struct Row {
-        unsigned firstLead, lastLead, firstSecond, lastSecond;
-        std::size_t length;
-    };
-    constexpr Row rows[] = {
-        {0x00, 0x7F, 0, 0, 1},       {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
-        {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
-        {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
-    };
-    const auto isBetween = [](char byte, unsigned first, unsigned last) {
-        return static_cast<unsigned char>(byte) >= first && static_cast<unsigned char>(byte) <= last;
-    };
-    const auto isBegin = [&](const Row &row) {
-        if (!isBetween(text[0], row.firstLead, row.lastLead) || text.size() < row.length) {
-            return false;
-        }
-        for (std::size_t i = 1; i < row.length; ++i) {
-            const bool isSecond = i == 1;
-            if (!isBetween(text[i], isSecond ? row.firstSecond : 0x80, isSecond ? row.lastSecond : 0xBF)) {
-                return false;
-            }
-        }
-        return true;
-    };
-    while (!text.empty()) {
-        const Row *const row = std::find_if(std::begin(rows), std::end(rows), isBegin);
-        if (row == std::end(rows)) {
-            return false;
-        }
-        text.remove_prefix(row->length);
-    }
-    return true;
-}
-
-/// Compares the kernels with the plain checker on `sequence` within ASCII, at every place round the borders of blocks
-/// of 32 and 64 bytes, and as the end of the text there.
-void expectSameValidity(std::string_view sequence) {
-    constexpr std::size_t size = 72;
-    static const ExactCopy surroundings(std::string(size, 'a'), 0);
-    const bool isValid = isPlainlyValidUtf8(sequence);
-    for (const std::size_t border : {32U, 64U}) {
-        for (std::size_t place = border - sequence.size(); place <= border; ++place) {
-            char *const text = surroundings.data();
-            std::memcpy(text + place, sequence.data(), sequence.size());
-            for (std::size_t index = 0; index < availableCount(); ++index) {
-                const auto isValidUtf8 = available(index).isValidUtf8;
-                if (isValidUtf8(text, size) != isValid || isValidUtf8(text, place + sequence.size()) != isValid) {
-                    ADD_FAILURE() << available(index).name << " at " << place << ": "
-                                  << testing::PrintToString(std::string(sequence));
-                }
-            }
-            std::memset(text + place, 'a', sequence.size());
-        }
-    }
-}
-
-/// Every sequence of `length` bytes out of `bytes`.
-void expectSameValidityOfAll(const std::string &bytes, std::size_t length) {
-    std::vector<std::size_t> digits(length, 0);
-    std::string sequence(length, bytes[0]);
-    for (bool isDone = false; !isDone;) {
-        expectSameValidity(sequence);
-        isDone = true;
-        for (std::size_t i = 0; i < length && isDone; ++i) {
-            isDone = ++digits[i] == bytes.size();
-            digits[i] = isDone ? 0 : digits[i];
-            sequence[i] = bytes[digits[i]];
-        }
-    }
-}
-
-TEST(Kernels, Utf8ValidityOfEverySequenceOfUpToThreeBytes) {
-    std::string bytes("a");
-    for (unsigned byte = 0x80; byte < 0x100; ++byte) {
-        bytes += static_cast<char>(byte);
-    }
-    expectSameValidityOfAll(std::string("\0\x01\x7f", 3) + bytes, 1);
-    expectSameValidityOfAll(std::string("\0\x01\x7f", 3) + bytes, 2);
-    expectSameValidityOfAll(bytes, 3);
-}
-
-TEST(Kernels, Utf8ValidityOfSequencesOfFourBytesAtTheLimits) {
-    expectSameValidityOfAll("a\x80\x8f\x90\x9f\xa0\xbf\xc1\xc2\xdf\xe0\xe1\xed\xef\xf0\xf1\xf3\xf4\xf5\xff", 4);
-}
-
-TEST(Kernels, Utf8ValidityOfMutatedTexts) {
-    const std::string samples[] = {
-        "plain ASCII text, ",
-        "déjà vu, ",
-        "Привет, мир, ",
-        "नमस्ते दुनिया, ",
-        "統一碼，",
-        "שלום ",
-        "👩‍👩‍👧‍👦 🇩🇪 ",
-        "\n",
-    };
-    std::mt19937 random(seed);
-    for (int round = 0; round < 20'000; ++round) {
-        std::string text;
-        const std::size_t size = random() % 300;
-        while (text.size() < size) {
-            text += samples[random() % std::size(samples)];
-        }
-        for (auto mutations = random() % 4; mutations > 0 && !text.empty(); --mutations) {
-            const std::size_t place = random() % text.size();
-            switch (random() % 3) {
-            case 0:
-                text[place] = static_cast<char>(random());
-                break;
-            case 1:
-                text.erase(place, 1 + random() % 3);
-                break;
-            default:
-                text.insert(place, 1, static_cast<char>(random()));
-            }
-        }
-        const ExactCopy copy(text, random() % blockSize);
-        onAllKernels([&](const Kernels &kernels) {
-            EXPECT_EQ(kernels.isValidUtf8(copy.data(), text.size()), isPlainlyValidUtf8(text));
-        });
-    }
-}
-
-TEST(Kernels, HexadecimalDigitsOfEveryByte) {
-    onRandomBytes([](const Kernels &kernels, std::string_view text) {
-        std::string expected;
-        for (const char byte : text) {
-            expected += "0123456789abcdef"[static_cast<unsigned char>(byte) >> 4];
-            expected += "0123456789abcdef"[static_cast<unsigned char>(byte) & 0x0FU];
-        }
-        const ExactCopy digits(std::string(2 * text.size(), '#'), text.size() % blockSize);
-        kernels.encodeHexadecimal(text.data(), text.size(), digits.data());
-        EXPECT_EQ(digits.view(), expected);
-
-        const ExactCopy bytes(std::string(text.size(), '#'), (text.size() + 7) % blockSize);
-        EXPECT_TRUE(kernels.decodeHexadecimal(digits.data(), text.size(), bytes.data()));
-        EXPECT_EQ(bytes.view(), text);
-        std::transform(expected.begin(), expected.end(), digits.data(), upper);
-        EXPECT_TRUE(kernels.decodeHexadecimal(digits.data(), text.size(), digits.data())); // onto itself
-        EXPECT_EQ(digits.view().substr(0, text.size()), text);
-    });
-}
-
-TEST(Kernels, HexadecimalDecodingFindsEveryOtherByte) {
-    std::mt19937 random(seed);
-    for (unsigned value = 0; value < 0x100; ++value) {
-        const char byte = static_cast<char>(value);
-        const bool isDigit = (byte >= '0' && byte <= '9') || (lower(byte) >= 'a' && lower(byte) <= 'f');
-        for (const std::size_t pairs : {1U, 8U, 31U, 32U, 33U, 64U, 100U}) {
-            std::string digits(2 * pairs, 'c');
-            digits[random() % digits.size()] = byte;
-            const ExactCopy copy(digits, random() % blockSize);
-            onAllKernels([&](const Kernels &kernels) {
-                std::string bytes(pairs, '#');
-                EXPECT_EQ(kernels.decodeHexadecimal(copy.data(), pairs, bytes.data()), isDigit) << value;
-            });
-        }
-    }
-}
-
-TEST(Kernels, ReverseTurnsEveryByte) {
-    onRandomBytes([](const Kernels &kernels, std::string_view text) {
-        const ExactCopy result(std::string(text.size(), '#'), (text.size() + 5) % blockSize);
-        kernels.reverse(text.data(), text.size(), result.data());
-        EXPECT_EQ(result.view(), std::string(text.rbegin(), text.rend()));
     });
 }
 
