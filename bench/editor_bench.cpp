@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Times the editor through its widget, from the call or the event to the finished paint, beside the toolkit's own.
-// Usage: lexivore_editor_bench [--json FILE] [--quick] [--no-stock]
+// Usage: lexivore_editor_bench [--json FILE] [--quick] [--no-stock] [--only PART_OF_A_CASE]
 // Exits with 1 when a limit is missed. The stock editor is left out where a text would keep it busy for minutes.
 #include "ui/editor/text_editor.h"
 #include "ui/text_conversion.h"
@@ -333,7 +333,12 @@ int main(int argc, char **argv) {
                    {}, "texts");
         editor.setText(Text());
     }
+    const qsizetype only = arguments.indexOf("--only");
+    const std::string wanted = only != -1 ? arguments.value(only + 1).toStdString() : std::string();
     const auto run = [&](const Case &example) {
+        if (example.name.find(wanted) == std::string::npos) {
+            return;
+        }
         measure(example, ours, hasStock ? &theirs : nullptr, isQuick, report);
     };
     run({"10 MB, 130,000 lines", manyLines(10 * megabyte), 30});

@@ -49,6 +49,7 @@ bool TextDocument::setText(const Text &text) {
         return false;
     }
     const TextDifference difference = differenceOf(m_text, text);
+    const QScopedValueRollback removing(m_removedText, m_text.slice(difference.offset, difference.removed));
     m_text = text;
     if (difference.removed == 0 && difference.inserted == 0) {
         return true;
@@ -265,6 +266,7 @@ void TextDocument::apply(const EditStep &step) {
     m_anchor = step.anchorAfter == step.caretAfter ? m_caret : boundaryAt(step.anchorAfter, Side::behind);
     {
         const QScopedValueRollback announcing(m_isAnnouncing, true);
+        const QScopedValueRollback removing(m_removedText, step.removed);
         emit edited(step.offset, step.removed.size(), step.inserted.view());
     }
     emit selectionChanged();

@@ -111,6 +111,9 @@ public:
     void undo();
     void redo();
 
+    /// What the change that is being announced took away. Nothing at other times.
+    [[nodiscard]] const Text &removedText() const { return m_removedText; }
+
 signals:
     /// An edit, an undo of one or a redo. `inserted` is valid during the call.
     void edited(std::size_t offset, std::size_t removed, std::string_view inserted);
@@ -132,6 +135,7 @@ private:
     EditHistory m_history;
     std::size_t m_caret = 0;
     std::size_t m_anchor = 0;
+    Text m_removedText;
     bool m_isAnnouncing = false;
     bool m_isUndoEnabled = true;
     mutable std::string m_scratch;

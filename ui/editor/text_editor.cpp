@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/editor/text_editor.h"
 
+#include "ui/editor/text_editor_accessible.h"
+
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -33,6 +35,7 @@ TextEditor::TextEditor(QWidget *parent) : QAbstractScrollArea(parent), m_layout(
     verticalScrollBar()->setAttribute(Qt::WA_InputMethodEnabled, false);
     connect(verticalScrollBar(), &QScrollBar::sliderReleased, this, &TextEditor::updateScrollBar);
     connect(QGuiApplication::styleHints(), &QStyleHints::cursorFlashTimeChanged, this, &TextEditor::restartBlinking);
+    TextEditorAccessible::install();
     connectDocument();
     applyStyle();
 }
@@ -43,6 +46,7 @@ void TextEditor::connectDocument() {
     connect(&m_document, &TextDocument::edited, this,
             [this](std::size_t offset, std::size_t removed, std::string_view inserted) {
                 followEdit(offset, removed, inserted.size());
+                announceChange(offset, inserted.size());
                 emit edited(offset, removed, inserted);
                 emit countsChanged();
             });
@@ -51,6 +55,7 @@ void TextEditor::connectDocument() {
                 m_layout.setPreedit({}, 0);
                 m_isSelecting = false;
                 followEdit(offset, removed, inserted);
+                announceChange(offset, inserted);
                 emit countsChanged();
             });
     connect(&m_document, &TextDocument::selectionChanged, this, &TextEditor::caretWasMoved);
@@ -68,6 +73,10 @@ void TextEditor::followEdit(std::size_t offset, std::size_t removed, std::size_t
         m_dropOffset.reset();
     }
     scrollBy(0);
+}
+
+void TextEditor::announceChange(std::size_t offset, std::size_t inserted) {
+    TextEditorAccessible::announceChange(*this, offset, m_document.removedText(), text().slice(offset, inserted));
 }
 
 bool TextEditor::setText(const Text &text) {
@@ -183,6 +192,7 @@ void TextEditor::caretWasMoved() {
     refresh();
     const TextDocument::LineAndColumn place = m_document.caretPlace();
     emit caretMoved(place.line, place.column);
+    TextEditorAccessible::announceSelection(*this);
     emit selectionChanged();
     updateMicroFocus();
 }

@@ -134,6 +134,7 @@ private:
     void connectDocument();
     /// Keeps the first visible row where it is.
     void followEdit(std::size_t offset, std::size_t removed, std::size_t inserted);
+    void announceChange(std::size_t offset, std::size_t inserted);
     void applyStyle();
     void caretWasMoved();
     void paintCaret(QPainter &painter);
