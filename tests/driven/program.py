@@ -33,7 +33,7 @@ def wait_for(condition, what, timeout=TIMEOUT):
 class Display:
     """An X server with a window manager, for as long as the block runs."""
 
-    def __init__(self, size="1280x800"):
+    def __init__(self, size="1400x900"):
         self.size = size
 
     def __enter__(self):
@@ -129,7 +129,11 @@ class Program:
         run("xdotool", "key", "--clearmodifiers", *combinations)
 
     def type(self, text):
-        run("xdotool", "type", "--clearmodifiers", "--delay", "8", text)
+        for number, line in enumerate(text.split("\n")):
+            if number > 0:
+                self.keys("Return")
+            if line:
+                run("xdotool", "type", "--clearmodifiers", "--delay", "8", "--", line)
 
     def move_to(self, node):
         x, y = centre(node)

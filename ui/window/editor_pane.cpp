@@ -116,6 +116,11 @@ void EditorPane::changeEvent(QEvent *event) {
 
 bool EditorPane::eventFilter(QObject *watched, QEvent *event) {
     switch (event->type()) {
+    case QEvent::ShortcutOverride: {
+        // On this platform Ctrl+K deletes to the end of the line, but here it goes to the search from anywhere.
+        const auto *key = static_cast<QKeyEvent *>(event);
+        return key->key() == Qt::Key_K && key->modifiers() == Qt::ControlModifier;
+    }
     case QEvent::KeyPress: {
         // Tab itself types a tab.
         const auto *key = static_cast<QKeyEvent *>(event);

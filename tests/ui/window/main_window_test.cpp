@@ -129,6 +129,17 @@ TEST_F(MainWindow, TheHeaderFoldsTheCategories) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return isShown("category.Lines"); }));
 }
 
+TEST_F(MainWindow, TheSearchIsReachedByKeyFromTheEditor) {
+    setText("kept");
+    for (const auto &[key, modifiers] : {std::pair(Qt::Key_K, Qt::KeyboardModifiers(Qt::ControlModifier)),
+                                         std::pair(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier)}) {
+        focusEditor();
+        press(key, modifiers);
+        EXPECT_TRUE(find("search")->hasFocus());
+        EXPECT_EQ(text(), "kept");
+    }
+}
+
 TEST_F(MainWindow, CategoriesAreOneStopOfTheTabKey) {
     find("category.Case Conversion")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Down);
