@@ -25,7 +25,8 @@ StatisticsResultView::StatisticsResultView(const TextTool &tool, const Text &tex
     : ToolView(tool, text, viewSize), m_stats(stats) {}
 
 void StatisticsResultView::appear() {
-    body().setContentsMargins(metrics::sheetPadding, 16, metrics::sheetPadding, 16);
+    // Little is kept free below, so that fonts with taller lines fit into the fixed height too.
+    body().setContentsMargins(metrics::sheetPadding, 16, metrics::sheetPadding, 8);
     body().addWidget(makeCards());
     body().addSpacing(16);
     body().addWidget(new Label(tr("Averages"), FontRole::sectionTitle, &Theme::text2));

@@ -86,13 +86,13 @@ void ToolView::takeFocus() { findChild<PushButton *>(QStringLiteral("done"))->se
 
 void ToolView::copyReport() const { QGuiApplication::clipboard()->setText(toQString(report())); }
 
-void ToolView::showEvent(QShowEvent *event) {
-    if (!m_hasAppeared) {
+bool ToolView::event(QEvent *event) {
+    // Comes once, just before the first showing: what is added now is laid out when the view is first painted.
+    if (event->type() == QEvent::Polish && !m_hasAppeared) {
         m_hasAppeared = true;
         appear();
-        emit sizeChanged();
     }
-    Sheet::showEvent(event);
+    return Sheet::event(event);
 }
 
 } // namespace lexivore

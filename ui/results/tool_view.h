@@ -31,7 +31,7 @@ protected:
     virtual void appear() = 0;
     [[nodiscard]] const Text &text() const { return m_text; }
 
-    void showEvent(QShowEvent *event) override;
+    bool event(QEvent *event) override;
 
 private:
     [[nodiscard]] QWidget *makeHeader(const TextTool &tool);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/ui/sheets/sheet_fixture.h"
 #include "tools/tools_manager.h"
+#include "ui/controls/label.h"
 #include "ui/results/average_row.h"
 #include "ui/results/character_frequency_view.h"
 #include "ui/results/compact_stat_card.h"
@@ -192,6 +193,25 @@ TEST_F(ResultViewsTest, KeepTheTextTheyWereOpenedWith) {
     text = text.replaced(0, 0, "more words ");
     settle();
     EXPECT_TRUE(labelsIn(*view).contains("2"));
+}
+
+TEST_F(ResultViewsTest, NoWordIsCutOffWhenTheLettersAreTwiceAsLarge) {
+    QFont font = QApplication::font();
+    font.setPointSizeF(20);
+    QApplication::setFont(font);
+    settle();
+    for (std::size_t index = 0; index < 4; ++index) {
+        const ToolView *view = open(index, "Some very ordinary words. With a few sentences! Are there any?");
+        EXPECT_TRUE(window.rect().contains(view->geometry()));
+        for (const auto *label : view->findChildren<Label *>()) {
+            if (label->isVisible()) {
+                EXPECT_LE(label->sizeHint().width(), label->width() + 1) << label->text().toStdString();
+                const QRect ink = QFontMetrics(label->font()).tightBoundingRect(label->text());
+                EXPECT_GE(label->height(), ink.height()) << label->text().toStdString();
+            }
+        }
+        press(Qt::Key_Escape);
+    }
 }
 
 TEST_F(ResultViewsTest, AreReadOutCardByCard) {
