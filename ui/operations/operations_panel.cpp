@@ -117,6 +117,13 @@ void OperationsPanel::showMode() {
     }
 }
 
+void OperationsPanel::changeEvent(QEvent *event) {
+    Surface::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        showMode();
+    }
+}
+
 void OperationsPanel::showPause() {
     const bool isActive = m_state.operationsEnabled();
     const QString help =

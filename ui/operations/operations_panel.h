@@ -38,6 +38,9 @@ signals:
     void editRequested(std::size_t index);
     void operationMoved(std::size_t from, std::size_t to);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     QWidget *createHeader();
     void createRows();

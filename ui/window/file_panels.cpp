@@ -43,7 +43,6 @@ void FileDialogs::askForFileToSave(Answer answer) {
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setNameFilters(textFileFilters());
-    dialog->setDefaultSuffix("txt");
     dialog->selectFile("text.txt");
     openDialog(dialog, std::move(answer));
 }

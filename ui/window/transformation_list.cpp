@@ -64,17 +64,29 @@ TransformationList::TransformationList(TransformationManager &manager, WindowSta
 void TransformationList::createSearchField() {
     m_search->setObjectName("search");
     m_search->setPlaceholderText(tr("Search transformations..."));
-    m_search->addAction(symbolIcon("magnifyingglass", theme().text2, theme().text2), QLineEdit::LeadingPosition)
-        ->setText(tr("Search"));
-    QAction *clear =
-        m_search->addAction(symbolIcon("xmark.circle.fill", theme().text2, theme().text2), QLineEdit::TrailingPosition);
-    clear->setObjectName("clearSearch");
-    clear->setText(tr("Clear search"));
-    clear->setVisible(false);
-    connect(clear, &QAction::triggered, m_search, &QLineEdit::clear);
-    connect(m_search, &QLineEdit::textChanged, clear,
-            [clear](const QString &text) { clear->setVisible(!text.isEmpty()); });
+    m_searchIcon = m_search->addAction(QIcon(), QLineEdit::LeadingPosition);
+    m_searchIcon->setText(tr("Search"));
+    m_clearSearch = m_search->addAction(QIcon(), QLineEdit::TrailingPosition);
+    m_clearSearch->setObjectName("clearSearch");
+    m_clearSearch->setText(tr("Clear search"));
+    m_clearSearch->setVisible(false);
+    connect(m_clearSearch, &QAction::triggered, m_search, &QLineEdit::clear);
+    connect(m_search, &QLineEdit::textChanged, m_clearSearch,
+            [this](const QString &text) { m_clearSearch->setVisible(!text.isEmpty()); });
+    colourSearchIcons();
     m_search->installEventFilter(this);
+}
+
+void TransformationList::colourSearchIcons() {
+    m_searchIcon->setIcon(symbolIcon("magnifyingglass", theme().text2, theme().text2));
+    m_clearSearch->setIcon(symbolIcon("xmark.circle.fill", theme().text2, theme().text2));
+}
+
+void TransformationList::changeEvent(QEvent *event) {
+    Surface::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        colourSearchIcons();
+    }
 }
 
 void TransformationList::createRows() {

@@ -8,6 +8,7 @@
 
 #include <vector>
 
+class QAction;
 class QScrollArea;
 
 namespace lexivore {
@@ -37,9 +38,11 @@ signals:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void createSearchField();
+    void colourSearchIcons();
     void createRows();
     void showMatches();
     void showFavorites();
@@ -49,6 +52,8 @@ private:
     TransformationManager &m_manager;
     WindowState &m_state;
     Field *m_search;
+    QAction *m_searchIcon = nullptr;
+    QAction *m_clearSearch = nullptr;
     Label *m_header;
     QScrollArea *m_scroll;
     RowColumn *m_rows;

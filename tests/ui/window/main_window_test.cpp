@@ -8,6 +8,7 @@
 #include "ui/window/transformation_list.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -152,6 +153,25 @@ TEST_F(MainWindow, CategoriesAreOneStopOfTheTabKey) {
     EXPECT_EQ(state().selectedCategory(), TransformationCategory::favorites);
     press(Qt::Key_Tab);
     EXPECT_TRUE(find("search")->hasFocus());
+}
+
+TEST_F(MainWindow, TabFollowsTheLayout) {
+    setText("x");
+    useStackMode();
+    click("transformation.uppercase");
+    click("transformation.lowercase");
+    find("paste")->setFocus(Qt::TabFocusReason);
+    QStringList visited;
+    for (int i = 0; i < 40 && visited.indexOf("paste") != 0; ++i) {
+        const bool isEditor = QApplication::focusWidget() == find("editor");
+        press(Qt::Key_Tab, isEditor ? Qt::ControlModifier : Qt::NoModifier);
+        visited.prepend(QApplication::focusWidget()->objectName());
+    }
+    std::reverse(visited.begin(), visited.end());
+    EXPECT_EQ(visited.join(' ').toStdString(),
+              "copy clearText recipes saveRecipe clearOperations toggleOperations categoriesHeader "
+              "category.Case Conversion search transformation.uppercase editor editorSettings modeSwitch pause "
+              "operation.0 paste");
 }
 
 TEST_F(MainWindow, TabStaysInTheEditorAndCtrlTabLeavesIt) {
