@@ -7,7 +7,8 @@ A peer is (name, kind, code, corpora). Kinds:
   pyb   the same of the text as bytes
   perl  Perl code that reads $t and leaves its result in $r; "perlu" gets characters instead of bytes
   node  a JavaScript expression of t, a string ("nodeb": a Buffer)
-  sh    a command that reads the text from standard input; run under LC_ALL=C; what reading takes is subtracted
+  sh    a command that reads the text from standard input, run under LC_ALL=C; what cat takes for it is subtracted
+  part  the same of a command that reads only what it needs: its start alone is subtracted
 Peers that know bytes only are left out where that would give another result, hence the corpora.
 """
 
@@ -196,11 +197,11 @@ def rows():
         Row("reverse-lines", [
             ("tac", "sh", "tac", ALL), ("python3", "pyb", lambda t: b"\n".join(t.split(b"\n")[::-1]), ALL)]),
         Row("delete-first-n-lines", [
-            ("tail", "sh", "tail -n +HALF", ALL), ("sed", "sh", "sed 1,HALFd", ALL)], count="HALF"),
-        Row("delete-last-n-lines", [("head", "sh", "head -n -HALF", ALL)], count="HALF"),
-        Row("keep-first-n-lines", [("head", "sh", "head -n HALF", ALL)], count="HALF"),
-        Row("keep-last-n-lines", [("tail", "sh", "tail -n HALF", ALL)], count="HALF"),
-        Row("extract-lines-range", [("sed", "sh", "sed -n '100,HALFp;HALFq'", ALL)], start="100", end="HALF"),
+            ("tail", "part", "tail -n +HALF", ALL), ("sed", "part", "sed 1,HALFd", ALL)], count="HALF"),
+        Row("delete-last-n-lines", [("head", "part", "head -n -HALF", ALL)], count="HALF"),
+        Row("keep-first-n-lines", [("head", "part", "head -n HALF", ALL)], count="HALF"),
+        Row("keep-last-n-lines", [("tail", "part", "tail -n HALF", ALL)], count="HALF"),
+        Row("extract-lines-range", [("sed", "part", "sed -n '100,HALFp;HALFq'", ALL)], start="100", end="HALF"),
         Row("join-lines", [
             ("python3 replace", "pyb", lambda t: t.replace(b"\n", b", "), ALL),
             ("paste -s", "sh", "paste -sd,", ALL), ("perl", "perl", r"($r = $t) =~ s/\n/, /g", ALL)], separator=", "),

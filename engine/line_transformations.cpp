@@ -52,12 +52,21 @@ std::vector<TransformationParameter> countParameter(std::string suggested, std::
 
 /// The lines whose index is at least `first` and below `limit`.
 TextBuffer linesBetween(std::string_view text, std::uint64_t first, std::uint64_t limit) {
-    std::uint64_t index = 0;
-    return filterLines(text, [&](std::string_view) {
-        const bool isWithin = index >= first && index < limit;
-        ++index;
-        return isWithin;
-    });
+    if (first >= limit) {
+        return {};
+    }
+    const char *const end = text.data() + text.size();
+    const char *begin = text.data();
+    if (first > 0) {
+        begin = findNewlineNumber(text, first - 1);
+        if (begin == end) {
+            return {}; // there are no more lines
+        }
+        begin += newlineLength(begin);
+    }
+    const std::string_view rest(begin, static_cast<std::size_t>(end - begin));
+    const char *const lastEnd = findNewlineNumber(rest, limit - first - 1);
+    return joinLines(rest.substr(0, static_cast<std::size_t>(lastEnd - begin)), "\n");
 }
 
 /// `count - most`, but at least 0.
@@ -195,8 +204,7 @@ std::vector<TransformationParameter> JoinLinesTransformation::parameters() const
 }
 
 TextBuffer JoinLinesTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    return mapLines(
-        text, [](std::string_view line) { return line; }, requiredValue(parameters, "separator"));
+    return joinLines(text, requiredValue(parameters, "separator"));
 }
 
 } // namespace lexivore

@@ -52,6 +52,12 @@ template<typename Map>
     return joiner.take();
 }
 
+/// Every line as it is, joined with `separator`.
+[[nodiscard]] inline TextBuffer joinLines(std::string_view text, std::string_view separator) {
+    return mapLines(
+        text, [](std::string_view line) { return line; }, separator);
+}
+
 /// The lines for which `keep(std::string_view)` is true, unchanged, joined with a line feed.
 template<typename Keep> [[nodiscard]] TextBuffer filterLines(std::string_view text, Keep &&keep) {
     Joiner joiner("\n", text.size());

@@ -70,6 +70,21 @@ NewlineMatch findNewline(const char *position, const char *end) {
 
 std::size_t lineCount(std::string_view text) { return memberCount(text, newlines) + 1; }
 
+const char *findNewlineNumber(std::string_view text, std::uint64_t index) {
+    MembershipScan scan(text, newlines, MembershipScan::Mark::firstByte);
+    for (MembershipScan::Block block; scan.next(block);) {
+        const auto count = static_cast<std::uint64_t>(std::popcount(block.members));
+        if (index < count) {
+            for (; index > 0; --index) {
+                block.members &= block.members - 1;
+            }
+            return block.begin + std::countr_zero(block.members);
+        }
+        index -= count;
+    }
+    return text.data() + text.size();
+}
+
 std::vector<std::string_view> splitLines(std::string_view text) {
     std::vector<std::string_view> lines;
     lines.reserve(lineCount(text));

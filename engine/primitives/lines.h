@@ -6,6 +6,7 @@
 #include "engine/primitives/utf8.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -38,6 +39,9 @@ template<typename Visit> void forEachLine(std::string_view text, Visit &&visit) 
 
 /// The number of lines: one more than there are newline characters.
 [[nodiscard]] std::size_t lineCount(std::string_view text);
+
+/// The place of the newline character with that index, or the end of `text` when it has no more than `index`.
+[[nodiscard]] const char *findNewlineNumber(std::string_view text, std::uint64_t index);
 
 /// All lines, lent from `text`.
 [[nodiscard]] std::vector<std::string_view> splitLines(std::string_view text);

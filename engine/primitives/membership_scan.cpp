@@ -20,8 +20,9 @@ kernels::ByteClass byteClassOf(CodePointSet set) {
     if ((set & ~spaces) != 0) {
         result.takesEveryNonAsciiByte = true;
     } else {
-        constexpr std::uint8_t spaceLeads[] = {0xC2, 0xE1, 0xE2, 0xE3};
-        std::memcpy(result.leads, spaceLeads, sizeof spaceLeads);
+        constexpr std::uint8_t spaceLeads[] = {0xC2, 0xE2, 0xE1, 0xE3};
+        const bool hasNewlinesOnly = (set & ~property::newline) == 0; // which begin with the first two of them
+        std::memcpy(result.leads, spaceLeads, hasNewlinesOnly ? 2 : 4);
     }
     return result;
 }

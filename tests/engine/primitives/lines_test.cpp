@@ -19,6 +19,25 @@ constexpr std::string_view lookalikes[] = {"\t",     "\016",   "\034",   "\037",
                                            "\u0086", "\u00A0", "\u0385", "\u2027", "\u202A", "\u2030",
                                            "\u20A8", "\u2A28", "\u8028", "\u200B"};
 
+TEST(Lines, FindNewlineNumberCountsFromZero) {
+    const std::string text =
+        "a\nb\r\nc\xC2\x85" + std::string(100, 'x') + "\xE2\x80\xA8\n" + std::string(70, '\n') + "end";
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const NewlineMatch match = findNewline(text.data() + i, text.data() + text.size());
+        if (match.length != 0 && match.position == text.data() + i) {
+            places.push_back(i);
+        }
+    }
+    ASSERT_EQ(places.size(), 76U);
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        EXPECT_EQ(findNewlineNumber(text, index), text.data() + places[index]) << index;
+    }
+    EXPECT_EQ(findNewlineNumber(text, places.size()), text.data() + text.size());
+    EXPECT_EQ(findNewlineNumber(text, UINT64_MAX), text.data() + text.size());
+    EXPECT_EQ(findNewlineNumber({}, 0), nullptr);
+}
+
 TEST(Lines, AreCutAtEveryNewlineCharacter) {
     for (const std::string_view newline : newlineCharacters) {
         const std::string text = "a" + std::string(newline) + "b";
