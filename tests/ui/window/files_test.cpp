@@ -46,7 +46,7 @@ protected:
 };
 
 TEST_F(Files, AFileIsOpenedExactly) {
-    const QByteArray bytes("\xEF\xBB\xBFone\r\ntwo\rthree\tfour\0five\xE2\x80\xA8six", 36);
+    const QByteArray bytes("\xEF\xBB\xBFone\r\ntwo\rthree\tfour\0five\xE2\x80\xA8six", 33);
     write("in.txt", bytes);
     open("in.txt");
     EXPECT_EQ(text(), bytes.toStdString());
