@@ -49,7 +49,8 @@ bool RecipeFile::write(const QString &path, const std::vector<Recipe> &recipes, 
         return false;
     }
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(*json) != json->size() || !file.commit()) {
+    // Committing does not notice that its own flush failed, so it is flushed before.
+    if (!file.open(QIODevice::WriteOnly) || file.write(*json) != json->size() || !file.flush() || !file.commit()) {
         problem = message.arg(path, file.errorString());
         return false;
     }

@@ -97,7 +97,8 @@ QString write(const QString &path, const Text &text) {
         isWritten =
             isWritten && file.write(run.data(), static_cast<qint64>(run.size())) == static_cast<qint64>(run.size());
     });
-    if (!isWritten || !file.commit()) {
+    // Committing does not notice that its own flush failed, and would put a cut-off file in the place of the old one.
+    if (!isWritten || !file.flush() || !file.commit()) {
         return cannotSave(path, file.errorString());
     }
     return {};

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "tests/support/files.h"
 #include "tests/ui/window/window_fixture.h"
 #include "ui/flows/text_file.h"
 
@@ -117,6 +118,34 @@ TEST_F(Files, AFailedSaveIsToldAndTheOldFileStaysWhole) {
     }
     EXPECT_EQ(text(), "new");
     EXPECT_TRUE(QFileInfo(path("folder")).isDir());
+}
+
+TEST_F(Files, AFullDiskLeavesTheOldFileWholeAndIsTold) {
+    write("out.txt", "old");
+    for (const std::size_t size : {5'000U, 200'000U}) { // found out when it is closed, and while it is written
+        EXPECT_EQ(test::inChild([&] {
+                      test::limitFileSize(1'000);
+                      return textFile::write(path("out.txt"), Text(std::string(size, 'x'))).isEmpty() ? 1 : 0;
+                  }),
+                  0);
+        EXPECT_EQ(read("out.txt"), "old");
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("out.txt"));
+    }
+}
+
+TEST_F(Files, AFileThatMayNotBeWrittenStaysWholeAndIsTold) {
+    write("out.txt", "old");
+    ASSERT_TRUE(QFile::setPermissions(path("out.txt"), QFile::ReadOwner | QFile::ReadOther));
+    ASSERT_EQ(::chmod(qPrintable(folder.path()), 0555), 0);
+    EXPECT_EQ(test::inChild([&] {
+                  if (::geteuid() == 0 && ::setuid(65534) != 0) { // root may write everything
+                      return 2;
+                  }
+                  return textFile::write(path("out.txt"), Text("new")).isEmpty() ? 1 : 0;
+              }),
+              0);
+    EXPECT_EQ(read("out.txt"), "old");
+    ASSERT_EQ(::chmod(qPrintable(folder.path()), 0700), 0);
 }
 
 TEST_F(Files, SaveAsIsDisabledWithoutText) {
