@@ -42,10 +42,14 @@ std::optional<QByteArray> bytesOf(const QString &path, QString &reason) {
 } // namespace
 
 bool RecipeFile::write(const QString &path, const std::vector<Recipe> &recipes, QString &problem) {
-    const QString message = tr("The recipes could not be written to \"%1\": %2");
+    const QString message = tr("The recipes could not be written to “%1”: %2");
     const std::optional<QByteArray> json = RecipeJson::encode(recipes, QJsonDocument::Indented);
     if (!json) {
         problem = message.arg(path, tr("One of them has no valid time."));
+        return false;
+    }
+    if (QFileInfo(path).exists() && !QFileInfo(path).isFile()) {
+        problem = message.arg(path, tr("It is not a file."));
         return false;
     }
     QSaveFile file(path);
@@ -58,7 +62,7 @@ bool RecipeFile::write(const QString &path, const std::vector<Recipe> &recipes, 
 }
 
 std::optional<std::vector<Recipe>> RecipeFile::read(const QString &path, QString &problem) {
-    const QString message = tr("No recipes could be read from \"%1\": %2");
+    const QString message = tr("No recipes could be read from “%1”: %2");
     QString reason;
     std::optional<QByteArray> bytes = bytesOf(path, reason);
     if (!bytes) {

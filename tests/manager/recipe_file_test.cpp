@@ -48,20 +48,20 @@ TEST_F(RecipeFileTest, TakesAByteOrderMark) {
 }
 
 TEST_F(RecipeFileTest, SaysWhyAFileCannotBeRead) {
-    const std::string start = "No recipes could be read from \"";
+    const std::string start = "No recipes could be read from “";
     EXPECT_EQ(problemOfReading(path("none.json")),
-              start + path("none.json").toStdString() + "\": No such file or directory");
-    EXPECT_EQ(problemOfReading(folder.path()), start + folder.path().toStdString() + "\": It is not a file.");
-    EXPECT_EQ(problemOfReading(QStringLiteral("/dev/zero")), start + "/dev/zero\": It is not a file.");
+              start + path("none.json").toStdString() + "”: No such file or directory");
+    EXPECT_EQ(problemOfReading(folder.path()), start + folder.path().toStdString() + "”: It is not a file.");
+    EXPECT_EQ(problemOfReading(QStringLiteral("/dev/zero")), start + "/dev/zero”: It is not a file.");
     test::writeBytes(path("text.json"), "{}");
     EXPECT_EQ(problemOfReading(path("text.json")),
-              start + path("text.json").toStdString() + "\": It is not a list of recipes.");
+              start + path("text.json").toStdString() + "”: It is not a list of recipes.");
 
     QFile huge(path("huge.json"));
     ASSERT_TRUE(huge.open(QIODevice::WriteOnly));
     ASSERT_TRUE(huge.resize(qint64(65) * 1024 * 1024));
     EXPECT_EQ(problemOfReading(path("huge.json")),
-              start + path("huge.json").toStdString() + "\": It is too large to be a list of recipes.");
+              start + path("huge.json").toStdString() + "”: It is too large to be a list of recipes.");
 }
 
 TEST_F(RecipeFileTest, AFailedWriteLeavesTheOldFileAndSaysWhy) {
@@ -72,7 +72,7 @@ TEST_F(RecipeFileTest, AFailedWriteLeavesTheOldFileAndSaysWhy) {
                   if (RecipeFile::write(path("recipes.json"), makeRecipeTemplates(), why)) {
                       return 1;
                   }
-                  return why.startsWith(QStringLiteral("The recipes could not be written to \"")) ? 0 : 2;
+                  return why.startsWith(QStringLiteral("The recipes could not be written to “")) ? 0 : 2;
               }),
               0);
     EXPECT_EQ(test::bytesOf(path("recipes.json")), "the old file");
@@ -80,6 +80,8 @@ TEST_F(RecipeFileTest, AFailedWriteLeavesTheOldFileAndSaysWhy) {
 
     EXPECT_FALSE(RecipeFile::write(path("no/such/folder.json"), {}, problem));
     EXPECT_NE(problem, QString());
+    EXPECT_FALSE(RecipeFile::write(QStringLiteral("/dev/null"), {}, problem));
+    EXPECT_EQ(problem, QStringLiteral("The recipes could not be written to “/dev/null”: It is not a file."));
 }
 
 } // namespace
