@@ -16,6 +16,8 @@ namespace {
 
 constexpr int padding = 16;
 constexpr int symbolSize = 16;
+constexpr int chevronSize = 12;
+constexpr int chevronGap = 6;
 
 /// Beside a word, the symbol keeps a distance to it.
 int widthOfSymbol(const QString &symbol, const QString &text) {
@@ -73,7 +75,9 @@ void PushButton::setLeastWidth(int width) {
 QSize PushButton::sizeHint() const {
     const int symbol = widthOfSymbol(m_symbol, text());
     const int text = QFontMetrics(fontFor(FontRole::callout)).size(Qt::TextShowMnemonic, this->text()).width();
-    return {qMax(m_leastWidth, text + symbol + 2 * padding), heightFor(metrics::controlHeight, FontRole::callout)};
+    const int chevron = menu() != nullptr ? chevronGap + chevronSize : 0;
+    return {qMax(m_leastWidth, text + symbol + chevron + 2 * padding),
+            heightFor(metrics::controlHeight, FontRole::callout)};
 }
 
 void PushButton::paintEvent(QPaintEvent *) {
@@ -89,8 +93,14 @@ void PushButton::paintEvent(QPaintEvent *) {
     painter.setPen(fill.text);
     const QFontMetrics letters = painter.fontMetrics();
     const int symbol = widthOfSymbol(m_symbol, text());
-    const int width = qMin(letters.size(Qt::TextShowMnemonic, text()).width(), this->width() - symbol - 8);
-    QRect content((this->width() - symbol - width) / 2, 0, symbol + width + 1, height());
+    const int chevron = menu() != nullptr ? chevronGap + chevronSize : 0;
+    const int width = qMin(letters.size(Qt::TextShowMnemonic, text()).width(), this->width() - symbol - chevron - 8);
+    QRect content((this->width() - symbol - width - chevron) / 2, 0, symbol + width + 1, height());
+    if (chevron > 0) {
+        const QRect place(content.right() + chevronGap, 0, chevronSize, height());
+        drawSymbol(painter, QStyle::visualRect(layoutDirection(), rect(), place), u"chevron.down", chevronSize,
+                   fill.text);
+    }
     if (symbol > 0) {
         const QRect place(content.x(), 0, symbolSize, height());
         drawSymbol(painter, QStyle::visualRect(layoutDirection(), rect(), place), m_symbol, symbolSize, fill.text);

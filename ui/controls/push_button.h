@@ -6,7 +6,7 @@
 
 namespace lexivore {
 
-/// A button with a word on it, at the height of a control.
+/// A button with a word on it, at the height of a control; with a chevron behind the word when it opens a menu.
 class PushButton : public QPushButton {
     Q_OBJECT
 

@@ -3,11 +3,15 @@
 #include "ui/flows/recipe_flow.h"
 
 #include "manager/preferences.h"
+#include "manager/recipe_file.h"
 #include "manager/transformation_manager.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
 #include "ui/text_conversion.h"
+#include "ui/window/file_panels.h"
 #include "ui/window/window_state.h"
+
+#include <QDir>
 
 #include <algorithm>
 #include <new>
@@ -15,10 +19,33 @@
 
 namespace lexivore {
 
+namespace {
+
+constexpr int longestFileName = 60; ///< At most 180 bytes: file systems take 255.
+
+/// What the name of one recipe, or of all, can be in any folder.
+QString proposedFileName(const std::vector<Recipe> &recipes) {
+    QString name = recipes.size() == 1 ? toQString(recipes.front().name) : RecipeFlow::tr("recipes");
+    std::replace_if(
+        name.begin(), name.end(),
+        [](QChar character) { return character == u'/' || character.category() == QChar::Other_Control; }, u' ');
+    name = name.simplified();
+    while (name.startsWith(u'.') || name.startsWith(u' ')) {
+        name.remove(0, 1);
+    }
+    name.truncate(longestFileName);
+    if (!name.isEmpty() && name.back().isHighSurrogate()) {
+        name.chop(1);
+    }
+    return (name.trimmed().isEmpty() ? RecipeFlow::tr("recipe") : name.trimmed()) + ".json";
+}
+
+} // namespace
+
 RecipeFlow::RecipeFlow(TransformationManager &manager, Preferences &preferences, WindowState &state, Sheets &sheets,
-                       Alerts &alerts, QObject *parent)
+                       Alerts &alerts, FilePanels &panels, QObject *parent)
     : QObject(parent), m_manager(manager), m_preferences(preferences), m_state(state), m_sheets(sheets),
-      m_alerts(alerts) {}
+      m_alerts(alerts), m_panels(panels) {}
 
 void RecipeFlow::select(const QString &id) {
     const QUuid uuid = QUuid::fromString(id);
@@ -104,6 +131,41 @@ void RecipeFlow::saveAndClose(const QString &name) {
     m_sheets.closeRecipeSaveSheet();
 }
 
-void RecipeFlow::showManageSheet() { m_sheets.showManageRecipesSheet(m_manager); }
+void RecipeFlow::showManageSheet() {
+    m_sheets.showManageRecipesSheet(
+        m_manager, [this] { importRecipes(); }, [this](const std::vector<Recipe> &recipes) { exportRecipes(recipes); });
+}
+
+void RecipeFlow::importRecipes() {
+    m_panels.askForRecipesToImport([this](const QString &path) { importFrom(path); });
+}
+
+void RecipeFlow::importFrom(const QString &path) {
+    QString problem;
+    std::optional<std::vector<Recipe>> recipes = RecipeFile::read(path, problem);
+    if (!recipes) {
+        m_alerts.showError(problem);
+    } else if (recipes->empty()) {
+        m_alerts.showError(tr("There are no recipes in “%1”.").arg(QDir::toNativeSeparators(path)));
+    } else {
+        // Who imports from the menu sees there what has come.
+        showManageSheet();
+        m_manager.importRecipes(std::move(*recipes));
+    }
+}
+
+void RecipeFlow::exportRecipes() { exportRecipes(m_manager.userRecipes()); }
+
+void RecipeFlow::exportRecipes(const std::vector<Recipe> &recipes) {
+    if (recipes.empty()) {
+        return;
+    }
+    m_panels.askForRecipesToExport(proposedFileName(recipes), [this, recipes](const QString &path) {
+        QString problem;
+        if (!RecipeFile::write(path, recipes, problem)) {
+            m_alerts.showError(problem);
+        }
+    });
+}
 
 } // namespace lexivore

@@ -7,9 +7,12 @@
 #include <QObject>
 #include <QString>
 
+#include <vector>
+
 namespace lexivore {
 
 class Alerts;
+class FilePanels;
 class Preferences;
 class Sheets;
 class TransformationManager;
@@ -21,7 +24,7 @@ class RecipeFlow : public QObject {
 
 public:
     RecipeFlow(TransformationManager &manager, Preferences &preferences, WindowState &state, Sheets &sheets,
-               Alerts &alerts, QObject *parent = nullptr);
+               Alerts &alerts, FilePanels &panels, QObject *parent = nullptr);
 
     /// Replaces the operations by the recipe's, after asking when there are any and the user has not turned the
     /// question off. Does nothing while the operations are paused.
@@ -33,16 +36,25 @@ public:
     void showSaveSheet();
     void showManageSheet();
 
+    /// Asks for a file and adds its recipes to the user's own, in the sheet that lists them. A file that is no list of
+    /// recipes changes nothing; the user is told why.
+    void importRecipes();
+    /// Asks for a file and writes the user's own recipes to it, or only these. Does nothing without any.
+    void exportRecipes();
+    void exportRecipes(const std::vector<Recipe> &recipes);
+
 private:
     void replaceOperations(const Recipe &recipe);
     void save(const QString &name);
     void saveAndClose(const QString &name);
+    void importFrom(const QString &path);
 
     TransformationManager &m_manager;
     Preferences &m_preferences;
     WindowState &m_state;
     Sheets &m_sheets;
     Alerts &m_alerts;
+    FilePanels &m_panels;
 };
 
 } // namespace lexivore

@@ -8,11 +8,13 @@
 #include "ui/controls/label.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/symbol.h"
+#include "ui/menu_text.h"
 #include "ui/sheets/recipe_row.h"
 #include "ui/text_conversion.h"
 #include "ui/theme/metrics.h"
 
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QScrollArea>
 
 #include <algorithm>
@@ -25,6 +27,8 @@ namespace {
 constexpr int sheetWidth = 400;
 constexpr int greatestHeight = 480;
 constexpr int headerHeight = 56;
+constexpr int footerHeight = 56;
+constexpr int footerInset = 12;
 constexpr int emptyHeight = 232;
 constexpr int listInset = 8;
 constexpr int emptySymbolSize = 48;
@@ -35,16 +39,18 @@ ManageRecipesSheet::ManageRecipesSheet(TransformationManager &manager)
     : Sheet(tr("Manage Recipes"), sheetWidth), m_manager(manager) {
     setObjectName(QStringLiteral("manageRecipesSheet"));
     setGreatestHeight(heightFor(greatestHeight, FontRole::body, 12));
+    // In the order of Tab: behind the rows, which are made last, the round begins anew.
+    addBelowBody(makeFooter());
     addAboveBody(makeHeader());
     rebuild();
     connect(&manager, &TransformationManager::recipesChanged, this, &ManageRecipesSheet::rebuild);
 }
 
 QWidget *ManageRecipesSheet::makeHeader() {
-    auto *doneButton = new PushButton(tr("Done"), PushButton::Kind::primary);
-    doneButton->setObjectName(QStringLiteral("done"));
-    doneButton->setLeastWidth(0);
-    connect(doneButton, &PushButton::clicked, this, &ManageRecipesSheet::dismiss);
+    m_doneButton = new PushButton(tr("Done"), PushButton::Kind::primary);
+    m_doneButton->setObjectName(QStringLiteral("done"));
+    m_doneButton->setLeastWidth(0);
+    connect(m_doneButton, &PushButton::clicked, this, &ManageRecipesSheet::dismiss);
 
     auto *header = new QWidget;
     auto *column = new QVBoxLayout(header);
@@ -54,11 +60,54 @@ QWidget *ManageRecipesSheet::makeHeader() {
     row->setContentsMargins(metrics::sheetPadding, 0, 12, 0);
     // Aligned, the row takes all the height that the line leaves.
     row->addWidget(new Label(tr("Manage Recipes"), FontRole::headline), 1, Qt::AlignVCenter);
-    row->addWidget(doneButton, 0, Qt::AlignVCenter);
+    row->addWidget(m_doneButton, 0, Qt::AlignVCenter);
     column->addLayout(row, 1);
     column->addWidget(new Hairline);
     header->setFixedHeight(heightFor(headerHeight, FontRole::callout));
     return header;
+}
+
+QWidget *ManageRecipesSheet::makeFooter() {
+    auto *importButton = new PushButton(tr("Import..."));
+    importButton->setObjectName(QStringLiteral("import"));
+    importButton->setToolTip(tr("Add the recipes of a file"));
+    connect(importButton, &PushButton::clicked, this, &ManageRecipesSheet::importRequested);
+    m_exportButton = new PushButton(tr("Export..."));
+    m_exportButton->setObjectName(QStringLiteral("export"));
+    m_exportButton->setToolTip(tr("Write one recipe or all to a file"));
+    auto *menu = new QMenu(m_exportButton);
+    menu->setObjectName(QStringLiteral("exportMenu"));
+    connect(menu, &QMenu::aboutToShow, this, &ManageRecipesSheet::fillExportMenu);
+    m_exportButton->setMenu(menu);
+
+    auto *footer = new QWidget;
+    auto *column = new QVBoxLayout(footer);
+    column->setSpacing(0);
+    column->setContentsMargins({});
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(footerInset, 0, footerInset, 0);
+    row->setSpacing(metrics::buttonGap);
+    // Aligned, the row takes all the height that the line leaves.
+    row->addWidget(importButton, 0, Qt::AlignVCenter);
+    row->addWidget(m_exportButton, 0, Qt::AlignVCenter);
+    row->addStretch();
+    column->addWidget(new Hairline);
+    column->addLayout(row, 1);
+    footer->setFixedHeight(heightFor(footerHeight, FontRole::callout));
+    return footer;
+}
+
+void ManageRecipesSheet::fillExportMenu() {
+    QMenu *menu = m_exportButton->menu();
+    menu->clear();
+    const std::vector<Recipe> recipes = m_manager.userRecipes();
+    connect(menu->addAction(tr("All Recipes")), &QAction::triggered, this,
+            [this, recipes] { emit exportRequested(recipes); });
+    menu->addSeparator();
+    for (const Recipe &recipe : recipes) {
+        connect(menu->addAction(menuText(toQString(recipe.name))), &QAction::triggered, this,
+                [this, recipe] { emit exportRequested({recipe}); });
+    }
 }
 
 QWidget *ManageRecipesSheet::makeEmptyState() {
@@ -100,16 +149,11 @@ QWidget *ManageRecipesSheet::makeList(const std::vector<Recipe> &recipes) {
     return list;
 }
 
-std::vector<Recipe> ManageRecipesSheet::userRecipes() const {
-    std::vector<Recipe> recipes;
-    std::ranges::copy_if(m_manager.recipes(), std::back_inserter(recipes),
-                         [](const Recipe &recipe) { return recipe.category == RecipeCategory::user; });
-    return recipes;
-}
-
 void ManageRecipesSheet::rebuild() {
     const bool hadFocus = isAncestorOf(window()->focusWidget());
-    const std::vector<Recipe> recipes = userRecipes();
+    const std::vector<Recipe> recipes = m_manager.userRecipes();
+    if (recipes.size() > m_rows.size()) // what has come stands at the end
+        m_currentRow = static_cast<int>(m_rows.size());
     // The signal may come from a row, which must outlive it.
     while (QLayoutItem *item = body().takeAt(0)) {
         item->widget()->hide();
@@ -120,6 +164,7 @@ void ManageRecipesSheet::rebuild() {
     QWidget *content = recipes.empty() ? makeEmptyState() : makeList(recipes);
     body().addWidget(content);
     content->show();
+    m_exportButton->setEnabled(!recipes.empty());
     setCurrentRow(qBound(0, m_currentRow, qMax(0, static_cast<int>(recipes.size()) - 1)));
 
     const auto edited = std::ranges::find_if(
@@ -188,7 +233,7 @@ void ManageRecipesSheet::focusRow(int index) {
 
 void ManageRecipesSheet::takeFocus() {
     if (m_rows.empty())
-        Sheet::takeFocus();
+        m_doneButton->setFocus(Qt::OtherFocusReason);
     else
         focusRow(m_currentRow);
 }

@@ -10,10 +10,11 @@
 
 namespace lexivore {
 
+class PushButton;
 class RecipeRow;
 class TransformationManager;
 
-/// Lists the user's own recipes, to rename and delete them. It follows the manager's list.
+/// Lists the user's own recipes, to rename, delete, import and export them. It follows the manager's list.
 class ManageRecipesSheet : public Sheet {
     Q_OBJECT
 
@@ -23,11 +24,17 @@ public:
     void takeFocus() override;
     void confirm() override { dismiss(); }
 
+signals:
+    void importRequested();
+    /// One of the recipes, or all of them.
+    void exportRequested(const std::vector<Recipe> &recipes);
+
 private:
     [[nodiscard]] QWidget *makeHeader();
+    [[nodiscard]] QWidget *makeFooter();
     [[nodiscard]] QWidget *makeEmptyState();
     [[nodiscard]] QWidget *makeList(const std::vector<Recipe> &recipes);
-    [[nodiscard]] std::vector<Recipe> userRecipes() const;
+    void fillExportMenu();
     void rebuild();
     void connectRow(RecipeRow &row, const Recipe &recipe, int index);
     void startRenaming(const Recipe &recipe);
@@ -40,6 +47,8 @@ private:
     TransformationManager &m_manager;
     std::optional<Recipe> m_editingRecipe; ///< The recipe whose name is being edited, one at a time.
     QString m_editedName;
+    PushButton *m_doneButton = nullptr;
+    PushButton *m_exportButton = nullptr;
     std::vector<RecipeRow *> m_rows;
     int m_currentRow = 0;
 };

@@ -37,8 +37,14 @@ void Sheets::closeRecipeSaveSheet() {
         m_recipeSaveSheet->dismiss();
 }
 
-void Sheets::showManageRecipesSheet(TransformationManager &manager) {
-    SheetLayer::show(m_window, new ManageRecipesSheet(manager));
+void Sheets::showManageRecipesSheet(TransformationManager &manager, std::function<void()> importRecipes,
+                                    std::function<void(const std::vector<Recipe> &)> exportRecipes) {
+    if (m_manageRecipesSheet != nullptr && m_manageRecipesSheet->isVisible())
+        return;
+    m_manageRecipesSheet = new ManageRecipesSheet(manager);
+    connect(m_manageRecipesSheet, &ManageRecipesSheet::importRequested, this, std::move(importRecipes));
+    connect(m_manageRecipesSheet, &ManageRecipesSheet::exportRequested, this, std::move(exportRecipes));
+    SheetLayer::show(m_window, m_manageRecipesSheet);
 }
 
 void Sheets::showEditorSettings(double fontSize, std::function<void(double)> changed) {

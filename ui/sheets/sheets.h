@@ -10,14 +10,17 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 class QWidget;
 
 namespace lexivore {
 
+class ManageRecipesSheet;
 class RecipeSaveSheet;
 class TextTool;
 class TransformationManager;
+struct Recipe;
 
 /// The window's sheets. Each call returns at once; what the user does in the sheet is called back.
 class Sheets : public QObject {
@@ -36,7 +39,9 @@ public:
     void setRecipeName(const QString &name);
     void closeRecipeSaveSheet();
 
-    void showManageRecipesSheet(TransformationManager &manager);
+    /// Nothing new when it is open already.
+    void showManageRecipesSheet(TransformationManager &manager, std::function<void()> importRecipes,
+                                std::function<void(const std::vector<Recipe> &)> exportRecipes);
 
     /// `changed` follows the slider while it moves. Points.
     void showEditorSettings(double fontSize, std::function<void(double)> changed);
@@ -47,6 +52,7 @@ public:
 private:
     QWidget &m_window;
     QPointer<RecipeSaveSheet> m_recipeSaveSheet;
+    QPointer<ManageRecipesSheet> m_manageRecipesSheet;
 };
 
 } // namespace lexivore

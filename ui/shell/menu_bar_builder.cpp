@@ -48,6 +48,8 @@ constexpr Command commands[] = {
     {"zoom",    QT_TRANSLATE_NOOP("Menu", "Actual Size"),              notification::resetZoom,          "Ctrl+0"},
     {"recipes", QT_TRANSLATE_NOOP("Menu", "Save Current as Recipe..."), notification::showRecipeSheet,   "Ctrl+Shift+S"},
     {"recipes", QT_TRANSLATE_NOOP("Menu", "Manage Recipes..."),        notification::showManageRecipes,  "Ctrl+Shift+M"},
+    {"recipe files", QT_TRANSLATE_NOOP("Menu", "Import Recipes..."),   notification::importRecipes,      ""},
+    {"recipe files", QT_TRANSLATE_NOOP("Menu", "Export Recipes..."),   notification::exportRecipes,      ""},
     {"search",  QT_TRANSLATE_NOOP("Menu", "Search Transformations"),   notification::searchTransformations, "Ctrl+K; Ctrl+Shift+F"},
     {"transformations", QT_TRANSLATE_NOOP("Menu", "Multiple Operation Mode"), notification::toggleStackOperationMode, "Ctrl+Alt+1"},
 };
@@ -111,7 +113,9 @@ std::vector<QAction *> MenuBarBuilder::commandsOf(const QString &group) {
         }
         auto *action = new QAction(translated(command.title), this);
         action->setObjectName(command.notification);
-        action->setShortcuts(QKeySequence::listFromString(command.shortcuts));
+        if (*command.shortcuts != '\0') {
+            action->setShortcuts(QKeySequence::listFromString(command.shortcuts));
+        }
         connect(action, &QAction::triggered, this, [this, &command] { m_center.post(command.notification); });
         if (command.needs == Needs::text) {
             m_needText.push_back(action);
@@ -190,10 +194,23 @@ void MenuBarBuilder::buildRecipesMenu() {
     m_recipes = new RecipeMenu(m_manager, &m_window);
     m_recipes->setTitle(tr("Recipes"));
     m_recipes->setObjectName("menu.recipes");
-    m_recipes->setFixedActions(commandsOf("recipes"));
+    std::vector<QAction *> fixed = commandsOf("recipes");
+    auto *divider = new QAction(this);
+    divider->setSeparator(true);
+    fixed.push_back(divider);
+    for (QAction *action : commandsOf("recipe files")) {
+        fixed.push_back(action);
+    }
+    m_recipes->setFixedActions(fixed);
     connect(m_recipes, &RecipeMenu::recipeSelected, this,
             [this](const QString &id) { m_center.post(notification::applyRecipe, id); });
     m_window.menuBar()->addMenu(m_recipes);
+    enableExport();
+    connect(&m_manager, &TransformationManager::recipesChanged, this, &MenuBarBuilder::enableExport);
+}
+
+void MenuBarBuilder::enableExport() {
+    findChild<QAction *>(notification::exportRecipes)->setEnabled(!m_manager.userRecipes().empty());
 }
 
 void MenuBarBuilder::buildTransformationsMenu() {

@@ -44,6 +44,8 @@ private:
     void buildEditMenu();
     void buildViewMenu();
     void buildRecipesMenu();
+    /// Only the user's own recipes are exported: there must be some.
+    void enableExport();
     void buildTransformationsMenu();
     void buildToolsMenu();
     void buildHelpMenu();

@@ -35,6 +35,8 @@ inline constexpr char find[] = "Find";
 inline constexpr char findNext[] = "FindNext";
 inline constexpr char findPrevious[] = "FindPrevious";
 inline constexpr char searchTransformations[] = "SearchTransformations";
+inline constexpr char importRecipes[] = "ImportRecipes";
+inline constexpr char exportRecipes[] = "ExportRecipes";
 } // namespace notification
 
 /// How commands reach whoever carries them out: posted by name, delivered at once to every subscriber of the name in

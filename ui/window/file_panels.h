@@ -21,6 +21,10 @@ public:
     virtual void askForFileToOpen(Answer answer) = 0;
     /// A place to save the text, proposed as "text.txt".
     virtual void askForFileToSave(Answer answer) = 0;
+    /// One existing file of recipes.
+    virtual void askForRecipesToImport(Answer answer) = 0;
+    /// A place for a file of recipes, with a name to start from.
+    virtual void askForRecipesToExport(const QString &proposedName, Answer answer) = 0;
 };
 
 /// The toolkit's own file dialogs, over `window`.
@@ -30,6 +34,8 @@ public:
 
     void askForFileToOpen(Answer answer) override;
     void askForFileToSave(Answer answer) override;
+    void askForRecipesToImport(Answer answer) override;
+    void askForRecipesToExport(const QString &proposedName, Answer answer) override;
 
 private:
     QWidget &m_window;

@@ -3,27 +3,12 @@
 #include "ui/window/recipe_menu.h"
 
 #include "manager/transformation_manager.h"
+#include "ui/menu_text.h"
 #include "ui/text_conversion.h"
 
 #include <algorithm>
 
 namespace lexivore {
-
-namespace {
-
-constexpr int longestName = 60;
-
-/// One line of reasonable width, in which "&" is no mark of a shortcut.
-QString menuText(const std::string &name) {
-    QString text = toQString(name).simplified();
-    if (text.size() > longestName) {
-        text.truncate(longestName);
-        text += QChar(0x2026);
-    }
-    return text.replace('&', "&&");
-}
-
-} // namespace
 
 RecipeMenu::RecipeMenu(TransformationManager &manager, QWidget *parent) : QMenu(parent), m_manager(manager) {
     connect(&m_manager, &TransformationManager::recipesChanged, this, &RecipeMenu::rebuild);
@@ -72,7 +57,7 @@ void RecipeMenu::addGroup(RecipeCategory category) {
             addSection(toQString(rawValue(category)));
             hasTitle = true;
         }
-        QAction *action = addAction(menuText(recipe.name));
+        QAction *action = addAction(menuText(toQString(recipe.name)));
         const QString id = recipe.id.toString(QUuid::WithoutBraces).toUpper();
         action->setData(id);
         action->setEnabled(m_recipesEnabled);

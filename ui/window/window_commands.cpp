@@ -27,6 +27,8 @@ WindowCommands::WindowCommands(NotificationCenter &center, WindowState &state, F
     subscribe(notification::refreshOperations, [&state] { state.bumpOperationsRefreshTrigger(); });
     subscribe(notification::showRecipeSheet, [flows] { flows.recipes.showSaveSheet(); });
     subscribe(notification::showManageRecipes, [flows] { flows.recipes.showManageSheet(); });
+    subscribe(notification::importRecipes, [flows] { flows.recipes.importRecipes(); });
+    subscribe(notification::exportRecipes, [flows] { flows.recipes.exportRecipes(); });
     subscribe(notification::toggleOperations, [&state] { state.setShowOperations(!state.showOperations()); });
     subscribe(notification::toggleSidebar, [&state] { state.setShowSidebar(!state.showSidebar()); });
     subscribe(notification::toggleStackOperationMode,

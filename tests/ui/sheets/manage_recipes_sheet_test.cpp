@@ -193,8 +193,10 @@ TEST_F(ManageRecipesSheetTest, TheArrowsMoveThroughTheListAndTabThroughOneRow) {
     press(Qt::Key_Tab);
     EXPECT_EQ(focusName(), "delete");
     EXPECT_TRUE(row(0)->isAncestorOf(QApplication::focusWidget()));
-    press(Qt::Key_Tab);
-    EXPECT_EQ(focusName(), "done");
+    for (const char *name : {"import", "export", "done"}) {
+        press(Qt::Key_Tab);
+        EXPECT_EQ(focusName(), name);
+    }
     press(Qt::Key_Tab);
     EXPECT_TRUE(row(0)->hasFocus());
 }

@@ -40,6 +40,13 @@ public:
     explicit ScriptedPanels(std::optional<QString> &path) : m_path(path) {}
     void askForFileToOpen(Answer answer) override { give(answer); }
     void askForFileToSave(Answer answer) override { give(answer); }
+    void askForRecipesToImport(Answer answer) override { give(answer); }
+    void askForRecipesToExport(const QString &name, Answer answer) override {
+        proposedName = name;
+        give(answer);
+    }
+
+    static inline QString proposedName; ///< The last one for a file of recipes.
 
 private:
     void give(const Answer &answer) {
