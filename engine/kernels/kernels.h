@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-/// The few inner loops over bytes that are worth vector code. One source, kernels_body.h, is compiled for several
+/// The few inner loops over bytes that are worth vector code. One source, kernels_body.inc, is compiled for several
 /// instruction sets, and the best that the processor has is chosen when the program starts. Only primitives call these.
 namespace lexivore::kernels {
 

@@ -1,13 +1,10 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "engine/kernels/kernels_body.h"
+#include "engine/kernels/kernels_body.inc"
 
 namespace lexivore::kernels {
 
 extern const Kernels avx2Kernels;
-const Kernels avx2Kernels = {"avx2",      asciiPrefix,       classify,          findCounted,   countBits,
-                             compress,    compressReplacing, caseWords,         alternateCase, find,
-                             isValidUtf8, encodeHexadecimal, decodeHexadecimal, reverse,       encodeBase64,
-                             decodeBase64};
+const Kernels avx2Kernels = kernelsNamed("avx2");
 
 } // namespace lexivore::kernels

@@ -1,13 +1,10 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "engine/kernels/kernels_body.h"
+#include "engine/kernels/kernels_body.inc"
 
 namespace lexivore::kernels {
 
 extern const Kernels plainKernels;
-const Kernels plainKernels = {"plain",           asciiPrefix, classify,          findCounted,
-                              countBits,         compress,    compressReplacing, caseWords,
-                              alternateCase,     find,        isValidUtf8,       encodeHexadecimal,
-                              decodeHexadecimal, reverse,     encodeBase64,      decodeBase64};
+const Kernels plainKernels = kernelsNamed("plain");
 
 } // namespace lexivore::kernels

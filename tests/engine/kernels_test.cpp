@@ -126,10 +126,7 @@ TEST(Kernels, CompressKeepsTheBytesOfSetBits) {
         std::string expected;
         for (std::size_t block = 0; block < blocks; ++block) {
             const auto kind = random() % 4;
-            keep[block] = kind == 0   ? 0
-                          : kind == 1 ? ~std::uint64_t{0}
-                          : kind == 2 ? random()
-                                      : random() & random() & random();
+            keep[block] = kind == 0 ? 0 : kind == 1 ? ~std::uint64_t{0} : randomBits(random, kind == 2 ? 2 : 8);
             for (std::size_t i = 0; i < blockSize; ++i) {
                 if ((keep[block] >> i & 1U) != 0) {
                     expected += text[block * blockSize + i];
@@ -225,7 +222,7 @@ TEST(Kernels, CompressReplacingPutsTheReplacementInPlace) {
         std::string expected;
         for (std::size_t block = 0; block < blocks; ++block) {
             keep[block] = random() % 4 == 0 ? ~std::uint64_t{0} : random();
-            replaced[block] = random() % 4 == 0 ? 0 : random() & random();
+            replaced[block] = random() % 4 == 0 ? 0 : randomBits(random, 4);
             for (std::size_t i = 0; i < blockSize; ++i) {
                 if ((keep[block] >> i & 1U) != 0) {
                     expected += (replaced[block] >> i & 1U) != 0 ? '\n' : text[block * blockSize + i];

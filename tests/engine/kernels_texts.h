@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <new>
 #include <random>
@@ -18,6 +19,15 @@
 namespace lexivore::kernels {
 
 inline constexpr unsigned seed = 20240613;
+
+/// A mask in which about every `spacing`-th bit, a power of two, is set.
+inline std::uint64_t randomBits(std::mt19937_64 &random, unsigned spacing) {
+    std::uint64_t bits = ~std::uint64_t{0};
+    for (; spacing > 1; spacing /= 2) {
+        bits &= random();
+    }
+    return bits;
+}
 
 /// Bytes of the kinds that the kernels tell apart, with ever fewer outside ASCII.
 inline std::string randomBytes(std::mt19937 &random, std::size_t size, unsigned nonAsciiPerThousand) {
