@@ -23,6 +23,7 @@ struct SortLinesByLengthTransformation final : TextTransformation {
 
 struct ShuffleLinesTransformation final : TextTransformation {
     using TextTransformation::TextTransformation;
+    [[nodiscard]] bool isRandom() const override { return true; }
     [[nodiscard]] TextBuffer apply(std::string_view text, const ParameterMap &parameters) const override;
 };
 

@@ -99,10 +99,13 @@ public:
     /// Name of a symbol image.
     [[nodiscard]] const std::string &icon() const { return m_icon; }
 
+    /// True when the same text and parameters can give another result each time.
+    [[nodiscard]] virtual bool isRandom() const { return false; }
+
     /// The inputs that the transformation asks for, in the order in which they are asked for.
     [[nodiscard]] virtual std::vector<TransformationParameter> parameters() const { return {}; }
 
-    /// The whole new text. Pure: the same text and map give the same result (the shuffle excepted).
+    /// The whole new text. Pure: unless it is random, the same text and map give the same result.
     /// Throws TransformationError, and then there is no partial result. `text` is meant to be valid UTF-8; on any other
     /// bytes the result is unspecified but harmless. Reads only the keys of its own parameters.
     [[nodiscard]] virtual TextBuffer apply(std::string_view text, const ParameterMap &parameters) const = 0;

@@ -5,8 +5,13 @@
 #include "engine/catalog.h"
 #include "engine/text.h"
 #include "manager/applied_operation.h"
+#include "manager/step_text.h"
 
+#include <cstddef>
+#include <deque>
 #include <map>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,23 +33,76 @@ struct OperationProblem {
 /// By the id of the operation. Operations that did what they should are not in it.
 using OperationProblems = std::map<QUuid, OperationProblem>;
 
+/// What an operation made of the text when it last ran.
+struct StepTexts {
+    StepTextPointer before;
+    StepTextPointer after;
+
+    bool operator==(const StepTexts &other) const { return *before == *other.before && *after == *other.after; }
+};
+
+/// By the id of the operation. Operations that are disabled, failed or unknown are not in it.
+using OperationTexts = std::map<QUuid, StepTexts>;
+
 /// One run of an operations stack over a base text.
-class OperationsRun {
+struct OperationsRun {
+    Text result;
+    OperationProblems problems;
+    OperationTexts texts;
+};
+
+/// Runs operations stacks. What comes out, printed errors included, is always that of running every step; but steps
+/// that are the same as in the last run, over the same base text, are not run again: their results were kept.
+/// Run again are all steps from the first random one on, and any that failed, for it may have wanted time or memory.
+class OperationsRunner {
 public:
+    /// What the kept results may take at most, apart from the base text and the last result, which others hold anyway.
+    struct Budget {
+        std::size_t bytes = std::size_t{256} << 20U;
+        std::size_t texts = 256;
+    };
+
+    /// The catalog must outlive the runner.
+    explicit OperationsRunner(const Catalog &catalog, Budget budget) : m_catalog(catalog), m_budget(budget) {}
+    explicit OperationsRunner(const Catalog &catalog) : OperationsRunner(catalog, Budget()) {}
+
     /// Applies every enabled operation to the result of the one before. An operation that fails, for whatever reason,
     /// or whose transformation is unknown leaves the text as it was; a failure is also reported at once on standard
     /// output.
-    OperationsRun(const Catalog &catalog, Text base, const std::vector<AppliedOperation> &operations);
+    [[nodiscard]] OperationsRun run(const Text &base, const std::vector<AppliedOperation> &operations);
 
-    [[nodiscard]] const Text &result() const { return m_result; }
-    [[nodiscard]] const OperationProblems &problems() const { return m_problems; }
+    /// Takes note that `added` has just made `after` of `before`, behind the `operations` over `base`, so that the next
+    /// run need not do it again.
+    [[nodiscard]] StepTexts add(const Text &base, const std::vector<AppliedOperation> &operations, const Text &before,
+                                const AppliedOperation &added, const Text &after);
+
+    /// Lets go of all that was kept.
+    void forget();
 
 private:
-    void apply(const Catalog &catalog, const AppliedOperation &operation);
-    void reportFailure(const AppliedOperation &operation, std::string description);
+    /// An enabled operation of a known transformation that is not random, and neither is any before it.
+    struct Step {
+        std::string transformation;
+        ParameterMap parameters;
+        StepTextPointer after;
+        bool hasFailed = false;
+    };
+    using RunSteps = std::vector<std::pair<const AppliedOperation *, TransformationPointer>>;
 
-    Text m_result;
-    OperationProblems m_problems;
+    [[nodiscard]] RunSteps stepsOf(const std::vector<AppliedOperation> &operations, OperationProblems &problems) const;
+    void beginWith(const Text &base);
+    [[nodiscard]] const StepTextPointer &textBefore(std::size_t step) const;
+    [[nodiscard]] std::size_t commonSteps(const RunSteps &steps) const;
+    [[nodiscard]] std::size_t reusableSteps(const RunSteps &steps) const;
+    void keep(const AppliedOperation &operation, StepTextPointer after, bool hasFailed);
+    [[nodiscard]] StepTextPointer share(const StepTextPointer &before, const Text &after);
+    void keepWithinBudget(const Text &current);
+
+    const Catalog &m_catalog;
+    Budget m_budget;
+    StepTextPointer m_base; ///< Null before the first run.
+    std::vector<Step> m_steps;
+    std::deque<std::weak_ptr<StepText>> m_texts; ///< All that may have to be forgotten, the oldest first.
 };
 
 } // namespace lexivore

@@ -18,6 +18,7 @@ struct TextHistoryState {
     std::vector<AppliedOperation> operations;
     /// What the last run of `operations` had to report. Goes with the state, but takes no part in the comparison.
     OperationProblems problems = {};
+    OperationTexts texts = {}; ///< What that run made of the text, step by step; goes with the state likewise.
 
     bool operator==(const TextHistoryState &other) const {
         return text == other.text && operations == other.operations;

@@ -48,6 +48,14 @@ TransformationPointer TransformationManager::findTransformation(std::string_view
     return lexivore::findTransformation(m_transformations, id);
 }
 
+std::optional<OperationMeasures> TransformationManager::operationMeasures(const QUuid &operation) const {
+    const auto found = m_state.texts.find(operation);
+    if (found == m_state.texts.end()) {
+        return std::nullopt;
+    }
+    return OperationMeasures{found->second.before->measures(), found->second.after->measures()};
+}
+
 void TransformationManager::setCurrentText(Text text) {
     State next = m_state;
     next.currentText = std::move(text);
@@ -66,6 +74,7 @@ void TransformationManager::returnToOriginalText() {
     next.currentText = next.originalText;
     next.appliedOperations.clear();
     next.problems.clear();
+    next.texts.clear();
     publish(std::move(next));
 }
 
@@ -92,8 +101,11 @@ void TransformationManager::apply(State &state, const TextTransformation &transf
         state.originalText = state.currentText;
     }
     Text result(transformation.apply(state.currentText.view(), parameters));
-    state.appliedOperations.push_back(
-        {.transformation = transformation.id(), .transformationName = transformation.name(), .parameters = parameters});
+    const AppliedOperation applied{
+        .transformation = transformation.id(), .transformationName = transformation.name(), .parameters = parameters};
+    state.texts[applied.id] =
+        m_runner.add(state.originalText, state.appliedOperations, state.currentText, applied, result);
+    state.appliedOperations.push_back(applied);
     state.currentText = std::move(result);
 }
 
@@ -172,16 +184,18 @@ void TransformationManager::reapplyOperations() {
     publish(std::move(next));
 }
 
-void TransformationManager::reapply(State &state) const {
-    const OperationsRun run(m_transformations, state.originalText, state.appliedOperations);
-    state.currentText = run.result();
-    state.problems = run.problems();
+void TransformationManager::reapply(State &state) {
+    OperationsRun run = m_runner.run(state.originalText, state.appliedOperations);
+    state.currentText = std::move(run.result);
+    state.problems = std::move(run.problems);
+    state.texts = std::move(run.texts);
 }
 
-void TransformationManager::reapplyOrReturnToOriginal(State &state) const {
+void TransformationManager::reapplyOrReturnToOriginal(State &state) {
     if (state.appliedOperations.empty()) {
         state.currentText = state.originalText;
         state.problems.clear();
+        state.texts.clear();
     } else {
         reapply(state);
     }
@@ -205,11 +219,12 @@ void TransformationManager::restore(TextHistoryState restored, bool emptyStackSh
     publish({.currentText = showOriginalText ? m_state.originalText : std::move(restored.text),
              .originalText = m_state.originalText,
              .appliedOperations = std::move(restored.operations),
-             .problems = std::move(restored.problems)});
+             .problems = std::move(restored.problems),
+             .texts = std::move(restored.texts)});
 }
 
 TextHistoryState TransformationManager::snapshot(const State &state) {
-    return {state.currentText, state.appliedOperations, state.problems};
+    return {state.currentText, state.appliedOperations, state.problems, state.texts};
 }
 
 void TransformationManager::record(const State &before, HistoryActionType action) {
@@ -224,6 +239,7 @@ void TransformationManager::publish(State next) {
     const bool originalTextIsNew = next.originalText != m_state.originalText;
     const bool operationsAreNew = !haveSameFields(next.appliedOperations, m_state.appliedOperations);
     const bool problemsAreNew = next.problems != m_state.problems;
+    const bool measuresAreNew = next.texts != m_state.texts;
     const bool historyIsNew = std::exchange(m_historyHasChanged, false);
     if (!currentTextIsNew) {
         next.currentText = m_state.currentText;
@@ -232,6 +248,9 @@ void TransformationManager::publish(State next) {
         next.originalText = m_state.originalText;
     }
     m_state = std::move(next);
+    if (m_state.appliedOperations.empty()) {
+        m_runner.forget();
+    }
 
     if (currentTextIsNew) {
         emit currentTextChanged();
@@ -244,6 +263,9 @@ void TransformationManager::publish(State next) {
     }
     if (problemsAreNew) {
         emit operationProblemsChanged();
+    }
+    if (measuresAreNew) {
+        emit operationMeasuresChanged();
     }
     if (historyIsNew) {
         emit historyChanged();

@@ -23,6 +23,14 @@ namespace lexivore {
 
 class Preferences;
 
+/// What an operation did to the length of the text.
+struct OperationMeasures {
+    TextMeasures before;
+    TextMeasures after;
+
+    bool operator==(const OperationMeasures &) const = default;
+};
+
 /// The one state object: the catalog, the text, the operations stack, the history, the recipes and the favorites.
 ///
 /// Each published field has a signal. It is emitted once for an operation that really changed the field, after all
@@ -50,6 +58,9 @@ public:
     [[nodiscard]] const TextHistory &history() const { return m_history; }
     /// Which of the applied operations had no effect when the stack was last run, and why.
     [[nodiscard]] const OperationProblems &operationProblems() const { return m_state.problems; }
+    /// How long the text was before and after the operation when it last ran; nothing when it did not, being disabled,
+    /// unknown or failed. The first call after a run takes one pass over each of the two texts, later ones no time.
+    [[nodiscard]] std::optional<OperationMeasures> operationMeasures(const QUuid &operation) const;
     [[nodiscard]] const std::vector<Recipe> &recipes() const { return m_recipes; }
     [[nodiscard]] const std::optional<Recipe> &selectedRecipe() const { return m_selectedRecipe; }
     void setSelectedRecipe(std::optional<Recipe> recipe);
@@ -104,6 +115,8 @@ signals:
     void originalTextChanged();
     void appliedOperationsChanged();
     void operationProblemsChanged();
+    /// An operation began or ended with another text than when it ran before, or does not take part any more.
+    void operationMeasuresChanged();
     /// An entry was recorded, taken back or forgotten: what can be undone or redone may be different now.
     void historyChanged();
     void recipesChanged();
@@ -116,13 +129,14 @@ private:
         Text originalText;
         std::vector<AppliedOperation> appliedOperations;
         OperationProblems problems;
+        OperationTexts texts;
     };
 
     [[nodiscard]] static TextHistoryState snapshot(const State &state);
     void record(const State &before, HistoryActionType action);
     void apply(State &state, const TextTransformation &transformation, const ParameterMap &parameters);
-    void reapply(State &state) const;
-    void reapplyOrReturnToOriginal(State &state) const;
+    void reapply(State &state);
+    void reapplyOrReturnToOriginal(State &state);
     void restore(TextHistoryState restored, bool emptyStackShowsOriginalText);
     void publish(State next);
     void publishRecipes(std::vector<Recipe> next);
@@ -131,6 +145,7 @@ private:
     Catalog m_transformations;
     std::set<std::string, std::less<>> m_favorites;
     State m_state;
+    OperationsRunner m_runner{m_transformations};
     TextHistory m_history;
     bool m_historyHasChanged = false; ///< Since the last time that it was announced.
     std::vector<Recipe> m_recipes;

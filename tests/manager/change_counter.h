@@ -20,6 +20,7 @@ public:
               {"originalText", {&manager, &TransformationManager::originalTextChanged}},
               {"operations", {&manager, &TransformationManager::appliedOperationsChanged}},
               {"problems", {&manager, &TransformationManager::operationProblemsChanged}},
+              {"measures", {&manager, &TransformationManager::operationMeasuresChanged}},
               {"history", {&manager, &TransformationManager::historyChanged}},
               {"recipes", {&manager, &TransformationManager::recipesChanged}},
               {"selectedRecipe", {&manager, &TransformationManager::selectedRecipeChanged}},
@@ -43,7 +44,7 @@ private:
         const char *name;
         QSignalSpy signal;
     };
-    std::array<Spy, 8> m_spies;
+    std::array<Spy, 9> m_spies;
 };
 
 } // namespace lexivore::test

@@ -100,12 +100,12 @@ TEST_F(ManagerStory, ClearingTheOperationsShowsTheBaseAndCanBeUndone) {
     EXPECT_EQ(stack(), "");
     EXPECT_EQ(undoCount(), 3U);
     EXPECT_NE(lastAction<HistoryTransformation>(), nullptr);
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
 
     manager.undo();
     EXPECT_EQ(text(), "CBA");
     EXPECT_EQ(stack(), "uppercase reverse");
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
 }
 
 TEST_F(ManagerStory, ClearingAllForgetsTheHistoryToo) {
@@ -120,7 +120,7 @@ TEST_F(ManagerStory, ClearingAllForgetsTheHistoryToo) {
     EXPECT_EQ(stack(), "");
     EXPECT_EQ(undoCount(), 0U);
     EXPECT_EQ(redoCount(), 0U);
-    EXPECT_EQ(changes.take(), "currentText originalText operations history");
+    EXPECT_EQ(changes.take(), "currentText originalText operations measures history");
     manager.clearAll();
     EXPECT_EQ(changes.take(), "");
 }
@@ -135,7 +135,7 @@ TEST_F(ManagerStory, ReturningToTheBaseRecordsNothing) {
     EXPECT_EQ(text(), "abc");
     EXPECT_EQ(stack(), "");
     EXPECT_EQ(undoCount(), 1U);
-    EXPECT_EQ(changes.take(), "currentText operations");
+    EXPECT_EQ(changes.take(), "currentText operations measures");
     apply("reverse");
     EXPECT_EQ(text(), "cba");
     EXPECT_EQ(stack(), "reverse");

@@ -5,14 +5,20 @@
 // few assignments. After every step all fields must be equal, and exactly the changed ones announced, once.
 #include "manager/transformation_manager.h"
 
+#include "engine/primitives/characters.h"
+#include "engine/primitives/lines.h"
 #include "tests/manager/change_counter.h"
 #include "tests/support/memory_preferences.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
+#include <map>
+#include <optional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lexivore {
@@ -26,9 +32,13 @@ struct ModelOperation {
     bool operator==(const ModelOperation &) const = default;
 };
 
+/// The texts that an operation began and ended with when it last ran.
+using ModelTexts = std::optional<std::pair<std::string, std::string>>;
+
 struct ModelState {
     std::string text;
     std::vector<ModelOperation> operations;
+    std::vector<ModelTexts> texts; ///< One for each operation.
 
     bool operator==(const ModelState &) const = default;
 };
@@ -41,6 +51,7 @@ public:
     std::string original;
     std::vector<ModelState> undoStack;
     std::vector<ModelState> redoStack;
+    std::string printed; ///< Since it was last cleared.
 
     /// Applies the steps one after the other; false when one fails.
     bool apply(const std::vector<ModelOperation> &steps) {
@@ -62,12 +73,15 @@ public:
             if (now.operations.empty()) {
                 original = now.text;
             }
+            std::string result;
             try {
-                now.text = std::string(found->apply(now.text, step.parameters).view());
+                result = std::string(found->apply(now.text, step.parameters).view());
             } catch (const TransformationError &) {
                 return false;
             }
             now.operations.push_back({step.transformation, step.parameters, true});
+            now.texts.emplace_back(std::pair(now.text, result));
+            now.text = result;
         }
         return true;
     }
@@ -82,6 +96,7 @@ public:
         if (index < now.operations.size()) {
             push();
             now.operations.erase(now.operations.begin() + static_cast<std::ptrdiff_t>(index));
+            now.texts.clear();
             if (now.operations.empty()) {
                 now.text = original;
             } else {
@@ -109,6 +124,7 @@ public:
         if (!now.operations.empty()) {
             push();
             now.operations.clear();
+            now.texts.clear();
             now.text = original;
         }
     }
@@ -120,18 +136,22 @@ public:
     }
     void returnToOriginalText() {
         if (!now.operations.empty()) {
-            now = {original, {}};
+            now = {original, {}, {}};
         }
     }
     void reapply() {
         now.text = original;
-        for (const ModelOperation &operation : now.operations) {
+        now.texts.assign(now.operations.size(), std::nullopt);
+        for (std::size_t i = 0; i < now.operations.size(); ++i) {
+            const ModelOperation &operation = now.operations[i];
             const TransformationPointer found = findTransformation(m_catalog, operation.transformation);
             if (operation.isEnabled && found != nullptr) {
                 try {
-                    now.text = std::string(found->apply(now.text, operation.parameters).view());
-                } catch (const TransformationError &) {
-                    continue;
+                    const std::string result(found->apply(now.text, operation.parameters).view());
+                    now.texts[i] = std::pair(now.text, result);
+                    now.text = result;
+                } catch (const TransformationError &error) {
+                    printed += "Error reapplying operation: " + error.description() + "\n";
                 }
             }
         }
@@ -171,12 +191,49 @@ std::vector<ModelOperation> operationsOf(const std::vector<AppliedOperation> &op
     return plain;
 }
 
-std::vector<ModelState> statesOf(const std::vector<HistoryEntry> &entries) {
-    std::vector<ModelState> plain;
-    for (const HistoryEntry &entry : entries) {
-        plain.push_back({std::string(entry.state.text.view()), operationsOf(entry.state.operations)});
+struct ShownState {
+    std::string text;
+    std::vector<ModelOperation> operations;
+    std::vector<std::optional<OperationMeasures>> measures;
+
+    bool operator==(const ShownState &) const = default;
+};
+
+TextMeasures measuresOf(const std::string &text) { return {lineCount(text), characterCount(text)}; }
+
+ShownState shown(const ModelState &state) {
+    ShownState found{state.text, state.operations, {}};
+    for (const ModelTexts &texts : state.texts) {
+        found.measures.push_back(
+            texts.has_value() ? std::optional(OperationMeasures{measuresOf(texts->first), measuresOf(texts->second)})
+                              : std::nullopt);
     }
-    return plain;
+    return found;
+}
+
+ShownState shown(const TextHistoryState &state) {
+    ShownState found{std::string(state.text.view()), operationsOf(state.operations), {}};
+    for (const AppliedOperation &operation : state.operations) {
+        const auto texts = state.texts.find(operation.id);
+        found.measures.push_back(
+            texts != state.texts.end()
+                ? std::optional(OperationMeasures{texts->second.before->measures(), texts->second.after->measures()})
+                : std::nullopt);
+    }
+    return found;
+}
+
+std::vector<ShownState> shown(const std::vector<ModelState> &states) {
+    std::vector<ShownState> found;
+    std::ranges::transform(states, std::back_inserter(found), [](const ModelState &state) { return shown(state); });
+    return found;
+}
+
+std::vector<ShownState> shown(const std::vector<HistoryEntry> &entries) {
+    std::vector<ShownState> found;
+    std::ranges::transform(entries, std::back_inserter(found),
+                           [](const HistoryEntry &entry) { return shown(entry.state); });
+    return found;
 }
 
 class Walk {
@@ -184,14 +241,16 @@ public:
     explicit Walk(unsigned seed) : m_random(seed) {}
 
     void run() {
-        testing::internal::CaptureStdout(); // the failures of the runs are another test's
         for (int step = 0; step < 300 && !testing::Test::HasFailure(); ++step) {
             const Model before = m_model;
+            m_model.printed.clear();
+            testing::internal::CaptureStdout();
             const std::string done = takeStep();
+            const std::string printed = testing::internal::GetCapturedStdout();
             SCOPED_TRACE("step " + std::to_string(step) + ": " + done);
+            EXPECT_EQ(printed, m_model.printed);
             compare(before);
         }
-        testing::internal::GetCapturedStdout();
     }
 
 private:
@@ -320,8 +379,18 @@ private:
         EXPECT_EQ(m_manager.currentText().view(), m_model.now.text);
         EXPECT_EQ(m_manager.originalText().view(), m_model.original);
         EXPECT_EQ(operationsOf(m_manager.appliedOperations()), m_model.now.operations);
-        EXPECT_EQ(statesOf(m_manager.history().undoStack()), m_model.undoStack);
-        EXPECT_EQ(statesOf(m_manager.history().redoStack()), m_model.redoStack);
+        EXPECT_EQ(shown(m_manager.history().undoStack()), shown(m_model.undoStack));
+        EXPECT_EQ(shown(m_manager.history().redoStack()), shown(m_model.redoStack));
+        std::map<QUuid, OperationMeasures> measures;
+        const ShownState expected = shown(m_model.now);
+        for (std::size_t i = 0; i < expected.operations.size(); ++i) {
+            const QUuid id = m_manager.appliedOperations()[i].id;
+            const std::optional<OperationMeasures> found = m_manager.operationMeasures(id);
+            EXPECT_EQ(found, expected.measures[i]);
+            if (found.has_value()) {
+                measures[id] = *found;
+            }
+        }
 
         const std::string announced = m_changes.take();
         EXPECT_EQ(timesIn(announced, "currentText"), before.now.text != m_model.now.text ? 1 : 0);
@@ -333,6 +402,9 @@ private:
         EXPECT_EQ(timesIn(announced, "history"), historyIsNew ? 1 : 0);
         const bool problemsAreNew = m_problems != m_manager.operationProblems();
         EXPECT_EQ(timesIn(announced, "problems"), problemsAreNew ? 1 : 0);
+        EXPECT_GE(timesIn(announced, "measures"), m_measures != measures ? 1 : 0); // a text can be new and as long
+        EXPECT_LE(timesIn(announced, "measures"), 1);
+        m_measures = measures;
         m_problems = m_manager.operationProblems();
         EXPECT_TRUE(std::ranges::all_of(m_problems, [&](const auto &problem) {
             return std::ranges::count(m_manager.appliedOperations(), problem.first, &AppliedOperation::id) == 1;
@@ -353,6 +425,7 @@ private:
     test::ChangeCounter m_changes{m_manager};
     Model m_model{m_manager.transformations()};
     OperationProblems m_problems;
+    std::map<QUuid, OperationMeasures> m_measures;
 };
 
 TEST(ManagerModel, EveryFieldFollowsTheRulesThroughRandomSequences) {

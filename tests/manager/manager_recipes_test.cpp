@@ -169,7 +169,7 @@ TEST_F(ManagerRecipes, ApplyingTakesTheTextAsBaseAndAnnouncesOnce) {
     EXPECT_EQ(manager.originalText().view(), " b \n\n a\n b ");
     EXPECT_EQ(manager.appliedOperations().size(), 4U);
     EXPECT_EQ(undoCount(), 4U);
-    EXPECT_EQ(changes.take(), "currentText originalText operations history");
+    EXPECT_EQ(changes.take(), "currentText originalText operations measures history");
 
     manager.undo();
     EXPECT_EQ(text(), "b\na");
@@ -214,7 +214,7 @@ TEST_F(ManagerRecipes, AnErrorHalfWayKeepsWhatWasApplied) {
     EXPECT_EQ(manager.originalText().view(), "abc");
     EXPECT_EQ(manager.appliedOperations().size(), 1U);
     EXPECT_EQ(undoCount(), 2U); // the failed one keeps its entry, as it does alone
-    EXPECT_EQ(changes.take(), "currentText originalText operations history");
+    EXPECT_EQ(changes.take(), "currentText originalText operations measures history");
 }
 
 TEST_F(ManagerRecipes, ATextThatBecomesEmptyStopsTheRecipe) {

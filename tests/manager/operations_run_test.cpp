@@ -41,10 +41,10 @@ protected:
     /// The result; what was printed goes to `printed`.
     std::string run() {
         testing::internal::CaptureStdout();
-        const OperationsRun done(catalog, Text("base"), operations);
+        const OperationsRun done = OperationsRunner(catalog).run(Text("base"), operations);
         printed = testing::internal::GetCapturedStdout();
-        problems = done.problems();
-        return std::string(done.result().view());
+        problems = done.problems;
+        return std::string(done.result.view());
     }
 
     Catalog catalog = {std::make_shared<Step>("one"), std::make_shared<Step>("two"), std::make_shared<Step>("error"),

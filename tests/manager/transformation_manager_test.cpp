@@ -87,7 +87,7 @@ TEST_F(ManagerStory, ApplyingAppendsToTheStackAndKeepsTheBase) {
     EXPECT_EQ(text(), "b\na");
     EXPECT_EQ(original(), " b\na ");
     EXPECT_EQ(undoCount(), 1U);
-    EXPECT_EQ(changes.take(), "currentText originalText operations history");
+    EXPECT_EQ(changes.take(), "currentText originalText operations measures history");
 
     apply("add-prefix", {{"prefix", "> "}});
     EXPECT_EQ(text(), "> b\n> a");
@@ -95,7 +95,7 @@ TEST_F(ManagerStory, ApplyingAppendsToTheStackAndKeepsTheBase) {
     EXPECT_EQ(stack(), "trim-lines add-prefix");
     EXPECT_EQ(undoCount(), 2U);
     EXPECT_NE(lastAction<HistoryTransformation>(), nullptr);
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
 
     const AppliedOperation &last = manager.appliedOperations().back();
     EXPECT_EQ(last.transformationName, "Add Prefix");
@@ -114,7 +114,7 @@ TEST_F(ManagerStory, AnApplicationWithoutEffectKeepsTheTextAndStillCounts) {
     apply("lowercase");
     EXPECT_TRUE(manager.currentText().sharesAllWith(before));
     EXPECT_EQ(stack(), "lowercase");
-    EXPECT_EQ(changes.take(), "originalText operations history");
+    EXPECT_EQ(changes.take(), "originalText operations measures history");
 }
 
 TEST_F(ManagerStory, AFailedApplicationKeepsItsHistoryEntryAndForgetsRedo) {
@@ -162,13 +162,13 @@ TEST_F(ManagerStory, DisablingAndEnablingTheOnlyOperation) {
     EXPECT_EQ(undoCount(), 2U);
     ASSERT_NE(lastAction<HistoryToggle>(), nullptr);
     EXPECT_EQ(lastAction<HistoryToggle>()->index, 0U);
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
 
     manager.toggleOperation(0);
     EXPECT_EQ(text(), "ABC");
     EXPECT_EQ(stack(), "uppercase");
     EXPECT_EQ(undoCount(), 3U);
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
 }
 
 TEST_F(ManagerStory, AnOperationThatFailsInARerunIsSkippedReportedAndNoted) {
@@ -184,7 +184,7 @@ TEST_F(ManagerStory, AnOperationThatFailsInARerunIsSkippedReportedAndNoted) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "Error reapplying operation: Invalid input: Invalid Base64 string\n");
     EXPECT_EQ(text(), "PLAIN TEXT!");
-    EXPECT_EQ(changes.take(), "operations problems history");
+    EXPECT_EQ(changes.take(), "operations problems measures history");
     const OperationProblems expected = {
         {manager.appliedOperations()[1].id, {OperationProblem::Kind::failed, "Invalid input: Invalid Base64 string"}}};
     EXPECT_EQ(manager.operationProblems(), expected);
@@ -193,15 +193,59 @@ TEST_F(ManagerStory, AnOperationThatFailsInARerunIsSkippedReportedAndNoted) {
     manager.undo();
     EXPECT_EQ(testing::internal::GetCapturedStdout(), ""); // restored, not run
     EXPECT_TRUE(manager.operationProblems().empty());
-    EXPECT_EQ(changes.take(), "operations problems history");
+    EXPECT_EQ(changes.take(), "operations problems measures history");
     manager.redo();
     EXPECT_EQ(manager.operationProblems(), expected);
-    EXPECT_EQ(changes.take(), "operations problems history");
+    EXPECT_EQ(changes.take(), "operations problems measures history");
 
     manager.removeOperation(1);
     EXPECT_TRUE(manager.operationProblems().empty());
     EXPECT_EQ(stack(), "(base64-encode) uppercase");
     EXPECT_EQ(changes.take(), "operations problems history");
+}
+
+TEST_F(ManagerStory, EveryOperationThatRanHasItsMeasures) {
+    const auto measures = [this](std::size_t index) {
+        return manager.operationMeasures(manager.appliedOperations().at(index).id);
+    };
+    manager.setCurrentText(Text("b\n\na"));
+    apply("remove-empty-lines");
+    apply("add-prefix", {{"prefix", "é"}});
+    const OperationMeasures removing{{3, 4}, {2, 3}};
+    EXPECT_EQ(measures(0), removing);
+    EXPECT_EQ(measures(1), (OperationMeasures{{2, 3}, {2, 5}}));
+    EXPECT_EQ(manager.operationMeasures(QUuid::createUuid()), std::nullopt);
+
+    manager.toggleOperation(0);
+    EXPECT_EQ(measures(0), std::nullopt);
+    EXPECT_EQ(measures(1), (OperationMeasures{{3, 4}, {3, 7}}));
+    manager.undo();
+    EXPECT_EQ(measures(0), removing);
+    manager.editOperationParameters(1, {});
+    EXPECT_EQ(measures(0), removing);
+    EXPECT_EQ(measures(1), std::nullopt); // it fails without a prefix
+    const QUuid gone = manager.appliedOperations()[0].id;
+    manager.clearOperations();
+    EXPECT_EQ(manager.operationMeasures(gone), std::nullopt);
+}
+
+TEST_F(ManagerStory, RunningAgainBeginsAtTheStepThatIsDifferent) {
+    manager.setCurrentText(Text("b\na"));
+    apply("uppercase");
+    const Text upper = manager.currentText();
+    apply("reverse-lines");
+    const Text reversed = manager.currentText();
+    changes.take();
+
+    manager.toggleOperation(1);
+    EXPECT_TRUE(manager.currentText().sharesAllWith(upper));
+    manager.toggleOperation(1);
+    manager.setCurrentText(Text("paused"));
+    manager.reapplyOperations();
+    EXPECT_TRUE(manager.currentText().sharesAllWith(reversed));
+    changes.take();
+    manager.reapplyOperations();
+    EXPECT_EQ(changes.take(), "");
 }
 
 TEST_F(ManagerStory, AnUnknownOperationStaysOnTheStackWithoutEffect) {
@@ -219,7 +263,7 @@ TEST_F(ManagerStory, AnUnknownOperationStaysOnTheStackWithoutEffect) {
     EXPECT_EQ(undoCount(), 2U);
     EXPECT_EQ(manager.operationProblems().at(manager.appliedOperations()[0].id).kind,
               OperationProblem::Kind::unknownTransformation);
-    EXPECT_EQ(changes.take(), "currentText problems");
+    EXPECT_EQ(changes.take(), "currentText problems measures");
 }
 
 TEST_F(ManagerStory, RemovingTheLastOperationRestoresTheBaseWithoutRunning) {
@@ -236,7 +280,7 @@ TEST_F(ManagerStory, RemovingTheLastOperationRestoresTheBaseWithoutRunning) {
     ASSERT_NE(lastAction<HistoryRemoval>(), nullptr);
     EXPECT_EQ(lastAction<HistoryRemoval>()->index, 0U);
     EXPECT_TRUE(haveSameFields(lastAction<HistoryRemoval>()->operation, removed));
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
 }
 
 TEST_F(ManagerStory, MovingEndsAtTheIndexAfterTheRemoval) {
@@ -255,12 +299,12 @@ TEST_F(ManagerStory, MovingEndsAtTheIndexAfterTheRemoval) {
     EXPECT_EQ(lastAction<HistoryMove>()->from, 0U);
     EXPECT_EQ(lastAction<HistoryMove>()->to, 2U);
     EXPECT_EQ(undoCount(), 5U);
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
 
     manager.moveOperation(3, 0);
     EXPECT_EQ(stack(), "uppercase add-prefix add-suffix add-prefix");
     EXPECT_EQ(text(), "12B3");
-    EXPECT_EQ(changes.take(), "operations history");
+    EXPECT_EQ(changes.take(), "operations measures history");
 
     manager.moveOperation(1, 1);
     EXPECT_EQ(undoCount(), 6U);
@@ -278,7 +322,7 @@ TEST_F(ManagerStory, EditingParametersKeepsPlaceAndIdentity) {
     EXPECT_EQ(text(), "2xb");
     EXPECT_EQ(undoCount(), 3U);
     EXPECT_NE(lastAction<HistoryTransformation>(), nullptr);
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
     const AppliedOperation &after = manager.appliedOperations().front();
     EXPECT_EQ(after.id, before.id);
     EXPECT_EQ(after.timestamp, before.timestamp);
@@ -292,7 +336,7 @@ TEST_F(ManagerStory, EditingParametersKeepsPlaceAndIdentity) {
     manager.undo();
     EXPECT_EQ(text(), "21b");
     EXPECT_EQ(manager.appliedOperations().front().parameters, before.parameters);
-    EXPECT_EQ(changes.take(), "currentText operations history");
+    EXPECT_EQ(changes.take(), "currentText operations measures history");
 }
 
 TEST_F(ManagerStory, IndicesOutOfRangeAreIgnored) {
