@@ -1,28 +1,31 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 //
-// Times the editor through its widget, from the call or the event to the finished paint, beside the toolkit's own.
-// Usage: lexivore_editor_bench [--json FILE] [--quick] [--no-stock] [--only PART_OF_A_CASE]
-// Exits with 1 when a limit is missed. The stock editor is left out where a text would keep it busy for minutes.
+// Times one editor on one text through its widget, from the call or the event to the finished paint.
+// Usage: editor_bench ours|stock lines|spaces|endless|scripts|memory MEGABYTES [--quick] [--cpu]
+// Writes a row of JSON for every action as soon as it is measured, so that who waits can stop waiting: the stock editor
+// takes minutes for some. bench/editor.py runs both editors on every text.
 #include "ui/editor/text_editor.h"
 #include "ui/text_conversion.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFontDatabase>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QWindow>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <functional>
-#include <optional>
+#include <map>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -32,6 +35,8 @@ using namespace lexivore;
 namespace {
 
 constexpr std::size_t megabyte = 1'000'000;
+/// The slower editor is not asked as often: no action takes much longer than this.
+constexpr double mostMilliseconds = 2000;
 
 std::string repeated(std::string_view piece, std::size_t bytes) {
     std::string text;
@@ -71,9 +76,11 @@ struct Subject {
     std::function<void()> selectAll;
 };
 
+/// What was asked to be painted is painted now, not when the screen is refreshed next.
 void paint(const Subject &subject) {
     QApplication::sendPostedEvents();
-    subject.widget->viewport()->repaint();
+    QEvent request(QEvent::UpdateRequest);
+    QApplication::sendEvent(subject.widget, &request);
 }
 
 void press(const Subject &subject, int key, Qt::KeyboardModifiers modifiers = {}, const QString &text = {}) {
@@ -81,74 +88,54 @@ void press(const Subject &subject, int key, Qt::KeyboardModifiers modifiers = {}
     QApplication::sendEvent(subject.widget, &event);
 }
 
+clockid_t timedBy = CLOCK_MONOTONIC;
+
 double milliseconds(const std::function<void()> &run) {
-    QElapsedTimer timer;
-    timer.start();
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(timedBy, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    };
+    const double begin = now();
     run();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    return now() - begin;
 }
 
+/// What one action took, time after time.
 struct Times {
-    double median = 0;
-    double worst = 0;
+    std::vector<double> all;
+
+    /// Calls `prepare`, which is not timed, and `run` until it was often enough or has taken long enough.
+    void measure(int rounds, const std::function<void(int)> &prepare, const std::function<void(int)> &run) {
+        double spent = 0;
+        for (int i = 0; i < rounds && spent < mostMilliseconds; ++i) {
+            spent += milliseconds([&] { prepare(i); });
+            all.push_back(milliseconds([&] { run(i); }));
+            spent += all.back();
+        }
+        std::sort(all.begin(), all.end());
+    }
+    [[nodiscard]] double median() const { return all[all.size() / 2]; }
+    [[nodiscard]] double worst() const { return all.back(); }
 };
 
-Times repeat(int times, const std::function<void(int)> &run) {
-    std::vector<double> all;
-    for (int i = 0; i < times; ++i) {
-        all.push_back(milliseconds([&] { run(i); }));
-    }
-    std::sort(all.begin(), all.end());
-    return {all[all.size() / 2], all.back()};
+void write(const QJsonObject &row) {
+    std::puts(QJsonDocument(row).toJson(QJsonDocument::Compact).constData());
+    std::fflush(stdout);
 }
 
-class Report {
-public:
-    void add(const std::string &text, const std::string &action, double value, std::optional<double> limit,
-             std::optional<double> stock, const char *unit = "ms") {
-        const bool isMissed = limit && value > *limit;
-        m_isMissed = m_isMissed || isMissed;
-        QJsonObject row{{"case", QString::fromStdString(text)},
-                        {"action", QString::fromStdString(action)},
-                        {"value", value},
-                        {"limit", limit ? QJsonValue(*limit) : QJsonValue()},
-                        {"unit", unit},
-                        {"stock", stock ? QJsonValue(*stock) : QJsonValue()}};
-        m_rows.append(row);
-        std::printf("%-28s %-30s %9.2f %s  limit %-8s stock %-10s %s\n", text.c_str(), action.c_str(), value, unit,
-                    limit ? std::to_string(*limit).substr(0, 6).c_str() : "-",
-                    stock ? std::to_string(*stock).substr(0, 8).c_str() : "-", isMissed ? "MISSED" : "");
-        std::fflush(stdout);
-    }
-    void write(const QString &path) const {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(m_rows).toJson()) < 0) {
-            std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
-        }
-    }
-    [[nodiscard]] bool isMissed() const { return m_isMissed; }
-
-private:
-    QJsonArray m_rows;
-    bool m_isMissed = false;
-};
-
-struct Case {
-    std::string name;
-    std::string text;
-    double showLimit = 0;
-    double medianLimit = 16;
-    double worstLimit = 33;
-    bool isLarge = false;
-    bool stockCanShow = true; ///< In less than minutes.
-    bool stockCanEdit = true;
-};
+void write(const char *action, const Times &times) {
+    write({{"action", action},
+           {"unit", "ms"},
+           {"median", times.median()},
+           {"worst", times.worst()},
+           {"rounds", static_cast<int>(times.all.size())}});
+}
 
 struct Action {
-    std::string name;
-    std::function<void(const Subject &, int)> prepare; ///< Not timed.
+    const char *name;
+    std::function<void(const Subject &, int)> prepare;
     std::function<void(const Subject &, int)> run;
-    bool onLarge = false;
 };
 
 void click(const Subject &subject, int i) {
@@ -170,59 +157,36 @@ std::vector<Action> actions() {
             }
         };
     };
-    const auto nothing = [](const Subject &, int) {};
+    const auto placeAnew = [](const Subject &subject, int i) {
+        subject.placeCaret(static_cast<double>(i * 37 % 100) / 100);
+        paint(subject);
+    };
     const auto type = [](const Subject &subject, int) { press(subject, Qt::Key_X, {}, "x"); };
+    const auto barToTop = [](const Subject &subject, int) {
+        subject.widget->verticalScrollBar()->setValue(0);
+        paint(subject);
+    };
     return {
-        {"keystroke at the start", place(0), type, true},
-        {"keystroke in the middle", place(0.5), type, true},
-        {"keystroke at the end", place(1), type, true},
-        {"click", place(0.5), click, false},
-        {"End",
-         [](const Subject &subject, int i) {
-             subject.placeCaret(static_cast<double>(i * 37 % 100) / 100);
-             paint(subject);
-         },
-         [](const Subject &subject, int) { press(subject, Qt::Key_End); }, false},
-        {"Page Down", place(0), [](const Subject &subject, int) { press(subject, Qt::Key_PageDown); }, false},
-        {"select all", place(0.5), [](const Subject &subject, int) { subject.selectAll(); }, false},
-        {"resize", place(0.5),
-         [](const Subject &subject, int i) {
-             subject.widget->resize(600 + i % 50, 600);
-             QApplication::sendPostedEvents();
-         },
-         false},
-        {"scroll to the end",
-         [](const Subject &subject, int) {
-             subject.widget->verticalScrollBar()->setValue(0);
-             paint(subject);
-         },
+        {"keystroke at the start", place(0), type},
+        {"keystroke in the middle", place(0.5), type},
+        {"keystroke at the end", place(1), type},
+        {"click", place(0.5), click},
+        {"End", placeAnew, [](const Subject &subject, int) { press(subject, Qt::Key_End); }},
+        {"Page Down", place(0), [](const Subject &subject, int) { press(subject, Qt::Key_PageDown); }},
+        {"select all", placeAnew, [](const Subject &subject, int) { subject.selectAll(); }},
+        {"resize", place(0.5), [](const Subject &subject, int i) { subject.widget->resize(600 + (i + 1) % 50, 600); }},
+        {"scroll to the end", barToTop,
          [](const Subject &subject, int) {
              QScrollBar *const bar = subject.widget->verticalScrollBar();
              bar->setValue(bar->maximum());
-         },
-         true},
-        {"drag of the scroll bar", nothing,
+         }},
+        {"drag of the scroll bar", [](const Subject &, int) {},
          [](const Subject &subject, int i) {
              QScrollBar *const bar = subject.widget->verticalScrollBar();
              bar->setSliderDown(true);
              bar->setSliderPosition(static_cast<int>(static_cast<double>(bar->maximum()) * (i * 7 % 200) / 200));
-         },
-         true},
+         }},
     };
-}
-
-Times timeOf(const Action &action, const Subject &subject, int rounds) {
-    std::vector<double> all;
-    for (int i = 0; i < rounds; ++i) {
-        action.prepare(subject, i);
-        all.push_back(milliseconds([&] {
-            action.run(subject, i);
-            paint(subject);
-        }));
-    }
-    subject.widget->verticalScrollBar()->setSliderDown(false);
-    std::sort(all.begin(), all.end());
-    return {all[all.size() / 2], all.back()};
 }
 
 /// Resident memory of this process in bytes.
@@ -234,51 +198,64 @@ double residentBytes() {
     return file.readAll().split(' ').value(1).toDouble() * 4096;
 }
 
-void measure(const Case &example, const Subject &ours, const Subject *stock, bool isQuick, Report &report) {
-    const Text text{std::string_view(example.text)};
-    const Text empty;
-    const double copy = repeat(5, [&](int) { TextBuffer copied(std::string_view(example.text)); }).median;
-    const auto showTimes = [&](const Subject &subject, int rounds) {
-        std::vector<double> all;
-        for (int i = 0; i < rounds; ++i) {
-            subject.show(empty);
+/// The bytes of one copy of the text are there already when the first count is taken.
+void measureMemory(const Subject &subject, std::size_t bytes) {
+    const double before = residentBytes();
+    auto text = std::make_unique<Text>(std::string_view(manyLines(bytes)));
+    const Text historyEntry = *text;
+    subject.show(*text);
+    text.reset();
+    paint(subject);
+    press(subject, Qt::Key_X, {}, "x");
+    paint(subject);
+    write({{"action", "text, view and a history entry"},
+           {"unit", "texts"},
+           {"median", (residentBytes() - before) / static_cast<double>(historyEntry.size())}});
+}
+
+void measureTimes(const Subject &subject, const std::string &bytes, int rounds) {
+    write({{"action", "ready"}});
+    Times copies;
+    copies.measure(
+        5, [](int) {}, [&](int) { TextBuffer copied{std::string_view(bytes)}; });
+    const Text text{std::string_view(bytes)};
+    Times shows;
+    shows.measure(
+        5,
+        [&](int) {
+            subject.show({});
             paint(subject);
-            all.push_back(milliseconds([&] {
-                subject.show(text);
-                paint(subject);
-            }));
-        }
-        std::sort(all.begin(), all.end());
-        return all[all.size() / 2];
-    };
-    const double shown = showTimes(ours, 5);
-    std::optional<double> stockShown;
-    if (stock != nullptr && example.stockCanShow) {
-        stockShown = showTimes(*stock, 1);
-    }
-    report.add(example.name, "show a new text", shown, example.showLimit, stockShown);
-    if (example.isLarge) {
-        report.add(example.name, "show, in copies of the text", shown / copy, 3, {}, "copies");
-    }
+        },
+        [&](int) {
+            subject.show(text);
+            paint(subject);
+        });
+    write("show a new text", shows);
+    write(
+        {{"action", "show, in copies of the text"}, {"unit", "copies"}, {"median", shows.median() / copies.median()}});
     for (const Action &action : actions()) {
-        if (example.isLarge && !action.onLarge) {
-            continue;
-        }
-        const Times times = timeOf(action, ours, isQuick ? 40 : 200);
-        std::optional<Times> stockTimes;
-        if (stock != nullptr && example.stockCanShow && example.stockCanEdit) {
-            stockTimes = timeOf(action, *stock, isQuick ? 3 : 10);
-        }
-        const auto of = [&](double Times::*member) {
-            return stockTimes ? std::optional((*stockTimes).*member) : std::nullopt;
-        };
-        report.add(example.name, action.name + ", median", times.median, example.medianLimit, of(&Times::median));
-        report.add(example.name, action.name + ", worst", times.worst, example.worstLimit, of(&Times::worst));
+        Times times;
+        times.measure(
+            rounds, [&](int i) { action.prepare(subject, i); },
+            [&](int i) {
+                action.run(subject, i);
+                paint(subject);
+            });
+        subject.widget->verticalScrollBar()->setSliderDown(false);
+        write(action.name, times);
     }
-    if (stock != nullptr) {
-        stock->show(empty);
+}
+
+/// Shows the editor, with the keyboard, and waits for the X server: what it does not show is not painted.
+void present(QAbstractScrollArea &widget) {
+    widget.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    widget.resize(600, 600);
+    widget.show();
+    widget.activateWindow();
+    widget.setFocus();
+    while (!widget.windowHandle()->isExposed() || !widget.hasFocus()) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
-    ours.show(empty);
 }
 
 } // namespace
@@ -286,72 +263,45 @@ void measure(const Case &example, const Subject &ours, const Subject *stock, boo
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-    const bool isQuick = arguments.contains("--quick");
-    const bool hasStock = !arguments.contains("--no-stock");
+    const std::map<std::string, std::string (*)(std::size_t)> texts{
+        {"lines", manyLines}, {"spaces", lineWithSpaces}, {"endless", lineWithout}, {"scripts", mixedScripts}};
+    const std::string kind = arguments.value(2).toStdString();
+    const std::size_t bytes = arguments.value(3).toULongLong() * megabyte;
+    if (bytes == 0 || (kind != "memory" && texts.count(kind) == 0)) {
+        std::fputs("editor_bench: see the first lines of its source\n", stderr);
+        return EXIT_FAILURE;
+    }
 
-    const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (arguments.contains("--cpu")) {
+        timedBy = CLOCK_PROCESS_CPUTIME_ID;
+    }
     TextEditor editor;
-    editor.setFont(font);
-    editor.resize(600, 600);
-    editor.show();
-    editor.activateWindow();
-    editor.setFocus();
     QPlainTextEdit plain;
-    plain.setFont(font);
-    plain.resize(600, 600);
-    if (hasStock) {
-        plain.show();
+    Subject subject;
+    if (arguments.value(1) == "ours") {
+        present(editor);
+        subject = {&editor, [&](const Text &text) { editor.setText(text); },
+                   [&](double fraction) {
+                       const auto size = static_cast<double>(editor.text().size());
+                       editor.document().setCaret(static_cast<std::size_t>(fraction * size));
+                       editor.ensureCaretVisible();
+                   },
+                   [&] { editor.selectAll(); }};
+    } else {
+        present(plain);
+        subject = {&plain, [&](const Text &text) { plain.setPlainText(toQString(text.view())); },
+                   [&](double fraction) {
+                       QTextCursor cursor = plain.textCursor();
+                       const int last = plain.document()->characterCount() - 1;
+                       cursor.setPosition(static_cast<int>(fraction * last));
+                       plain.setTextCursor(cursor);
+                   },
+                   [&] { plain.selectAll(); }};
     }
-    application.processEvents();
-
-    const Subject ours{&editor, [&](const Text &text) { editor.setText(text); },
-                       [&](double fraction) {
-                           editor.document().setCaret(
-                               static_cast<std::size_t>(fraction * static_cast<double>(editor.text().size())));
-                           editor.ensureCaretVisible();
-                       },
-                       [&] { editor.selectAll(); }};
-    const Subject theirs{&plain, [&](const Text &text) { plain.setPlainText(toQString(text.view())); },
-                         [&](double fraction) {
-                             QTextCursor cursor = plain.textCursor();
-                             const int last = plain.document()->characterCount() - 1;
-                             cursor.setPosition(static_cast<int>(fraction * last));
-                             plain.setTextCursor(cursor);
-                         },
-                         [&] { plain.selectAll(); }};
-
-    Report report;
-    const double before = residentBytes();
-    {
-        Text text{std::string_view(manyLines(100 * megabyte))};
-        editor.setText(text);
-        paint(ours);
-        const Text historyEntry = text;
-        press(ours, Qt::Key_X, {}, "x");
-        paint(ours);
-        report.add("100 MB, lines", "memory with a history entry", (residentBytes() - before) / (100.0 * megabyte), 3,
-                   {}, "texts");
-        editor.setText(Text());
+    if (kind == "memory") {
+        measureMemory(subject, bytes);
+    } else {
+        measureTimes(subject, texts.at(kind)(bytes), arguments.contains("--quick") ? 40 : 200);
     }
-    const qsizetype only = arguments.indexOf("--only");
-    const std::string wanted = only != -1 ? arguments.value(only + 1).toStdString() : std::string();
-    const auto run = [&](const Case &example) {
-        if (example.name.find(wanted) == std::string::npos) {
-            return;
-        }
-        measure(example, ours, hasStock ? &theirs : nullptr, isQuick, report);
-    };
-    run({"10 MB, 130,000 lines", manyLines(10 * megabyte), 30});
-    run({"10 MB, one line with spaces", lineWithSpaces(10 * megabyte), 30, 16, 33, false, true, false});
-    run({"10 MB, one line without", lineWithout(10 * megabyte), 30, 16, 33, false, false, false});
-    run({"10 MB, scripts in one line", mixedScripts(10 * megabyte), 60, 33, 33, false, false, false});
-    run({"100 MB, lines", manyLines(100 * megabyte), 150, 16, 50, true, true, true});
-    run({"100 MB, one line with spaces", lineWithSpaces(100 * megabyte), 150, 16, 50, true, false, false});
-    run({"100 MB, one line without", lineWithout(100 * megabyte), 150, 16, 50, true, false, false});
-
-    const qsizetype json = arguments.indexOf("--json");
-    if (json != -1 && json + 1 < arguments.size()) {
-        report.write(arguments[json + 1]);
-    }
-    return report.isMissed() ? 1 : 0;
+    return EXIT_SUCCESS;
 }
