@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <set>
 #include <string>
 #include <vector>
@@ -61,8 +62,12 @@ TEST_F(ManagerRecipes, SavingKeepsTheWholeStackWithItsFlags) {
     manager.toggleOperation(1);
     changes.take();
 
+    const Timestamp before = Timestamp::now();
     manager.saveRecipe("quoted");
     EXPECT_EQ(changes.take(), "recipes");
+    EXPECT_GE(manager.recipes().front().createdAt.secondsSinceReferenceDate, before.secondsSinceReferenceDate);
+    EXPECT_LE(manager.recipes().front().createdAt.secondsSinceReferenceDate,
+              Timestamp::now().secondsSinceReferenceDate);
     ASSERT_EQ(manager.recipes().size(), 1U);
     const Recipe &saved = manager.recipes().front();
     EXPECT_EQ(saved.name, "quoted");
@@ -123,6 +128,43 @@ TEST_F(ManagerRecipes, DeletingRemovesEveryRecipeWithTheId) {
     EXPECT_EQ(changes.take(), "recipes");
     manager.deleteRecipe(twice);
     EXPECT_EQ(names(manager.recipes()), "other|");
+}
+
+TEST_F(ManagerRecipes, RenamingTakesTheFirstRecipeWithTheIdAndAnyName) {
+    const Recipe twice = recipe({{"uppercase", {}}});
+    preferences.setValue(QLatin1String(preference::recipes), *RecipeJson::encode({twice, twice}));
+    manager.loadRecipes();
+    manager.renameRecipe(twice, "first");
+    EXPECT_EQ(names(manager.recipes()), "first||");
+    manager.renameRecipe(twice, "line\nbreak \U0001F469\u200D\U0001F467");
+    EXPECT_EQ(names(stored()), "line\nbreak \U0001F469\u200D\U0001F467||");
+    manager.renameRecipe(twice, "");
+    EXPECT_EQ(names(stored()), "||");
+}
+
+TEST_F(ManagerRecipes, ANewRecipeStandsAtTheEndAndItsReplacementToo) {
+    manager.ensureTemplates();
+    manager.setCurrentText(Text("abc"));
+    apply("uppercase");
+    manager.saveRecipe("a");
+    manager.saveRecipe("b");
+    EXPECT_EQ(names({manager.recipes()[13], manager.recipes()[14]}), "a|b|");
+    const Recipe replaced = manager.recipes()[13];
+    manager.deleteRecipe(replaced);
+    manager.saveRecipe("a");
+    EXPECT_EQ(names({manager.recipes()[13], manager.recipes()[14]}), "b|a|");
+    EXPECT_NE(manager.recipes()[14].id, replaced.id);
+    EXPECT_GT(manager.recipes()[14].createdAt.secondsSinceReferenceDate, replaced.createdAt.secondsSinceReferenceDate);
+}
+
+TEST_F(ManagerRecipes, WhatCannotBeEncodedIsNotWritten) {
+    manager.ensureTemplates();
+    const int writes = preferences.writeCount();
+    Recipe timeless = recipe({});
+    timeless.createdAt = {std::numeric_limits<double>::infinity()};
+    manager.importRecipes({timeless});
+    EXPECT_EQ(preferences.writeCount(), writes);
+    EXPECT_EQ(stored().size(), 13U);
 }
 
 TEST_F(ManagerRecipes, TheFirstStartStoresTheTemplatesOnce) {
@@ -302,6 +344,9 @@ TEST_F(ManagerRecipes, UndecodableRecipesGiveAnEmptyListThatTheNextSaveOverwrite
     preferences.setValue(QLatin1String(preference::recipes), QByteArray("broken"));
     manager.loadRecipes();
     EXPECT_EQ(manager.recipes().size(), 13U); // stays as it is
+    preferences.remove(QLatin1String(preference::recipes));
+    manager.loadRecipes();
+    EXPECT_EQ(manager.recipes().size(), 13U);
 }
 
 TEST_F(ManagerRecipes, FavoritesAreStoredAtOnceAndShownInCatalogOrder) {
@@ -316,6 +361,28 @@ TEST_F(ManagerRecipes, FavoritesAreStoredAtOnceAndShownInCatalogOrder) {
     EXPECT_EQ(later.favoriteTransformations()[0]->id(), "uppercase");
     EXPECT_EQ(later.favoriteTransformations()[1]->id(), "sort-lines");
     EXPECT_EQ(later.transformations(TransformationCategory::favorites), later.favoriteTransformations());
+}
+
+TEST_F(ManagerRecipes, AnUnknownFavoriteIsStoredAgain) {
+    preferences.setValue(QLatin1String(preference::favorites), QVariantList{QStringLiteral("no such id")});
+    TransformationManager later(preferences);
+    later.toggleFavorite("uppercase");
+    EXPECT_EQ(preferences.value(QLatin1String(preference::favorites)),
+              QVariant(QVariantList{QStringLiteral("no such id"), QStringLiteral("uppercase")}));
+    EXPECT_EQ(later.favoriteTransformations().size(), 1U);
+}
+
+TEST_F(ManagerRecipes, FavoritesStayWhenWhatIsStoredIsNone) {
+    manager.toggleFavorite("uppercase");
+    preferences.setValue(QLatin1String(preference::favorites), QVariantList{QStringLiteral("lowercase"), 5});
+    manager.loadFavorites();
+    EXPECT_TRUE(manager.favorites().contains("uppercase"));
+    preferences.remove(QLatin1String(preference::favorites));
+    manager.loadFavorites();
+    EXPECT_TRUE(manager.favorites().contains("uppercase"));
+    preferences.setValue(QLatin1String(preference::favorites), QVariantList{QStringLiteral("lowercase")});
+    manager.loadFavorites();
+    EXPECT_EQ(manager.favorites(), (std::set<std::string, std::less<>>{"lowercase"}));
 }
 
 TEST_F(ManagerRecipes, MarkingTwiceLeavesOneEntryAndUnmarkingTheLastAnEmptyList) {
