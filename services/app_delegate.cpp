@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "services/app_delegate.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 
 #include <utility>
 
 namespace lexivore {
 
-AppDelegate::AppDelegate(QObject *parent) : QObject(parent) {}
+AppDelegate::AppDelegate(QObject *parent) : QObject(parent) { QCoreApplication::instance()->installEventFilter(this); }
 
 void AppDelegate::adoptWindow(QObject *window, std::function<void()> hideApplication) {
     if (m_window) {
@@ -25,6 +26,10 @@ bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {
     if (watched == m_window && event->type() == QEvent::Close) {
         event->ignore();
         m_hideApplication();
+        return true;
+    }
+    if (watched == QCoreApplication::instance() && event->type() == QEvent::Quit) {
+        QCoreApplication::exit();
         return true;
     }
     return QObject::eventFilter(watched, event);

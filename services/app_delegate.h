@@ -10,7 +10,8 @@
 namespace lexivore {
 
 /// The application's delegate: adopts the main window, which closing hides instead of destroying, so that it comes back
-/// with its text as it was.
+/// with its text as it was. When the application is to quit it does so without asking the window, which would only hide
+/// and so hold up the end of the session.
 class AppDelegate : public QObject {
     Q_OBJECT
 

@@ -21,7 +21,8 @@ constexpr qint64 longestRequest = 1 << 20; // bytes; nobody opens that many file
 
 QByteArray encode(const SingleInstance::Request &request) {
     const QJsonObject object{{"files", QJsonArray::fromStringList(request.files)},
-                             {"activationToken", request.activationToken}};
+                             {"activationToken", request.activationToken},
+                             {"busAddress", request.busAddress}};
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
@@ -32,6 +33,7 @@ std::optional<SingleInstance::Request> decode(const QByteArray &line) {
     }
     SingleInstance::Request request;
     request.activationToken = document["activationToken"].toString();
+    request.busAddress = document["busAddress"].toString();
     for (const QJsonValue file : document["files"].toArray()) {
         request.files += file.toString();
     }
@@ -97,7 +99,9 @@ void SingleInstance::receive(QLocalSocket *socket) {
         socket->abort();
         return;
     }
+    // At once: what the request starts may take long, and the later instance must not give up waiting.
     socket->putChar(acknowledgement);
+    socket->flush();
     socket->disconnectFromServer();
     emit requested(*request);
 }

@@ -31,6 +31,7 @@ public:
     struct Request {
         QStringList files;       ///< To open, as absolute paths.
         QString activationToken; ///< With which the window system lets the window come forward; may be empty.
+        QString busAddress;      ///< Of the session bus that the start belongs to; may be empty.
     };
 
     /// `folder` holds the lock and the socket: the user's own runtime folder.

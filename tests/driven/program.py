@@ -63,12 +63,18 @@ class Program:
         self.home = pathlib.Path(home or tempfile.mkdtemp(prefix="lexivore-driven-"))
         self.owns_home = home is None
 
-    def __enter__(self):
+    def start(self, *arguments, **more_environment):
+        """Another process of the program, at home in the same place. A variable that is None is left out."""
         environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
-                           HOME=str(self.home), XDG_RUNTIME_DIR=str(self.home), XDG_CONFIG_HOME=str(self.home / ".config"), LC_ALL="C.UTF-8")
+                           HOME=str(self.home), XDG_RUNTIME_DIR=str(self.home),
+                           XDG_CONFIG_HOME=str(self.home / ".config"), LC_ALL="C.UTF-8", **more_environment)
+        return subprocess.Popen([self.executable, *arguments], cwd=self.home, stdout=self.output,
+                                stderr=subprocess.STDOUT,
+                                env={name: value for name, value in environment.items() if value is not None})
+
+    def __enter__(self):
         self.output = open(self.home / "output", "ab")
-        self.process = subprocess.Popen([self.executable], env=environment, cwd=self.home,
-                                        stdout=self.output, stderr=subprocess.STDOUT)
+        self.process = self.start()
         self.window = wait_for(self._find_window, "the main window")
         self.settle()
         return self

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QTimer>
 
 #include <memory>
 
@@ -56,6 +57,21 @@ TEST_F(AppDelegateTest, LeavesOtherEventsAndOtherWindowsAlone) {
     QEvent close(QEvent::Close);
     QCoreApplication::sendEvent(&other, &close);
     EXPECT_TRUE(other.isClosed);
+    EXPECT_EQ(hidden, 0);
+}
+
+TEST_F(AppDelegateTest, QuitsWithoutAskingTheWindow) {
+    Window window;
+    AppDelegate delegate;
+    int hidden = 0;
+    delegate.adoptWindow(&window, [&]() { ++hidden; });
+    QTimer::singleShot(0, &window, [] {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(QCoreApplication::instance(), &quit);
+    });
+    QTimer::singleShot(20'000, &window, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_FALSE(window.isClosed);
     EXPECT_EQ(hidden, 0);
 }
 

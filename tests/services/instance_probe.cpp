@@ -20,7 +20,7 @@ int main(int argc, char **argv) {
         std::printf("requested [%s] %s\n", qPrintable(request.files.join('|')), qPrintable(request.activationToken));
         std::fflush(stdout);
     });
-    const bool isPrimary = instance.start({arguments.mid(2), "token"}) == SingleInstance::Role::primary;
+    const bool isPrimary = instance.start({arguments.mid(2), "token", {}}) == SingleInstance::Role::primary;
     std::puts(isPrimary ? "primary" : "secondary");
     std::fflush(stdout);
     if (!isPrimary) {

@@ -18,7 +18,11 @@ LexivoreApp::LexivoreApp(Preferences &preferences, std::unique_ptr<FilePanels> p
     m_appDelegate.adoptWindow(m_window.get(), [this] { m_window->hide(); });
 }
 
-void LexivoreApp::comeForward(const QStringList &files) {
+void LexivoreApp::comeForward(const QStringList &files, const QString &activationToken) {
+    if (!activationToken.isEmpty()) {
+        // Where the toolkit takes it from when a window is activated.
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    }
     m_window->show();
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->raise();

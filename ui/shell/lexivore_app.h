@@ -28,7 +28,8 @@ public:
     ~LexivoreApp() override;
 
     /// Brings the window forward, with its text as it was, and opens the first of `files` if there is any.
-    void comeForward(const QStringList &files = {});
+    /// `activationToken` is what the window system lets it take the keyboard with, if it gave one.
+    void comeForward(const QStringList &files = {}, const QString &activationToken = {});
 
     [[nodiscard]] ContentView &window() { return *m_window; }
     [[nodiscard]] NotificationCenter &notificationCenter() { return m_center; }

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/services/desktop_probe_test.h"
+
+#include <csignal>
+#include <vector>
+
+namespace lexivore {
+namespace {
+
+class TerminationSignalsTest : public DesktopProbeTest {
+protected:
+    static void send(const QProcess &process, int signal) {
+        ASSERT_EQ(::kill(static_cast<pid_t>(process.processId()), signal), 0);
+    }
+};
+
+TEST_F(TerminationSignalsTest, EndTheProgramByWayOfItsEventLoop) {
+    qsizetype round = 0;
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        ++round;
+        const auto process = start();
+        waitForLog("primary", round);
+        send(*process, signal);
+        ASSERT_TRUE(ends(*process));
+        EXPECT_EQ(process->exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process->exitCode(), 0);
+        waitForLog("ended", round);
+    }
+}
+
+TEST_F(TerminationSignalsTest, EndABusyProgramToo) {
+    for (const int signalsSent : {1, 2}) {
+        const auto process = start();
+        waitForLog("primary", signalsSent);
+        const auto later = start({"hang"});
+        waitForLog("requested [hang] start", signalsSent);
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < signalsSent; ++i) {
+            send(*process, SIGTERM);
+            QTest::qWait(50);
+        }
+        ASSERT_TRUE(ends(*process));
+        EXPECT_EQ(process->exitStatus(), QProcess::CrashExit);
+        EXPECT_EQ(process->exitCode(), signalsSent == 1 ? SIGALRM : SIGTERM);
+        EXPECT_TRUE(ends(*later));
+        EXPECT_FALSE(log().contains("ended"));
+    }
+}
+
+TEST_F(TerminationSignalsTest, LeaveASignalIgnoredThatWasIgnored) {
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.setChildProcessModifier([] { ::signal(SIGHUP, SIG_IGN); });
+    process.start(DESKTOP_PROBE, {m_folder.path(), path("log")});
+    waitForLog("primary");
+    send(process, SIGHUP);
+    const auto later = start({"still there"});
+    waitForLog("requested [still there] start");
+    send(process, SIGTERM);
+    ASSERT_TRUE(ends(process));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+}
+
+} // namespace
+} // namespace lexivore
+
+int main(int argc, char **argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const QCoreApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/shell/program.h"
+
+#include "manager/json_preferences.h"
+#include "services/bundle_information.h"
+#include "services/desktop_activation.h"
+#include "services/single_instance.h"
+#include "services/termination_signals.h"
+#include "ui/icon.h"
+#include "ui/shell/lexivore_app.h"
+#include "ui/shell/tray_icon.h"
+#include "ui/theme/style.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace lexivore {
+
+namespace {
+
+void describe(QApplication &application, const QVariantMap &information) {
+    application.setApplicationName("lexivore");
+    application.setApplicationDisplayName("Lexivore");
+    application.setApplicationVersion(information.value(bundle_key::version).toString());
+    application.setDesktopFileName(DesktopActivation::serviceName);
+    // Closing the window hides the program; starting it again brings it back.
+    application.setQuitOnLastWindowClosed(false);
+}
+
+/// What this start asks for: the files that it was given, and the token with which it may take the keyboard.
+SingleInstance::Request requestOfThisStart() {
+    SingleInstance::Request request;
+    for (const QString &file : QCoreApplication::arguments().mid(1)) {
+        request.files << QFileInfo(file).absoluteFilePath();
+    }
+    request.activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    request.busAddress = DesktopActivation::sessionBusAddress();
+    return request;
+}
+
+} // namespace
+
+int runProgram(QApplication &application, const QVariantMap &information) {
+    describe(application, information);
+    const SingleInstance::Request request = requestOfThisStart();
+    SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
+    if (instance.start(request) == SingleInstance::Role::secondary) {
+        return 0;
+    }
+    const TerminationSignals signalsOfTheSystem;
+    DesktopActivation activation;
+    activation.join(request.busAddress);
+
+    Style::install(application);
+    application.setWindowIcon(applicationIcon());
+    JsonPreferences preferences;
+    LexivoreApp app(preferences);
+    TrayIcon tray;
+    const auto comeForward = [&app](const SingleInstance::Request &later) {
+        app.comeForward(later.files, later.activationToken);
+    };
+    QObject::connect(&activation, &DesktopActivation::requested, &app, comeForward);
+    QObject::connect(&instance, &SingleInstance::requested, &app, comeForward);
+    // The bus may have started that instance, and waits for the name with what it is to tell us.
+    QObject::connect(&instance, &SingleInstance::requested, &activation,
+                     [&activation](const SingleInstance::Request &later) { activation.join(later.busAddress); });
+    QObject::connect(&tray, &TrayIcon::showRequested, &app, [&app] { app.comeForward(); });
+    app.comeForward(request.files);
+    return QApplication::exec();
+}
+
+} // namespace lexivore
