@@ -67,6 +67,71 @@ struct CountedBytes {
     std::uint64_t spaceLeads = 0; ///< Bytes that spaces and newlines outside ASCII begin with.
 };
 
+/// One byte for each code point, in pages of 64 entries, found by the bytes of its UTF-8. Pages 0 and 1 belong to the
+/// ASCII characters, page 2 to the first bytes from 0xC0 on; each byte that follows has its lower six bits looked up in
+/// a page of its own. In a page whose bytes are not the last ones, an entry with its highest bit set is not the answer
+/// yet: the rest of it, added to `firstChildren[page]`, is the page for the next byte. What begins no code point has
+/// `illFormedEntry`.
+struct CodePointPages {
+    static constexpr std::size_t pageSize = 64;
+    static constexpr std::size_t rootPage = 2;
+    static constexpr std::uint8_t deeper = 0x80;
+
+    const std::uint8_t (*pages)[pageSize];
+    const std::uint16_t *firstChildren;
+};
+
+/// What a code point is, as far as anything looks for it: no code point is two of these.
+enum class Kind : std::uint8_t { other, letter, mark, number, punctuation, horizontalSpace, newline };
+
+/// How a code point takes part in the boundaries between characters (UAX #29).
+enum class Role : std::uint8_t {
+    none,
+    control,
+    syllable, ///< A whole one of Hangul.
+    consonant,
+    pictographic,
+    extend,
+    extendStarter,
+    virama,
+    zeroWidthJoiner,
+    spacingMark,
+    complex, ///< Anything else.
+    illFormed,
+};
+
+/// The entry of a code point: its role in the lower four bits, its kind above them.
+[[nodiscard]] constexpr std::uint8_t entryOf(Kind kind, Role role) {
+    return static_cast<std::uint8_t>(static_cast<unsigned>(kind) << 4 | static_cast<unsigned>(role));
+}
+
+/// Two sets of kinds, one bit for each.
+struct KindSets {
+    std::uint8_t first = 0;
+    std::uint8_t second = 0;
+};
+
+/// The code points of up to 64 bytes, one bit for each at its first byte.
+struct CodePointBlock {
+    std::uint64_t starts = 0;
+    std::uint64_t first = 0;  ///< Of the first set of kinds.
+    std::uint64_t second = 0; ///< Of the second.
+    std::uint64_t controls = 0;
+    std::uint64_t crLfs = 0; ///< Line feeds behind a carriage return.
+    // Of each role; none in a block that is plain.
+    std::uint64_t syllables = 0;
+    std::uint64_t consonants = 0;
+    std::uint64_t pictographics = 0;
+    std::uint64_t extends = 0;
+    std::uint64_t extendStarters = 0;
+    std::uint64_t viramas = 0;
+    std::uint64_t zeroWidthJoiners = 0;
+    std::uint64_t spacingMarks = 0;
+    std::uint32_t size = 0; ///< In bytes: whole code points, all of them well-formed.
+    bool isPlain = true;    ///< It has no roles but none and control.
+    bool isComplex = false; ///< It has complex roles.
+};
+
 struct Kernels {
     const char *name;
     /// The length of the longest prefix of `size` bytes that is ASCII.
@@ -76,6 +141,10 @@ struct Kernels {
                      std::uint64_t *candidates);
     /// For `blocks` blocks of 64 bytes.
     void (*findCounted)(const char *from, std::size_t blocks, CountedBytes *found);
+    /// Finds the code points from `from` on, in up to `limit` blocks, and returns how many blocks it filled. Ends
+    /// before a block of ASCII, before what is no UTF-8 and where `size` ends.
+    std::size_t (*findCodePoints)(const char *from, std::size_t size, const CodePointPages &pages, KindSets kinds,
+                                  CodePointBlock *blocks, std::size_t limit);
     /// The number of set bits in all of `size` masks.
     std::size_t (*countBits)(const std::uint64_t *masks, std::size_t size);
     /// Writes the bytes of `blocks` blocks whose bits are set in `keep` and returns how many. Up to 64 bytes behind

@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/characters.h"
 
+#include "engine/primitives/bit_tally.h"
+#include "engine/primitives/character_blocks.h"
 #include "engine/primitives/character_breaks.h"
 #include "engine/primitives/membership_scan.h"
 #include "engine/primitives/utf8.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
+#include <utility>
 
 namespace lexivore {
 
@@ -33,25 +37,28 @@ std::size_t crLfPairs(const char *position, const char *lastBegin) {
     return pairs;
 }
 
-/// Counts the characters that begin in [position, end), given the state before, and moves the state.
-std::size_t countCharacters(const char *position, const char *end, State &state) {
+/// Counts the characters that begin in `text`, given the state before, and moves the state.
+std::size_t countCharacters(std::string_view text, State &state) {
     std::size_t count = 0;
-    while (position != end) {
-        if (isAscii(*position)) {
+    BitTally boundaries;
+    CharacterBlocks blocks(text, 0, state);
+    const char *const end = text.data() + text.size();
+    while (!blocks.isAtEnd()) {
+        if (const char *const position = blocks.position(); isAscii(*position)) {
             // In ASCII every code point is a character, a CR LF excepted; what came before matters to the first alone.
             const char *const runEnd = asciiRunEnd(position, end);
-            const Transition first = character_breaks::transition(state, static_cast<unsigned char>(*position));
+            const Transition first =
+                character_breaks::transition(blocks.state(), static_cast<unsigned char>(*position));
             count += static_cast<std::size_t>(runEnd - position) - (first.isBoundary ? 0U : 1U);
             count -= crLfPairs(position, runEnd - 1);
-            state = character_breaks::stateAfterAscii(runEnd[-1]);
-            position = runEnd;
-        } else {
-            const Step step = character_breaks::pass(state, position, end);
-            count += step.isBoundary ? 1U : 0U;
-            position += step.length;
+            blocks.passAscii(runEnd);
+        }
+        for (CharacterBlock block; blocks.next(block);) {
+            boundaries.add(block.boundaries);
         }
     }
-    return count;
+    state = blocks.state();
+    return count + boundaries.count();
 }
 
 /// Filters stretches of ASCII, in which every byte is judged by itself.
@@ -91,11 +98,32 @@ private:
     std::uint64_t m_flip;
 };
 
+/// All bytes of the characters that begin at the bits of `firsts`, and those before the first boundary if `takesRest`.
+std::uint64_t wholeCharacters(std::uint64_t firsts, const CharacterBlock &block, bool takesRest) {
+    const std::uint64_t later = ~block.boundaries;
+    const std::uint64_t begins = firsts << 1 | (takesRest ? 1U : 0U);
+    // A bit added to the lowest of some bytes that follow a first one is carried through them and clears them.
+    const std::uint64_t bytes = firsts | (later & ~(later + (begins & later)));
+    return bytes & ~std::uint64_t{0} >> (kernels::blockSize - block.size);
+}
+
+/// Copies the bytes whose bits are set, of a block of a text that ends at `end`, and returns the place behind them. Up
+/// to 64 bytes behind them are overwritten.
+char *copyBytesOf(const char *begin, std::uint64_t bytes, const char *end, char *to) {
+    if (end - begin >= static_cast<std::ptrdiff_t>(kernels::blockSize)) {
+        return to + kernels::best().compress(begin, 1, &bytes, to);
+    }
+    for (; bytes != 0; bytes &= bytes - 1) {
+        *to++ = begin[std::countr_zero(bytes)];
+    }
+    return to;
+}
+
 } // namespace
 
 std::size_t characterCount(std::string_view text) {
     State state = State::begin;
-    return countCharacters(text.data(), text.data() + text.size(), state);
+    return countCharacters(text, state);
 }
 
 bool joinsSpaceBefore(std::string_view text) {
@@ -148,7 +176,7 @@ bool CharacterWalk::next(std::string_view &character) {
 
 void CharacterCounter::append(std::string_view piece) {
     auto state = static_cast<State>(m_state);
-    m_count += countCharacters(piece.data(), piece.data() + piece.size(), state);
+    m_count += countCharacters(piece, state);
     m_state = static_cast<std::uint8_t>(state);
 }
 
@@ -167,17 +195,15 @@ void CharacterCounter::appendCounted(const CharacterCounter &text) {
 
 TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
     const AsciiFilter asciiFilter(filter);
-    const auto keeps = [filter](char32_t codePoint) { return isIn(filter.set, codePoint) == filter.keepsMembers; };
     TextBuffer result;
     char *to = result.room(text.size() + AsciiFilter::scratchBytes);
-    State state = State::begin;
-    bool isKept = false;
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while (position != end) {
-        if (isAscii(*position)) {
+    bool isKept = false; // the character that a block begins within
+    CharacterBlocks blocks(text, filter.set);
+    const char *const end = text.data() + text.size();
+    while (!blocks.isAtEnd()) {
+        if (const char *position = blocks.position(); isAscii(*position)) {
             const char *const runEnd = asciiRunEnd(position, end);
-            if (!character_breaks::transition(state, static_cast<unsigned char>(*position)).isBoundary) {
+            if (!character_breaks::transition(blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {
                 *to = *position++;
                 to += isKept ? 1 : 0;
             }
@@ -186,16 +212,13 @@ TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
                 isKept = asciiFilter.keeps(runEnd[-1]);
             }
             to = asciiFilter.copyKept(position, runEnd, to);
-            position = runEnd;
-            state = character_breaks::stateAfterAscii(runEnd[-1]);
-        } else {
-            const Step step = character_breaks::pass(state, position, end);
-            if (step.isBoundary) {
-                isKept = keeps(decode(position, end).value);
-            }
-            std::memcpy(to, position, step.length);
-            to += isKept ? step.length : 0;
-            position += step.length;
+            blocks.passAscii(runEnd);
+        }
+        for (CharacterBlock block; blocks.next(block);) {
+            const std::uint64_t kept = block.boundaries & (filter.keepsMembers ? block.members : ~block.members);
+            const std::uint64_t bytes = wholeCharacters(kept, block, isKept);
+            isKept = (bytes >> (block.size - 1) & 1U) != 0;
+            to = copyBytesOf(block.begin, bytes, end, to);
         }
     }
     result.commit(to);
@@ -203,44 +226,111 @@ TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
     return result;
 }
 
-TextBuffer reverseCharacters(std::string_view text) {
-    TextBuffer result;
-    char *to = result.room(text.size()) + text.size();
-    result.commit(to);
-    const char *characterBegin = text.data();
-    const char *position = characterBegin;
-    const char *const end = position + text.size();
-    const auto writeCharacter = [&](const char *characterLimit) {
-        const auto length = static_cast<std::size_t>(characterLimit - characterBegin);
-        to -= length;
-        std::copy_n(characterBegin, length, to);
-        characterBegin = characterLimit;
-    };
-    State state = State::begin;
-    while (position != end) {
-        const Step step = character_breaks::pass(state, position, end);
-        if (step.isBoundary && position != characterBegin) {
-            writeCharacter(position);
+namespace {
+
+/// Writes characters in reverse order, from the end of the room for all of them on.
+class ReverseWriter {
+public:
+    ReverseWriter(std::string_view text, char *to)
+        : m_to(to), m_characterBegin(text.data()), m_textEnd(text.data() + text.size()) {}
+
+    /// Writes what was not written yet of the text before `characterEnd`: one character.
+    void endCharacter(const char *characterEnd) {
+        const auto length = static_cast<std::size_t>(characterEnd - m_characterBegin);
+        m_to -= length;
+        copyBytes(m_characterBegin, length, m_to);
+        m_characterBegin = characterEnd;
+    }
+
+    /// Writes the characters of an ASCII run but the last, to which marks may be joined. One begins at `position`.
+    void writeAscii(const char *position, const char *runEnd) {
+        endCharacter(position);
+        const char *last = runEnd - 1;
+        last -= last != position && last[-1] == '\r' && *last == '\n' ? 1 : 0;
+        const auto length = static_cast<std::size_t>(last - position);
+        char *const runTo = m_to;
+        m_to -= length;
+        kernels::best().reverse(position, length, m_to);
+        turnCrLfsBack(m_to, runTo);
+        m_characterBegin = last;
+    }
+
+    /// Writes the characters that end in the block.
+    void write(const CharacterBlock &block) {
+        if (block.boundaries == 0) {
+            return;
         }
-        position += step.length;
-        if (state == State::other && step.length == 1) {
-            // Behind a plain ASCII character: all but the last of a run of them stand for themselves.
-            const char *const runEnd = asciiRunEnd(position, end);
-            const auto run = static_cast<std::size_t>(runEnd - position);
-            const void *const cr = run == 0 ? nullptr : std::memchr(position, '\r', run);
-            const char *const runWithoutCr = cr == nullptr ? runEnd : static_cast<const char *>(cr);
-            if (runWithoutCr - position > 1) {
-                writeCharacter(position);
-                const auto length = static_cast<std::size_t>(runWithoutCr - 1 - position);
-                to -= length;
-                kernels::best().reverse(position, length, to);
-                position = runWithoutCr - 1;
-                characterBegin = position;
-                state = State::begin;
+        endCharacter(block.begin + std::countr_zero(block.boundaries));
+        // From the last character back to the first, each with a copy that may reach into what follows it.
+        constexpr std::ptrdiff_t reach = 16;
+        char reversed[kernels::blockSize + reach];
+        char *place = reversed;
+        auto end = std::bit_width(block.boundaries) - 1;
+        const char *const last = block.begin + end;
+        for (std::uint64_t left = block.boundaries ^ std::uint64_t{1} << end; left != 0;) {
+            const auto begin = std::bit_width(left) - 1;
+            const char *const character = block.begin + begin;
+            const auto length = static_cast<std::size_t>(end - begin);
+            if (length <= reach && m_textEnd - character >= reach) {
+                std::memcpy(place, character, reach);
+            } else {
+                copyBytes(character, length, place);
             }
+            place += length;
+            left ^= std::uint64_t{1} << begin;
+            end = begin;
+        }
+        m_to -= place - reversed;
+        copyBytes(reversed, static_cast<std::size_t>(place - reversed), m_to);
+        m_characterBegin = last;
+    }
+
+private:
+    /// A CR LF is one character.
+    static void turnCrLfsBack(char *position, char *end) {
+        while (position != end) {
+            auto *const found =
+                static_cast<char *>(std::memchr(position, '\r', static_cast<std::size_t>(end - position)));
+            if (found == nullptr) {
+                return;
+            }
+            if (found != position && found[-1] == '\n') {
+                std::swap(found[-1], *found);
+            }
+            position = found + 1;
         }
     }
-    writeCharacter(end);
+
+    char *m_to;                   ///< The beginning of what was written.
+    const char *m_characterBegin; ///< The end of what was written of the text.
+    const char *m_textEnd;
+};
+
+} // namespace
+
+TextBuffer reverseCharacters(std::string_view text) {
+    TextBuffer result;
+    char *const resultEnd = result.room(text.size()) + text.size();
+    result.commit(resultEnd);
+    ReverseWriter writer(text, resultEnd);
+    CharacterBlocks blocks(text);
+    const char *const end = text.data() + text.size();
+    while (!blocks.isAtEnd()) {
+        if (const char *position = blocks.position(); isAscii(*position)) {
+            const char *const runEnd = asciiRunEnd(position, end);
+            if (!character_breaks::transition(blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {
+                ++position;
+            }
+            if (position != runEnd) {
+                writer.writeAscii(position, runEnd);
+            }
+            blocks.passAscii(runEnd);
+        }
+        for (CharacterBlock block; blocks.next(block);) {
+            writer.write(block);
+        }
+    }
+    writer.endCharacter(end);
     return result;
 }
 

@@ -19,6 +19,7 @@
 #include <iostream>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace lexivore;
@@ -156,6 +157,153 @@ std::uint8_t traitsOf(UChar32 c) {
     return static_cast<std::uint8_t>(bits);
 }
 
+kernels::Kind kindOf(UChar32 c) {
+    using kernels::Kind;
+    const std::uint8_t bits = propertiesOf(c) & ~property::mayChangeInComposing;
+    const std::pair<CodePointSet, Kind> kinds[] = {
+        {property::letter, Kind::letter},
+        {property::mark, Kind::mark},
+        {property::number, Kind::number},
+        {property::punctuation, Kind::punctuation},
+        {property::whiteSpace | property::horizontalSpace, Kind::horizontalSpace},
+        {property::whiteSpace | property::newline, Kind::newline},
+        {0, Kind::other},
+    };
+    for (const auto &[properties, kind] : kinds) {
+        if (bits == properties) {
+            return kind;
+        }
+    }
+    fail("a code point with properties of several kinds");
+}
+
+kernels::Role roleOf(UChar32 c) {
+    using kernels::Role;
+    switch (breakClassOf(c)) {
+    case BreakClass::other:
+        return Role::none;
+    case BreakClass::carriageReturn:
+    case BreakClass::lineFeed:
+    case BreakClass::control:
+        return Role::control;
+    case BreakClass::hangulLV:
+    case BreakClass::hangulLVT:
+        return Role::syllable;
+    case BreakClass::linkingConsonant:
+        return Role::consonant;
+    case BreakClass::extendedPictographic:
+        return Role::pictographic;
+    case BreakClass::extend:
+        return Role::extend;
+    case BreakClass::extendStarter:
+        return Role::extendStarter;
+    case BreakClass::virama:
+        return Role::virama;
+    case BreakClass::zeroWidthJoiner:
+        return Role::zeroWidthJoiner;
+    case BreakClass::spacingMark:
+        return Role::spacingMark;
+    default:
+        return Role::complex;
+    }
+}
+
+/// The code points whose UTF-8 begins with the same bytes.
+struct Prefix {
+    UChar32 first = 0;
+    unsigned bytesToCome = 0;
+    UChar32 least = 0; ///< What is below can be written with fewer bytes.
+
+    [[nodiscard]] UChar32 count() const { return 1 << (6 * bytesToCome); }
+    [[nodiscard]] Prefix followedBy(UChar32 bits) const {
+        return {first + (bits << (6 * (bytesToCome - 1))), bytesToCome - 1, least};
+    }
+};
+
+/// What begins with the byte whose lower six bits these are, the upper two being set.
+Prefix prefixOfLead(UChar32 bits) {
+    if (bits < 0x20) {
+        return {(bits & 0x1F) << 6, 1, 0x80};
+    }
+    return bits < 0x30 ? Prefix{(bits & 0x0F) << 12, 2, 0x800} : Prefix{(bits & 0x0F) << 18, 3, 0x10000};
+}
+
+/// Makes the pages of a CodePointPages, of which each is followed by its children only after all that were made before.
+class PageMaker {
+public:
+    using EntryOf = std::function<std::uint8_t(UChar32)>;
+
+    PageMaker(const EntryOf &entryOf, std::uint8_t illFormed) : m_illFormed(illFormed) {
+        for (UChar32 c = 0; c < static_cast<UChar32>(codePointLimit); ++c) {
+            m_entries.push_back(U_IS_SURROGATE(c) ? illFormed : entryOf(c));
+        }
+        for (const UChar32 first : {0x00, 0x40}) {
+            addPage([first](UChar32 bits) { return Prefix{first + bits, 0, 0}; });
+        }
+        addPage(prefixOfLead);
+        for (std::size_t next = 0; next < m_waiting.size(); ++next) {
+            const Prefix prefix = m_waiting[next];
+            addPage([prefix](UChar32 bits) { return prefix.followedBy(bits); });
+        }
+    }
+
+    void write(std::ostream &out, const std::string &name) const {
+        out << "const std::uint8_t " << name << "Entries[][64] = {\n";
+        for (const auto &page : m_pages) {
+            out << '{';
+            for (const std::uint8_t entry : page) {
+                out << unsigned{entry} << ',';
+            }
+            out << "},\n";
+        }
+        out << "};\n";
+        writeArray(out, "std::uint16_t", name + "FirstChildren", m_firstChildren);
+        out << "extern const kernels::CodePointPages " << name << ";\nconst kernels::CodePointPages " << name << " = {"
+            << name << "Entries, " << name << "FirstChildren};\n";
+    }
+
+private:
+    using Page = std::array<std::uint8_t, kernels::CodePointPages::pageSize>;
+
+    void addPage(const std::function<Prefix(UChar32)> &prefixOf) {
+        constexpr std::size_t pagesBeforeChildren = kernels::CodePointPages::rootPage + 1;
+        m_firstChildren.push_back(static_cast<std::uint16_t>(pagesBeforeChildren + m_waiting.size()));
+        unsigned children = 0;
+        Page page{};
+        for (std::size_t i = 0; i < page.size(); ++i) {
+            const Prefix prefix = prefixOf(static_cast<UChar32>(i));
+            page[i] = commonEntry(prefix);
+            if (page[i] == kernels::CodePointPages::deeper) {
+                page[i] = static_cast<std::uint8_t>(kernels::CodePointPages::deeper | children++);
+                m_waiting.push_back(prefix);
+            }
+        }
+        m_pages.push_back(page);
+    }
+
+    /// The entry of all code points that begin like this, or `deeper`.
+    [[nodiscard]] std::uint8_t commonEntry(const Prefix &prefix) const {
+        const std::uint8_t entry = entryAt(prefix, 0);
+        for (UChar32 i = 1; i < prefix.count(); ++i) {
+            if (entryAt(prefix, i) != entry) {
+                return kernels::CodePointPages::deeper;
+            }
+        }
+        return entry;
+    }
+
+    [[nodiscard]] std::uint8_t entryAt(const Prefix &prefix, UChar32 index) const {
+        const auto c = static_cast<std::size_t>(prefix.first + index);
+        return c < static_cast<std::size_t>(prefix.least) || c >= m_entries.size() ? m_illFormed : m_entries[c];
+    }
+
+    std::vector<std::uint8_t> m_entries; ///< Of all code points.
+    std::uint8_t m_illFormed;
+    std::vector<Page> m_pages;
+    std::vector<std::uint16_t> m_firstChildren;
+    std::vector<Prefix> m_waiting; ///< For their pages, in order.
+};
+
 using MapCase = std::function<icu::UnicodeString(const icu::UnicodeString &)>;
 
 void writeCaseTables(std::ostream &out, const std::string &name, const MapCase &mapCase) {
@@ -209,6 +357,9 @@ int main(int argc, char **argv) {
         << "#include \"engine/primitives/unicode_tables.h\"\nnamespace lexivore::unicode_tables {\n";
     writeTable(out, "propertyBlocks", "properties", propertiesOf);
     writeTable(out, "traitBlocks", "traits", traitsOf);
+    const PageMaker characterPages([](UChar32 c) { return kernels::entryOf(kindOf(c), roleOf(c)); },
+                                   kernels::entryOf(kernels::Kind::other, kernels::Role::illFormed));
+    characterPages.write(out, "characterPages");
     const icu::Locale &root = icu::Locale::getRoot();
     writeCaseTables(out, "uppercase", [&](icu::UnicodeString text) { return text.toUpper(root); });
     writeCaseTables(out, "lowercase", [&](icu::UnicodeString text) { return text.toLower(root); });

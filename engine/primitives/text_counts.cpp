@@ -3,6 +3,7 @@
 #include "engine/primitives/text_counts.h"
 
 #include "engine/kernels/kernels.h"
+#include "engine/primitives/bit_tally.h"
 #include "engine/primitives/character_breaks.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/utf8.h"
@@ -22,32 +23,6 @@ namespace {
 using kernels::CountedBytes;
 
 constexpr unsigned lastBit = kernels::blockSize - 1;
-
-/// Adds up numbers of bits.
-class BitTally {
-public:
-    void add(std::uint64_t bits) {
-        if (m_size == m_masks.size()) {
-            flush();
-        }
-        m_masks[m_size++] = bits;
-    }
-    [[nodiscard]] std::size_t count() {
-        flush();
-        return m_count;
-    }
-
-private:
-    void flush() {
-        m_count += kernels::best().countBits(m_masks.data(), m_size);
-        m_size = 0;
-    }
-
-    std::array<std::uint64_t, 64>
-        m_masks; // NOLINT(cppcoreguidelines-pro-type-member-init): only what was added is read
-    std::size_t m_size = 0;
-    std::size_t m_count = 0;
-};
 
 /// Counts the pieces between separators that are not empty.
 class PieceCounter {

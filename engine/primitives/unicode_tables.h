@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "engine/kernels/kernels.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -52,6 +54,9 @@ inline constexpr std::uint8_t cased = 0x20;
 inline constexpr std::uint8_t caseIgnorable = 0x40;
 extern const std::uint16_t traitBlocks[];
 extern const std::uint8_t traits[]; ///< BreakClass, cased and caseIgnorable.
+
+/// Kind and role of each code point.
+extern const kernels::CodePointPages characterPages;
 
 // Case mappings: for each code point the index of what is added to it.
 inline constexpr std::uint8_t specialMapping = 0xFF; ///< Not one code point: look in the list of special mappings.

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/characters.h"
 
+#include "engine/primitives/utf8.h"
+#include "tests/engine/mixed_texts.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -116,6 +119,34 @@ TEST(Characters, AreKeptOrDroppedWhereverTheyStand) {
                     << testing::PrintToString(text);
             }
         }
+    }
+}
+
+TEST(Characters, OfBlocksAreThoseOfTheWalk) {
+    constexpr CharacterFilter filters[] = {{property::letter},         {alphanumerics | property::whiteSpace},
+                                           {property::number, false},  {property::punctuation, false},
+                                           {property::newline, false}, {property::horizontalSpace}};
+    onMixedTexts([&](const std::string &text) {
+        const Characters characters = charactersOf(text);
+        ASSERT_EQ(characterCount(text), characters.size()) << testing::PrintToString(text);
+        ASSERT_EQ(reverseCharacters(text), joined({characters.rbegin(), characters.rend()}))
+            << testing::PrintToString(text);
+        for (const CharacterFilter filter : filters) {
+            std::string expected;
+            for (const std::string &character : characters) {
+                const char32_t first = decode(character.data(), character.data() + character.size()).value;
+                expected += isIn(filter.set, first) == filter.keepsMembers ? character : std::string();
+            }
+            ASSERT_EQ(filterCharacters(text, filter), expected) << testing::PrintToString(text);
+        }
+    });
+}
+
+TEST(Characters, AreReversedHoweverLongTheyAre) {
+    std::string marks;
+    for (std::size_t count = 0; count < 150; ++count) {
+        ASSERT_EQ(reverseCharacters("aé" + marks + "漢b"), "b漢é" + marks + "a");
+        marks += "\u0301";
     }
 }
 

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/kernels/kernels.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace lexivore {
+
+/// Adds up how many bits are set in many masks.
+class BitTally {
+public:
+    void add(std::uint64_t bits) {
+        if (m_size == m_masks.size()) {
+            flush();
+        }
+        m_masks[m_size++] = bits;
+    }
+    [[nodiscard]] std::size_t count() {
+        flush();
+        return m_count;
+    }
+
+private:
+    void flush() {
+        m_count += kernels::best().countBits(m_masks.data(), m_size);
+        m_size = 0;
+    }
+
+    std::array<std::uint64_t, 64>
+        m_masks; // NOLINT(cppcoreguidelines-pro-type-member-init): only what was added is read
+    std::size_t m_size = 0;
+    std::size_t m_count = 0;
+};
+
+} // namespace lexivore

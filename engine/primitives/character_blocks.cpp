@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/character_blocks.h"
+
+#include "engine/primitives/unicode_tables.h"
+#include "engine/primitives/utf8.h"
+
+#include <algorithm>
+#include <bit>
+
+// The boundaries of a whole block at once. Sums do what a state machine would: a bit added to the lowest byte of a run
+// of ones is carried to the first byte behind the run.
+namespace lexivore {
+
+using character_breaks::State;
+using character_breaks::Transition;
+using kernels::CodePointBlock;
+using kernels::Kind;
+
+namespace {
+
+std::uint8_t kindsOf(CodePointSet set) {
+    unsigned kinds = 0;
+    const auto add = [&](CodePointSet property, Kind kind) {
+        kinds |= (set & property) != 0 ? 1U << static_cast<unsigned>(kind) : 0U;
+    };
+    add(property::letter, Kind::letter);
+    add(property::mark, Kind::mark);
+    add(property::number, Kind::number);
+    add(property::punctuation, Kind::punctuation);
+    add(property::horizontalSpace | property::whiteSpace, Kind::horizontalSpace);
+    add(property::newline | property::whiteSpace, Kind::newline);
+    return static_cast<std::uint8_t>(kinds);
+}
+
+/// For each bit of `from` the first one at or above it that is not in `through`.
+constexpr std::uint64_t firstBeyond(std::uint64_t from, std::uint64_t through) {
+    return ((through + (from & through)) | from) & ~through;
+}
+
+/// The first bytes of the code points that follow those in `firsts`.
+constexpr std::uint64_t following(std::uint64_t firsts, std::uint64_t starts) {
+    return firstBeyond(firsts << 1, ~starts);
+}
+
+constexpr std::uint64_t firstBitIf(bool condition) { return condition ? 1 : 0; }
+
+/// The consonants that are joined to the one before them (rule GB9c): everything between the two is transparent, and
+/// there is a virama in it.
+std::uint64_t linkedConsonants(const CodePointBlock &block, State state) {
+    const bool isBehindLinked = state == State::linkedConsonant;
+    const std::uint64_t transparent =
+        wholeCodePoints(block.extends | block.viramas | block.zeroWidthJoiners, block.starts);
+    const std::uint64_t behindConsonants =
+        following(block.consonants, block.starts) | firstBitIf(isBehindLinked || state == State::consonant);
+    const std::uint64_t behindConsonantsOnly = transparent & ~(transparent + (behindConsonants & transparent));
+    const std::uint64_t linking = block.viramas & behindConsonantsOnly;
+    return block.consonants & firstBeyond(following(linking, block.starts) | firstBitIf(isBehindLinked), transparent);
+}
+
+/// The pictographs that are joined to the one before them (rule GB11): a zero width joiner between the two, and nothing
+/// but Extend before it.
+std::uint64_t joinedPictographics(const CodePointBlock &block, State state) {
+    const std::uint64_t extends = wholeCodePoints(block.extends | block.extendStarters | block.viramas, block.starts);
+    const std::uint64_t behindPictographics =
+        following(block.pictographics, block.starts) | firstBitIf(state == State::pictographic);
+    const std::uint64_t joiners = block.zeroWidthJoiners & firstBeyond(behindPictographics, extends);
+    return block.pictographics & (following(joiners, block.starts) | firstBitIf(state == State::pictographicJoiner));
+}
+
+/// True when what follows depends on more than the code points that join everything.
+constexpr bool isParticular(State state) {
+    return state == State::afterCarriageReturn || state == State::prepend || state == State::hangulL ||
+           state == State::hangulV || state == State::hangulT || state == State::regionalIndicator;
+}
+
+} // namespace
+
+CharacterBlocks::CharacterBlocks(std::string_view text, CodePointSet set, State state)
+    : m_position(text.data()), m_end(text.data() + text.size()), m_set(set), m_kinds{kindsOf(set), 0}, m_state(state) {
+} // NOLINT(cppcoreguidelines-pro-type-member-init): only blocks that were found are read
+
+bool CharacterBlocks::refill() {
+    m_next = 0;
+    m_count = kernels::best().findCodePoints(m_position, static_cast<std::size_t>(m_end - m_position),
+                                             unicode_tables::characterPages, m_kinds, m_found.data(), m_found.size());
+    return m_count > 0 || (m_position != m_end && !isAscii(*m_position));
+}
+
+void CharacterBlocks::read(CharacterBlock &block) {
+    if (m_count == 0) { // no UTF-8
+        readSlowly(block, kernels::blockSize);
+        return;
+    }
+    const CodePointBlock &found = m_found[m_next++];
+    if (found.isComplex) {
+        readSlowly(block, found.size);
+        return;
+    }
+    const std::uint64_t joining =
+        found.extends | found.extendStarters | found.viramas | found.zeroWidthJoiners | found.spacingMarks;
+    // What would join a control stands for itself.
+    const std::uint64_t apart = following(found.controls, found.starts) | firstBitIf(m_state == State::begin);
+    std::uint64_t boundaries = found.starts & (~joining | apart) & ~found.crLfs;
+    if (found.consonants != 0) {
+        boundaries &= ~linkedConsonants(found, m_state);
+    }
+    if (found.pictographics != 0) {
+        boundaries &= ~joinedPictographics(found, m_state);
+    }
+    if (isParticular(m_state)) {
+        const bool isBoundary = character_breaks::transition(m_state, decode(m_position, m_end).value).isBoundary;
+        boundaries = (boundaries & ~std::uint64_t{1}) | firstBitIf(isBoundary);
+    }
+    block = {m_position, found.size, boundaries, found.starts, found.first};
+    moveState(found, joining);
+    m_position += found.size;
+}
+
+void CharacterBlocks::moveState(const CodePointBlock &found, std::uint64_t joining) {
+    const std::uint64_t last = std::bit_floor(found.starts);
+    if (((joining | found.controls | found.syllables) & last) == 0) {
+        m_state = (found.consonants & last) != 0      ? State::consonant
+                  : (found.pictographics & last) != 0 ? State::pictographic
+                                                      : State::other;
+        return;
+    }
+    // The state is that of the last code point that does not join, moved over those that do.
+    const char *position = m_position;
+    if (const std::uint64_t settling = found.starts & ~joining; settling != 0) {
+        position += std::bit_width(settling) - 1;
+        m_state = State::begin;
+    }
+    for (const char *const end = m_position + found.size; position != end;) {
+        const DecodedCodePoint decoded = decode(position, end);
+        m_state = character_breaks::transition(m_state, decoded.value).next;
+        position += decoded.length;
+    }
+}
+
+void CharacterBlocks::readSlowly(CharacterBlock &block, std::size_t size) {
+    block = {m_position, 0, 0, 0, 0};
+    while (m_position != m_end) {
+        const DecodedCodePoint decoded = decode(m_position, m_end);
+        if (block.size + decoded.length > size) {
+            break;
+        }
+        const Transition step = character_breaks::transition(m_state, decoded.value);
+        const std::uint64_t bit = std::uint64_t{1} << block.size;
+        block.starts |= bit;
+        block.boundaries |= step.isBoundary ? bit : 0;
+        block.members |= isIn(m_set, decoded.value) ? bit : 0;
+        block.size += decoded.length;
+        m_position += decoded.length;
+        m_state = step.next;
+    }
+}
+
+void CharacterBlocks::passAscii(const char *runEnd) {
+    m_position = runEnd;
+    m_state = character_breaks::stateAfterAscii(runEnd[-1]);
+    m_next = m_count = 0;
+}
+
+} // namespace lexivore

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "engine/kernels/kernels.h"
+#include "engine/primitives/character_breaks.h"
+#include "engine/primitives/code_points.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace lexivore {
+
+/// A few code points of a text, with one bit for each of their bytes, the first byte in the lowest bit.
+struct CharacterBlock {
+    const char *begin = nullptr;
+    std::size_t size = 0;         ///< In bytes: at least 1 and at most 64.
+    std::uint64_t boundaries = 0; ///< The first bytes of characters.
+    std::uint64_t starts = 0;     ///< The first bytes of code points.
+    std::uint64_t members = 0;    ///< The first bytes of code points of the set.
+};
+
+/// Walks the characters of a text in blocks of up to 64 bytes: what counts, filters and reverses texts outside ASCII.
+/// Long runs of ASCII are left to the caller, who has faster ways for them.
+class CharacterBlocks {
+public:
+    using State = character_breaks::State;
+
+    /// `state` is that behind what stands before `text`. `set` holds no property of composing.
+    explicit CharacterBlocks(std::string_view text, CodePointSet set = 0, State state = State::begin);
+
+    /// False at the end of the text, and where nothing but ASCII follows for 64 bytes or up to the end.
+    [[nodiscard]] bool next(CharacterBlock &block) {
+        if (m_next == m_count && !refill()) {
+            return false;
+        }
+        read(block);
+        return true;
+    }
+
+    /// Where the next block begins.
+    [[nodiscard]] const char *position() const { return m_position; }
+    [[nodiscard]] bool isAtEnd() const { return m_position == m_end; }
+    [[nodiscard]] State state() const { return m_state; }
+    /// Goes on at `runEnd`. Everything from the position up to it, at least one byte, is ASCII.
+    void passAscii(const char *runEnd);
+
+private:
+    static constexpr std::size_t blocksAtOnce = 16;
+
+    bool refill();
+    void read(CharacterBlock &block);
+    /// Reads up to `size` bytes, one code point at a time.
+    void readSlowly(CharacterBlock &block, std::size_t size);
+    /// Moves the state behind the block that begins at the position.
+    void moveState(const kernels::CodePointBlock &found, std::uint64_t joining);
+
+    const char *m_position;
+    const char *m_end;
+    CodePointSet m_set;
+    kernels::KindSets m_kinds;
+    State m_state;
+    std::size_t m_next = 0;
+    std::size_t m_count = 0;
+    std::array<kernels::CodePointBlock, blocksAtOnce> m_found; ///< Ahead, those from `m_next` on.
+};
+
+/// The bits of all bytes of the code points whose first bytes are in `firsts`, a part of `starts`.
+[[nodiscard]] constexpr std::uint64_t wholeCodePoints(std::uint64_t firsts, std::uint64_t starts) {
+    // Added to the bytes that follow a first byte, its neighbour's bit is carried through all of them and clears them.
+    return firsts | (~starts & ~(~starts + (firsts << 1 & ~starts)));
+}
+
+} // namespace lexivore

@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/character_breaks.h"
+#include "engine/primitives/code_points.h"
+#include "engine/primitives/unicode_tables.h"
+#include "tests/engine/kernels_texts.h"
+#include "tests/engine/mixed_texts.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lexivore::kernels {
+namespace {
+
+using unicode_tables::BreakClass;
+
+constexpr std::uint8_t bitOf(Kind kind) { return static_cast<std::uint8_t>(1U << static_cast<unsigned>(kind)); }
+
+/// What a block would hold of one code point that stands at the bit.
+void addTo(CodePointBlock &block, char32_t codePoint, std::uint64_t bit, bool isBehindReturn) {
+    block.starts |= bit;
+    block.first |= isIn(property::letter | property::mark, codePoint) ? bit : 0;
+    block.second |= isIn(property::whiteSpace | property::number | property::punctuation, codePoint) ? bit : 0;
+    block.crLfs |= isBehindReturn && codePoint == '\n' ? bit : 0;
+    switch (character_breaks::breakClass(codePoint)) {
+    case BreakClass::carriageReturn:
+    case BreakClass::lineFeed:
+    case BreakClass::control:
+        block.controls |= bit;
+        return;
+    case BreakClass::other:
+        return;
+    case BreakClass::hangulLV:
+    case BreakClass::hangulLVT:
+        block.syllables |= bit;
+        break;
+    case BreakClass::linkingConsonant:
+        block.consonants |= bit;
+        break;
+    case BreakClass::extendedPictographic:
+        block.pictographics |= bit;
+        break;
+    case BreakClass::extend:
+        block.extends |= bit;
+        break;
+    case BreakClass::extendStarter:
+        block.extendStarters |= bit;
+        break;
+    case BreakClass::virama:
+        block.viramas |= bit;
+        break;
+    case BreakClass::zeroWidthJoiner:
+        block.zeroWidthJoiners |= bit;
+        break;
+    case BreakClass::spacingMark:
+        block.spacingMarks |= bit;
+        break;
+    default:
+        block.isComplex = true;
+        break;
+    }
+    block.isPlain = false;
+}
+
+bool isIllFormed(const DecodedCodePoint &decoded, char first) { return decoded.length == 1 && !isAscii(first); }
+
+/// The block that begins at `position`, one code point after the other.
+CodePointBlock plainBlock(const char *position, const char *end) {
+    CodePointBlock block;
+    char before = 0;
+    while (position != end) {
+        const DecodedCodePoint decoded = decode(position, end);
+        if (isIllFormed(decoded, *position) || block.size + decoded.length > blockSize) {
+            break;
+        }
+        addTo(block, decoded.value, std::uint64_t{1} << block.size, before == '\r');
+        before = *position;
+        block.size += static_cast<std::uint32_t>(decoded.length);
+        position += decoded.length;
+    }
+    return block;
+}
+
+void expectEqual(const CodePointBlock &block, const CodePointBlock &expected) {
+    EXPECT_EQ(block.size, expected.size);
+    EXPECT_EQ(block.starts, expected.starts);
+    EXPECT_EQ(block.first, expected.first);
+    EXPECT_EQ(block.second, expected.second);
+    EXPECT_EQ(block.controls, expected.controls);
+    EXPECT_EQ(block.crLfs, expected.crLfs);
+    EXPECT_EQ(block.syllables, expected.syllables);
+    EXPECT_EQ(block.consonants, expected.consonants);
+    EXPECT_EQ(block.pictographics, expected.pictographics);
+    EXPECT_EQ(block.extends, expected.extends);
+    EXPECT_EQ(block.extendStarters, expected.extendStarters);
+    EXPECT_EQ(block.viramas, expected.viramas);
+    EXPECT_EQ(block.zeroWidthJoiners, expected.zeroWidthJoiners);
+    EXPECT_EQ(block.spacingMarks, expected.spacingMarks);
+    EXPECT_EQ(block.isPlain, expected.isPlain);
+    EXPECT_EQ(block.isComplex, expected.isComplex);
+}
+
+bool isAsciiOnly(std::string_view text) { return std::all_of(text.begin(), text.end(), isAscii); }
+
+void expectPlainBlocks(const Kernels &kernels, std::string_view text) {
+    constexpr std::uint8_t first = bitOf(Kind::letter) | bitOf(Kind::mark);
+    constexpr std::uint8_t second =
+        bitOf(Kind::horizontalSpace) | bitOf(Kind::newline) | bitOf(Kind::number) | bitOf(Kind::punctuation);
+    constexpr std::size_t limit = 3;
+    const char *const end = text.data() + text.size();
+    for (const char *position = text.data(); position != end;) {
+        CodePointBlock blocks[limit];
+        const auto left = static_cast<std::size_t>(end - position);
+        const std::size_t count =
+            kernels.findCodePoints(position, left, unicode_tables::characterPages, {first, second}, blocks, limit);
+        ASSERT_LE(count, limit);
+        for (std::size_t i = 0; i < count; ++i) {
+            expectEqual(blocks[i], plainBlock(position, end));
+            position += blocks[i].size;
+        }
+        if (count < limit && position != end) {
+            const std::string_view next(position, static_cast<std::size_t>(end - position));
+            const DecodedCodePoint decoded = decode(position, end);
+            EXPECT_TRUE(isAsciiOnly(next.substr(0, blockSize)) || isIllFormed(decoded, *position));
+            position += decoded.length;
+        }
+        if (testing::Test::HasFailure()) {
+            FAIL() << testing::PrintToString(text);
+        }
+    }
+}
+
+TEST(Kernels, FindCodePointsEqualsThePlainLoop) {
+    onMixedTexts([offset = std::size_t{0}](const std::string &text) mutable {
+        const ExactCopy copy(text, offset++ % blockSize);
+        onAllKernels([&](const Kernels &kernels) { expectPlainBlocks(kernels, copy.view()); });
+    });
+}
+
+TEST(Kernels, FindCodePointsStopsAtAnyBytesThatAreNoUtf8) {
+    onRandomBytes([](const Kernels &kernels, std::string_view text) { expectPlainBlocks(kernels, text); });
+}
+
+TEST(Kernels, FindCodePointsKnowsEveryCodePoint) {
+    std::string text;
+    for (char32_t codePoint = 0x80; codePoint <= 0x10FFFF; ++codePoint) {
+        text += codePoint >= 0xD800 && codePoint < 0xE000 ? std::string() : encoded(codePoint);
+    }
+    onAllKernels([&](const Kernels &kernels) { expectPlainBlocks(kernels, text); });
+}
+
+} // namespace
+} // namespace lexivore::kernels
