@@ -111,25 +111,25 @@ struct KindSets {
     std::uint8_t second = 0;
 };
 
-/// The code points of up to 64 bytes, one bit for each at its first byte.
+/// The code points of up to 64 bytes, one bit for each at its first byte. Not cleared, for there are many at once.
 struct CodePointBlock {
-    std::uint64_t starts = 0;
-    std::uint64_t first = 0;  ///< Of the first set of kinds.
-    std::uint64_t second = 0; ///< Of the second.
-    std::uint64_t controls = 0;
-    std::uint64_t crLfs = 0; ///< Line feeds behind a carriage return.
+    std::uint64_t starts;
+    std::uint64_t first;  ///< Of the first set of kinds.
+    std::uint64_t second; ///< Of the second.
+    std::uint64_t controls;
+    std::uint64_t crLfs; ///< Line feeds behind a carriage return.
     // Of each role; none in a block that is plain.
-    std::uint64_t syllables = 0;
-    std::uint64_t consonants = 0;
-    std::uint64_t pictographics = 0;
-    std::uint64_t extends = 0;
-    std::uint64_t extendStarters = 0;
-    std::uint64_t viramas = 0;
-    std::uint64_t zeroWidthJoiners = 0;
-    std::uint64_t spacingMarks = 0;
-    std::uint32_t size = 0; ///< In bytes: whole code points, all of them well-formed.
-    bool isPlain = true;    ///< It has no roles but none and control.
-    bool isComplex = false; ///< It has complex roles.
+    std::uint64_t syllables;
+    std::uint64_t consonants;
+    std::uint64_t pictographics;
+    std::uint64_t extends;
+    std::uint64_t extendStarters;
+    std::uint64_t viramas;
+    std::uint64_t zeroWidthJoiners;
+    std::uint64_t spacingMarks;
+    std::uint32_t size; ///< In bytes: whole code points, all of them well-formed.
+    bool isPlain;       ///< It has no roles but none and control.
+    bool isComplex;     ///< It has complex roles.
 };
 
 struct Kernels {

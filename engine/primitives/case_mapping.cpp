@@ -80,16 +80,6 @@ struct QuickMapping {
 
 constexpr std::ptrdiff_t shortRun = 8;
 
-/// How many of the next eight bytes are ASCII before one is not.
-std::ptrdiff_t asciiBytesAt(const char *position) {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, position, sizeof bytes);
-    if constexpr (std::endian::native == std::endian::big) {
-        bytes = __builtin_bswap64(bytes);
-    }
-    return std::countr_zero(bytes & 0x8080808080808080U) / 8;
-}
-
 /// Writes sequences outside ASCII from `position` on, and a few ASCII bytes between them, as far as the quick mapping
 /// goes. Moves both places.
 template<typename MapAscii>

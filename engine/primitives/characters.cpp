@@ -21,20 +21,20 @@ using character_breaks::Transition;
 
 namespace {
 
-/// How many of the pairs (byte, next byte) that begin in the range are a CR LF.
-std::size_t crLfPairs(const char *position, const char *lastBegin) {
-    std::size_t pairs = 0;
-    while (position != lastBegin) {
-        // A sum in bytes over a short stretch is what the compiler turns into vector code.
-        const auto stretch = std::min<std::ptrdiff_t>(lastBegin - position, 255);
-        std::uint8_t sum = 0;
-        for (std::ptrdiff_t i = 0; i < stretch; ++i) {
-            sum = static_cast<std::uint8_t>(sum + ((position[i] == '\r') & (position[i + 1] == '\n')));
-        }
-        pairs += sum;
-        position += stretch;
+std::size_t crLfCount(std::string_view text) {
+    std::size_t count = 0;
+    std::size_t position = text.find('\r');
+    while (position != std::string_view::npos) {
+        ++position;
+        count += position < text.size() && text[position] == '\n' ? 1U : 0U;
+        position = text.find('\r', position);
     }
-    return pairs;
+    return count;
+}
+
+/// What stands in [begin, end).
+std::string_view textBetween(const char *begin, const char *end) {
+    return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 /// Counts the characters that begin in `text`, given the state before, and moves the state.
@@ -50,7 +50,7 @@ std::size_t countCharacters(std::string_view text, State &state) {
             const Transition first =
                 character_breaks::transition(blocks.state(), static_cast<unsigned char>(*position));
             count += static_cast<std::size_t>(runEnd - position) - (first.isBoundary ? 0U : 1U);
-            count -= crLfPairs(position, runEnd - 1);
+            count -= crLfCount(textBetween(position, runEnd));
             blocks.passAscii(runEnd);
         }
         for (CharacterBlock block; blocks.next(block);) {
@@ -122,6 +122,9 @@ char *copyBytesOf(const char *begin, std::uint64_t bytes, const char *end, char 
 } // namespace
 
 std::size_t characterCount(std::string_view text) {
+    if (asciiRunEnd(text.data(), text.data() + text.size()) == text.data() + text.size()) {
+        return text.size() - crLfCount(text);
+    }
     State state = State::begin;
     return countCharacters(text, state);
 }
@@ -312,12 +315,13 @@ TextBuffer reverseCharacters(std::string_view text) {
     TextBuffer result;
     char *const resultEnd = result.room(text.size()) + text.size();
     result.commit(resultEnd);
+    constexpr std::ptrdiff_t stretch = 16'384; // is still in the cache when it is looked at again
     ReverseWriter writer(text, resultEnd);
     CharacterBlocks blocks(text);
     const char *const end = text.data() + text.size();
     while (!blocks.isAtEnd()) {
         if (const char *position = blocks.position(); isAscii(*position)) {
-            const char *const runEnd = asciiRunEnd(position, end);
+            const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, end - position));
             if (!character_breaks::transition(blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {
                 ++position;
             }

@@ -21,15 +21,21 @@ DecodedCodePoint decodeBefore(const char *begin, const char *position) {
 
 const char *asciiRunEnd(const char *position, const char *end) {
     // Most runs in texts of other scripts are a single space: not worth a call.
-    constexpr std::ptrdiff_t shortRun = 16;
+    constexpr std::ptrdiff_t wordSize = 8;
+    constexpr std::ptrdiff_t shortRun = 4 * wordSize;
     const char *const shortEnd = end - position < shortRun ? end : position + shortRun;
-    while (position != shortEnd && isAscii(*position)) {
+    for (; end - position >= wordSize; position += wordSize) {
+        if (position >= shortEnd && end - position >= static_cast<std::ptrdiff_t>(kernels::blockSize)) {
+            return position + kernels::best().asciiPrefix(position, static_cast<std::size_t>(end - position));
+        }
+        if (const std::ptrdiff_t length = asciiBytesAt(position); length != wordSize) {
+            return position + length;
+        }
+    }
+    while (position != end && isAscii(*position)) {
         ++position;
     }
-    if (position != shortEnd || position == end) {
-        return position;
-    }
-    return position + kernels::best().asciiPrefix(position, static_cast<std::size_t>(end - position));
+    return position;
 }
 
 bool isValidUtf8(std::string_view text) { return kernels::best().isValidUtf8(text.data(), text.size()); }

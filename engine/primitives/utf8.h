@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace lexivore {
@@ -83,6 +86,16 @@ inline char *encode(char32_t codePoint, char *to) {
         *to++ = byte(0x80 | (codePoint & 0x3F));
     }
     return to;
+}
+
+/// How many of the next eight bytes are ASCII before one is not.
+[[nodiscard]] inline std::ptrdiff_t asciiBytesAt(const char *position) {
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, position, sizeof bytes);
+    if constexpr (std::endian::native == std::endian::big) {
+        bytes = __builtin_bswap64(bytes);
+    }
+    return std::countr_zero(bytes & 0x8080808080808080U) / 8;
 }
 
 /// The end of the run of ASCII bytes that begins at `position`.

@@ -69,7 +69,8 @@ bool isIllFormed(const DecodedCodePoint &decoded, char first) { return decoded.l
 
 /// The block that begins at `position`, one code point after the other.
 CodePointBlock plainBlock(const char *position, const char *end) {
-    CodePointBlock block;
+    CodePointBlock block{};
+    block.isPlain = true;
     char before = 0;
     while (position != end) {
         const DecodedCodePoint decoded = decode(position, end);
