@@ -2,10 +2,11 @@
 # SPDX-License-Identifier: MIT
 """Measures every operation of the engine beside memcpy and the alternatives that people have for it.
 
-Usage: engine.py ENGINE_BENCH [--quick] [--json FILE] [OPERATION...]
-Every row is the median of five rounds in which the contestants run in turn; a peer that was over four times slower than
-the best of them in the first round is not asked again. MB/s are megabytes of input. Times are those of the processor, so
-that what else runs on the machine matters less (node alone is timed by the clock: it works in several threads).
+Usage: engine.py ENGINE_BENCH [--quick] [--json FILE] [--docs] [OPERATION...]
+Every row is the median of five rounds in which the contestants run in turn, after a round that does
+not count; a peer that was over four times slower than the best of them in that round is not asked again. MB/s are
+megabytes of input. Times are those of the processor, so that what else runs on the machine matters less (node alone is
+timed by the clock: it works in several threads).
 """
 
 import argparse
@@ -19,6 +20,7 @@ import tempfile
 import time
 
 import engine_peers
+import engine_table
 
 PERL = r"""
 use strict; use warnings; no warnings 'void'; use Time::HiRes 'clock'; use Encode 'decode';
@@ -62,11 +64,15 @@ class Server:
             sys.exit(f"engine.py: no answer to {fields}")
         return float(answer)
 
+    def end(self):
+        self.process.stdin.close()
+        self.process.wait()
+
 
 class Bench:
     def __init__(self, program, folder, quick):
         self.folder = folder
-        self.milliseconds = "3" if quick else "20"
+        self.milliseconds = 3 if quick else 20
         self.rounds = 5
         self.engine = Server(program, "serve", folder)
         self.servers = {}
@@ -106,10 +112,11 @@ class Bench:
         if kind in ("py", "pyb"):
             text = self.text(name, kind)
             begin = time.process_time()
-            result = code(text)
-            elapsed = time.process_time() - begin
-            del result
-            return elapsed
+            runs = 0
+            while runs == 0 or time.process_time() - begin < self.milliseconds / 1000:
+                code(text)
+                runs += 1
+            return (time.process_time() - begin) / runs
         if kind in ("sh", "part"):
             tool = code.removeprefix("env LC_ALL=C.UTF-8 ").split()[0]
             if not shutil.which(tool):
@@ -135,9 +142,9 @@ class Bench:
             parameters += [key, self.half(corpus) if value == "HALF" else value]
         peers = [peer for peer in row.peers if corpus in peer[3]]
         seconds = {"ours": [], "memcpy": []}
-        for round_number in range(self.rounds):
-            seconds["ours"].append(self.engine.ask(row.operation, name, self.milliseconds, *parameters))
-            seconds["memcpy"].append(self.engine.ask("memcpy", name, self.milliseconds))
+        for round_number in range(1 + self.rounds):
+            seconds["ours"].append(self.engine.ask(row.operation, name, str(self.milliseconds), *parameters))
+            seconds["memcpy"].append(self.engine.ask("memcpy", name, str(self.milliseconds)))
             for peer, kind, code, _corpora in peers:
                 elapsed = self.peer_seconds(kind, code, name, corpus)
                 if elapsed is not None:
@@ -145,7 +152,7 @@ class Bench:
             if round_number == 0:
                 first = {peer: seconds[peer][0] for peer, *_rest in peers if peer in seconds}
                 peers = [peer for peer in peers if peer[0] in first and first[peer[0]] < 4 * min(first.values())]
-        speed = {contestant: size / statistics.median(times) for contestant, times in seconds.items()}
+        speed = {contestant: size / statistics.median(times[1:] or times) for contestant, times in seconds.items()}
         ours = speed.pop("ours")
         fraction = ours / speed.pop("memcpy")
         best = max(speed, key=speed.get) if speed else ""
@@ -156,14 +163,12 @@ class Bench:
             "others": {peer: round(value, 1) for peer, value in speed.items() if peer != best},
         }
 
+    def end(self):
+        for server in (self.engine, *self.servers.values()):
+            server.end()
 
-def main():
-    arguments = argparse.ArgumentParser(description=__doc__)
-    arguments.add_argument("program")
-    arguments.add_argument("--quick", action="store_true", help="smaller corpora: done within 50 seconds")
-    arguments.add_argument("--json", metavar="FILE", help="write the rows there, too")
-    arguments.add_argument("operations", nargs="*", help="measure only these")
-    given = arguments.parse_args()
+
+def measure_all(given):
     with tempfile.TemporaryDirectory() as folder:
         megabytes = 1.25 if given.quick else 20
         subprocess.run([given.program, "make", folder, str(int(megabytes * 1_000_000))], check=True)
@@ -182,9 +187,31 @@ def main():
                       f"  {result['peer']}" + (f" ({others})" if others else ""), flush=True)
         if bench.missing:
             print("Not installed and so left out: " + ", ".join(sorted(bench.missing)))
+        bench.end()
+    return results
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__)
+    arguments.add_argument("program")
+    arguments.add_argument("--quick", action="store_true", help="smaller corpora: done within 50 seconds")
+    arguments.add_argument("--json", metavar="FILE", help="write the rows there, too")
+    arguments.add_argument("--docs", action="store_true", help="write the tables of docs/benchmarks.md and README.md")
+    arguments.add_argument("--from", metavar="FILE", dest="measured", help="measure nothing: take the rows from there")
+    arguments.add_argument("operations", nargs="*", help="measure only these")
+    given = arguments.parse_intermixed_args()
+    if given.docs and (given.quick or given.operations):
+        arguments.error("the tables of the documents are of all operations on the large texts")
+    if given.measured:
+        with open(given.measured, encoding="utf-8") as file:
+            results = json.load(file)
+    else:
+        results = measure_all(given)
     if given.json:
         with open(given.json, "w", encoding="utf-8") as file:
             json.dump(results, file, indent=1)
+    if given.docs:
+        engine_table.write_docs(results)
 
 
 if __name__ == "__main__":
