@@ -38,7 +38,9 @@ SENTENCES_BYTES = re.compile(rb"[.!?]")
 DIGITS_BYTES = re.compile(rb"[0-9]+")
 THE_BYTES = re.compile(rb"the")
 NOT_ALPHANUMERIC = re.compile(r"[^\w\s]|_")
-GROUPS_BYTES = re.compile(rb", ([a-z]+) ([a-z]+)")
+GROUPS_BYTES = re.compile(rb"([a-z]+) ([0-9]+)")
+WORD_PAIRS = re.compile(r"(\w+) (\w+)")
+WORD_PAIRS_BYTES = re.compile(rb"(\w+) (\w+)")
 
 
 def capitalized_sentences(t):
@@ -238,10 +240,19 @@ def rows():
             ("sd", "sh", "sd the THAT", ALL)],
             label="replace-regex the", pattern="the", replace="THAT"),
         Row("replace-regex", [
-            ("python3 re", "pyb", lambda t: GROUPS_BYTES.sub(rb", \2 \1", t), ALL),
-            ("node", "node", "t.replace(/, ([a-z]+) ([a-z]+)/g, ', $2 $1')", ALL),
-            ("perl", "perl", r"($r = $t) =~ s/, ([a-z]+) ([a-z]+)/, $2 $1/g", ALL)],
-            label="replace-regex, groups", pattern=", ([a-z]+) ([a-z]+)", replace=", $2 $1"),
+            ("python3 re", "pyb", lambda t: GROUPS_BYTES.sub(rb"\2 \1", t), ALL),
+            ("node", "node", "t.replace(/([a-z]+) ([0-9]+)/g, '$2 $1')", ALL),
+            ("perl", "perl", r"($r = $t) =~ s/([a-z]+) ([0-9]+)/$2 $1/g", ALL),
+            ("sd", "sh", "sd '([a-z]+) ([0-9]+)' '$2 $1'", ALL)],
+            label="replace-regex, groups", pattern="([a-z]+) ([0-9]+)", replace="$2 $1"),
+        Row("replace-regex", [
+            ("python3 re", "py", lambda t: WORD_PAIRS.sub(r"\2 \1", t), ALL),
+            ("python3 re bytes", "pyb", lambda t: WORD_PAIRS_BYTES.sub(rb"\2 \1", t), ASCII),
+            ("perl", "perl", r"($r = $t) =~ s/(\w+) (\w+)/$2 $1/g", ASCII),
+            ("perl", "perlu", r"($r = $t) =~ s/(\w+) (\w+)/$2 $1/g", "B"),
+            ("node", "node", r"t.replace(/(\w+) (\w+)/g, '$2 $1')", ASCII),
+            ("sd", "sh", r"sd '(\w+) (\w+)' '$2 $1'", ALL)],
+            label=r"replace-regex (\w+) (\w+)", pattern=r"(\w+) (\w+)", replace="$2 $1"),
         Row("reverse", [
             ("python3 bytes[::-1]", "pyb", lambda t: t[::-1], ASCII), ("perl", "perl", "$r = reverse($t)", ASCII),
             (r"perl \X", "perlu", r"$r = join('', reverse($t =~ /\X/g))", "B")]),
