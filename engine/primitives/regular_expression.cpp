@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/regular_expression.h"
 
+#include "engine/primitives/byte_search.h"
+#include "engine/primitives/pattern_syntax.h"
+#include "engine/primitives/sequence_pattern.h"
 #include "engine/primitives/simple_pattern.h"
 #include "engine/primitives/utf8.h"
 
@@ -10,9 +13,10 @@
 #include <unicode/utf16.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdint>
+#include <ctime>
 #include <limits>
+#include <list>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -22,18 +26,26 @@ namespace lexivore {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+/// What ICU may take to remember where it can go back to; its own limit of 8 MB ends "(a|b)*" after 100,000 characters.
+constexpr std::int32_t mostStackBytes = 64 << 20;
+
+/// Seconds of the processor that this program has taken: a busy machine makes no pattern fail.
+double processorSeconds() {
+    std::timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
 
 /// How long the search of a whole text may take: a fixed time, and what a harmless pattern may need for its size.
-Clock::duration timeAllowed(std::size_t bytes) {
-    constexpr std::chrono::milliseconds fixedTime{1500};
-    constexpr std::size_t bytesPerMillisecond = 25'000;
-    return fixedTime + std::chrono::milliseconds(bytes / bytesPerMillisecond);
+double secondsAllowed(std::size_t bytes) {
+    constexpr double fixedSeconds = 1.5;
+    constexpr double bytesPerSecond = 25e6;
+    return fixedSeconds + static_cast<double>(bytes) / bytesPerSecond;
 }
 
 /// ICU asks this from time to time while it backtracks.
 UBool U_CALLCONV mayGoOn(const void *deadline, std::int32_t) {
-    return Clock::now() < *static_cast<const Clock::time_point *>(deadline) ? 1 : 0;
+    return processorSeconds() < *static_cast<const double *>(deadline) ? 1 : 0;
 }
 
 std::string describe(UErrorCode status) {
@@ -177,6 +189,39 @@ std::unique_ptr<icu::RegexPattern> compile(std::string_view pattern) {
     return compiled;
 }
 
+/// A pattern with all that has been found out about it.
+struct Pattern {
+    std::string source;
+    std::unique_ptr<icu::RegexPattern> compiled;
+    std::optional<SequencePattern> sequence;
+    std::string required; ///< A literal that every match has, or nothing.
+};
+
+Pattern preparePattern(std::string_view source) {
+    Pattern pattern{std::string(source), compile(source), std::nullopt, {}};
+    if (const auto tokens = readPattern(pattern.source)) {
+        pattern.sequence = SequencePattern::make(*tokens);
+        pattern.required = requiredLiteral(*tokens);
+    }
+    return pattern;
+}
+
+/// The pattern, ready for use. The last few are kept: a stack that is run again has the same ones.
+const Pattern &preparedPattern(std::string_view source) {
+    constexpr std::size_t mostKept = 8;
+    static std::list<Pattern> kept; // the one used last in front
+    const auto found = std::ranges::find(kept, source, &Pattern::source);
+    if (found != kept.end()) {
+        kept.splice(kept.begin(), kept, found);
+    } else {
+        kept.push_front(preparePattern(source));
+        if (kept.size() > mostKept) {
+            kept.pop_back();
+        }
+    }
+    return kept.front();
+}
+
 /// Copies a text with some parts of it, in order, replaced.
 class PartReplacer {
 public:
@@ -210,20 +255,34 @@ TextBuffer replaceSimply(std::string_view text, const SimplePattern &pattern, co
     return replacer.take();
 }
 
-} // namespace
-
-TextBuffer replaceMatches(std::string_view text, std::string_view pattern, std::string_view replacementTemplate) {
-    const ReplacementTemplate replacement(replacementTemplate);
-    if (const std::optional<SimplePattern> simple = simplePattern(pattern)) {
-        return replaceSimply(text, *simple, replacement);
+/// Nothing when the text is not made for it.
+std::optional<TextBuffer> replaceSequence(std::string_view text, const SequencePattern &pattern,
+                                          const ReplacementTemplate &replacement) {
+    if (!pattern.canSearch(text)) {
+        return std::nullopt;
     }
-    const std::unique_ptr<icu::RegexPattern> compiled = compile(pattern);
+    PartReplacer replacer(text);
+    const bool isDone = pattern.forEachMatch(text, [&](const SequencePattern::Groups &groups) {
+        const auto begin = static_cast<std::size_t>(groups[0].data() - text.data());
+        TextBuffer &result = replacer.replace(begin, begin + groups[0].size());
+        replacement.append(result, [&](int group) {
+            if (static_cast<std::size_t>(group) < groups.size()) {
+                result.append(groups[static_cast<std::size_t>(group)]);
+            }
+        });
+    });
+    return isDone ? std::optional(replacer.take()) : std::nullopt;
+}
+
+TextBuffer replaceWithIcu(std::string_view text, const icu::RegexPattern &pattern,
+                          const ReplacementTemplate &replacement) {
     const icu::UnicodeString input = toUtf16(text);
     UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::RegexMatcher> matcher(compiled->matcher(input, status));
+    const std::unique_ptr<icu::RegexMatcher> matcher(pattern.matcher(input, status));
     check(status);
-    const Clock::time_point deadline = Clock::now() + timeAllowed(text.size());
+    const double deadline = processorSeconds() + secondsAllowed(text.size());
     matcher->setMatchCallback(mayGoOn, &deadline, status);
+    matcher->setStackLimit(mostStackBytes, status);
     check(status);
 
     PartReplacer replacer(text);
@@ -240,6 +299,25 @@ TextBuffer replaceMatches(std::string_view text, std::string_view pattern, std::
     }
     check(status);
     return replacer.take();
+}
+
+} // namespace
+
+TextBuffer replaceMatches(std::string_view text, std::string_view pattern, std::string_view replacementTemplate) {
+    const ReplacementTemplate replacement(replacementTemplate);
+    if (const std::optional<SimplePattern> simple = simplePattern(pattern)) {
+        return replaceSimply(text, *simple, replacement);
+    }
+    const Pattern &prepared = preparedPattern(pattern);
+    if (!prepared.required.empty() && findBytes(text, prepared.required) == std::string_view::npos) {
+        return TextBuffer(text);
+    }
+    if (prepared.sequence.has_value()) {
+        if (std::optional<TextBuffer> result = replaceSequence(text, *prepared.sequence, replacement)) {
+            return std::move(*result);
+        }
+    }
+    return replaceWithIcu(text, *prepared.compiled, replacement);
 }
 
 } // namespace lexivore
