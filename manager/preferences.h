@@ -14,8 +14,10 @@ inline constexpr char recipes[] = "recipes";                                    
 inline constexpr char editorFontSize[] = "editorFontSize";                                 ///< number, points
 inline constexpr char dontShowReplaceOperationsAlert[] = "dontShowReplaceOperationsAlert"; ///< Boolean
 inline constexpr char hasText[] = "hasText";                                               ///< Boolean
-inline constexpr char windowSize[] = "windowSize";     ///< list of two numbers, device-independent pixels
-inline constexpr char columnWidths[] = "columnWidths"; ///< list of numbers from left to right, likewise
+inline constexpr char windowSize[] = "windowSize";           ///< list of two numbers, device-independent pixels
+inline constexpr char columnWidths[] = "columnWidths";       ///< list of numbers from left to right, likewise
+inline constexpr char lastUpdateCheck[] = "lastUpdateCheck"; ///< number, seconds since the epoch
+inline constexpr char skippedUpdateVersion[] = "skippedUpdateVersion"; ///< string
 } // namespace preference
 
 /// The user's typed key-value store: lists, numbers, Booleans, texts and data keep their types.

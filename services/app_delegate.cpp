@@ -9,7 +9,11 @@
 
 namespace lexivore {
 
-AppDelegate::AppDelegate(QObject *parent) : QObject(parent) { QCoreApplication::instance()->installEventFilter(this); }
+AppDelegate::AppDelegate(const QVariantMap &information, Preferences &preferences,
+                         std::function<bool(const QUrl &)> openFile, QObject *parent)
+    : QObject(parent), m_updaterController(information, preferences, std::move(openFile)) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
 
 void AppDelegate::adoptWindow(QObject *window, std::function<void()> hideApplication) {
     if (m_window) {

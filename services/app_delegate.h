@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "services/updates/standard_updater_controller.h"
+
 #include <QObject>
 #include <QPointer>
+#include <QVariantMap>
 
 #include <functional>
 
@@ -16,7 +19,13 @@ class AppDelegate : public QObject {
     Q_OBJECT
 
 public:
-    explicit AppDelegate(QObject *parent = nullptr);
+    /// `information` is that of the bundle; `preferences` must outlive this. `openFile` opens a file as the desktop
+    /// does.
+    AppDelegate(const QVariantMap &information, Preferences &preferences, std::function<bool(const QUrl &)> openFile,
+                QObject *parent = nullptr);
+
+    /// It has looked for updates since the delegate was made.
+    [[nodiscard]] StandardUpdaterController &updaterController() { return m_updaterController; }
 
     /// The adopted window, or null.
     [[nodiscard]] QObject *window() const { return m_window; }
@@ -28,6 +37,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    StandardUpdaterController m_updaterController;
     QPointer<QObject> m_window;
     std::function<void()> m_hideApplication;
 };

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "services/app_delegate.h"
+#include "tests/support/memory_preferences.h"
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,10 @@ namespace {
 
 /// Events are delivered by an application object.
 class AppDelegateTest : public testing::Test {
+protected:
+    test::MemoryPreferences m_preferences;
+
+private:
     int m_argc = 1;
     char m_name[5] = "test";
     char *m_argv[2] = {m_name, nullptr};
@@ -34,7 +39,7 @@ public:
 
 TEST_F(AppDelegateTest, HidesTheApplicationInsteadOfClosingTheWindow) {
     Window window;
-    AppDelegate delegate;
+    AppDelegate delegate({}, m_preferences, {});
     int hidden = 0;
     delegate.adoptWindow(&window, [&]() { ++hidden; });
     EXPECT_EQ(delegate.window(), &window);
@@ -49,7 +54,7 @@ TEST_F(AppDelegateTest, HidesTheApplicationInsteadOfClosingTheWindow) {
 TEST_F(AppDelegateTest, LeavesOtherEventsAndOtherWindowsAlone) {
     Window window;
     Window other;
-    AppDelegate delegate;
+    AppDelegate delegate({}, m_preferences, {});
     int hidden = 0;
     delegate.adoptWindow(&window, [&]() { ++hidden; });
     QEvent show(QEvent::Show);
@@ -62,7 +67,7 @@ TEST_F(AppDelegateTest, LeavesOtherEventsAndOtherWindowsAlone) {
 
 TEST_F(AppDelegateTest, QuitsWithoutAskingTheWindow) {
     Window window;
-    AppDelegate delegate;
+    AppDelegate delegate({}, m_preferences, {});
     int hidden = 0;
     delegate.adoptWindow(&window, [&]() { ++hidden; });
     QTimer::singleShot(0, &window, [] {
@@ -76,7 +81,7 @@ TEST_F(AppDelegateTest, QuitsWithoutAskingTheWindow) {
 }
 
 TEST_F(AppDelegateTest, HasNoWindowUntilItAdoptsOneAndForgetsADestroyedOne) {
-    AppDelegate delegate;
+    AppDelegate delegate({}, m_preferences, {});
     EXPECT_EQ(delegate.window(), nullptr);
     auto window = std::make_unique<Window>();
     delegate.adoptWindow(window.get(), []() {});

@@ -4,6 +4,7 @@
 
 #include "manager/transformation_manager.h"
 #include "services/app_delegate.h"
+#include "services/bundle_information.h"
 #include "tools/tools_manager.h"
 #include "ui/shell/notification_center.h"
 #include "ui/window/content_view.h"
@@ -15,6 +16,7 @@
 namespace lexivore {
 
 class MenuBarBuilder;
+class UpdateFlow;
 class Preferences;
 
 /// The shell: creates the shared objects and the main window, builds the menu bar, and keeps the menu's labels and
@@ -24,13 +26,16 @@ class LexivoreApp : public QObject {
 
 public:
     /// `preferences` must outlive it. Without `panels` the window asks for files by the toolkit's dialogs.
-    explicit LexivoreApp(Preferences &preferences, std::unique_ptr<FilePanels> panels = nullptr);
+    /// `information` is what the program was built with.
+    explicit LexivoreApp(Preferences &preferences, std::unique_ptr<FilePanels> panels = nullptr,
+                         const QVariantMap &information = mainBundleInformation());
     ~LexivoreApp() override;
 
     /// Brings the window forward, with its text as it was, and opens the first of `files` if there is any.
     /// `activationToken` is what the window system lets it take the keyboard with, if it gave one.
     void comeForward(const QStringList &files = {}, const QString &activationToken = {});
 
+    [[nodiscard]] AppDelegate &appDelegate() { return m_appDelegate; }
     [[nodiscard]] ContentView &window() { return *m_window; }
     [[nodiscard]] NotificationCenter &notificationCenter() { return m_center; }
     [[nodiscard]] TransformationManager &transformationManager() { return m_transformationManager; }
@@ -54,6 +59,7 @@ private:
     ToolsManager m_toolsManager;
     std::unique_ptr<ContentView> m_window;
     MenuBarBuilder *m_menuBar = nullptr;
+    std::unique_ptr<UpdateFlow> m_updateFlow;
     bool m_hasText = false;
     bool m_stackOperationMode = false;
     bool m_showOperations = false;

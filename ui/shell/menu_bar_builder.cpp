@@ -8,6 +8,7 @@
 #include "tools/tools_manager.h"
 #include "ui/shell/notification_center.h"
 #include "ui/text_conversion.h"
+#include "ui/updates/check_for_updates_menu_item.h"
 #include "ui/window/recipe_menu.h"
 
 #include <QApplication>
@@ -73,9 +74,9 @@ QString translated(const char *text) { return QCoreApplication::translate("Menu"
 } // namespace
 
 MenuBarBuilder::MenuBarBuilder(QMainWindow &window, NotificationCenter &center, TransformationManager &manager,
-                               const ToolsManager &tools)
+                               const ToolsManager &tools, Updater &updater)
     : QObject(&window), m_window(window), m_center(center), m_manager(manager), m_tools(tools) {
-    buildApplicationMenu();
+    buildApplicationMenu(updater);
     addCommands(addMenu("file", tr("File")));
     buildEditMenu();
     buildViewMenu();
@@ -144,12 +145,13 @@ void MenuBarBuilder::addPost(QMenu *menu, const std::string &title, const char *
     m_needText.push_back(action);
 }
 
-void MenuBarBuilder::buildApplicationMenu() {
+void MenuBarBuilder::buildApplicationMenu(Updater &updater) {
     QMenu *menu = addMenu("application", tr("Lexivore"));
     connect(menu->addAction(tr("About Lexivore")), &QAction::triggered, this, [this] {
         QMessageBox::about(&m_window, tr("About Lexivore"),
                            tr("Lexivore %1\n\nTransforms plain text.").arg(QCoreApplication::applicationVersion()));
     });
+    menu->addAction(new CheckForUpdatesMenuItem(updater, menu));
     menu->addSeparator();
     QAction *quit = menu->addAction(tr("Quit Lexivore"));
     quit->setObjectName("Quit");

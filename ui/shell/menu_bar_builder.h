@@ -17,6 +17,7 @@ class NotificationCenter;
 class RecipeMenu;
 class ToolsManager;
 class TransformationManager;
+class Updater;
 
 /// Fills a menu bar with every command. A command never calls the window: it posts a notification.
 class MenuBarBuilder : public QObject {
@@ -25,7 +26,7 @@ class MenuBarBuilder : public QObject {
 public:
     /// Builds the menu bar of `window` at once and belongs to it.
     MenuBarBuilder(QMainWindow &window, NotificationCenter &center, TransformationManager &manager,
-                   const ToolsManager &tools);
+                   const ToolsManager &tools, Updater &updater);
 
     /// Enables what acts on the text.
     void setHasText(bool hasText);
@@ -40,7 +41,7 @@ private:
     void addCommands(QMenu *menu, const QString &group);
     /// A command that posts a notification with an id, for what acts on the text.
     void addPost(QMenu *menu, const std::string &title, const char *notification, const std::string &id);
-    void buildApplicationMenu();
+    void buildApplicationMenu(Updater &updater);
     void buildEditMenu();
     void buildViewMenu();
     void buildRecipesMenu();

@@ -56,7 +56,7 @@ int runProgram(QApplication &application, const QVariantMap &information) {
     Style::install(application);
     application.setWindowIcon(applicationIcon());
     JsonPreferences preferences;
-    LexivoreApp app(preferences);
+    LexivoreApp app(preferences, nullptr, information);
     TrayIcon tray;
     const auto comeForward = [&app](const SingleInstance::Request &later) {
         app.comeForward(later.files, later.activationToken);

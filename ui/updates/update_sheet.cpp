@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/updates/update_sheet.h"
+
+#include "ui/controls/hairline.h"
+#include "ui/controls/label.h"
+#include "ui/controls/push_button.h"
+#include "ui/results/symbol_chip.h"
+#include "ui/theme/metrics.h"
+#include "ui/updates/release_notes_view.h"
+
+#include <QHBoxLayout>
+#include <QLocale>
+
+#include <utility>
+
+namespace lexivore {
+
+namespace {
+
+constexpr int sheetWidth = 500;
+constexpr int headerHeight = 68;
+constexpr int footerHeight = 56;
+constexpr int footerInset = 16;
+constexpr int notesHeight = 220;
+
+QString sizeText(qint64 bytes) { return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat); }
+
+} // namespace
+
+UpdateSheet::UpdateSheet(const AppcastItem &item, const QString &currentVersion, Updater::Origin origin)
+    : Sheet(tr("Software Update"), sheetWidth), m_origin(origin) {
+    setObjectName(QStringLiteral("updateSheet"));
+    const QString title = tr("Lexivore %1 is available").arg(onOneLine(item.shortVersion));
+    const QString details =
+        tr("You have version %1. The download is %2 large.").arg(currentVersion, sizeText(item.length));
+    setAccessibleDescription(title + ". " + details);
+    addAboveBody(makeHeader(title, details));
+    addBelowBody(makeFooter());
+
+    const int padding = metrics::sheetPadding;
+    body().setContentsMargins(padding, padding, padding, padding);
+    auto *notes = new ReleaseNotesView(item);
+    notes->setObjectName(QStringLiteral("releaseNotes"));
+    if (notes->isEmpty()) {
+        delete notes;
+        body().addWidget(new Label(tr("There are no release notes."), FontRole::subheadline, &Theme::text2));
+        return;
+    }
+    connect(notes, &ReleaseNotesView::linkChosen, this, &UpdateSheet::linkChosen);
+    notes->setFixedHeight(heightFor(notesHeight, FontRole::subheadline, 10));
+    body().addWidget(new Label(tr("Release notes"), FontRole::fieldLabel));
+    body().addSpacing(4);
+    body().addWidget(notes);
+}
+
+QWidget *UpdateSheet::makeHeader(const QString &title, const QString &details) {
+    auto *header = new QWidget;
+    auto *column = new QVBoxLayout(header);
+    column->setSpacing(0);
+    column->setContentsMargins({});
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(metrics::sheetPadding, 0, metrics::sheetPadding, 0);
+    row->setSpacing(12);
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(0);
+    texts->addStretch();
+    auto *titleLabel = new Label(title, FontRole::headline);
+    titleLabel->setObjectName(QStringLiteral("title"));
+    auto *detailsLabel = new Label(details, FontRole::caption, &Theme::text2);
+    detailsLabel->setObjectName(QStringLiteral("details"));
+    texts->addWidget(titleLabel);
+    texts->addWidget(detailsLabel);
+    texts->addStretch();
+    row->addWidget(new SymbolChip(QStringLiteral("arrow.down.doc")));
+    row->addLayout(texts, 1);
+    column->addLayout(row, 1);
+    column->addWidget(new Hairline);
+    header->setFixedHeight(heightFor(headerHeight, FontRole::body, 2));
+    return header;
+}
+
+QWidget *UpdateSheet::makeFooter() {
+    const auto button = [this](const QString &text, const char *name, PushButton::Kind kind,
+                               void (UpdateSheet::*choice)()) {
+        auto *made = new PushButton(text, kind);
+        made->setObjectName(QLatin1String(name));
+        connect(made, &PushButton::clicked, this, [this, choice] { choose(choice); });
+        return made;
+    };
+    auto *footer = new QWidget;
+    auto *column = new QVBoxLayout(footer);
+    column->setSpacing(0);
+    column->setContentsMargins({});
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(footerInset, 0, footerInset, 0);
+    row->setSpacing(metrics::buttonGap);
+    const auto plain = PushButton::Kind::plain;
+    // Aligned, the row takes all the height that the line leaves.
+    row->addWidget(button(tr("Skip This Version"), "skip", plain, &UpdateSheet::skipChosen), 0, Qt::AlignVCenter);
+    row->addStretch();
+    row->addWidget(button(tr("Remind Me Later"), "later", plain, &UpdateSheet::laterChosen), 0, Qt::AlignVCenter);
+    row->addWidget(button(tr("Install Update"), "install", PushButton::Kind::primary, &UpdateSheet::installChosen), 0,
+                   Qt::AlignVCenter);
+    column->addWidget(new Hairline);
+    column->addLayout(row, 1);
+    footer->setFixedHeight(heightFor(footerHeight, FontRole::callout));
+    return footer;
+}
+
+void UpdateSheet::takeFocus() {
+    const char *name = m_origin == Updater::Origin::byHand ? "install" : "later";
+    findChild<PushButton *>(QLatin1String(name))->setFocus(Qt::OtherFocusReason);
+}
+
+void UpdateSheet::confirm() {
+    if (m_origin == Updater::Origin::byHand) {
+        choose(&UpdateSheet::installChosen);
+    }
+}
+
+void UpdateSheet::cancel() { choose(&UpdateSheet::laterChosen); }
+
+void UpdateSheet::choose(void (UpdateSheet::*choice)()) {
+    if (!std::exchange(m_isAnswered, true)) {
+        dismiss();
+        emit(this->*choice)();
+    }
+}
+
+} // namespace lexivore
