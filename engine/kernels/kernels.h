@@ -81,6 +81,32 @@ struct CodePointPages {
     const std::uint16_t *firstChildren;
 };
 
+/// A case mapping that leaves the lengths of code points as they are: what kernels map. In `pages` the entries of last
+/// bytes are what these become, or 0 where only the full mapping will do; the others tell whether all code points that
+/// begin like this stay as they are.
+struct CasePages {
+    static constexpr std::uint8_t unchanged = 0;
+    static constexpr std::uint8_t special = 1; ///< Needs the full mapping.
+
+    CodePointPages pages;
+    const std::uint8_t (
+        *firstBytes)[CodePointPages::pageSize]; ///< New ones of code points of two bytes, from page 3 on.
+    std::uint8_t asciiBegin;                    ///< The first of the 26 ASCII letters that get the other case...
+    std::uint8_t asciiIgnored;                  ///< ... when these bits are not looked at.
+};
+
+/// How far a case mapping came.
+struct MappedCase {
+    std::size_t size;     ///< The bytes read, and as many written.
+    bool hasCapitalSigma; ///< Some of them are one, whose lowercase depends on what stands around it.
+};
+
+/// What is true of some code points of a block, at their first bytes.
+struct MappedBlock {
+    std::uint64_t specials; ///< They need the full mapping: what was written for them is of no meaning.
+    std::uint64_t capitalSigmas;
+};
+
 /// What a code point is, as far as anything looks for it: no code point is two of these.
 enum class Kind : std::uint8_t { other, letter, mark, number, punctuation, horizontalSpace, newline };
 
@@ -145,6 +171,14 @@ struct Kernels {
     /// before a block of ASCII, before what is no UTF-8 and where `size` ends.
     std::size_t (*findCodePoints)(const char *from, std::size_t size, const CodePointPages &pages, KindSets kinds,
                                   CodePointBlock *blocks, std::size_t limit);
+    /// Maps code points from `from` on, up to the first that needs the full mapping or is no UTF-8. Up to 64 bytes
+    /// behind what it writes are overwritten too.
+    MappedCase (*mapCase)(const char *from, std::size_t size, const CasePages &pages, char *to);
+    /// Writes 64 bytes: those of `size` bytes of whole code points, the code points in `firsts` mapped with
+    /// `firstPages`, those in `seconds` with `secondPages`, everything else as it is. In the masks they have all their
+    /// bits set.
+    MappedBlock (*mapCaseOf)(const char *from, std::size_t size, std::uint64_t firsts, const CasePages &firstPages,
+                             std::uint64_t seconds, const CasePages &secondPages, char *to);
     /// The number of set bits in all of `size` masks.
     std::size_t (*countBits)(const std::uint64_t *masks, std::size_t size);
     /// Writes the bytes of `blocks` blocks whose bits are set in `keep` and returns how many. Up to 64 bytes behind

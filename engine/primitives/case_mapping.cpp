@@ -3,167 +3,79 @@
 #include "engine/primitives/case_mapping.h"
 
 #include "engine/kernels/kernels.h"
+#include "engine/primitives/byte_search.h"
 #include "engine/primitives/case_writing.h"
+#include "engine/primitives/character_blocks.h"
 #include "engine/primitives/character_breaks.h"
+#include "engine/primitives/characters.h"
 #include "engine/primitives/code_points.h"
-#include "engine/primitives/sequence_traits.h"
 #include "engine/primitives/unicode_tables.h"
 #include "engine/primitives/utf8.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cstdint>
-#include <cstring>
 
 namespace lexivore {
 
-using character_breaks::State;
-using character_breaks::Transition;
 using unicode_tables::CaseTables;
 using unicode_tables::lowercase;
 using unicode_tables::uppercase;
 
 namespace {
 
-constexpr bool isAsciiUpper(char byte) { return static_cast<unsigned char>(byte - 'A') < 26; }
-constexpr bool isAsciiLower(char byte) { return static_cast<unsigned char>(byte - 'a') < 26; }
-constexpr bool isAsciiLetter(char byte) { return isAsciiLower(static_cast<char>(byte | 0x20)); }
-constexpr char asciiUpper(char byte) { return static_cast<char>(byte - (isAsciiLower(byte) ? 0x20 : 0)); }
-constexpr char asciiLower(char byte) { return static_cast<char>(byte + (isAsciiUpper(byte) ? 0x20 : 0)); }
-constexpr char asciiInverted(char byte) { return static_cast<char>(byte ^ (isAsciiLetter(byte) ? 0x20 : 0)); }
+constexpr bool isAsciiLetter(char byte) { return static_cast<unsigned char>((byte | 0x20) - 'a') < 26; }
 
 bool changes(const CaseTables &tables, char32_t codePoint) {
     return unicode_tables::lookUp(tables.blocks, tables.deltaIndices, codePoint) != 0;
 }
 
-/// Mappings of code points of two bytes to others of two bytes, as their bytes in UTF-8, the first in the lower eight
-/// bits; 0 for those that are mapped to anything else.
-class TwoByteMappings {
-public:
-    /// `write(codePoint, to)` returns the place behind what it wrote.
-    template<typename Write> explicit TwoByteMappings(Write write) {
-        for (char32_t codePoint = 0x80; codePoint < 0x800; ++codePoint) {
-            char mapped[longestMapping];
-            if (write(codePoint, mapped) - mapped == 2 && !isAscii(mapped[0])) {
-                const auto byteAt = [&mapped](std::size_t i) {
-                    return unsigned{static_cast<unsigned char>(mapped[i])};
-                };
-                m_bytes[codePoint] = static_cast<std::uint16_t>(byteAt(0) | byteAt(1) << 8);
-            }
-        }
+/// Writes the code point at `position` with `write(codePoint, to)`; bytes that belong to no well-formed sequence as
+/// they are. Moves the position and returns the place behind what it wrote.
+template<typename Write> char *writeOne(const char *&position, const char *end, char *to, Write write) {
+    const DecodedCodePoint decoded = decode(position, end);
+    if (decoded.length == 1 && !isAscii(*position)) {
+        *to++ = *position;
+    } else {
+        to = write(decoded.value, to);
     }
-    [[nodiscard]] std::uint16_t operator[](std::size_t codePoint) const { return m_bytes[codePoint]; }
-
-private:
-    std::array<std::uint16_t, 0x800> m_bytes{};
-};
-
-/// What is mapped by its bytes alone.
-struct QuickMapping {
-    TwoByteMappings twoBytes;
-    std::uint8_t keeps; ///< All of these traits: the code point is not changed.
-    const sequence_traits::Table &traits = sequence_traits::table();
-
-    /// Maps `sequence`, which stands at `from`, and returns the place behind it, or null when it does not know it.
-    char *map(const sequence_traits::Sequence &sequence, const char *from, char *to) const {
-        if (sequence.length == 2) {
-            const std::uint16_t mapped = twoBytes[sequence_traits::indexOfTwo(sequence.bytes)];
-            to[0] = static_cast<char>(static_cast<unsigned char>(mapped));
-            to[1] = static_cast<char>(static_cast<unsigned char>(mapped >> 8));
-            return mapped == 0 ? nullptr : to + 2;
-        }
-        std::memcpy(to, from, sequence_traits::bytesRead);
-        return (sequence.traits & keeps) == keeps ? to + sequence.length : nullptr;
-    }
-};
-
-constexpr std::ptrdiff_t shortRun = 8;
-
-/// Writes sequences outside ASCII from `position` on, and a few ASCII bytes between them, as far as the quick mapping
-/// goes. Moves both places.
-template<typename MapAscii>
-void mapQuickly(const QuickMapping &mapping, const char *&position, const char *end, char *&to, MapAscii mapAscii) {
-    const char *from = position;
-    char *place = to;
-    while (end - from >= shortRun) {
-        if (isAscii(*from)) {
-            const std::ptrdiff_t length = asciiBytesAt(from);
-            if (length == shortRun) {
-                break; // a longer run
-            }
-            for (std::ptrdiff_t i = 0; i < shortRun; ++i) { // at once, whether they are ASCII or not
-                place[i] = mapAscii(from[i]);
-            }
-            from += length;
-            place += length;
-            if (end - from < sequence_traits::bytesRead) {
-                break;
-            }
-        }
-        const sequence_traits::Sequence sequence = sequence_traits::at(mapping.traits, from);
-        char *const behind = mapping.map(sequence, from, place);
-        if (behind == nullptr) {
-            break;
-        }
-        place = behind;
-        from += sequence.length;
-    }
-    position = from;
-    to = place;
+    position += decoded.length;
+    return to;
 }
 
-/// Maps [position, end) in stretches, each with room for the longest result: an ASCII run with `mapAscii`, what
-/// `mapping` knows by it, and every other code point with `write(codePoint, position, to)`, which returns the place
-/// behind what it wrote.
-template<typename MapAscii, typename Write>
-void appendMapped(TextBuffer &result, std::string_view text, const QuickMapping &mapping, MapAscii mapAscii,
+/// Appends `text` mapped in stretches: by the kernel what keeps its length, everything else with
+/// `write(codePoint, position, to)`, which returns the place behind what it wrote.
+/// `correct(position, size, to)` is called with what the kernel mapped when there is a capital sigma in it.
+template<typename Correct, typename Write>
+void appendMapped(TextBuffer &result, std::string_view text, const kernels::CasePages &pages, Correct correct,
                   Write write) {
-    constexpr std::ptrdiff_t stretch = 4096;
+    constexpr std::ptrdiff_t stretch = 16'384;
+    constexpr std::size_t codePointsAtOnce = 8; // what the kernel stops at seldom stands alone
+    constexpr std::size_t scratch = std::max(kernels::blockSize, codePointsAtOnce * longestMapping);
     const char *position = text.data();
     const char *const end = position + text.size();
-    static_cast<void>(result.room(text.size() + std::min<std::size_t>(text.size(), stretch) * longestMapping));
+    static_cast<void>(result.room(text.size() + scratch));
     while (position != end) {
-        const char *const stretchEnd = position + std::min(stretch, end - position);
-        char *to = result.room(static_cast<std::size_t>(stretchEnd - position) * longestMapping);
-        while (position < stretchEnd) {
-            const char *const runEnd = asciiRunEnd(position, stretchEnd);
-            const std::ptrdiff_t length = runEnd - position;
-            for (std::ptrdiff_t i = 0; i < length; ++i) {
-                to[i] = mapAscii(position[i]);
-            }
-            to += length;
-            position = runEnd;
-            mapQuickly(mapping, position, stretchEnd, to, mapAscii);
-            if (position < stretchEnd && !isAscii(*position)) {
-                const DecodedCodePoint decoded = decode(position, end);
-                if (decoded.length == 1) {
-                    *to++ = *position; // belongs to no well-formed sequence: kept as it is
-                } else {
-                    to = write(decoded.value, position, to);
-                }
-                position += decoded.length;
-            }
+        const auto length = static_cast<std::size_t>(std::min(stretch, end - position));
+        char *to = result.room(length + scratch);
+        const kernels::MappedCase mapped = kernels::best().mapCase(position, length, pages, to);
+        if (mapped.hasCapitalSigma) {
+            correct(position, mapped.size, to);
         }
-        result.commit(to);
+        position += mapped.size;
+        result.commit(to + mapped.size);
+        if (mapped.size < length) {
+            to = result.room(scratch);
+            for (std::size_t i = 0; i < codePointsAtOnce && position != end && !isAscii(*position); ++i) {
+                to = writeOne(position, end, to, [&, place = position](char32_t codePoint, char *placeTo) {
+                    return write(codePoint, place, placeTo);
+                });
+            }
+            result.commit(to);
+        }
     }
 }
 
-const QuickMapping &quickUppercase() {
-    static const QuickMapping mapping{
-        TwoByteMappings([](char32_t codePoint, char *to) { return writeMapped(uppercase, codePoint, to); }),
-        sequence_traits::keepsUppercase};
-    return mapping;
-}
-
-const QuickMapping &quickLowercase() {
-    static const QuickMapping mapping{TwoByteMappings([](char32_t codePoint, char *to) {
-                                          const bool dependsOnContext = codePoint == capitalSigma;
-                                          return dependsOnContext ? to : writeMapped(lowercase, codePoint, to);
-                                      }),
-                                      sequence_traits::keepsLowercase};
-    return mapping;
-}
+constexpr auto nothingToCorrect = [](const char *, std::size_t, char *) {};
 
 /// The tables by which a character is inverted that has such code points; null when it is kept.
 const CaseTables *inversion(bool changesUp, bool changesDown) {
@@ -173,169 +85,167 @@ const CaseTables *inversion(bool changesUp, bool changesDown) {
     return changesUp ? &uppercase : &lowercase;
 }
 
-/// For characters of one code point.
-const QuickMapping &quickInversion() {
-    static const QuickMapping mapping{
-        TwoByteMappings([](char32_t codePoint, char *to) {
-            const CaseTables *const tables = inversion(changes(uppercase, codePoint), changes(lowercase, codePoint));
-            return tables == nullptr ? encode(codePoint, to) : writeMapped(*tables, codePoint, to);
-        }),
-        sequence_traits::keepsUppercase | sequence_traits::keepsLowercase | sequence_traits::standsAlone};
-    return mapping;
+/// True when there is a code point that joins the character before it and has a case of its own: only U+0345 does.
+bool hasCasedMark(std::string_view text) { return findBytes(text, "\xCD\x85") != std::string_view::npos; }
+
+/// For any text: each character as its code points together tell.
+TextBuffer invertCharacters(std::string_view text) {
+    TextBuffer result = TextBuffer::withCapacity(text.size() + longestMapping);
+    forEachCharacter(text, [&result](std::string_view character) {
+        const char *const end = character.data() + character.size();
+        bool changesUp = false;
+        bool changesDown = false;
+        for (const char *position = character.data(); position != end;) {
+            const DecodedCodePoint decoded = decode(position, end);
+            changesUp = changesUp || changes(uppercase, decoded.value);
+            changesDown = changesDown || changes(lowercase, decoded.value);
+            position += decoded.length;
+        }
+        const CaseTables *const tables = inversion(changesUp, changesDown);
+        if (tables == nullptr) {
+            result.append(character);
+            return;
+        }
+        for (const char *position = character.data(); position != end;) {
+            result.commit(writeOne(position, end, result.room(longestMapping), [tables](char32_t codePoint, char *to) {
+                return writeMapped(*tables, codePoint, to);
+            }));
+        }
+    });
+    return result;
 }
 
-/// Inverts the characters from `position` on, where one begins, as far as they are seen to be single code points that
-/// are inverted by their bytes. Moves both places.
-void invertQuickly(const char *&position, const char *end, char *&to) {
-    const QuickMapping &mapping = quickInversion();
-    const auto isAlone = [](const sequence_traits::Sequence &sequence) {
-        return (sequence.traits & sequence_traits::standsAlone) != 0;
-    };
-    const auto beginsCharacter = [&](const char *next) {
-        return isAscii(*next) || isAlone(sequence_traits::at(mapping.traits, next));
-    };
-    while (end - position >= 2 * shortRun) {
-        if (isAscii(*position)) {
-            const std::ptrdiff_t length = asciiBytesAt(position);
-            if (length == shortRun || !beginsCharacter(position + length)) {
-                break;
+/// Writes the letters of a text in turn upper and lower case.
+class AlternatingWriter {
+public:
+    explicit AlternatingWriter(std::string_view text)
+        : m_blocks(text, property::letter), m_end(text.data() + text.size()) {}
+
+    void appendTo(TextBuffer &result) {
+        while (!m_blocks.isAtEnd()) {
+            if (isAscii(*m_blocks.position())) {
+                appendAscii(result);
             }
-            for (std::ptrdiff_t i = 0; i < shortRun; ++i) {
-                to[i] = asciiInverted(position[i]);
+            for (CharacterBlock block; m_blocks.next(block);) {
+                append(result, block);
             }
-            position += length;
-            to += length;
         }
-        const sequence_traits::Sequence sequence = sequence_traits::at(mapping.traits, position);
-        if (!isAlone(sequence) || !beginsCharacter(position + sequence.length)) {
-            break;
-        }
-        char *const behind = mapping.map(sequence, position, to);
-        if (behind == nullptr) {
-            break;
-        }
-        position += sequence.length;
-        to = behind;
     }
-}
+
+private:
+    /// How the code points of a character are mapped.
+    enum class Case { kept, upper, lower };
+
+    void appendAscii(TextBuffer &result) {
+        const char *position = m_blocks.position();
+        const char *const runEnd = asciiRunEnd(position, m_end);
+        const auto length = static_cast<std::size_t>(runEnd - position);
+        char *to = result.room(length);
+        if (!character_breaks::transition(m_blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {
+            *to++ = *position++; // of a character that is not a letter
+        }
+        const auto left = static_cast<std::size_t>(runEnd - position);
+        const std::size_t written = kernels::best().alternateCase(position, left, m_isUppersTurn, to);
+        to += written;
+        for (position += written; position != runEnd; ++position) {
+            const bool isLetter = isAsciiLetter(*position);
+            const int lowerBit = m_isUppersTurn ? 0 : 0x20;
+            *to++ = isLetter ? static_cast<char>((*position & ~0x20) | lowerBit) : *position;
+            m_isUppersTurn = m_isUppersTurn != isLetter;
+        }
+        result.commit(to);
+        if (left > 0) { // marks may follow
+            const bool wasUppersTurn = !m_isUppersTurn;
+            m_case = !isAsciiLetter(runEnd[-1]) ? Case::kept : wasUppersTurn ? Case::upper : Case::lower;
+        }
+        m_blocks.passAscii(runEnd);
+    }
+
+    void append(TextBuffer &result, const CharacterBlock &block) {
+        const std::uint64_t letters = block.boundaries & block.members;
+        // The parity of the number of letters up to each byte; whose turn it is depends on those before it.
+        std::uint64_t parity = letters;
+        for (unsigned step = 1; step < kernels::blockSize; step *= 2) {
+            parity ^= parity << step;
+        }
+        const std::uint64_t isUppersTurn = parity ^ letters ^ (m_isUppersTurn ? ~std::uint64_t{0} : 0);
+        const std::uint64_t upper = wholeCharacters(letters & isUppersTurn, block, m_case == Case::upper);
+        const std::uint64_t lower = wholeCharacters(letters & ~isUppersTurn, block, m_case == Case::lower);
+        m_isUppersTurn = m_isUppersTurn != (parity >> (kernels::blockSize - 1) != 0);
+        const std::uint64_t last = std::uint64_t{1} << (block.size - 1);
+        m_case = (upper & last) != 0 ? Case::upper : (lower & last) != 0 ? Case::lower : Case::kept;
+
+        char *to = result.room(kernels::blockSize * longestMapping);
+        const kernels::MappedBlock mapped =
+            kernels::best().mapCaseOf(block.begin, static_cast<std::size_t>(m_end - block.begin), upper,
+                                      uppercase.pages, lower, lowercase.pages, to);
+        if (mapped.specials == 0) {
+            result.commit(to + block.size);
+            return;
+        }
+        const char *const end = block.begin + block.size;
+        for (const char *position = block.begin; position != end;) {
+            const std::uint64_t bit = std::uint64_t{1} << (position - block.begin);
+            to = writeOne(position, end, to, [&](char32_t codePoint, char *place) {
+                return (upper & bit) != 0   ? writeMapped(uppercase, codePoint, place)
+                       : (lower & bit) != 0 ? writeMapped(lowercase, codePoint, place)
+                                            : encode(codePoint, place);
+            });
+        }
+        result.commit(to);
+    }
+
+    CharacterBlocks m_blocks;
+    const char *m_end;
+    bool m_isUppersTurn = true;
+    Case m_case = Case::kept; ///< Of the character before the block.
+};
 
 } // namespace
 
 void appendUppercase(TextBuffer &to, std::string_view text) {
-    appendMapped(to, text, quickUppercase(), asciiUpper, [](char32_t codePoint, const char *, char *place) {
+    appendMapped(to, text, uppercase.pages, nothingToCorrect, [](char32_t codePoint, const char *, char *place) {
         return writeMapped(uppercase, codePoint, place);
     });
 }
 
 void appendLowercase(TextBuffer &to, std::string_view text, std::string_view context) {
-    const char *const contextEnd = context.data() + context.size();
-    appendMapped(to, text, quickLowercase(), asciiLower, [&](char32_t codePoint, const char *position, char *place) {
-        return writeLowercase(codePoint, position, SigmaContext{context.data(), contextEnd}, place);
+    const SigmaContext sigmaContext{context.data(), context.data() + context.size()};
+    const auto correct = [&sigmaContext](const char *position, std::size_t size, char *mapped) {
+        constexpr std::string_view sigma = "\u03A3";
+        std::string_view left(position, size);
+        for (std::size_t found = findBytes(left, sigma); found != std::string_view::npos;
+             found = findBytes(left, sigma)) {
+            const char *const place = left.data() + found;
+            if (isFinalSigma(place, sigmaContext)) {
+                writeFinalSigma(mapped + (place - position));
+            }
+            left.remove_prefix(found + sigma.size());
+        }
+    };
+    appendMapped(to, text, lowercase.pages, correct, [&](char32_t codePoint, const char *position, char *place) {
+        return writeLowercase(codePoint, position, sigmaContext, place);
     });
 }
 
 TextBuffer invertCase(std::string_view text) {
-    TextBuffer result = TextBuffer::withCapacity(text.size() + longestMapping);
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while (position != end) {
-        // The last of an ASCII run may carry marks; the others are characters of their own, or halves of a CR LF.
-        const char *runEnd = asciiRunEnd(position, end);
-        runEnd -= runEnd != position && runEnd != end ? 1 : 0;
-        const std::ptrdiff_t length = runEnd - position;
-        char *to = result.room(static_cast<std::size_t>(length));
-        for (std::ptrdiff_t i = 0; i < length; ++i) {
-            to[i] = asciiInverted(position[i]);
-        }
-        result.commit(to + length);
-        position = runEnd;
-        constexpr std::ptrdiff_t stretch = 4096;
-        to = result.room(stretch);
-        invertQuickly(position, position + std::min(stretch, end - position), to);
-        result.commit(to);
-        if (position == end) {
-            break;
-        }
-
-        const char *first = position;
-        bool changesUp = false;
-        bool changesDown = false;
-        State state = State::begin;
-        while (position != end) {
-            const DecodedCodePoint decoded = decode(position, end);
-            const Transition step = character_breaks::transition(state, decoded.value);
-            if (step.isBoundary && position != first) {
-                break;
-            }
-            changesUp = changesUp || changes(uppercase, decoded.value);
-            changesDown = changesDown || changes(lowercase, decoded.value);
-            state = step.next;
-            position += decoded.length;
-        }
-        const CaseTables *const tables = inversion(changesUp, changesDown);
-        if (tables == nullptr) {
-            result.append(std::string_view(first, static_cast<std::size_t>(position - first)));
-            continue;
-        }
-        while (first != position) {
-            const DecodedCodePoint decoded = decode(first, position);
-            if (decoded.length == 1 && !isAscii(*first)) {
-                result.append(*first);
-            } else {
-                result.commit(writeMapped(*tables, decoded.value, result.room(longestMapping)));
-            }
-            first += decoded.length;
-        }
+    if (hasCasedMark(text)) {
+        return invertCharacters(text);
     }
+    TextBuffer result;
+    appendMapped(result, text, unicode_tables::inversionPages, nothingToCorrect,
+                 [](char32_t codePoint, const char *, char *place) {
+                     const CaseTables *const tables =
+                         inversion(changes(uppercase, codePoint), changes(lowercase, codePoint));
+                     return tables == nullptr ? encode(codePoint, place) : writeMapped(*tables, codePoint, place);
+                 });
+    result.shrink();
     return result;
 }
 
 TextBuffer alternateCase(std::string_view text) {
-    TextBuffer result;
-    bool isUppersTurn = true;
-    State state = State::begin;
-    const CaseTables *tables = nullptr; // of the character that is being written; null keeps it
-    constexpr std::ptrdiff_t stretch = 4096;
-    static_cast<void>(result.room(text.size() + stretch * longestMapping));
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while (position != end) {
-        const char *const stretchEnd = position + std::min(stretch, end - position);
-        char *to = result.room(static_cast<std::size_t>(stretch) * longestMapping);
-        while (position < stretchEnd) {
-            const DecodedCodePoint decoded = decode(position, end);
-            if (character_breaks::pass(state, position, end).isBoundary) {
-                tables = nullptr;
-                if (isIn(property::letter, decoded.value)) {
-                    tables = isUppersTurn ? &uppercase : &lowercase;
-                    isUppersTurn = !isUppersTurn;
-                }
-            }
-            if (tables == nullptr || (decoded.length == 1 && !isAscii(*position))) {
-                std::memcpy(to, position, decoded.length);
-                to += decoded.length;
-            } else {
-                to = writeMapped(*tables, decoded.value, to);
-            }
-            position += decoded.length;
-            if (state == State::other && decoded.length == 1) {
-                // Behind a plain ASCII character, and up to the last one, which may carry marks, nothing joins.
-                const char *runEnd = asciiRunEnd(position, stretchEnd);
-                runEnd -= runEnd != position ? 1 : 0;
-                const std::size_t written = kernels::best().alternateCase(
-                    position, static_cast<std::size_t>(runEnd - position), isUppersTurn, to);
-                position += written;
-                to += written;
-                for (; position != runEnd; ++position) {
-                    const bool isLetter = isAsciiLetter(*position);
-                    const int lowerBit = isUppersTurn ? 0 : 0x20;
-                    *to++ = isLetter ? static_cast<char>((*position & ~0x20) | lowerBit) : *position;
-                    isUppersTurn = isUppersTurn != isLetter;
-                }
-            }
-        }
-        result.commit(to);
-    }
+    TextBuffer result = TextBuffer::withCapacity(text.size() + kernels::blockSize * longestMapping);
+    AlternatingWriter(text).appendTo(result);
     result.shrink();
     return result;
 }

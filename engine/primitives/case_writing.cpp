@@ -93,14 +93,18 @@ char *writeMapped(const CaseTables &tables, char32_t codePoint, char *to) {
     return to;
 }
 
+bool isFinalSigma(const char *position, const SigmaContext &context) {
+    constexpr std::size_t sigmaLength = 2;
+    return followsCased(position, context) && !precedesCased(position + sigmaLength, context);
+}
+
+char *writeFinalSigma(char *to) { return encode(smallFinalSigma, to); }
+
 char *writeLowercase(char32_t codePoint, const char *position, const SigmaContext &context, char *to) {
     if (codePoint != capitalSigma) {
         return writeMapped(unicode_tables::lowercase, codePoint, to);
     }
-    // Condition Final_Sigma of SpecialCasing.txt.
-    constexpr std::size_t sigmaLength = 2;
-    const bool isFinal = followsCased(position, context) && !precedesCased(position + sigmaLength, context);
-    return encode(isFinal ? smallFinalSigma : smallSigma, to);
+    return isFinalSigma(position, context) ? writeFinalSigma(to) : encode(smallSigma, to);
 }
 
 } // namespace lexivore

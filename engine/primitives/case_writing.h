@@ -27,6 +27,11 @@ struct SigmaContext {
     Extent extent = Extent::wholeText;
 };
 
+/// Condition Final_Sigma of SpecialCasing.txt for the capital sigma at `position`.
+[[nodiscard]] bool isFinalSigma(const char *position, const SigmaContext &context);
+/// Writes a final small sigma, which takes two bytes as the capital one does.
+char *writeFinalSigma(char *to);
+
 /// Writes the lowercase of `codePoint`, which stands at `position` in the context.
 char *writeLowercase(char32_t codePoint, const char *position, const SigmaContext &context, char *to);
 

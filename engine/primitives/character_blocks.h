@@ -67,6 +67,17 @@ private:
     std::array<kernels::CodePointBlock, blocksAtOnce> m_found; ///< Ahead, those from `m_next` on.
 };
 
+/// The bits of all bytes of the characters whose first bytes are in `firsts`, a part of the boundaries of `block`, and
+/// of those before its first boundary if `takesRest`.
+[[nodiscard]] constexpr std::uint64_t wholeCharacters(std::uint64_t firsts, const CharacterBlock &block,
+                                                      bool takesRest) {
+    const std::uint64_t later = ~block.boundaries;
+    const std::uint64_t begins = firsts << 1 | (takesRest ? 1U : 0U);
+    // A bit added to the lowest of some bytes that follow a first one is carried through them and clears them.
+    const std::uint64_t bytes = firsts | (later & ~(later + (begins & later)));
+    return bytes & ~std::uint64_t{0} >> (kernels::blockSize - block.size);
+}
+
 /// The bits of all bytes of the code points whose first bytes are in `firsts`, a part of `starts`.
 [[nodiscard]] constexpr std::uint64_t wholeCodePoints(std::uint64_t firsts, std::uint64_t starts) {
     // Added to the bytes that follow a first byte, its neighbour's bit is carried through all of them and clears them.

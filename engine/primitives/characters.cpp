@@ -98,15 +98,6 @@ private:
     std::uint64_t m_flip;
 };
 
-/// All bytes of the characters that begin at the bits of `firsts`, and those before the first boundary if `takesRest`.
-std::uint64_t wholeCharacters(std::uint64_t firsts, const CharacterBlock &block, bool takesRest) {
-    const std::uint64_t later = ~block.boundaries;
-    const std::uint64_t begins = firsts << 1 | (takesRest ? 1U : 0U);
-    // A bit added to the lowest of some bytes that follow a first one is carried through them and clears them.
-    const std::uint64_t bytes = firsts | (later & ~(later + (begins & later)));
-    return bytes & ~std::uint64_t{0} >> (kernels::blockSize - block.size);
-}
-
 /// Copies the bytes whose bits are set, of a block of a text that ends at `end`, and returns the place behind them. Up
 /// to 64 bytes behind them are overwritten.
 char *copyBytesOf(const char *begin, std::uint64_t bytes, const char *end, char *to) {

@@ -12,6 +12,7 @@
 #include <unicode/unistr.h>
 #include <unicode/uscript.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <fstream>
@@ -228,15 +229,13 @@ Prefix prefixOfLead(UChar32 bits) {
     return bits < 0x30 ? Prefix{(bits & 0x0F) << 12, 2, 0x800} : Prefix{(bits & 0x0F) << 18, 3, 0x10000};
 }
 
-/// Makes the pages of a CodePointPages, of which each is followed by its children only after all that were made before.
+/// Makes the pages of a CodePointPages: first those that are always there, then the children of each in turn.
 class PageMaker {
 public:
-    using EntryOf = std::function<std::uint8_t(UChar32)>;
+    /// The entry of what begins like this, or `deeper`.
+    using EntryOf = std::function<std::uint8_t(const Prefix &)>;
 
-    PageMaker(const EntryOf &entryOf, std::uint8_t illFormed) : m_illFormed(illFormed) {
-        for (UChar32 c = 0; c < static_cast<UChar32>(codePointLimit); ++c) {
-            m_entries.push_back(U_IS_SURROGATE(c) ? illFormed : entryOf(c));
-        }
+    explicit PageMaker(EntryOf entryOf) : m_entryOf(std::move(entryOf)) {
         for (const UChar32 first : {0x00, 0x40}) {
             addPage([first](UChar32 bits) { return Prefix{first + bits, 0, 0}; });
         }
@@ -247,9 +246,17 @@ public:
         }
     }
 
-    void write(std::ostream &out, const std::string &name) const {
-        out << "const std::uint8_t " << name << "Entries[][64] = {\n";
-        for (const auto &page : m_pages) {
+    /// Writes the arrays and returns what initializes a CodePointPages with them.
+    [[nodiscard]] std::string write(std::ostream &out, const std::string &name) const {
+        writePages(out, name + "Entries", m_pages);
+        writeArray(out, "std::uint16_t", name + "FirstChildren", m_firstChildren);
+        return std::string("{").append(name).append("Entries, ").append(name).append("FirstChildren}");
+    }
+
+    using Page = std::array<std::uint8_t, kernels::CodePointPages::pageSize>;
+    static void writePages(std::ostream &out, const std::string &name, const std::vector<Page> &pages) {
+        out << "const std::uint8_t " << name << "[][64] = {\n";
+        for (const auto &page : pages) {
             out << '{';
             for (const std::uint8_t entry : page) {
                 out << unsigned{entry} << ',';
@@ -257,14 +264,12 @@ public:
             out << "},\n";
         }
         out << "};\n";
-        writeArray(out, "std::uint16_t", name + "FirstChildren", m_firstChildren);
-        out << "extern const kernels::CodePointPages " << name << ";\nconst kernels::CodePointPages " << name << " = {"
-            << name << "Entries, " << name << "FirstChildren};\n";
     }
 
-private:
-    using Page = std::array<std::uint8_t, kernels::CodePointPages::pageSize>;
+    /// What the pages from the root's first child on stand for.
+    [[nodiscard]] const std::vector<Prefix> &prefixes() const { return m_waiting; }
 
+private:
     void addPage(const std::function<Prefix(UChar32)> &prefixOf) {
         constexpr std::size_t pagesBeforeChildren = kernels::CodePointPages::rootPage + 1;
         m_firstChildren.push_back(static_cast<std::uint16_t>(pagesBeforeChildren + m_waiting.size()));
@@ -272,8 +277,8 @@ private:
         Page page{};
         for (std::size_t i = 0; i < page.size(); ++i) {
             const Prefix prefix = prefixOf(static_cast<UChar32>(i));
-            page[i] = commonEntry(prefix);
-            if (page[i] == kernels::CodePointPages::deeper) {
+            page[i] = m_entryOf(prefix);
+            if (prefix.bytesToCome > 0 && page[i] == kernels::CodePointPages::deeper) {
                 page[i] = static_cast<std::uint8_t>(kernels::CodePointPages::deeper | children++);
                 m_waiting.push_back(prefix);
             }
@@ -281,30 +286,102 @@ private:
         m_pages.push_back(page);
     }
 
-    /// The entry of all code points that begin like this, or `deeper`.
-    [[nodiscard]] std::uint8_t commonEntry(const Prefix &prefix) const {
-        const std::uint8_t entry = entryAt(prefix, 0);
-        for (UChar32 i = 1; i < prefix.count(); ++i) {
-            if (entryAt(prefix, i) != entry) {
-                return kernels::CodePointPages::deeper;
-            }
-        }
-        return entry;
-    }
-
-    [[nodiscard]] std::uint8_t entryAt(const Prefix &prefix, UChar32 index) const {
-        const auto c = static_cast<std::size_t>(prefix.first + index);
-        return c < static_cast<std::size_t>(prefix.least) || c >= m_entries.size() ? m_illFormed : m_entries[c];
-    }
-
-    std::vector<std::uint8_t> m_entries; ///< Of all code points.
-    std::uint8_t m_illFormed;
+    EntryOf m_entryOf;
     std::vector<Page> m_pages;
     std::vector<std::uint16_t> m_firstChildren;
     std::vector<Prefix> m_waiting; ///< For their pages, in order.
 };
 
+/// The entry that all code points have which begin like this, or `deeper`.
+std::uint8_t commonEntry(const Prefix &prefix, const std::function<std::uint8_t(UChar32)> &entryOf,
+                         std::uint8_t illFormed) {
+    const auto entryAt = [&](UChar32 index) {
+        const UChar32 c = prefix.first + index;
+        const bool isIllFormed = c < prefix.least || c >= static_cast<UChar32>(codePointLimit) || U_IS_SURROGATE(c);
+        return isIllFormed ? illFormed : entryOf(c);
+    };
+    const std::uint8_t entry = entryAt(0);
+    for (UChar32 i = 1; i < prefix.count(); ++i) {
+        if (entryAt(i) != entry) {
+            return kernels::CodePointPages::deeper;
+        }
+    }
+    return entry;
+}
+
+void writeCharacterPages(std::ostream &out) {
+    std::vector<std::uint8_t> entries;
+    for (UChar32 c = 0; c < static_cast<UChar32>(codePointLimit); ++c) {
+        entries.push_back(kernels::entryOf(kindOf(c), roleOf(c)));
+    }
+    const PageMaker pages([&entries](const Prefix &prefix) {
+        return commonEntry(
+            prefix, [&entries](UChar32 c) { return entries[static_cast<std::size_t>(c)]; },
+            kernels::entryOf(kernels::Kind::other, kernels::Role::illFormed));
+    });
+    const std::string initializer = pages.write(out, "characterPages");
+    out << "extern const kernels::CodePointPages characterPages;\nconst kernels::CodePointPages characterPages = "
+        << initializer << ";\n";
+}
+
 using MapCase = std::function<icu::UnicodeString(const icu::UnicodeString &)>;
+
+std::string utf8Of(const icu::UnicodeString &text) {
+    std::string bytes;
+    return text.toUTF8String(bytes);
+}
+
+/// What becomes of a code point when its length stays the same and, if that is over two bytes, all bytes but the last.
+/// Empty when it needs the full mapping.
+std::string mappedInPlace(UChar32 c, const MapCase &mapCase) {
+    const std::string from = utf8Of(icu::UnicodeString(c));
+    const std::string to = utf8Of(mapCase(icu::UnicodeString(c)));
+    const bool keepsBeginning = from.size() == 2 || std::equal(from.begin(), from.end() - 1, to.begin());
+    const bool isInPlace = from == to || (from.size() == to.size() && from.size() <= 3 && keepsBeginning);
+    return isInPlace ? to : std::string();
+}
+
+/// Writes the arrays and returns what initializes a CasePages with them.
+std::string writeCasePages(std::ostream &out, const std::string &name, const MapCase &mapCase) {
+    using kernels::CasePages;
+    constexpr std::uint8_t changed = kernels::CodePointPages::deeper;
+    std::vector<std::uint8_t> changes;
+    for (UChar32 c = 0; c < static_cast<UChar32>(codePointLimit); ++c) {
+        const std::string to = U_IS_SURROGATE(c) ? std::string() : mappedInPlace(c, mapCase);
+        changes.push_back(to.empty()                            ? CasePages::special
+                          : to == utf8Of(icu::UnicodeString(c)) ? CasePages::unchanged
+                                                                : changed);
+    }
+    const auto byteOf = [&](UChar32 c, bool isLast) {
+        const std::string to = mappedInPlace(c, mapCase);
+        return static_cast<std::uint8_t>(to.empty() ? 0 : isLast ? to.back() : to.front());
+    };
+    const PageMaker pages([&](const Prefix &prefix) {
+        if (prefix.bytesToCome == 0) {
+            return byteOf(prefix.first, true);
+        }
+        const std::uint8_t common = commonEntry(
+            prefix, [&changes](UChar32 c) { return changes[static_cast<std::size_t>(c)]; }, CasePages::special);
+        const bool isOfFour = prefix.least == 0x10000;
+        return common == changed && isOfFour && prefix.bytesToCome < 3 ? CasePages::special : common;
+    });
+    std::vector<PageMaker::Page> firstBytes;
+    for (const Prefix &prefix : pages.prefixes()) {
+        if (prefix.least == 0x80) {
+            PageMaker::Page page{};
+            for (std::size_t i = 0; i < page.size(); ++i) {
+                page[i] = byteOf(prefix.followedBy(static_cast<UChar32>(i)).first, false);
+            }
+            firstBytes.push_back(page);
+        }
+    }
+    PageMaker::writePages(out, name + "FirstBytes", firstBytes);
+    const auto changesAscii = [&](UChar32 c) { return changes[static_cast<std::size_t>(c)] == changed; };
+    std::string initializer = "{";
+    initializer.append(pages.write(out, name + "Pages")).append(", ").append(name).append("FirstBytes, ");
+    initializer.append(changesAscii('a') ? "'a', " : "'A', ");
+    return initializer.append(changesAscii('a') && changesAscii('A') ? "0x20}" : "0}");
+}
 
 void writeCaseTables(std::ostream &out, const std::string &name, const MapCase &mapCase) {
     std::map<std::int32_t, std::uint8_t> indexOf{{0, std::uint8_t{0}}};
@@ -342,8 +419,23 @@ void writeCaseTables(std::ostream &out, const std::string &name, const MapCase &
         }
         out << "}},\n";
     }
-    out << "};\nextern const CaseTables " << name << ";\nconst CaseTables " << name << " = {" << name << "Blocks, "
-        << name << "DeltaIndices, " << name << "Deltas, " << name << "Specials, " << specials.size() << "};\n";
+    out << "};\n";
+    const std::string pages = writeCasePages(out, name, mapCase);
+    out << "extern const CaseTables " << name << ";\nconst CaseTables " << name << " = {" << name << "Blocks, " << name
+        << "DeltaIndices, " << name << "Deltas, " << name << "Specials, " << specials.size() << ", " << pages << "};\n";
+}
+
+void writeInversionPages(std::ostream &out, const icu::Locale &root) {
+    const std::string pages = writeCasePages(out, "inversion", [&root](const icu::UnicodeString &text) {
+        icu::UnicodeString upper = text;
+        icu::UnicodeString lower = text;
+        upper.toUpper(root);
+        lower.toLower(root);
+        const bool isCased = (upper == text) != (lower == text);
+        return !isCased ? text : upper == text ? lower : upper;
+    });
+    out << "extern const kernels::CasePages inversionPages;\nconst kernels::CasePages inversionPages = " << pages
+        << ";\n";
 }
 
 } // namespace
@@ -357,15 +449,14 @@ int main(int argc, char **argv) {
         << "#include \"engine/primitives/unicode_tables.h\"\nnamespace lexivore::unicode_tables {\n";
     writeTable(out, "propertyBlocks", "properties", propertiesOf);
     writeTable(out, "traitBlocks", "traits", traitsOf);
-    const PageMaker characterPages([](UChar32 c) { return kernels::entryOf(kindOf(c), roleOf(c)); },
-                                   kernels::entryOf(kernels::Kind::other, kernels::Role::illFormed));
-    characterPages.write(out, "characterPages");
+    writeCharacterPages(out);
     const icu::Locale &root = icu::Locale::getRoot();
     writeCaseTables(out, "uppercase", [&](icu::UnicodeString text) { return text.toUpper(root); });
     writeCaseTables(out, "lowercase", [&](icu::UnicodeString text) { return text.toLower(root); });
     writeCaseTables(out, "titlecase", [&](icu::UnicodeString text) {
         return text.toTitle(nullptr, root, U_TITLECASE_WHOLE_STRING | U_TITLECASE_NO_BREAK_ADJUSTMENT);
     });
+    writeInversionPages(out, root);
     out << "} // namespace lexivore::unicode_tables\n";
     out.close();
     if (!out) {

@@ -10,14 +10,8 @@ namespace lexivore::sequence_traits {
 namespace {
 
 std::uint8_t traitsOf(char32_t codePoint) {
-    using unicode_tables::CaseTables;
-    const auto keeps = [codePoint](const CaseTables &tables) {
-        return unicode_tables::lookUp(tables.blocks, tables.deltaIndices, codePoint) == 0;
-    };
     const bool isAlone = character_breaks::breakClass(codePoint) == unicode_tables::BreakClass::other;
-    return static_cast<std::uint8_t>((isAlone ? standsAlone : 0U) |
-                                     (keeps(unicode_tables::uppercase) ? keepsUppercase : 0U) |
-                                     (keeps(unicode_tables::lowercase) ? keepsLowercase : 0U));
+    return isAlone ? standsAlone : std::uint8_t{0};
 }
 
 std::uint8_t traitsOfAll(char32_t first, char32_t count) {

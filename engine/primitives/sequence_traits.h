@@ -11,9 +11,7 @@
 /// outside ASCII. For the primitives that walk or map texts; each has a complete way beside it.
 namespace lexivore::sequence_traits {
 
-inline constexpr std::uint8_t standsAlone = 1U << 0;    ///< BreakClass::other: joins nothing but a Prepend before it.
-inline constexpr std::uint8_t keepsUppercase = 1U << 1; ///< Its own uppercase form.
-inline constexpr std::uint8_t keepsLowercase = 1U << 2; ///< Its own lowercase form.
+inline constexpr std::uint8_t standsAlone = 1U << 0; ///< BreakClass::other: joins nothing but a Prepend before it.
 
 /// Traits of each code point of two bytes; those that all code points share that begin with the same two of three
 /// bytes, or with F0 and the same second of four.

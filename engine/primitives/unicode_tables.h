@@ -70,9 +70,12 @@ struct CaseTables {
     const std::int32_t *deltas;     ///< deltas[0] is 0.
     const SpecialMapping *specials; ///< In the order of the code points.
     std::size_t specialCount;
+    kernels::CasePages pages;
 };
 extern const CaseTables uppercase;
 extern const CaseTables lowercase; ///< Without the final sigma, which depends on what stands around it.
 extern const CaseTables titlecase;
+/// Upper case to lower and lower case to upper, for code points that are characters by themselves.
+extern const kernels::CasePages inversionPages;
 
 } // namespace lexivore::unicode_tables
