@@ -11,9 +11,23 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <utility>
 
 namespace lexivore {
+
+namespace {
+
+std::uint64_t lookOf(const LineLayout::Source &source, std::size_t laidOut) {
+    static std::uint64_t preedits = 0;
+    if (source.preedit != nullptr) {
+        return ++preedits; // What an input method shows changes with everything that it says.
+    }
+    const std::hash<std::string_view> digest;
+    return digest(source.content) * 31 + digest(source.terminator) * 17 + laidOut * 2 + (source.isRightToLeft ? 1 : 0);
+}
+
+} // namespace
 
 LineLayout::LineLayout(const Source &source, const LayoutStyle &style)
     : m_terminatorPicture(visibleTerminator(source.terminator)), m_quiet(style.quiet),
@@ -43,6 +57,7 @@ LineLayout::LineLayout(const Source &source, const LayoutStyle &style)
         setFormats(style, source.preedit);
     }
     layOut(style, source.wanted);
+    m_look = lookOf(source, m_contentBytes);
 }
 
 void LineLayout::setFormats(const LayoutStyle &style, const Preedit *preedit) {

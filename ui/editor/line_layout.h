@@ -9,6 +9,7 @@
 #include <QTextLayout>
 
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string_view>
 #include <vector>
@@ -63,6 +64,8 @@ public:
     [[nodiscard]] std::size_t totalBytes() const { return m_contentBytes + m_terminatorBytes; }
     [[nodiscard]] int height() const { return m_height; }
     [[nodiscard]] bool isRightToLeft() const { return m_isRightToLeft; }
+    /// The same number for lines that are drawn alike in the same style.
+    [[nodiscard]] std::uint64_t look() const { return m_look; }
 
     [[nodiscard]] int rowCount() const { return m_layout.lineCount(); }
     /// The row that shows the caret at `place`. Where two rows meet it is the end of the first one if `atRowEnd`.
@@ -97,6 +100,7 @@ private:
     qsizetype m_preeditUnit = 0;
     qsizetype m_preeditLength = 0;
     int m_height = 0;
+    std::uint64_t m_look = 0;
     bool m_isRightToLeft = false;
     bool m_isAscii = true;
 };

@@ -7,15 +7,11 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QInputMethod>
-#include <QPaintEvent>
-#include <QPainter>
 #include <QScrollBar>
-#include <QStyle>
 #include <QStyleHints>
 #include <QTimerEvent>
 
 #include <algorithm>
-#include <cmath>
 
 namespace lexivore {
 
@@ -28,6 +24,7 @@ TextEditor::TextEditor(QWidget *parent) : QAbstractScrollArea(parent), m_layout(
     setAttribute(Qt::WA_InputMethodEnabled);
     setAcceptDrops(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // See `showScrollBar`.
     setFrameShape(QFrame::NoFrame);
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setAutoFillBackground(true);
@@ -72,6 +69,7 @@ void TextEditor::followEdit(std::size_t offset, std::size_t removed, std::size_t
     if (m_dropOffset && *m_dropOffset > m_document.text().size()) {
         m_dropOffset.reset();
     }
+    showScrollBarEarly();
     scrollBy(0);
 }
 
@@ -101,7 +99,7 @@ void TextEditor::setUndoEnabled(bool enabled) {
 void TextEditor::setOverwriteMode(bool overwrite) {
     if (m_isOverwriteMode != overwrite) {
         m_isOverwriteMode = overwrite;
-        viewport()->update();
+        updateCaret();
         emit overwriteModeChanged(overwrite);
     }
 }
@@ -125,6 +123,7 @@ void TextEditor::applyStyle() {
     style.tabDistance = tabColumns * QFontMetricsF(style.font).horizontalAdvance(u' ');
     style.quiet = palette().color(QPalette::PlaceholderText);
     m_layout.setStyle(style);
+    updateEverything();
     m_topHidden = m_topOffset == 0 ? std::min(m_topHidden, 0) : 0;
     refresh();
 }
@@ -197,101 +196,10 @@ void TextEditor::caretWasMoved() {
     updateMicroFocus();
 }
 
-void TextEditor::paintEvent(QPaintEvent *event) {
-    QPainter painter(viewport());
-    const QRect dirty = event->rect();
-    painter.setClipRegion(event->region());
-    painter.setPen(palette().color(QPalette::Text));
-    LineLayout::Selection selection;
-    const QPalette::ColorGroup group = hasFocus() ? QPalette::Active : QPalette::Inactive;
-    selection.format.setBackground(palette().brush(group, QPalette::Highlight));
-    selection.format.setForeground(palette().brush(group, QPalette::HighlightedText));
-    const std::size_t selectionBegin = m_document.selectionStart();
-    const std::size_t selectionEnd = m_document.selectionEnd();
-
-    forEachVisibleChunk([&](const TextIndex::Place &place, int y) {
-        const ChunkLayout &chunk = m_layout.chunk(place);
-        for (const ChunkLayout::Line &line : chunk.lines) {
-            const int top = y + line.top;
-            if (top + line.layout->height() < dirty.top() || top > dirty.bottom()) {
-                continue;
-            }
-            const std::size_t contentEnd = line.begin + line.layout->contentBytes();
-            const bool isTouched = selectionBegin <= contentEnd && selectionEnd > line.begin;
-            selection.begin = std::max(selectionBegin, line.begin) - line.begin;
-            selection.end = isTouched ? std::min(selectionEnd, contentEnd) - line.begin : 0;
-            selection.hasBreak =
-                isTouched && selectionEnd > contentEnd && line.layout->totalBytes() > line.layout->contentBytes();
-            line.layout->draw(painter, QPointF(m_marginX, top), isTouched ? &selection : nullptr, dirty);
-        }
-        return y + chunk.height <= dirty.bottom();
-    });
-    paintCaret(painter);
-    m_layout.trim();
-}
-
-void TextEditor::paintCaret(QPainter &painter) {
-    const QColor color = m_caretColor.isValid() ? m_caretColor : palette().color(QPalette::Text);
-    if (m_dropOffset) {
-        const Row row = m_layout.rowOf(*m_dropOffset, false);
-        if (const auto top = viewportTop(row); top) {
-            painter.fillRect(QRectF(m_marginX + m_layout.xOf(*m_dropOffset, row), *top, 1, row.height), color);
-        }
-    }
-    if (!hasFocus() || !m_isCaretShown || (m_layout.hasPreedit() && !m_isPreeditCursorShown)) {
-        return;
-    }
-    const QRect rect = caretRect();
-    if (m_isOverwriteMode && rect.width() > 2) {
-        painter.setCompositionMode(QPainter::RasterOp_NotDestination);
-        painter.fillRect(rect, Qt::white);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    } else {
-        painter.fillRect(rect, color);
-    }
-}
-
-QRect TextEditor::caretRect() const {
-    Row row = m_layout.rowOf(m_document.caret(), m_isCaretAtRowEnd);
-    qreal x = 0;
-    if (m_layout.hasPreedit()) {
-        int rowInLine = row.row;
-        const LineLayout &line = m_layout.line(row);
-        x = line.xInPreedit(m_preeditCursor, &rowInLine);
-        row.top += line.rowTop(rowInLine) - line.rowTop(row.row);
-        row.height = line.rowHeight(rowInLine);
-    } else {
-        x = m_layout.xOf(m_document.caret(), row);
-    }
-    qreal width = style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this);
-    if (m_isOverwriteMode && !m_layout.hasPreedit()) {
-        const std::size_t next = m_document.nextCharacter(m_document.caret());
-        if (next <= m_layout.rowEnd(row) && next != m_document.caret()) {
-            const qreal nextX = m_layout.xOf(next, row);
-            width = std::max<qreal>(width, std::abs(nextX - x));
-            x = std::min(x, nextX);
-        }
-    }
-    // Spaces at the end of a row may hang over its edge; the caret stays in sight.
-    x = std::clamp<qreal>(x, 0, m_layout.style().width);
-    const int top = viewportTop(row).value_or(-10 * row.height);
-    return {m_marginX + static_cast<int>(x), top, static_cast<int>(std::ceil(width)), row.height};
-}
-
-void TextEditor::restartBlinking() {
-    m_isCaretShown = true;
-    m_blinkTimer.stop();
-    const int flashTime = QGuiApplication::styleHints()->cursorFlashTime();
-    if (hasFocus() && flashTime >= 2) {
-        m_blinkTimer.start(flashTime / 2, this);
-    }
-    viewport()->update();
-}
-
 void TextEditor::timerEvent(QTimerEvent *event) {
     if (event->timerId() == m_blinkTimer.timerId()) {
         m_isCaretShown = !m_isCaretShown;
-        viewport()->update(caretRect().adjusted(-1, 0, 1, 0));
+        updateCaret();
     } else if (event->timerId() == m_tripleClickTimer.timerId()) {
         m_tripleClickTimer.stop();
     } else if (event->timerId() == m_autoScrollTimer.timerId()) {
@@ -345,8 +253,14 @@ void TextEditor::resizeEvent(QResizeEvent *event) {
     scrollBy(0);
 }
 
+void TextEditor::showEvent(QShowEvent *event) {
+    QAbstractScrollArea::showEvent(event);
+    setVerticalScrollBarPolicy(verticalScrollBarPolicy()); // While hidden it takes no effect.
+}
+
 void TextEditor::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event);
+    updateEverything(); // The selection has another colour.
     restartBlinking();
 }
 
@@ -354,7 +268,7 @@ void TextEditor::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
     m_document.closeTyping();
     m_blinkTimer.stop();
-    viewport()->update();
+    updateEverything();
 }
 
 bool TextEditor::focusNextPrevChild(bool) { return false; }

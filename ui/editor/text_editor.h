@@ -9,11 +9,14 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QColor>
+#include <QRegion>
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 class QMimeData;
 class QPainter;
@@ -101,6 +104,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -137,9 +141,35 @@ private:
     void announceChange(std::size_t offset, std::size_t inserted);
     void applyStyle();
     void caretWasMoved();
+
+    // text_editor_painting.cpp
+    /// How a line looks on the screen, and where.
+    struct ShownLine {
+        std::size_t begin = 0;
+        std::uint64_t look = 0; ///< The same for what is painted alike.
+        int top = 0;
+        int height = 0;
+    };
+    /// The part of a line that is selected, counted from its start.
+    struct SelectedPart {
+        std::size_t begin = 0;
+        std::size_t end = 0;
+        bool hasBreak = false;
+        [[nodiscard]] bool isAny() const { return begin < end || hasBreak; }
+    };
+    [[nodiscard]] SelectedPart selectedPart(const ChunkLayout::Line &line) const;
+    [[nodiscard]] std::vector<ShownLine> linesToShow() const;
+    /// Each of these asks for painting: all, the lines that look otherwise than on the screen, the caret.
+    void updateEverything();
+    void updateChanged();
+    void updateCaret();
+    /// Moves what is on the screen to where `lines` has it.
+    void scrollShown(const std::vector<ShownLine> &lines);
     void paintCaret(QPainter &painter);
     void restartBlinking();
     [[nodiscard]] QRect caretRect() const;
+    /// Empty when nothing is dragged over the editor.
+    [[nodiscard]] QRect dropCaretRect() const;
 
     // text_editor_scrolling.cpp
     /// Calls `visit(place, y)` with the visible chunks from top to bottom, `y` being the top of each in the viewport,
@@ -153,9 +183,13 @@ private:
     void showFrom(TextIndex::Place place, int y);
     void scrollBy(int pixels);
     void scrollToFraction(double fraction);
-    /// Lays out what is visible, tells the scroll bar, and paints soon.
+    /// Lays out what is visible, tells the scroll bar, and has painted what changed.
     void refresh();
     void updateScrollBar();
+    /// The policy of the base class would act only after everything was laid out, and then for another width.
+    void showScrollBar(bool isShown);
+    /// Before anything is laid out, if it is certain that it will be needed.
+    void showScrollBarEarly();
 
     // text_editor_keys.cpp
     void moveTo(CaretTarget target, Anchor anchor);
@@ -179,6 +213,10 @@ private:
     QColor m_caretColor;
     int m_marginX = 16;
     int m_marginY = 12;
+
+    /// What is on the screen, or asked to be painted, from top to bottom. Nothing when all has to be painted.
+    std::vector<ShownLine> m_shown;
+    QRegion m_caretArea;
 
     // The first visible row, by a place in it, and how many of its pixels are above the viewport.
     std::size_t m_topOffset = 0;

@@ -276,18 +276,18 @@ void TextEditor::dragMoveEvent(QDragMoveEvent *event) {
         scrollBy(edge);
     }
     m_dropOffset = targetAt(point).offset;
-    viewport()->update();
+    updateCaret();
     event->acceptProposedAction();
 }
 
 void TextEditor::dragLeaveEvent(QDragLeaveEvent *) {
     m_dropOffset.reset();
-    viewport()->update();
+    updateCaret();
 }
 
 void TextEditor::dropEvent(QDropEvent *event) {
     m_dropOffset.reset();
-    viewport()->update();
+    updateCaret();
     if (m_isReadOnly || !event->mimeData()->hasText()) {
         event->ignore();
         return;

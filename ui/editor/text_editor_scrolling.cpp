@@ -111,7 +111,7 @@ void TextEditor::refresh() {
         return true;
     });
     updateScrollBar();
-    viewport()->update();
+    updateChanged();
 }
 
 void TextEditor::updateScrollBar() {
@@ -132,6 +132,20 @@ void TextEditor::updateScrollBar() {
     bar->setSingleStep(std::max(1, steps(static_cast<std::uint64_t>(m_layout.rowHeight()))));
     bar->setValue(steps(static_cast<std::uint64_t>(std::max<std::int64_t>(above, 0))));
     m_lastScrollValue = bar->value();
+    showScrollBar(bar->maximum() > 0);
+}
+
+void TextEditor::showScrollBar(bool isShown) {
+    const Qt::ScrollBarPolicy policy = isShown ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+    if (policy != verticalScrollBarPolicy()) {
+        setVerticalScrollBarPolicy(policy);
+    }
+}
+
+void TextEditor::showScrollBarEarly() {
+    if (m_document.index().totalHeight() > 2 * static_cast<std::uint64_t>(viewport()->height())) {
+        showScrollBar(true);
+    }
 }
 
 void TextEditor::scrollContentsBy(int, int) {
