@@ -17,7 +17,7 @@ std::optional<Text> applied(const TextTransformation &transformation, const Appl
                             const Text &text, OperationProblems &problems) {
     std::string description;
     try {
-        return Text(transformation.apply(text.view(), operation.parameters));
+        return resultOf(transformation, text, operation.parameters);
     } catch (const TransformationError &error) {
         description = error.description();
     } catch (const std::bad_alloc &) {
@@ -31,6 +31,14 @@ std::optional<Text> applied(const TextTransformation &transformation, const Appl
 }
 
 } // namespace
+
+Text resultOf(const TextTransformation &transformation, const Text &text, const ParameterMap &parameters) {
+    TextBuffer result = transformation.apply(text.view(), parameters);
+    if (result.size() > largestText) {
+        throw TransformationError::operationFailed("The result would be larger than 2 GB");
+    }
+    return Text(std::move(result));
+}
 
 OperationsRun OperationsRunner::run(const Text &base, const std::vector<AppliedOperation> &operations) {
     OperationsRun run;

@@ -44,6 +44,9 @@ struct StepTexts {
 /// By the id of the operation. Operations that are disabled, failed or unknown are not in it.
 using OperationTexts = std::map<QUuid, StepTexts>;
 
+/// What the transformation makes of the text. Throws TransformationError, also when that is too large to be shown.
+[[nodiscard]] Text resultOf(const TextTransformation &transformation, const Text &text, const ParameterMap &parameters);
+
 /// One run of an operations stack over a base text.
 struct OperationsRun {
     Text result;

@@ -100,7 +100,7 @@ void TransformationManager::apply(State &state, const TextTransformation &transf
     if (state.appliedOperations.empty()) {
         state.originalText = state.currentText;
     }
-    Text result(transformation.apply(state.currentText.view(), parameters));
+    Text result = resultOf(transformation, state.currentText, parameters);
     const AppliedOperation applied{
         .transformation = transformation.id(), .transformationName = transformation.name(), .parameters = parameters};
     state.texts[applied.id] =

@@ -28,6 +28,17 @@ private:
     void (*m_act)();
 };
 
+/// Its result is a byte too large to be shown. Nothing is written into it.
+class EndlessTransformation final : public TextTransformation {
+public:
+    EndlessTransformation() : TextTransformation("endless", "Endless", "", TransformationCategory::lines, "") {}
+    TextBuffer apply(std::string_view, const ParameterMap &) const override {
+        TextBuffer result;
+        result.commit(result.room(largestText + 1) + largestText + 1);
+        return result;
+    }
+};
+
 TEST_F(ManagerStory, StartsEmptyWithTheWholeCatalog) {
     EXPECT_EQ(manager.transformations().size(), 58U);
     EXPECT_EQ(text(), "");
@@ -366,6 +377,18 @@ TEST_F(ManagerStory, AllFieldsAreSetWhenTheFirstSignalComes) {
     EXPECT_EQ(seen, "abc/abc//2");
     manager.undo();
     EXPECT_EQ(seen, "ABC/abc/uppercase/1");
+}
+
+TEST_F(ManagerStory, RefusesAResultThatIsTooLargeToBeShown) {
+    manager.setCurrentText(Text(std::string_view("text")));
+    try {
+        manager.applyTransformation(EndlessTransformation(), {});
+        FAIL();
+    } catch (const TransformationError &error) {
+        EXPECT_NE(error.description().find("larger than 2 GB"), std::string::npos);
+    }
+    EXPECT_EQ(text(), "text");
+    EXPECT_EQ(stack(), "");
 }
 
 } // namespace

@@ -27,6 +27,25 @@ std::uint64_t lookOf(const LineLayout::Source &source, std::size_t laidOut) {
     return digest(source.content) * 31 + digest(source.terminator) * 17 + laidOut * 2 + (source.isRightToLeft ? 1 : 0);
 }
 
+bool runsFromRightToLeft(char32_t codePoint) {
+    switch (QChar::direction(codePoint)) {
+    case QChar::DirR:
+    case QChar::DirAL:
+    case QChar::DirAN:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirRLI:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool hasRightToLeft(const QString &content) {
+    const QList<uint> codePoints = content.toUcs4();
+    return std::any_of(codePoints.begin(), codePoints.end(), runsFromRightToLeft);
+}
+
 } // namespace
 
 LineLayout::LineLayout(const Source &source, const LayoutStyle &style)
@@ -38,6 +57,7 @@ LineLayout::LineLayout(const Source &source, const LayoutStyle &style)
     QString content = toQString(source.content);
     QString shown = visibleText(content, m_marks);
     if (!m_isAscii) {
+        m_isBidirectional = m_isRightToLeft || hasRightToLeft(content);
         m_source = std::move(content);
     }
     if (source.preedit != nullptr) {

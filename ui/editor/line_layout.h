@@ -64,6 +64,8 @@ public:
     [[nodiscard]] std::size_t totalBytes() const { return m_contentBytes + m_terminatorBytes; }
     [[nodiscard]] int height() const { return m_height; }
     [[nodiscard]] bool isRightToLeft() const { return m_isRightToLeft; }
+    /// Some of it runs from left to right and some, or all, from right to left.
+    [[nodiscard]] bool isBidirectional() const { return m_isBidirectional; }
     /// The same number for lines that are drawn alike in the same style.
     [[nodiscard]] std::uint64_t look() const { return m_look; }
 
@@ -102,6 +104,7 @@ private:
     int m_height = 0;
     std::uint64_t m_look = 0;
     bool m_isRightToLeft = false;
+    bool m_isBidirectional = false;
     bool m_isAscii = true;
 };
 

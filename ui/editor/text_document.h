@@ -25,7 +25,7 @@ class TextDocument : public QObject {
 
 public:
     /// The largest text that is taken, in bytes.
-    static constexpr std::size_t maximumSize = 0x7FFFFFFF;
+    static constexpr std::size_t maximumSize = largestText;
 
     /// Which way a place that lies inside a character is moved.
     enum class Side { before, behind };

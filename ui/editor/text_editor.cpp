@@ -208,6 +208,10 @@ void TextEditor::timerEvent(QTimerEvent *event) {
         const int below = std::max(point.y() - viewport()->height(), 0);
         scrollBy(above + below);
         extendSelection(point);
+    } else if (event->timerId() == m_dragScrollTimer.timerId()) {
+        scrollBy(dragScrollDistance());
+        m_dropOffset = targetAt(m_dragPoint).offset;
+        updateCaret();
     } else {
         QAbstractScrollArea::timerEvent(event);
     }

@@ -194,6 +194,8 @@ private:
     // text_editor_keys.cpp
     void moveTo(CaretTarget target, Anchor anchor);
     bool moveByKey(QKeyEvent *event);
+    /// The place one character to the left or the right of the caret, as the eye sees it.
+    [[nodiscard]] std::size_t besideCaret(bool left) const;
     bool editByKey(QKeyEvent *event);
     bool isOwnKey(QKeyEvent *event) const;
     void moveByRows(int rows, Anchor anchor);
@@ -205,6 +207,9 @@ private:
     // text_editor_mouse.cpp
     void extendSelection(QPoint point);
     void startDrag();
+    /// How far the text is scrolled while something is held over an edge of it; 0 elsewhere.
+    [[nodiscard]] int dragScrollDistance() const;
+    void forgetDrop();
     void publishPrimarySelection();
     void pasteFrom(const QMimeData *mimeData);
 
@@ -241,6 +246,8 @@ private:
     QBasicTimer m_tripleClickTimer;
     QBasicTimer m_autoScrollTimer;
     std::optional<std::size_t> m_dropOffset; ///< Where a text dragged over the editor would go.
+    QPoint m_dragPoint;
+    QBasicTimer m_dragScrollTimer;
     bool m_isDragging = false;
 
     int m_preeditCursor = 0;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/editor/text_editor_accessible.h"
 
+#include "engine/primitives/utf8.h"
 #include "ui/editor/text_boundaries.h"
 #include "ui/text_conversion.h"
 
@@ -13,8 +14,20 @@ namespace lexivore {
 
 namespace {
 
-/// The value of a larger text is not given out as a whole: who wants it reads it piece by piece.
+/// Of more than this only the beginning is given out at once, as the value or with an event: who wants all of it reads
+/// it piece by piece.
 constexpr std::size_t largestValue = std::size_t{1} << 20;
+
+/// The text, or its beginning if it is very large.
+QString valueOf(const Text &text) {
+    std::size_t length = std::min(text.size(), largestValue);
+    std::string scratch;
+    std::string_view bytes = readText(text, 0, std::min(length + 1, text.size()), scratch);
+    while (length > 0 && length < bytes.size() && isContinuationByte(bytes[length])) {
+        --length;
+    }
+    return toQString(bytes.substr(0, length));
+}
 
 QAccessibleInterface *makeAccessible(const QString &className, QObject *object) {
     auto *const editor = qobject_cast<TextEditor *>(object);
@@ -40,15 +53,14 @@ void TextEditorAccessible::announceChange(TextEditor &editor, std::size_t offset
         return;
     }
     const int place = static_cast<int>(editor.document().unitsBefore(offset));
-    const auto inUtf16 = [](const Text &text) { return toQString(text.view()); };
     if (removed.empty()) {
-        QAccessibleTextInsertEvent event(&editor, place, inUtf16(inserted));
+        QAccessibleTextInsertEvent event(&editor, place, valueOf(inserted));
         QAccessible::updateAccessibility(&event);
     } else if (inserted.empty()) {
-        QAccessibleTextRemoveEvent event(&editor, place, inUtf16(removed));
+        QAccessibleTextRemoveEvent event(&editor, place, valueOf(removed));
         QAccessible::updateAccessibility(&event);
     } else {
-        QAccessibleTextUpdateEvent event(&editor, place, inUtf16(removed), inUtf16(inserted));
+        QAccessibleTextUpdateEvent event(&editor, place, valueOf(removed), valueOf(inserted));
         QAccessible::updateAccessibility(&event);
     }
 }
@@ -98,9 +110,7 @@ QAccessible::State TextEditorAccessible::state() const {
 
 QString TextEditorAccessible::text(QAccessible::Text what) const {
     if (what == QAccessible::Value && QAccessibleWidget::text(what).isEmpty()) {
-        std::string scratch;
-        const std::size_t length = document().boundaryAt(std::min(editor().text().size(), largestValue));
-        return toQString(readText(editor().text(), 0, length, scratch));
+        return valueOf(editor().text());
     }
     return QAccessibleWidget::text(what);
 }

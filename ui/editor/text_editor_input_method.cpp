@@ -21,8 +21,8 @@ void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
         event->ignore();
         return;
     }
-    const bool isTyping = !event->preeditString().isEmpty() || !event->commitString().isEmpty();
-    if (isTyping && m_document.hasSelection() && event->replacementLength() == 0) {
+    const bool beginsToCompose = !event->preeditString().isEmpty() && event->commitString().isEmpty();
+    if (beginsToCompose && m_document.hasSelection() && event->replacementLength() == 0) {
         m_document.insert({});
     }
     m_layout.setPreedit({}, 0);

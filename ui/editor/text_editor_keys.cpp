@@ -4,11 +4,16 @@
 
 #include "ui/text_conversion.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
+#include <vector>
 
 namespace lexivore {
 
@@ -170,10 +175,10 @@ bool TextEditor::moveByKey(QKeyEvent *event) {
     switch (found->move) {
     case Move::left:
     case Move::right:
-        if ((found->move == Move::left) != isRightToLeft) {
-            go(leavesSelection ? m_document.selectionStart() : m_document.previousCharacter(caret));
+        if (leavesSelection) {
+            go((found->move == Move::left) != isRightToLeft ? m_document.selectionStart() : m_document.selectionEnd());
         } else {
-            go(leavesSelection ? m_document.selectionEnd() : m_document.nextCharacter(caret));
+            go(besideCaret(found->move == Move::left));
         }
         break;
     case Move::wordLeft:
@@ -223,6 +228,44 @@ bool TextEditor::moveByKey(QKeyEvent *event) {
         break;
     }
     return true;
+}
+
+std::size_t TextEditor::besideCaret(bool left) const {
+    const std::size_t caret = m_document.caret();
+    const Row row = m_layout.rowOf(caret, m_isCaretAtRowEnd);
+    const LineLayout &line = m_layout.line(row);
+    const bool isForward = left == line.isRightToLeft();
+    if (!line.isBidirectional()) {
+        return isForward ? m_document.nextCharacter(caret) : m_document.previousCharacter(caret);
+    }
+    // Where directions meet, reading order jumps to and fro. Here the places are taken in the order in which they stand
+    // in the row, and in reading order only where two of them coincide.
+    const std::size_t begin = m_layout.rowBegin(row);
+    const std::size_t end = m_layout.rowEnd(row);
+    const bool endsWithBreak = !m_layout.isWrapped(row);
+    std::vector<std::pair<qreal, std::size_t>> places;
+    for (std::size_t offset = begin; offset < end; offset = m_document.nextCharacter(offset)) {
+        places.emplace_back(m_layout.xOf(offset, row), offset);
+    }
+    if (endsWithBreak || caret == end) {
+        places.emplace_back(m_layout.xOf(end, row), end);
+    }
+    std::sort(places.begin(), places.end(), [&line](const auto &first, const auto &second) {
+        const bool isBefore = line.isRightToLeft() ? first.second > second.second : first.second < second.second;
+        return first.first < second.first || (first.first == second.first && isBefore);
+    });
+    const auto here =
+        std::find_if(places.begin(), places.end(), [&](const auto &place) { return place.second == caret; });
+    if (left && here != places.begin() && here != places.end()) {
+        return std::prev(here)->second;
+    }
+    if (!left && here != places.end() && std::next(here) != places.end()) {
+        return std::next(here)->second;
+    }
+    if (isForward) {
+        return endsWithBreak || caret == end ? m_document.nextCharacter(end) : end;
+    }
+    return m_document.previousCharacter(begin);
 }
 
 void TextEditor::moveByRows(int rows, Anchor anchor) {
@@ -282,6 +325,8 @@ bool TextEditor::editByKey(QKeyEvent *event) {
     }
     if (event->matches(QKeySequence::Cut)) {
         cut();
+    } else if (event->key() == Qt::Key_Insert && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+        pasteFrom(QGuiApplication::clipboard()->mimeData(QClipboard::Selection));
     } else if (event->matches(QKeySequence::Paste)) {
         paste();
     } else if (event->matches(QKeySequence::DeleteEndOfWord)) {

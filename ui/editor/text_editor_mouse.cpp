@@ -5,7 +5,6 @@
 #include "ui/editor/text_editor.h"
 
 #include "ui/editor/text_mime_data.h"
-#include "ui/text_conversion.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -24,6 +23,7 @@ namespace lexivore {
 
 namespace {
 constexpr int autoScrollInterval = 30;  ///< Milliseconds.
+constexpr int dragScrollInterval = 100; ///< Milliseconds.
 constexpr int wheelStepsPerNotch = 120; ///< As QWheelEvent::angleDelta counts.
 } // namespace
 
@@ -226,11 +226,8 @@ void TextEditor::pasteFrom(const QMimeData *mimeData) {
     if (m_isReadOnly || mimeData == nullptr || !mimeData->hasText()) {
         return;
     }
-    if (const auto *const own = qobject_cast<const TextMimeData *>(mimeData)) {
-        insertOrRefuse(Text(own->exactText()).view(), EditKind::other);
-    } else {
-        insertOrRefuse(toUtf8(mimeData->text()), EditKind::other);
-    }
+    const Text pasted = textOf(*mimeData);
+    insertOrRefuse(pasted.view(), EditKind::other);
     ensureCaretVisible();
 }
 
@@ -268,33 +265,39 @@ void TextEditor::dragMoveEvent(QDragMoveEvent *event) {
         event->ignore();
         return;
     }
-    const QPoint point = event->position().toPoint();
-    const int edge = m_layout.rowHeight();
-    if (point.y() < edge) {
-        scrollBy(-edge);
-    } else if (point.y() > viewport()->height() - edge) {
-        scrollBy(edge);
-    }
-    m_dropOffset = targetAt(point).offset;
+    m_dragPoint = event->position().toPoint();
+    m_dropOffset = targetAt(m_dragPoint).offset;
     updateCaret();
+    if (dragScrollDistance() == 0) {
+        m_dragScrollTimer.stop();
+    } else if (!m_dragScrollTimer.isActive()) {
+        m_dragScrollTimer.start(dragScrollInterval, this);
+    }
     event->acceptProposedAction();
 }
 
-void TextEditor::dragLeaveEvent(QDragLeaveEvent *) {
+int TextEditor::dragScrollDistance() const {
+    const int row = m_layout.rowHeight();
+    return m_dragPoint.y() < row ? -row : m_dragPoint.y() > viewport()->height() - row ? row : 0;
+}
+
+void TextEditor::dragLeaveEvent(QDragLeaveEvent *) { forgetDrop(); }
+
+void TextEditor::forgetDrop() {
+    m_dragScrollTimer.stop();
     m_dropOffset.reset();
     updateCaret();
 }
 
 void TextEditor::dropEvent(QDropEvent *event) {
-    m_dropOffset.reset();
-    updateCaret();
+    forgetDrop();
     if (m_isReadOnly || !event->mimeData()->hasText()) {
         event->ignore();
         return;
     }
     event->acceptProposedAction();
     std::size_t offset = targetAt(event->position().toPoint()).offset;
-    const std::string dropped = toUtf8(event->mimeData()->text());
+    const Text dropped = textOf(*event->mimeData());
     const bool isMove = m_isDragging && event->dropAction() == Qt::MoveAction;
     const std::size_t begin = m_document.selectionStart();
     const std::size_t end = m_document.selectionEnd();
@@ -308,7 +311,7 @@ void TextEditor::dropEvent(QDropEvent *event) {
     }
     m_document.setCaret(offset);
     const std::size_t from = m_document.caret();
-    if (insertOrRefuse(dropped, EditKind::other)) {
+    if (insertOrRefuse(dropped.view(), EditKind::other)) {
         m_document.select(from, from + dropped.size());
     }
     m_document.endGroup();

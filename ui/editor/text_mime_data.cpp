@@ -26,4 +26,11 @@ QVariant TextMimeData::retrieveData(const QString &mimeType, QMetaType type) con
     return toQString(bytes);
 }
 
+Text textOf(const QMimeData &mimeData) {
+    if (const auto *const own = qobject_cast<const TextMimeData *>(&mimeData)) {
+        return own->exactText();
+    }
+    return Text(toUtf8(mimeData.text()));
+}
+
 } // namespace lexivore

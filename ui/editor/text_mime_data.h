@@ -27,4 +27,8 @@ private:
     Text m_text;
 };
 
+/// The text of a clipboard or a drag: of our own the very bytes, shared; of another program what the toolkit reads, for
+/// which broken UTF-8 is repaired.
+[[nodiscard]] Text textOf(const QMimeData &mimeData);
+
 } // namespace lexivore

@@ -121,5 +121,18 @@ TEST(EditorLayout, LaysOutOnlyWhatIsAskedFor) {
     EXPECT_LT(std::abs(difference), 0.01 * static_cast<double>(estimated));
 }
 
+TEST(EditorLayout, PutsWhatFollowsATabAtTheNextStop) {
+    TextDocument document;
+    document.setText(Text(std::string_view("\ta\nxyz\ta\n12345678\ta")));
+    EditorLayout layout(document);
+    LayoutStyle style = plainStyle();
+    style.tabDistance = 100;
+    layout.setStyle(style);
+    EXPECT_NEAR(layout.xOf(1, layout.rowOf(1, false)), 100, 0.5);
+    EXPECT_NEAR(layout.xOf(7, layout.rowOf(7, false)), 100, 0.5);
+    const qreal eighth = layout.xOf(17, layout.rowOf(17, false));
+    EXPECT_NEAR(layout.xOf(18, layout.rowOf(18, false)), eighth < 100 ? 100 : 200, 0.5);
+}
+
 } // namespace
 } // namespace lexivore

@@ -31,5 +31,68 @@ TEST_F(TextEditorInputMethodTest, ShowsThePreeditWithoutTouchingTheText) {
     EXPECT_EQ(editor.inputMethodQuery(Qt::ImCursorPosition).toInt(), 2);
 }
 
+TEST_F(TextEditorInputMethodTest, WhatIsCommittedReplacesTheSelectionAsOneEdit) {
+    show("one two");
+    document().select(4, 7);
+    QInputMethodEvent commit;
+    commit.setCommitString(QStringLiteral("é"));
+    QApplication::sendEvent(&editor, &commit);
+    EXPECT_EQ(text(), "one é");
+    keys("Ctrl+Z");
+    EXPECT_EQ(text(), "one two");
+    EXPECT_EQ(document().selectionEnd(), 7U);
+}
+
+TEST_F(TextEditorInputMethodTest, ComposingTakesTheSelectionAwayFirst) {
+    show("one two");
+    document().select(0, 4);
+    QInputMethodEvent compose(QStringLiteral("に"), {});
+    QApplication::sendEvent(&editor, &compose);
+    EXPECT_EQ(text(), "two");
+    QInputMethodEvent cancel;
+    QApplication::sendEvent(&editor, &cancel);
+    EXPECT_EQ(text(), "two");
+    EXPECT_EQ(followed, text());
+}
+
+TEST_F(TextEditorInputMethodTest, TellsOnlyTheTextAroundTheCaretHoweverLongTheLine) {
+    show(std::string(300000, 'a') + "é" + std::string(300000, 'b'));
+    document().setCaret(300002);
+    const QString around = editor.inputMethodQuery(Qt::ImSurroundingText).toString();
+    const int caret = editor.inputMethodQuery(Qt::ImCursorPosition).toInt();
+    EXPECT_LT(around.size(), 5000);
+    EXPECT_EQ(around.mid(caret - 2, 4), QStringLiteral("aébb"));
+    EXPECT_EQ(editor.inputMethodQuery(Qt::ImTextBeforeCursor).toString() +
+                  editor.inputMethodQuery(Qt::ImTextAfterCursor).toString(),
+              around);
+    EXPECT_EQ(editor.inputMethodQuery(Qt::ImAbsolutePosition).toInt(), 300001);
+}
+
+TEST_F(TextEditorInputMethodTest, TheCandidateWindowCanFollowTheCaretWithinThePreedit) {
+    show("ab\ncd");
+    const auto left = [this] { return editor.inputMethodQuery(Qt::ImCursorRectangle).toRect().left(); };
+    int previous = left();
+    for (int cursor = 1; cursor <= 3; ++cursor) {
+        QInputMethodEvent compose(QStringLiteral("日本語"), {{QInputMethodEvent::Cursor, cursor, 1, {}}});
+        QApplication::sendEvent(&editor, &compose);
+        EXPECT_GT(left(), previous);
+        previous = left();
+    }
+    EXPECT_EQ(text(), "ab\ncd");
+}
+
+TEST_F(TextEditorInputMethodTest, AnEditFromElsewhereEndsTheComposition) {
+    show("ab");
+    keys("End");
+    QInputMethodEvent compose(QStringLiteral("日本"), {});
+    QApplication::sendEvent(&editor, &compose);
+    document().replace(0, 2, "");
+    editor.viewport()->repaint();
+    EXPECT_EQ(text(), "");
+    show("something else\nand more");
+    editor.viewport()->repaint();
+    EXPECT_EQ(editor.inputMethodQuery(Qt::ImCursorPosition).toInt(), 0);
+}
+
 } // namespace
 } // namespace lexivore

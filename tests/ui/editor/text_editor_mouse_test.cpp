@@ -13,7 +13,33 @@
 namespace lexivore {
 namespace {
 
-using TextEditorMouseTest = TextEditorTest;
+class TextEditorMouseTest : public TextEditorTest {
+protected:
+    void doubleClickAndHold(QPoint point) {
+        // Not close to the click before it, which would make it another kind of click.
+        QTest::mouseClick(editor.viewport(), Qt::LeftButton, {}, QPoint(450, 380));
+        for (const QEvent::Type type :
+             {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick}) {
+            send(type, point, Qt::LeftButton, type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton);
+        }
+    }
+    void moveWithButton(QPoint point) { send(QEvent::MouseMove, point, Qt::NoButton, Qt::LeftButton); }
+    void drop(const char *dropped, QPoint point, Qt::DropAction action) {
+        QMimeData data;
+        data.setText(QString::fromUtf8(dropped));
+        QDragEnterEvent enter(point, action, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(editor.viewport(), &enter);
+        QDropEvent event(point, action, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(editor.viewport(), &event);
+    }
+    [[nodiscard]] std::string selected() { return std::string(Text(document().selectedText()).view()); }
+
+private:
+    void send(QEvent::Type type, QPoint point, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, point, editor.viewport()->mapToGlobal(point), button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(editor.viewport(), &event);
+    }
+};
 
 TEST_F(TextEditorMouseTest, SelectsWithTheMouse) {
     show("one two three\nfour five\nsix");
@@ -24,9 +50,9 @@ TEST_F(TextEditorMouseTest, SelectsWithTheMouse) {
     EXPECT_EQ(document().selectionEnd(), 18U);
 
     QTest::mouseDClick(editor.viewport(), Qt::LeftButton, {}, pointOf(5));
-    EXPECT_EQ(std::string(Text(document().selectedText()).view()), "two");
+    EXPECT_EQ(selected(), "two");
     QTest::mousePress(editor.viewport(), Qt::LeftButton, {}, pointOf(5));
-    EXPECT_EQ(std::string(Text(document().selectedText()).view()), "one two three\n");
+    EXPECT_EQ(selected(), "one two three\n");
     QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(5));
 }
 
@@ -89,6 +115,110 @@ TEST_F(TextEditorMouseTest, OffersACompleteContextMenu) {
     }
     EXPECT_EQ(entries, 7);
     menu->close();
+}
+
+TEST_F(TextEditorMouseTest, DraggingAfterADoubleClickSelectsByWordsAndAfterATripleClickByLines) {
+    show("one two three\nfour five\nsix seven");
+    QTest::mouseDClick(editor.viewport(), Qt::LeftButton, {}, pointOf(5));
+    QTest::mousePress(editor.viewport(), Qt::LeftButton, {}, pointOf(5));
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(5));
+    EXPECT_EQ(selected(), "one two three\n");
+
+    doubleClickAndHold(pointOf(5));
+    moveWithButton(pointOf(9));
+    EXPECT_EQ(selected(), "two three");
+    moveWithButton(pointOf(1));
+    EXPECT_EQ(selected(), "one two");
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(1));
+
+    doubleClickAndHold(pointOf(16));
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(16));
+    QTest::mousePress(editor.viewport(), Qt::LeftButton, {}, pointOf(16));
+    moveWithButton(pointOf(26));
+    EXPECT_EQ(selected(), "four five\nsix seven");
+    moveWithButton(pointOf(2));
+    EXPECT_EQ(selected(), "one two three\nfour five\n");
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(2));
+}
+
+TEST_F(TextEditorMouseTest, TakesTextThatIsDroppedAsOneEditAndSelectsIt) {
+    show("one two");
+    drop("x\r\ny", pointOf(4), Qt::CopyAction);
+    EXPECT_EQ(text(), "one x\r\nytwo");
+    EXPECT_EQ(selected(), "x\r\ny");
+    EXPECT_EQ(followed, text());
+    keys("Ctrl+Z");
+    EXPECT_EQ(text(), "one two");
+    editor.setReadOnly(true);
+    drop("x", pointOf(4), Qt::CopyAction);
+    EXPECT_EQ(text(), "one two");
+}
+
+TEST_F(TextEditorMouseTest, ScrollsWhileSomethingIsHeldOverAnEdge) {
+    std::string lines;
+    for (int i = 0; i < 300; ++i) {
+        lines += "line " + std::to_string(i) + "\n";
+    }
+    show(lines);
+    QMimeData data;
+    data.setText(QStringLiteral("x"));
+    const QPoint edge(40, editor.viewport()->height() - 3);
+    QDragEnterEvent enter(edge, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(editor.viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDragMoveEvent hold(edge, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(editor.viewport(), &hold);
+    const QScrollBar *const bar = editor.verticalScrollBar();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() > 60; }));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(editor.viewport(), &leave);
+    const int left = bar->value();
+    QTest::qWait(250);
+    EXPECT_EQ(bar->value(), left);
+}
+
+TEST_F(TextEditorMouseTest, TheContextMenuOffersWhatCanBeDone) {
+    const auto enabled = [this] {
+        QContextMenuEvent open(QContextMenuEvent::Keyboard, QPoint(10, 10), editor.mapToGlobal(QPoint(10, 10)));
+        QApplication::sendEvent(editor.viewport(), &open);
+        auto *const menu = editor.findChild<QMenu *>(QStringLiteral("editorContextMenu"));
+        QStringList titles;
+        for (const QAction *action : menu->actions()) {
+            if (action->isEnabled() && !action->isSeparator()) {
+                titles << action->text().remove(u'&');
+            }
+        }
+        delete menu;
+        return titles.join(u' ').toStdString();
+    };
+    QGuiApplication::clipboard()->clear();
+    show("");
+    EXPECT_EQ(enabled(), "");
+    show("abc");
+    EXPECT_EQ(enabled(), "Select All");
+    type("x");
+    keys("Shift+Right");
+    keys("Ctrl+C");
+    EXPECT_EQ(enabled(), "Undo Cut Copy Paste Delete Select All");
+    keys("Ctrl+Z");
+    EXPECT_EQ(enabled(), "Redo Paste Select All");
+    keys("Ctrl+A");
+    editor.setReadOnly(true);
+    EXPECT_EQ(enabled(), "Copy Select All");
+}
+
+TEST_F(TextEditorMouseTest, ARightClickKeepsTheSelectionItIsIn) {
+    show("one two three");
+    document().select(4, 7);
+    QContextMenuEvent inside(QContextMenuEvent::Mouse, pointOf(5), editor.viewport()->mapToGlobal(pointOf(5)));
+    QApplication::sendEvent(editor.viewport(), &inside);
+    EXPECT_EQ(selected(), "two");
+    delete editor.findChild<QMenu *>(QStringLiteral("editorContextMenu"));
+    QContextMenuEvent outside(QContextMenuEvent::Mouse, pointOf(10), editor.viewport()->mapToGlobal(pointOf(10)));
+    QApplication::sendEvent(editor.viewport(), &outside);
+    EXPECT_EQ(document().caret(), 10U);
+    EXPECT_FALSE(document().hasSelection());
+    delete editor.findChild<QMenu *>(QStringLiteral("editorContextMenu"));
 }
 
 } // namespace

@@ -157,5 +157,35 @@ TEST_F(TextEditorPaintingTest, LaysTheTextOutOnceAlthoughTheScrollBarComes) {
     EXPECT_LT(editor.viewport()->width(), width);
 }
 
+TEST_F(TextEditorPaintingTest, TheCaretBlinksAtTheSpeedOfTheSystem) {
+    show("text");
+    paintWhatIsAskedFor();
+    const QImage shown = screen();
+    QApplication::setCursorFlashTime(80);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return screen() != shown; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return screen() == shown; }));
+    QApplication::setCursorFlashTime(0);
+    paintWhatIsAskedFor();
+    EXPECT_EQ(screen(), shown);
+}
+
+TEST_F(TextEditorPaintingTest, ControlsUnusualSpacesAndLineBreaksCanBeSeen) {
+    editor.setFocus();
+    const auto pictureOf = [this](const char *line) {
+        show(line);
+        document().setCaret(0);
+        paintWhatIsAskedFor();
+        return screen();
+    };
+    EXPECT_NE(pictureOf("a\u00A0b"), pictureOf("a b"));
+    EXPECT_NE(pictureOf("a\u200Bb"), pictureOf("ab"));
+    EXPECT_NE(pictureOf("a\x01"
+                        "b"),
+              pictureOf("ab"));
+    EXPECT_NE(pictureOf("a\rb"), pictureOf("a\nb"));
+    EXPECT_NE(pictureOf("a\u2028b"), pictureOf("a\nb"));
+    EXPECT_EQ(pictureOf("a\r\nb"), pictureOf("a\nb"));
+}
+
 } // namespace
 } // namespace lexivore

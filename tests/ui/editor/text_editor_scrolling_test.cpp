@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/ui/editor/text_editor_fixture.h"
 
+#include <QApplication>
 #include <QScrollBar>
+#include <QSignalSpy>
+#include <QWheelEvent>
 
 namespace lexivore {
 namespace {
@@ -64,6 +67,53 @@ TEST_F(TextEditorScrollingTest, WhatIsShownStaysWhenTheHeightsAboveAreCorrected)
         previous = bar->value();
     }
     EXPECT_EQ(editor.viewport()->grab().toImage(), before);
+}
+
+class TextEditorWheelTest : public TextEditorTest {
+protected:
+    TextEditorWheelTest() {
+        std::string lines;
+        for (int i = 0; i < 300; ++i) {
+            lines += "line " + std::to_string(i) + "\n";
+        }
+        show(lines);
+    }
+    int turn(QPoint pixels, QPoint angle, Qt::KeyboardModifiers modifiers = {}) {
+        const int before = editor.verticalScrollBar()->value();
+        const QPointF point(50, 50);
+        QWheelEvent event(point, editor.viewport()->mapToGlobal(point), pixels, angle, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(editor.viewport(), &event);
+        return editor.verticalScrollBar()->value() - before;
+    }
+};
+
+TEST_F(TextEditorWheelTest, ATouchpadScrollsByThePixelsItSays) {
+    EXPECT_EQ(turn(QPoint(0, -7), QPoint(0, -15)), 7);
+    EXPECT_EQ(turn(QPoint(0, -1), QPoint(0, -2)), 1);
+    EXPECT_EQ(turn(QPoint(0, 3), QPoint(0, 6)), -3);
+    EXPECT_EQ(turn(QPoint(5, 0), QPoint(10, 0)), 0);
+}
+
+TEST_F(TextEditorWheelTest, PartsOfANotchAddUpToTheRowsOfAWholeOne) {
+    const int notch = turn(QPoint(), QPoint(0, -120));
+    EXPECT_GT(notch, 0);
+    int parts = 0;
+    for (int i = 0; i < 16; ++i) {
+        const int part = turn(QPoint(), QPoint(0, -15));
+        EXPECT_LE(part, notch / 4);
+        parts += part;
+    }
+    EXPECT_EQ(parts, 2 * notch);
+}
+
+TEST_F(TextEditorWheelTest, ControlAndTheWheelAskForAnotherSize) {
+    QSignalSpy zoom(&editor, &TextEditor::zoomRequested);
+    EXPECT_EQ(turn(QPoint(), QPoint(0, 120), Qt::ControlModifier), 0);
+    EXPECT_EQ(turn(QPoint(), QPoint(0, -240), Qt::ControlModifier), 0);
+    ASSERT_EQ(zoom.size(), 2);
+    EXPECT_EQ(zoom[0][0].toInt(), 1);
+    EXPECT_EQ(zoom[1][0].toInt(), -2);
 }
 
 } // namespace

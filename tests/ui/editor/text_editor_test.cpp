@@ -8,7 +8,9 @@
 #include <QInputMethodEvent>
 #include <QSignalSpy>
 
+#include <cstdlib>
 #include <random>
+#include <set>
 
 namespace lexivore {
 namespace {
@@ -194,12 +196,41 @@ TEST_F(TextEditorTest, FindsAroundTheEnd) {
 }
 
 TEST_F(TextEditorTest, FollowsAPlainStringThroughRandomKeysAndClicks) {
-    const char *const sequences[] = {
-        "Left",        "Right",      "Up",           "Down",       "Home",        "End",
-        "PgUp",        "PgDown",     "Ctrl+Left",    "Ctrl+Right", "Shift+Left",  "Shift+Right",
-        "Shift+Up",    "Shift+Down", "Shift+End",    "Delete",     "Backspace",   "Ctrl+Backspace",
-        "Ctrl+Delete", "Ctrl+Z",     "Ctrl+Shift+Z", "Ctrl+C",     "Ctrl+V",      "Ctrl+X",
-        "Ctrl+Home",   "Ctrl+End",   "Return",       "Tab",        "Shift+PgDown"};
+    const char *const sequences[] = {"Left",
+                                     "Right",
+                                     "Up",
+                                     "Down",
+                                     "Home",
+                                     "End",
+                                     "PgUp",
+                                     "PgDown",
+                                     "Ctrl+Left",
+                                     "Ctrl+Right",
+                                     "Shift+Left",
+                                     "Shift+Right",
+                                     "Shift+Up",
+                                     "Shift+Down",
+                                     "Shift+End",
+                                     "Delete",
+                                     "Backspace",
+                                     "Ctrl+Backspace",
+                                     "Ctrl+Delete",
+                                     "Ctrl+Z",
+                                     "Ctrl+Shift+Z",
+                                     "Ctrl+C",
+                                     "Ctrl+V",
+                                     "Ctrl+X",
+                                     "Ctrl+Home",
+                                     "Ctrl+End",
+                                     "Return",
+                                     "Tab",
+                                     "Shift+PgDown",
+                                     "Ins",
+                                     "Ctrl+A",
+                                     "Ctrl+Up",
+                                     "Ctrl+Down",
+                                     "Ctrl+Shift+Delete",
+                                     "Ctrl+Shift+Backspace"};
     const char *const typed[] = {"a", " ", ".", "\u0301", "שלום", "👍🏽", "🇩", "\r\n", "\u2028", "क्ष"};
     std::mt19937 dice(2024);
     const auto below = [&dice](std::size_t limit) {
@@ -210,8 +241,10 @@ TEST_F(TextEditorTest, FollowsAPlainStringThroughRandomKeysAndClicks) {
         start += below(12) == 0 ? typed[below(std::size(typed))] : "lorem ";
     }
     show(start);
-    for (int i = 0; i < 1500; ++i) {
-        switch (below(4)) {
+    const char *const asked = std::getenv("LEXIVORE_EDITOR_EVENTS");
+    const int events = asked != nullptr ? std::atoi(asked) : 1500;
+    for (int i = 0; i < events; ++i) {
+        switch (below(6)) {
         case 0: {
             QInputMethodEvent commit;
             commit.setCommitString(QString::fromUtf8(typed[below(std::size(typed))]));
@@ -228,11 +261,16 @@ TEST_F(TextEditorTest, FollowsAPlainStringThroughRandomKeysAndClicks) {
             }
             break;
         }
+        case 2: {
+            QInputMethodEvent compose(QString::fromUtf8(typed[below(std::size(typed))]), {});
+            QApplication::sendEvent(&editor, &compose);
+            break;
+        }
         default:
             keys(sequences[below(std::size(sequences))]);
             break;
         }
-        if (text().size() > 100000) {
+        if (text().size() > 100000 || (text().size() < 500 && below(50) == 0)) {
             show(start);
         }
         ASSERT_EQ(text(), followed) << "after event " << i;
@@ -242,6 +280,107 @@ TEST_F(TextEditorTest, FollowsAPlainStringThroughRandomKeysAndClicks) {
             editor.viewport()->repaint();
         }
     }
+}
+
+TEST_F(TextEditorTest, LeftAndRightFollowTheEyeThroughMixedDirections) {
+    for (const char *line : {"abc שלום def", "שלום abc עולם", "(מרحبا) 123 x", "a אב12גד b"}) {
+        show(line);
+        const auto boundaries = characterCount(line) + 1;
+        const auto x = [this] { return editor.inputMethodQuery(Qt::ImCursorRectangle).toRect().left(); };
+        for (const char *key : {"Right", "Left"}) {
+            const bool isRight = key[0] == 'R';
+            // From the edge of the line where this direction begins.
+            document().setCaret(0);
+            for (std::size_t i = 0; i < 2 * boundaries; ++i) {
+                keys(isRight ? "Left" : "Right");
+            }
+            std::set<std::size_t> visited{document().caret()};
+            int previous = x();
+            for (std::size_t i = 1; i < boundaries; ++i) {
+                keys(key);
+                visited.insert(document().caret());
+                EXPECT_TRUE(isRight ? x() >= previous : x() <= previous) << line << ", " << key << ", step " << i;
+                previous = x();
+            }
+            EXPECT_GE(visited.size() + 1, boundaries) << line << ", " << key;
+        }
+    }
+}
+
+TEST_F(TextEditorTest, PagesMoveTheCaretAndTheViewTogether) {
+    std::string lines;
+    for (int i = 0; i < 200; ++i) {
+        lines += "line " + std::to_string(1000 + i) + "\n";
+    }
+    show(lines);
+    keys("Right");
+    keys("Right");
+    const auto caretY = [this] { return editor.inputMethodQuery(Qt::ImCursorRectangle).toRect().top(); };
+    keys("PgDown");
+    const std::size_t line = document().caretPlace().line;
+    EXPECT_GT(line, 10U);
+    EXPECT_EQ(document().caretPlace().column, 3U);
+    const int y = caretY();
+    keys("PgDown");
+    EXPECT_EQ(document().caretPlace().line, 2 * line - 1);
+    EXPECT_NEAR(caretY(), y, 12);
+    keys("Shift+PgUp");
+    EXPECT_EQ(document().caretPlace().line, line);
+    EXPECT_EQ(document().placeOf(document().anchor()).line, 2 * line - 1);
+    keys("PgUp");
+    keys("PgUp");
+    EXPECT_EQ(document().caret(), 0U);
+    for (int i = 0; i < 30; ++i) {
+        keys("PgDown");
+    }
+    EXPECT_EQ(document().caret(), text().size());
+}
+
+TEST_F(TextEditorTest, ReturnInsertsTheLineEndingOfTheText) {
+    for (const std::string ending : {"\r", "\r\n", "\n"}) {
+        show("a" + ending + "b");
+        QTest::keyClick(&editor, Qt::Key_Return);
+        QTest::keyClick(&editor, Qt::Key_Return, Qt::ShiftModifier);
+        QTest::keyClick(&editor, Qt::Key_Enter, Qt::KeypadModifier);
+        EXPECT_EQ(text(), ending + ending + ending + "a" + ending + "b");
+    }
+}
+
+TEST_F(TextEditorTest, UndoesAWordAtATimeAndARunOfDeletingAtOnce) {
+    show("");
+    type("one two three");
+    keys("Backspace");
+    keys("Backspace");
+    keys("Home");
+    keys("Delete");
+    keys("Delete");
+    EXPECT_EQ(text(), "e two thr");
+    for (const char *expected : {"one two thr", "one two three", "one two ", "one ", ""}) {
+        keys("Ctrl+Z");
+        EXPECT_EQ(text(), expected);
+    }
+    EXPECT_FALSE(document().canUndo());
+    for (int i = 0; i < 5; ++i) {
+        keys("Ctrl+Shift+Z");
+    }
+    EXPECT_EQ(text(), "e two thr");
+    EXPECT_EQ(followed, text());
+}
+
+TEST_F(TextEditorTest, RefusesATextThatIsTooLargeAndKeepsTheOld) {
+    Text half{std::string_view("0123456789abcdef")};
+    while (half.size() < std::size_t{1} << 30) {
+        half = half.replaced(half.size(), 0, half); // Every half shares the bytes of the other.
+    }
+    const Text large = half.replaced(half.size(), 0, half);
+    ASSERT_EQ(large.size(), std::size_t{1} << 31);
+    show("old");
+    QSignalSpy refused(&editor, &TextEditor::refused);
+    EXPECT_FALSE(editor.setText(large));
+    ASSERT_EQ(refused.size(), 1);
+    EXPECT_TRUE(refused[0][0].toString().contains(QStringLiteral("2 GB")));
+    EXPECT_EQ(text(), "old");
+    EXPECT_EQ(document().characterCount(), 3U);
 }
 
 } // namespace
