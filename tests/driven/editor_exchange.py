@@ -17,6 +17,7 @@ def offer(selection, content):
     """Another program offers these bytes."""
     subprocess.run(["xclip", "-selection", selection, "-t", "UTF8_STRING", "-i"], input=content, check=True,
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    wait_for(lambda: offered(selection) == content, "the offer to be known")
 
 
 def offered(selection):

@@ -296,7 +296,7 @@ void TextEditor::dropEvent(QDropEvent *event) {
         return;
     }
     event->acceptProposedAction();
-    std::size_t offset = targetAt(event->position().toPoint()).offset;
+    const std::size_t offset = targetAt(event->position().toPoint()).offset;
     const Text dropped = textOf(*event->mimeData());
     const bool isMove = m_isDragging && event->dropAction() == Qt::MoveAction;
     const std::size_t begin = m_document.selectionStart();
@@ -304,17 +304,24 @@ void TextEditor::dropEvent(QDropEvent *event) {
     if (isMove && offset >= begin && offset <= end) {
         return;
     }
-    m_document.beginGroup();
+    std::size_t from = offset;
     if (isMove) {
-        offset = offset > end ? offset - (end - begin) : offset;
-        m_document.remove(begin, end - begin);
+        // One replacement of all that lies between, so that it is one edit for everybody.
+        const bool goesDown = offset > end;
+        const Text between = goesDown ? text().slice(end, offset - end) : text().slice(offset, begin - offset);
+        const Text moved = between.replaced(goesDown ? between.size() : 0, 0, dropped);
+        from = goesDown ? begin + between.size() : offset;
+        m_document.replace(std::min(begin, offset), moved.size(), moved.view());
+    } else {
+        m_document.setCaret(offset);
+        from = m_document.caret();
+        if (!insertOrRefuse(dropped.view(), EditKind::other)) {
+            event->setDropAction(Qt::IgnoreAction); // Where it comes from it must not be taken away.
+            event->ignore();
+            return;
+        }
     }
-    m_document.setCaret(offset);
-    const std::size_t from = m_document.caret();
-    if (insertOrRefuse(dropped.view(), EditKind::other)) {
-        m_document.select(from, from + dropped.size());
-    }
-    m_document.endGroup();
+    m_document.select(from, from + dropped.size());
     setFocus(Qt::MouseFocusReason);
     ensureCaretVisible();
 }
