@@ -19,20 +19,6 @@ using kernels::Kind;
 
 namespace {
 
-std::uint8_t kindsOf(CodePointSet set) {
-    unsigned kinds = 0;
-    const auto add = [&](CodePointSet property, Kind kind) {
-        kinds |= (set & property) != 0 ? 1U << static_cast<unsigned>(kind) : 0U;
-    };
-    add(property::letter, Kind::letter);
-    add(property::mark, Kind::mark);
-    add(property::number, Kind::number);
-    add(property::punctuation, Kind::punctuation);
-    add(property::horizontalSpace | property::whiteSpace, Kind::horizontalSpace);
-    add(property::newline | property::whiteSpace, Kind::newline);
-    return static_cast<std::uint8_t>(kinds);
-}
-
 /// For each bit of `from` the first one at or above it that is not in `through`.
 constexpr std::uint64_t firstBeyond(std::uint64_t from, std::uint64_t through) {
     return ((through + (from & through)) | from) & ~through;
@@ -75,6 +61,20 @@ constexpr bool isParticular(State state) {
 }
 
 } // namespace
+
+std::uint8_t kindsOf(CodePointSet set) {
+    unsigned kinds = 0;
+    const auto add = [&](CodePointSet property, Kind kind) {
+        kinds |= (set & property) != 0 ? 1U << static_cast<unsigned>(kind) : 0U;
+    };
+    add(property::letter, Kind::letter);
+    add(property::mark, Kind::mark);
+    add(property::number, Kind::number);
+    add(property::punctuation, Kind::punctuation);
+    add(property::horizontalSpace | property::whiteSpace, Kind::horizontalSpace);
+    add(property::newline | property::whiteSpace, Kind::newline);
+    return static_cast<std::uint8_t>(kinds);
+}
 
 CharacterBlocks::CharacterBlocks(std::string_view text, CodePointSet set, State state)
     : m_position(text.data()), m_end(text.data() + text.size()), m_set(set), m_kinds{kindsOf(set), 0}, m_state(state) {

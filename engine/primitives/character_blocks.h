@@ -13,6 +13,9 @@
 
 namespace lexivore {
 
+/// The kinds that the properties in `set` belong to, one bit for each, as kernels look for them.
+[[nodiscard]] std::uint8_t kindsOf(CodePointSet set);
+
 /// A few code points of a text, with one bit for each of their bytes, the first byte in the lowest bit.
 struct CharacterBlock {
     const char *begin = nullptr;

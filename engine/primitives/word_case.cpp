@@ -5,11 +5,14 @@
 #include "engine/kernels/kernels.h"
 #include "engine/primitives/case_mapping.h"
 #include "engine/primitives/case_writing.h"
+#include "engine/primitives/character_blocks.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/utf8.h"
 #include "engine/primitives/words.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 namespace lexivore {
@@ -19,7 +22,11 @@ namespace {
 using kernels::WordCaseRules;
 using kernels::WordCaseState;
 
-/// Writes a text from left to right: long runs of ASCII by the kernel, everything else one code point at a time.
+/// The bits of `size` bytes.
+constexpr std::uint64_t bitsOfBytes(std::size_t size) { return ~std::uint64_t{0} >> (kernels::blockSize - size); }
+
+/// Writes a text from left to right: long runs of ASCII by one kernel, blocks of other text with others, and what needs
+/// a full case mapping one code point at a time.
 class WordWriter {
 public:
     WordWriter(std::string_view text, const WordCaseRules &rules)
@@ -30,19 +37,17 @@ public:
 
     void appendTo(TextBuffer &result) {
         constexpr std::size_t stretch = 4096;
-        constexpr std::size_t scratch = kernels::blockSize + longestMapping;
+        constexpr std::size_t scratch = (blocksAtOnce + 1) * kernels::blockSize * longestMapping;
         while (m_position != m_context.end) {
             const auto length = std::min(static_cast<std::size_t>(m_context.end - m_position), stretch);
             m_to = result.room(length * longestMapping + scratch);
             const char *const stretchEnd = m_position + length;
             while (m_position < stretchEnd) {
                 // The kernel looks at one byte more than it writes.
-                const auto left = static_cast<std::size_t>(m_context.end - m_position);
-                m_position += kernels::best().caseWords(m_position, std::min(left, length + 1), m_rules, m_state, m_to);
-                const auto rest = static_cast<std::size_t>(m_context.end - m_position);
-                const char *const slowEnd = m_position + std::min(rest, kernels::blockSize);
-                while (m_position < slowEnd) {
-                    writeCodePoint();
+                m_position +=
+                    kernels::best().caseWords(m_position, std::min(bytesLeft(), length + 1), m_rules, m_state, m_to);
+                if (!writeBlocks()) {
+                    writeSlowly(std::min(bytesLeft(), kernels::blockSize));
                 }
             }
             result.commit(m_to);
@@ -53,6 +58,103 @@ public:
     [[nodiscard]] bool endsInWord() const { return m_state.isInWord; }
 
 private:
+    static constexpr std::size_t blocksAtOnce = 4;
+
+    [[nodiscard]] std::size_t bytesLeft() const { return static_cast<std::size_t>(m_context.end - m_position); }
+
+    void writeSlowly(std::size_t bytes) {
+        for (const char *const end = m_position + bytes; m_position < end;) {
+            writeCodePoint();
+        }
+    }
+
+    /// False where no block can be written: in ASCII and in what is no UTF-8.
+    bool writeBlocks() {
+        static const kernels::KindSets kinds{kindsOf(alphanumerics), kindsOf(property::letter)};
+        kernels::CodePointBlock blocks[blocksAtOnce];
+        const std::size_t count = kernels::best().findCodePoints(
+            m_position, bytesLeft(), unicode_tables::characterPages, kinds, blocks, blocksAtOnce);
+        for (std::size_t i = 0; i < count; ++i) {
+            writeBlock(blocks[i]);
+        }
+        return count > 0;
+    }
+
+    /// Writes the block that begins at the position. In its masks code points have all their bytes.
+    void writeBlock(const kernels::CodePointBlock &block) {
+        const std::uint64_t inBlock = bitsOfBytes(block.size);
+        const std::uint64_t alphanumeric = wholeCodePoints(block.first, block.starts) & inBlock;
+        const std::uint64_t words =
+            alphanumeric | (m_rules.joinsOverApostrophe ? joiningApostrophes(block, alphanumeric) : 0);
+        std::uint64_t titlecased = 0;
+        std::uint64_t lowercased = words;
+        bool endsBehindLetter = false;
+        if (m_rules.capitalizes) {
+            const std::uint64_t carried = m_state.isInWord && m_state.isBehindLetter ? 1 : 0;
+            // The beginnings of words that have no letter: a bit added to each is carried through it and clears it.
+            const std::uint64_t others = words & ~wholeCodePoints(block.second, block.starts);
+            const std::uint64_t beginnings = words & ~(words << 1 | carried);
+            const std::uint64_t reached = words & ~(others & ~(others + (beginnings & others)));
+            const std::uint64_t later = block.starts & words & (reached << 1 | carried);
+            lowercased = wholeCodePoints(later, block.starts) & inBlock;
+            titlecased = wholeCodePoints(block.second & ~later, block.starts) & inBlock;
+            endsBehindLetter = (reached >> (block.size - 1) & 1U) != 0;
+        }
+        char mapped[kernels::blockSize];
+        const kernels::MappedBlock result =
+            kernels::best().mapCaseOf(m_position, bytesLeft(), titlecased, unicode_tables::titlecase.pages, lowercased,
+                                      unicode_tables::lowercase.pages, mapped);
+        if (result.specials != 0) {
+            writeSlowly(block.size);
+            return;
+        }
+        for (std::uint64_t sigmas = result.capitalSigmas & lowercased; sigmas != 0; sigmas &= sigmas - 1) {
+            const auto place = std::countr_zero(sigmas);
+            if (isFinalSigma(m_position + place, m_context)) {
+                writeFinalSigma(mapped + place);
+            }
+        }
+        std::uint64_t keep = inBlock;
+        if (m_rules.dropsSeparators) {
+            const std::uint64_t firstSeparators = ~words & (words << 1 | (m_state.isInWord ? 1U : 0U)) & inBlock;
+            keep = words | (m_rules.joiner != '\0' ? firstSeparators : 0);
+        }
+        const std::uint64_t replaced = m_rules.dropsSeparators ? ~words : 0;
+        m_to += kernels::best().compressReplacing(mapped, 1, &keep, &replaced, m_rules.joiner, m_to);
+        m_state.isInWord = (words >> (block.size - 1) & 1U) != 0;
+        m_state.isBehindAlphanumeric = (alphanumeric >> (block.size - 1) & 1U) != 0;
+        m_state.isBehindLetter = endsBehindLetter;
+        m_position += block.size;
+    }
+
+    /// The apostrophes that stand between two of the alphanumerics.
+    [[nodiscard]] std::uint64_t joiningApostrophes(const kernels::CodePointBlock &block,
+                                                   std::uint64_t alphanumeric) const {
+        std::uint64_t places =
+            block.starts & ~alphanumeric & (alphanumeric << 1 | (m_state.isBehindAlphanumeric ? 1U : 0U));
+        if (bytesLeft() >= kernels::blockSize) {
+            static const kernels::ByteClass apostrophes = []() {
+                kernels::ByteClass byteClass{kernels::AsciiSet("'")};
+                byteClass.leads[0] = 0xE2; // of U+2019
+                return byteClass;
+            }();
+            std::uint64_t ascii = 0;
+            std::uint64_t leads = 0;
+            kernels::best().classify(m_position, 1, apostrophes, &ascii, &leads);
+            places &= ascii | leads;
+        }
+        std::uint64_t joining = 0;
+        for (; places != 0; places &= places - 1) {
+            const auto place = std::countr_zero(places);
+            const DecodedCodePoint decoded = decode(m_position + place, m_context.end);
+            const char *const next = m_position + place + decoded.length;
+            if (isApostrophe(decoded.value) && startsWithAlphanumeric(next, m_context.end)) {
+                joining |= bitsOfBytes(decoded.length) << place;
+            }
+        }
+        return joining;
+    }
+
     void writeCodePoint() {
         const DecodedCodePoint decoded = decode(m_position, m_context.end);
         const char *const next = m_position + decoded.length;
