@@ -88,6 +88,33 @@ template<typename Visit> void forEachMember(MembershipScan scan, Visit &&visit) 
     }
 }
 
+/// Finds the members of an ASCII set from any place on, forwards only.
+class MemberFinder {
+public:
+    MemberFinder(std::string_view text, const kernels::AsciiSet &set)
+        : m_end(text.data() + text.size()), m_scan(text, set) {}
+
+    /// The first member at or behind `position`, which never goes back, or the end.
+    [[nodiscard]] const char *from(const char *position) {
+        while (m_block.begin == nullptr || position >= m_block.begin + m_block.size || pending(position) == 0) {
+            if (!m_scan.next(m_block)) {
+                return m_end;
+            }
+        }
+        return m_block.begin + std::countr_zero(pending(position));
+    }
+
+private:
+    [[nodiscard]] std::uint64_t pending(const char *position) const {
+        const std::uint64_t all = ~std::uint64_t{0};
+        return m_block.members & (position <= m_block.begin ? all : all << (position - m_block.begin));
+    }
+
+    const char *m_end;
+    MembershipScan m_scan;
+    MembershipScan::Block m_block;
+};
+
 /// The number of code points of `set`.
 [[nodiscard]] std::size_t memberCount(std::string_view text, CodePointSet set);
 

@@ -9,7 +9,6 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
-#include <bit>
 #include <memory>
 
 namespace lexivore {
@@ -35,33 +34,6 @@ std::optional<std::array<bool, 256>> asciiMembers(std::string_view set) {
     }
     return U_SUCCESS(status) ? std::optional(members) : std::nullopt;
 }
-
-/// Follows the places of one set's members forwards, from any place on.
-class MemberFinder {
-public:
-    MemberFinder(std::string_view text, const kernels::AsciiSet &set)
-        : m_end(text.data() + text.size()), m_scan(text, set) {}
-
-    /// The first member at or behind `position`, which never goes back, or the end.
-    const char *from(const char *position) {
-        while (m_block.begin == nullptr || position >= m_block.begin + m_block.size || pending(position) == 0) {
-            if (!m_scan.next(m_block)) {
-                return m_end;
-            }
-        }
-        return m_block.begin + std::countr_zero(pending(position));
-    }
-
-private:
-    [[nodiscard]] std::uint64_t pending(const char *position) const {
-        return position <= m_block.begin ? m_block.members
-                                         : m_block.members >> (position - m_block.begin) << (position - m_block.begin);
-    }
-
-    const char *m_end;
-    MembershipScan m_scan;
-    MembershipScan::Block m_block;
-};
 
 } // namespace
 

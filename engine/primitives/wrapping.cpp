@@ -2,11 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/wrapping.h"
 
+#include "engine/primitives/character_blocks.h"
+#include "engine/primitives/character_breaks.h"
 #include "engine/primitives/characters.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/membership_scan.h"
 #include "engine/primitives/utf8.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <utility>
 
@@ -27,6 +31,14 @@ bool isPlain(std::string_view text) {
     return others == 0;
 }
 
+/// What stands between two members of the whitespace set.
+struct Piece {
+    std::string_view text;
+    std::size_t characters = 0;    ///< Counted alone.
+    bool joinsSpaceBefore = false; ///< Its first code point joins a space that stands before it.
+    bool joinsSpaceBehind = false; ///< Its last one joins a space that stands behind it.
+};
+
 /// The line that is being filled, and the text before it.
 class LineFiller {
 public:
@@ -34,30 +46,26 @@ public:
         : m_width(width), m_textEnd(text.data() + text.size()),
           m_result(TextBuffer::withCapacity(text.size() + text.size() / 64)), m_filledEnd(text.data()) {}
 
-    void add(std::string_view piece) {
-        if (piece.data() < m_filledEnd) {
+    /// Pieces that begin before it are written already.
+    [[nodiscard]] const char *filledEnd() const { return m_filledEnd; }
+
+    void add(const Piece &piece) {
+        if (piece.text.data() < m_filledEnd) {
             return;
         }
         if (m_isLineEmpty) {
             begin(piece);
             return;
         }
-        const bool isPiecePlain = isPlain(piece);
-        CharacterCounter length;
-        count(length, piece, isPiecePlain);
-        if (m_length.count() + length.count() + 1 > m_width) {
+        if (m_length + piece.characters + 1 > m_width) {
             m_result.append(m_pending);
             m_result.append('\n');
             begin(piece);
             return;
         }
-        m_length.appendPlain(1);
-        if (isPiecePlain || !joinsSpaceBefore(piece)) {
-            m_length.appendCounted(length);
-        } else {
-            m_length.append(piece);
-        }
-        addBehindSpace(piece);
+        m_length += (m_joinsSpaceBehind ? 0U : 1U) + piece.characters - (piece.joinsSpaceBefore ? 1U : 0U);
+        m_joinsSpaceBehind = piece.joinsSpaceBehind;
+        addBehindSpace(piece.text);
     }
 
     [[nodiscard]] TextBuffer take() {
@@ -67,29 +75,21 @@ public:
     }
 
 private:
-    static void count(CharacterCounter &counter, std::string_view piece, bool isPiecePlain) {
-        if (isPiecePlain) {
-            counter.appendPlain(piece.size());
-        } else {
-            counter.append(piece);
-        }
-    }
-
     /// The piece is the first of a line.
-    void begin(std::string_view piece) {
-        m_length = {};
+    void begin(const Piece &piece) {
         m_pending = {};
         m_isLineEmpty = true;
-        if (piece.empty()) {
+        if (piece.text.empty()) {
             return;
         }
-        if (const char *const next = fillPlainLines(piece.data()); next != piece.data()) {
+        if (const char *const next = fillPlainLines(piece.text.data()); next != piece.text.data()) {
             m_filledEnd = next;
             return;
         }
-        m_pending = piece;
+        m_pending = piece.text;
         m_isLineEmpty = false;
-        count(m_length, piece, isPlain(piece));
+        m_length = piece.characters;
+        m_joinsSpaceBehind = piece.joinsSpaceBehind;
     }
 
     /// Writes whole lines of plain text, the first of which begins with a piece at `position`, and returns where the
@@ -125,26 +125,129 @@ private:
     std::size_t m_width;
     const char *m_textEnd;
     TextBuffer m_result;
-    const char *m_filledEnd;    ///< Pieces that begin before it are written.
-    std::string_view m_pending; ///< The end of the line, not copied yet.
-    CharacterCounter m_length;  ///< Of the line, counted on the whole of it.
+    const char *m_filledEnd;
+    std::string_view m_pending;      ///< The end of the line, not copied yet.
+    std::size_t m_length = 0;        ///< Of the line in characters, counted on the whole of it.
+    bool m_joinsSpaceBehind = false; ///< The last code point of the line does.
     bool m_isLineEmpty = true;
+};
+
+/// Cuts a text into pieces and counts their characters in the same pass: between two spaces they are those that they
+/// would be alone, but for a piece that joins the space before it.
+class PieceCutter {
+public:
+    PieceCutter(std::string_view text, LineFiller &filler) : m_filler(filler), m_begin(text.data()) {}
+
+    /// What stands at [begin, end) is ASCII; `isBoundary`: a character begins there.
+    void addAscii(const char *begin, const char *end, bool isBoundary) {
+        static constexpr kernels::AsciiSet spaces(" \t");
+        MemberFinder finder({begin, static_cast<std::size_t>(end - begin)}, spaces);
+        for (const char *place = begin; place != end;) {
+            const char *const space = finder.from(place);
+            if (place != space) {
+                beginAt(place, isBoundary);
+                m_characters += charactersIn(place, space) - (isBoundary ? 0U : 1U);
+                isBoundary = true;
+            }
+            place = space;
+            if (space != end) {
+                endAt(space, isBoundary);
+                // What the filler has written already need not be looked at.
+                place = m_begin = std::max(m_begin, std::min(m_filler.filledEnd(), end));
+                isBoundary = true;
+            }
+        }
+    }
+
+    void add(const CharacterBlock &block) {
+        std::size_t from = 0;
+        const auto addUpTo = [&](std::size_t to) {
+            if (from != to) {
+                beginAt(block.begin + from, (block.boundaries >> from & 1U) != 0);
+                const std::uint64_t behind = to == kernels::blockSize ? 0 : ~std::uint64_t{0} << to;
+                m_characters += static_cast<std::size_t>(std::popcount((block.boundaries & ~behind) >> from));
+            }
+        };
+        for (std::uint64_t spaces = block.members; spaces != 0; spaces &= spaces - 1) {
+            const auto space = static_cast<std::size_t>(std::countr_zero(spaces));
+            addUpTo(space);
+            endAt(block.begin + space, (block.boundaries >> space & 1U) != 0);
+            from = static_cast<std::size_t>(m_begin - block.begin);
+        }
+        addUpTo(block.size);
+    }
+
+    /// The text ends at `end`.
+    void finish(const char *end) { addPiece(end, false); }
+
+private:
+    /// All of [begin, end) is ASCII.
+    static std::size_t charactersIn(const char *begin, const char *end) {
+        auto count = static_cast<std::size_t>(end - begin);
+        for (const char *place = begin + 1; place < end; ++place) {
+            count -= (place[-1] == '\r') & (*place == '\n') ? 1U : 0U;
+        }
+        return count;
+    }
+
+    /// There is more of the piece at `place`.
+    void beginAt(const char *place, bool isBoundary) {
+        if (place == m_begin && !isBoundary) {
+            m_joinsBefore = true;
+            ++m_characters; // counted alone it has its first character
+        }
+    }
+
+    void endAt(const char *space, bool isBoundary) {
+        // A tab is apart from everything, but it becomes a space.
+        const bool isTab = *space == '\t';
+        const bool joinsBehind = isTab ? space != m_begin && endsInPrepended({m_begin, space}) : !isBoundary;
+        addPiece(space, joinsBehind);
+        m_begin = space + (isAscii(*space) ? 1 : static_cast<unsigned char>(*space) == 0xC2 ? 2 : 3);
+        m_isBehindTab = isTab;
+        m_characters = 0;
+        m_joinsBefore = false;
+    }
+
+    void addPiece(const char *end, bool joinsBehind) {
+        const std::string_view text(m_begin, static_cast<std::size_t>(end - m_begin));
+        const bool joinsBefore =
+            m_isBehindTab && !text.empty() && !isAscii(text[0]) ? lexivore::joinsSpaceBefore(text) : m_joinsBefore;
+        m_filler.add({text, m_characters, joinsBefore, joinsBehind});
+    }
+
+    static bool endsInPrepended(std::string_view piece) {
+        const DecodedCodePoint last = decodeBefore(piece.data(), piece.data() + piece.size());
+        using character_breaks::State;
+        return character_breaks::transition(State::begin, last.value).next == State::prepend;
+    }
+
+    LineFiller &m_filler;
+    const char *m_begin; ///< Of the piece.
+    std::size_t m_characters = 0;
+    bool m_joinsBefore = false;
+    bool m_isBehindTab = false;
 };
 
 } // namespace
 
 TextBuffer wrapText(std::string_view text, std::size_t width) {
     LineFiller filler(text, width);
+    PieceCutter cutter(text, filler);
+    CharacterBlocks blocks(text, whitespace);
     const char *const end = text.data() + text.size();
-    const char *pieceBegin = text.data();
-    const auto addPiece = [&](const char *pieceEnd) {
-        filler.add(std::string_view(pieceBegin, static_cast<std::size_t>(pieceEnd - pieceBegin)));
-    };
-    forEachMember(MembershipScan(text, whitespace, MembershipScan::Mark::firstByte), [&](const char *space) {
-        addPiece(space);
-        pieceBegin = space + decode(space, end).length;
-    });
-    addPiece(end);
+    while (!blocks.isAtEnd()) {
+        if (const char *const position = blocks.position(); isAscii(*position)) {
+            const char *const runEnd = asciiRunEnd(position, end);
+            const auto first = static_cast<unsigned char>(*position);
+            cutter.addAscii(position, runEnd, character_breaks::transition(blocks.state(), first).isBoundary);
+            blocks.passAscii(runEnd);
+        }
+        for (CharacterBlock block; blocks.next(block);) {
+            cutter.add(block);
+        }
+    }
+    cutter.finish(end);
     return filler.take();
 }
 
