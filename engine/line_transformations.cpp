@@ -21,24 +21,68 @@ std::vector<TransformationParameter> textToFindParameter(std::string placeholder
     return {{"text", "Text to find", "", std::move(placeholder)}};
 }
 
-/// The lines that contain `part`, or those that do not. The whole text is searched once, not each line.
-TextBuffer filterLinesContaining(std::string_view text, std::string_view part, bool keepsContaining) {
+/// Where `part` first stands in the text that ends at `end` and begins at `position`, or `end`.
+const char *findPart(const char *position, const char *end, std::string_view part) {
+    const std::size_t found = findBytes({position, static_cast<std::size_t>(end - position)}, part);
+    return found == std::string_view::npos ? end : position + found;
+}
+
+/// No line has a part that holds a newline character.
+bool canBeInALine(std::string_view part) { return lineCount(part) == 1; }
+
+/// The lines without `part`. The whole text is searched once, not each line.
+TextBuffer linesWithout(std::string_view text, std::string_view part) {
     const char *const end = text.data() + text.size();
-    const auto findFrom = [&](const char *position) {
-        const std::string_view rest(position, static_cast<std::size_t>(end - position));
-        const std::size_t found = findBytes(rest, part);
-        return found == std::string_view::npos ? end : position + found;
-    };
-    // A match cannot reach over the end of a line unless the part holds a newline character, and then no line has it.
-    const char *match = lineCount(part) > 1 ? end : findFrom(text.data());
+    const char *match = canBeInALine(part) ? findPart(text.data(), end, part) : end;
     return filterLines(text, [&](std::string_view line) {
         const char *const lineEnd = line.data() + line.size();
         const bool contains = match < lineEnd;
         if (contains) {
-            match = findFrom(lineEnd);
+            match = findPart(lineEnd, end, part);
         }
-        return contains == keepsContaining;
+        return !contains;
     });
+}
+
+/// The lines with `part`. Those between them are not even looked for.
+TextBuffer linesWith(std::string_view text, std::string_view part) {
+    Joiner joiner("\n", 0);
+    const char *const end = text.data() + text.size();
+    const char *match = canBeInALine(part) ? findPart(text.data(), end, part) : end;
+    while (match != end) {
+        const char *const lineBegin = lineBeginAt(text.data(), match);
+        const NewlineMatch newline = findNewline(match + part.size(), end);
+        joiner.add({lineBegin, static_cast<std::size_t>(newline.position - lineBegin)});
+        match = findPart(newline.position + newline.length, end, part);
+    }
+    return joiner.take();
+}
+
+/// The lines that begin with `part`: searched for as long as it seldom stands elsewhere, then looked at one by one.
+TextBuffer linesBeginningWith(std::string_view text, std::string_view part) {
+    constexpr std::size_t bytesWorthAMiss = 256;
+    Joiner joiner("\n", 0);
+    const char *const end = text.data() + text.size();
+    const char *match = canBeInALine(part) ? findPart(text.data(), end, part) : end;
+    std::size_t misses = 0;
+    while (match != end && misses * bytesWorthAMiss <= static_cast<std::size_t>(match - text.data()) + 4096) {
+        const bool isHit = isLineBegin(text.data(), match);
+        const NewlineMatch newline = findNewline(match + part.size(), end);
+        if (isHit) {
+            joiner.add({match, static_cast<std::size_t>(newline.position - match)});
+        }
+        misses += isHit ? 0 : 1;
+        match = findPart(newline.position + newline.length, end, part);
+    }
+    if (match != end) {
+        const char *const lineBegin = lineBeginAt(text.data(), match);
+        forEachLine({lineBegin, static_cast<std::size_t>(end - lineBegin)}, [&](std::string_view line) {
+            if (line.starts_with(part)) {
+                joiner.add(line);
+            }
+        });
+    }
+    return joiner.take();
 }
 
 /// The value of "count", which four transformations read.
@@ -126,7 +170,7 @@ std::vector<TransformationParameter> DeleteLinesContainingTransformation::parame
 }
 
 TextBuffer DeleteLinesContainingTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    return filterLinesContaining(text, textToFind(parameters), false);
+    return linesWithout(text, textToFind(parameters));
 }
 
 std::vector<TransformationParameter> DeleteLinesStartingWithTransformation::parameters() const {
@@ -143,7 +187,7 @@ std::vector<TransformationParameter> KeepLinesContainingTransformation::paramete
 }
 
 TextBuffer KeepLinesContainingTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    return filterLinesContaining(text, textToFind(parameters), true);
+    return linesWith(text, textToFind(parameters));
 }
 
 std::vector<TransformationParameter> KeepLinesStartingWithTransformation::parameters() const {
@@ -151,8 +195,7 @@ std::vector<TransformationParameter> KeepLinesStartingWithTransformation::parame
 }
 
 TextBuffer KeepLinesStartingWithTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    const std::string_view part = textToFind(parameters);
-    return filterLines(text, [part](std::string_view line) { return line.starts_with(part); });
+    return linesBeginningWith(text, textToFind(parameters));
 }
 
 std::vector<TransformationParameter> DeleteFirstNLinesTransformation::parameters() const {

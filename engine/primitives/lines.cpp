@@ -68,6 +68,26 @@ NewlineMatch findNewline(const char *position, const char *end) {
     return {end, 0};
 }
 
+bool isLineBegin(const char *textBegin, const char *position) {
+    if (position == textBegin) {
+        return true;
+    }
+    const auto last = static_cast<unsigned char>(position[-1]);
+    if (last < 0x80) {
+        return last >= 0x0A && last <= 0x0D;
+    }
+    const auto length = static_cast<std::size_t>(position - textBegin);
+    return (length >= 2 && newlineAt(position - 2, position).length == 2) ||
+           (length >= 3 && newlineAt(position - 3, position).length == 3);
+}
+
+const char *lineBeginAt(const char *textBegin, const char *position) {
+    while (!isLineBegin(textBegin, position)) {
+        --position;
+    }
+    return position;
+}
+
 std::size_t lineCount(std::string_view text) { return memberCount(text, newlines) + 1; }
 
 const char *findNewlineNumber(std::string_view text, std::uint64_t index) {

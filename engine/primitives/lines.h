@@ -21,6 +21,12 @@ struct NewlineMatch {
 /// The first character of the newline set at or behind `position`.
 [[nodiscard]] NewlineMatch findNewline(const char *position, const char *end);
 
+/// True at the beginning of the text and where a newline character ends: a line begins at `position`.
+[[nodiscard]] bool isLineBegin(const char *textBegin, const char *position);
+
+/// Where the line that `position` lies in begins. Costs the length of what stands before it in its line.
+[[nodiscard]] const char *lineBeginAt(const char *textBegin, const char *position);
+
 /// The length in bytes of the newline character that begins at `position`.
 [[nodiscard]] constexpr std::size_t newlineLength(const char *position) {
     return isAscii(*position) ? 1 : static_cast<unsigned char>(*position) == 0xC2 ? 2 : 3;

@@ -317,6 +317,22 @@ INSTANTIATE_TEST_SUITE_P(ExtractLines, TransformationRule, rulesOf("extract-line
 INSTANTIATE_TEST_SUITE_P(ExtractLinesStart, TransformationRule,
                          rulesOf("extract-lines-range", badNumbers("start", badStart)), ruleAsName);
 
+/// Enough lines that the text is found at their beginnings, then within them, that both ways of looking are gone.
+TEST(KeepLinesStartingWith, KeepsTheSameLinesHoweverOftenTheTextStandsElsewhere) {
+    const char *const lineEnds[] = {"\n", "\r\n", "\u2028", "\u0085"};
+    std::string text;
+    std::string expected;
+    for (int i = 0; i < 3000; ++i) {
+        const bool isHit = i % 7 == 3;
+        const std::string line = (isHit ? "the " : i % 2 == 0 && i > 1000 ? "of the the " : "of ") + std::to_string(i);
+        text += line + lineEnds[i / 3 % 4];
+        expected += isHit ? (expected.empty() ? "" : "\n") + line : "";
+    }
+    const TransformationPointer keep = findTransformation(makeCatalog(), "keep-lines-starting");
+    EXPECT_EQ(outcomeOf(*keep, text, {{"text", "the"}}).text, expected);
+    EXPECT_EQ(outcomeOf(*keep, "the" + text, {{"text", "the"}}).text, "theof 0\n" + expected);
+}
+
 const Case joinLines[] = {
     {"with the separator between the lines", "a\nb", {{"separator", " | "}}, "a | b"},
     {"empty lines too", "a\n\nb", {{"separator", ", "}}, "a, , b"},

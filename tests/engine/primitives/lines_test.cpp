@@ -136,6 +136,23 @@ TEST(Trimmed, LeavesEverythingElse) {
     EXPECT_EQ(trimmed(" \0 "s), "\0"s);
 }
 
+TEST(Lines, BeginBehindEveryNewlineCharacterAndAtTheText) {
+    for (const std::string_view newline : newlineCharacters) {
+        const std::string text = "a" + std::string(newline) + "bcd";
+        const char *const begin = text.data() + 1 + newline.size();
+        EXPECT_TRUE(isLineBegin(text.data(), text.data()));
+        EXPECT_TRUE(isLineBegin(text.data(), begin));
+        EXPECT_FALSE(isLineBegin(text.data(), begin + 1));
+        EXPECT_EQ(lineBeginAt(text.data(), begin), begin);
+        EXPECT_EQ(lineBeginAt(text.data(), begin + 2), begin);
+        EXPECT_EQ(lineBeginAt(text.data(), text.data() + 1), text.data());
+    }
+    for (const std::string_view lookalike : lookalikes) {
+        const std::string text = std::string(lookalike) + "a";
+        EXPECT_EQ(lineBeginAt(text.data(), text.data() + lookalike.size()), text.data());
+    }
+}
+
 TEST(Trimmed, LeavesNothingOfSpacesAlone) {
     EXPECT_EQ(trimmed(" \t\u3000"), "");
     EXPECT_EQ(trimmed({}), "");
