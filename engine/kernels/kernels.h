@@ -203,6 +203,10 @@ struct Kernels {
     void (*encodeHexadecimal)(const char *from, std::size_t size, char *to);
     /// A byte for each two digits; false when there is anything but digits. `to` may be what is read.
     bool (*decodeHexadecimal)(const char *from, std::size_t pairs, char *to);
+    /// A byte for each "%" and the two hexadecimal digits behind it, everything else as it is; returns how many bytes
+    /// it wrote. Not valid when there is a "%" without digits. Up to 64 bytes behind what it writes are overwritten
+    /// too.
+    std::size_t (*decodePercent)(const char *from, std::size_t size, char *to, bool &isValid);
     /// The bytes in reverse order; `to` is other memory.
     void (*reverse)(const char *from, std::size_t size, char *to);
     /// Base64 digits of as many groups of three bytes as it takes at once; returns how many bytes it read.

@@ -3,7 +3,6 @@
 #include "engine/primitives/codecs.h"
 
 #include "engine/kernels/kernels.h"
-#include "engine/primitives/membership_scan.h"
 #include "engine/primitives/replacement.h"
 
 #include <array>
@@ -15,7 +14,6 @@ namespace lexivore {
 namespace {
 
 constexpr std::string_view base64Alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-constexpr std::string_view lowercaseDigits = "0123456789abcdef";
 constexpr std::string_view uppercaseDigits = "0123456789ABCDEF";
 
 constexpr std::uint8_t noValue = 0xFF;
@@ -35,16 +33,6 @@ constexpr ValueTable makeValues(std::string_view digits) {
 
 constexpr ValueTable base64Values = makeValues(base64Alphabet);
 
-constexpr ValueTable makeHexadecimalValues() {
-    ValueTable values = makeValues(lowercaseDigits);
-    for (std::size_t i = 10; i < uppercaseDigits.size(); ++i) {
-        values[indexOf(uppercaseDigits[i])] = static_cast<std::uint8_t>(i);
-    }
-    return values;
-}
-
-constexpr ValueTable hexadecimalValues = makeHexadecimalValues();
-
 /// Two characters for each of `count` values, so that they are looked up and written together.
 template<std::size_t count> using PairTable = std::array<std::array<char, 2>, count>;
 
@@ -57,31 +45,30 @@ template<std::size_t count> constexpr PairTable<count> makePairs(std::string_vie
 }
 
 constexpr auto base64Pairs = makePairs<4096>(base64Alphabet);
-constexpr auto uppercasePairs = makePairs<256>(uppercaseDigits);
 
-/// Everything that may not stand in the query component of a URL as itself.
-constexpr kernels::ByteClass makeEscapedInQuery() {
+/// What is written for a byte in the query component of a URL.
+struct InQuery {
+    std::array<char, 4> text{}; ///< The fourth is there so that they are copied at once.
+    std::uint8_t length = 1;
+};
+constexpr std::size_t longestInQuery = 4;
+
+constexpr std::array<InQuery, 256> makeInQuery() {
     constexpr std::string_view allowed = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
                                          "-._~!$&'()*+,;=:@/?";
-    kernels::ByteClass escaped;
-    for (int byte = 0; byte < 0x80; ++byte) {
-        const char character = static_cast<char>(byte);
-        if (allowed.find(character) == std::string_view::npos) {
-            escaped.ascii.add(character);
+    std::array<InQuery, 256> table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte) {
+        const char character = static_cast<char>(static_cast<unsigned char>(byte));
+        if (allowed.find(character) != std::string_view::npos) {
+            table[byte].text[0] = character;
+        } else {
+            table[byte] = {{'%', uppercaseDigits[byte >> 4], uppercaseDigits[byte & 0x0F]}, 3};
         }
     }
-    escaped.takesEveryNonAsciiByte = true;
-    return escaped;
+    return table;
 }
 
-constexpr kernels::ByteClass escapedInQuery = makeEscapedInQuery();
-
-/// The byte that two hexadecimal digits give, or a value over 0xFF.
-unsigned hexadecimalByte(char high, char low) {
-    const unsigned highValue = hexadecimalValues[indexOf(high)];
-    const unsigned lowValue = hexadecimalValues[indexOf(low)];
-    return highValue == noValue || lowValue == noValue ? 0x100U : highValue << 4 | lowValue;
-}
+constexpr std::array<InQuery, 256> inQuery = makeInQuery();
 
 } // namespace
 
@@ -176,41 +163,32 @@ std::optional<TextBuffer> decodeHexadecimal(std::string_view text) {
 }
 
 TextBuffer encodePercent(std::string_view bytes) {
+    constexpr std::size_t stretch = 4096;
     TextBuffer result = TextBuffer::withCapacity(bytes.size() + bytes.size() / 2);
-    const char *plainBegin = bytes.data();
-    const auto appendPlain = [&](const char *plainEnd) {
-        result.append(std::string_view(plainBegin, static_cast<std::size_t>(plainEnd - plainBegin)));
-    };
-    forEachMember(MembershipScan(bytes, escapedInQuery), [&](const char *escaped) {
-        appendPlain(escaped);
-        const std::array<char, 2> digits = uppercasePairs[indexOf(*escaped)];
-        result.append(std::string_view(std::array{'%', digits[0], digits[1]}.data(), 3));
-        plainBegin = escaped + 1;
-    });
-    appendPlain(bytes.data() + bytes.size());
+    while (!bytes.empty()) {
+        const std::string_view some = bytes.substr(0, stretch);
+        char *to = result.room(some.size() * longestInQuery);
+        for (const char byte : some) {
+            // All of them at once, however many count: no byte needs a decision.
+            const InQuery &written = inQuery[indexOf(byte)];
+            std::memcpy(to, written.text.data(), written.text.size());
+            to += written.length;
+        }
+        result.commit(to);
+        bytes.remove_prefix(some.size());
+    }
     result.shrink();
     return result;
 }
 
 std::optional<TextBuffer> decodePercent(std::string_view text) {
     TextBuffer result;
-    char *to = result.room(text.size());
-    while (!text.empty()) {
-        const std::size_t percent = text.find('%');
-        const std::string_view plain = text.substr(0, percent);
-        to += plain.copy(to, plain.size());
-        if (percent == std::string_view::npos) {
-            break;
-        }
-        const unsigned byte =
-            text.size() - percent >= 3 ? hexadecimalByte(text[percent + 1], text[percent + 2]) : 0x100U;
-        if (byte > 0xFF) {
-            return std::nullopt;
-        }
-        *to++ = static_cast<char>(static_cast<unsigned char>(byte));
-        text.remove_prefix(percent + 3);
+    char *const to = result.room(text.size() + kernels::blockSize);
+    bool isValid = false;
+    result.commit(to + kernels::best().decodePercent(text.data(), text.size(), to, isValid));
+    if (!isValid) {
+        return std::nullopt;
     }
-    result.commit(to);
     result.shrink();
     return result;
 }

@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -181,6 +183,57 @@ TEST(CodecKernels, HexadecimalDecodingFindsEveryOtherByte) {
 }
 
 constexpr std::string_view base64Alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+
+/// What percent coding says, one byte after the other; nothing when a "%" has no two digits behind it.
+std::optional<std::string> plainPercentDecoded(std::string_view text) {
+    const auto valueOf = [](char digit) { return std::string_view("0123456789abcdef").find(digit | 0x20); };
+    const auto isDigit = [](char digit) { return std::isxdigit(static_cast<unsigned char>(digit)) != 0; };
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '%') {
+            result += text[i];
+        } else if (text.size() - i < 3 || !isDigit(text[i + 1]) || !isDigit(text[i + 2])) {
+            return std::nullopt;
+        } else {
+            result += static_cast<char>(static_cast<unsigned char>(valueOf(text[i + 1]) << 4 | valueOf(text[i + 2])));
+            i += 2;
+        }
+    }
+    return result;
+}
+
+TEST(CodecKernels, PercentDecodingEqualsThePlainLoop) {
+    std::mt19937 random(seed);
+    const std::string digits = "0123456789abcdefABCDEF";
+    const std::string others = "gG/:@`%\x19 \x80\xFFz";
+    for (std::size_t round = 0; round < 4000; ++round) {
+        std::string text;
+        const unsigned densePercents = random() % 2 == 0 ? 2 : 20;
+        for (std::size_t left = random() % 150; left > 0; --left) {
+            if (random() % densePercents == 0) {
+                text += {'%', digits[random() % digits.size()], digits[random() % digits.size()]};
+            } else {
+                text += static_cast<char>(random() % 256);
+                text.back() = text.back() == '%' ? 'a' : text.back();
+            }
+        }
+        if (round % 2 == 0 && !text.empty()) { // break something, perhaps
+            text[random() % text.size()] = others[random() % others.size()];
+            text.resize(text.size() - random() % 2);
+        }
+        const ExactCopy copy(text, round % blockSize);
+        const std::optional<std::string> expected = plainPercentDecoded(text);
+        onAllKernels([&](const Kernels &kernels) {
+            std::string result(text.size() + blockSize, '#');
+            bool isValid = false;
+            result.resize(kernels.decodePercent(copy.data(), text.size(), result.data(), isValid));
+            ASSERT_EQ(isValid, expected.has_value()) << testing::PrintToString(text);
+            if (isValid) {
+                ASSERT_EQ(result, *expected) << testing::PrintToString(text);
+            }
+        });
+    }
+}
 
 TEST(CodecKernels, Base64DigitsOfWholeGroups) {
     std::mt19937 random(seed);
