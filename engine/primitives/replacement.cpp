@@ -5,7 +5,9 @@
 #include "engine/primitives/byte_search.h"
 #include "engine/primitives/membership_scan.h"
 
+#include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace lexivore {
 
@@ -50,16 +52,31 @@ TextBuffer removeCharacters(std::string_view text, const kernels::AsciiSet &set)
 
 TextBuffer escapeCharacters(std::string_view text, const EscapeTable &table) {
     TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 8);
-    const char *plainBegin = text.data();
-    const auto appendPlain = [&](const char *plainEnd) {
-        result.append(std::string_view(plainBegin, static_cast<std::size_t>(plainEnd - plainBegin)));
-    };
-    forEachMember(MembershipScan(text, table.characters()), [&](const char *escaped) {
-        appendPlain(escaped);
-        result.append(table[*escaped]);
-        plainBegin = escaped + 1;
-    });
-    appendPlain(text.data() + text.size());
+    MembershipScan scan(text, table.characters());
+    const char *const end = text.data() + text.size();
+    for (MembershipScan::Block block; scan.next(block);) {
+        char *to = result.room(block.size * EscapeTable::longest + kernels::blockSize);
+        const char *plainBegin = block.begin;
+        // Whole blocks are copied, however little of them is wanted, as long as the text has so much.
+        const auto copyPlain = [&](std::size_t size) {
+            if (end - plainBegin >= std::ptrdiff_t{kernels::blockSize}) {
+                std::memcpy(to, plainBegin, kernels::blockSize);
+            } else {
+                std::memcpy(to, plainBegin, size);
+            }
+            to += size;
+        };
+        for (std::uint64_t left = block.members; left != 0; left &= left - 1) {
+            const char *const escaped = block.begin + std::countr_zero(left);
+            copyPlain(static_cast<std::size_t>(escaped - plainBegin));
+            const EscapeTable::Replacement &replacement = table[*escaped];
+            std::memcpy(to, replacement.text.data(), replacement.text.size());
+            to += replacement.length;
+            plainBegin = escaped + 1;
+        }
+        copyPlain(static_cast<std::size_t>(block.begin + block.size - plainBegin));
+        result.commit(to);
+    }
     result.shrink();
     return result;
 }

@@ -6,6 +6,8 @@
 #include "engine/text_buffer.h"
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <string_view>
 
@@ -20,19 +22,29 @@ namespace lexivore {
 /// One ASCII character and what is written for it.
 struct Escape {
     char character;
-    std::string_view replacement;
+    std::string_view replacement; ///< At most EscapeTable::longest bytes.
 };
 
 /// What is written for each of some ASCII characters.
 class EscapeTable {
 public:
+    static constexpr std::size_t longest = 7;
+
+    struct Replacement {
+        std::array<char, longest> text{}; ///< Zeros behind its length, so that all can be copied at once.
+        std::uint8_t length = 0;
+    };
+
     constexpr EscapeTable(std::initializer_list<Escape> escapes) {
         for (const Escape &escape : escapes) {
             m_characters.add(escape.character);
-            m_replacements[static_cast<unsigned char>(escape.character)] = escape.replacement;
+            Replacement &replacement = m_replacements[static_cast<unsigned char>(escape.character)];
+            for (const char byte : escape.replacement) {
+                replacement.text[replacement.length++] = byte;
+            }
         }
     }
-    [[nodiscard]] constexpr std::string_view operator[](char byte) const {
+    [[nodiscard]] constexpr const Replacement &operator[](char byte) const {
         return m_replacements[static_cast<unsigned char>(byte)];
     }
 
@@ -40,7 +52,7 @@ public:
 
 private:
     kernels::AsciiSet m_characters;
-    std::array<std::string_view, 256> m_replacements{};
+    std::array<Replacement, 128> m_replacements{};
 };
 
 /// `text` with every character of the table replaced, in one pass.
