@@ -84,11 +84,6 @@ private:
             return m_document.undo();
         case 'U':
             return m_document.redo();
-        case 'g':
-            m_document.beginGroup();
-            (void)m_document.insert(wellFormed(m_input.field()));
-            replace();
-            return m_document.endGroup();
         case 'x':
             return setText(m_input.field());
         case 'n':

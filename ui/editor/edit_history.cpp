@@ -31,17 +31,8 @@ bool beginsAnew(const Text &typedBefore, const Text &typed) {
 
 void EditHistory::push(EditStep step, EditKind kind) {
     m_redo.clear();
-    if (m_groupDepth > 0) {
-        if (!m_groupHasEntry) {
-            m_undo.emplace_back();
-            m_groupHasEntry = true;
-        }
-        m_undo.back().push_back(std::move(step));
-        m_isOpen = false;
-        return;
-    }
     if (mergesWithLast(step, kind)) {
-        EditStep &last = m_undo.back().back();
+        EditStep &last = m_undo.back();
         if (kind == EditKind::typing) {
             last.removed = last.removed.replaced(last.removed.size(), 0, step.removed);
             last.inserted = last.inserted.replaced(last.inserted.size(), 0, step.inserted);
@@ -55,8 +46,7 @@ void EditHistory::push(EditStep step, EditKind kind) {
         last.anchorAfter = step.anchorAfter;
         return;
     }
-    m_undo.emplace_back();
-    m_undo.back().push_back(std::move(step));
+    m_undo.push_back(std::move(step));
     m_lastKind = kind;
     m_isOpen = kind != EditKind::other;
 }
@@ -65,7 +55,7 @@ bool EditHistory::mergesWithLast(const EditStep &step, EditKind kind) const {
     if (!m_isOpen || kind != m_lastKind || m_undo.empty()) {
         return false;
     }
-    const EditStep &last = m_undo.back().back();
+    const EditStep &last = m_undo.back();
     switch (kind) {
     case EditKind::typing:
         return step.offset == last.offset + last.inserted.size() && !beginsAnew(last.inserted, step.inserted);
@@ -79,26 +69,13 @@ bool EditHistory::mergesWithLast(const EditStep &step, EditKind kind) const {
     return false;
 }
 
-void EditHistory::beginGroup() {
-    if (m_groupDepth++ == 0) {
-        m_groupHasEntry = false;
-    }
-}
-
-void EditHistory::endGroup() {
-    assert(m_groupDepth > 0);
-    --m_groupDepth;
-    m_isOpen = false;
-}
-
 void EditHistory::clear() {
     m_undo.clear();
     m_redo.clear();
     m_isOpen = false;
-    m_groupHasEntry = false;
 }
 
-EditHistory::Entry EditHistory::undo() {
+EditStep EditHistory::undo() {
     assert(canUndo());
     m_isOpen = false;
     m_redo.push_back(std::move(m_undo.back()));
@@ -106,7 +83,7 @@ EditHistory::Entry EditHistory::undo() {
     return m_redo.back();
 }
 
-EditHistory::Entry EditHistory::redo() {
+EditStep EditHistory::redo() {
     assert(canRedo());
     m_isOpen = false;
     m_undo.push_back(std::move(m_redo.back()));

@@ -31,32 +31,25 @@ struct EditStep {
 /// Undo and redo of edits.
 class EditHistory {
 public:
-    /// Steps undone together, in the order in which they were made.
-    using Entry = std::vector<EditStep>;
-
     /// A step that was made. Whatever could be redone cannot be any more.
     void push(EditStep step, EditKind kind);
-    void beginGroup();
-    void endGroup();
-    /// The next step starts an entry of its own, outside of groups.
+    /// The next step is undone on its own.
     void close() { m_isOpen = false; }
     void clear();
 
     [[nodiscard]] bool canUndo() const { return !m_undo.empty(); }
     [[nodiscard]] bool canRedo() const { return !m_redo.empty(); }
-    /// The entry to undo or redo, moved to the other side. There must be one.
-    [[nodiscard]] Entry undo();
-    [[nodiscard]] Entry redo();
+    /// What to undo or redo, moved to the other side. There must be something.
+    [[nodiscard]] EditStep undo();
+    [[nodiscard]] EditStep redo();
 
 private:
     [[nodiscard]] bool mergesWithLast(const EditStep &step, EditKind kind) const;
 
-    std::vector<Entry> m_undo;
-    std::vector<Entry> m_redo;
+    std::vector<EditStep> m_undo; ///< Each with what was merged into it.
+    std::vector<EditStep> m_redo;
     EditKind m_lastKind = EditKind::other;
     bool m_isOpen = false;
-    int m_groupDepth = 0;
-    bool m_groupHasEntry = false;
 };
 
 } // namespace lexivore

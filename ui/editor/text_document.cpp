@@ -238,11 +238,9 @@ void TextDocument::undo() {
         return;
     }
     const bool couldRedo = canRedo();
-    const EditHistory::Entry entry = m_history.undo();
-    for (auto step = entry.rbegin(); step != entry.rend(); ++step) {
-        apply({step->offset, step->inserted, step->removed, step->caretAfter, step->anchorAfter, step->caretBefore,
-               step->anchorBefore});
-    }
+    const EditStep step = m_history.undo();
+    apply({step.offset, step.inserted, step.removed, step.caretAfter, step.anchorAfter, step.caretBefore,
+           step.anchorBefore});
     announceHistory(true, couldRedo);
 }
 
@@ -251,10 +249,7 @@ void TextDocument::redo() {
         return;
     }
     const bool couldUndo = canUndo();
-    const EditHistory::Entry entry = m_history.redo();
-    for (const EditStep &step : entry) {
-        apply(step);
-    }
+    apply(m_history.redo());
     announceHistory(couldUndo, true);
 }
 

@@ -82,6 +82,8 @@ public:
         std::size_t end = 0;
     };
     [[nodiscard]] Range wordAround(std::size_t offset) const;
+    /// The sentence that holds `offset`, with the spaces behind it, as far as it lies within the line.
+    [[nodiscard]] Range sentenceAround(std::size_t offset) const;
     /// The first byte of the line, and where its line break (or the text) ends or begins.
     [[nodiscard]] std::size_t lineBegin(std::size_t offset) const;
     [[nodiscard]] std::size_t lineEnd(std::size_t offset) const;
@@ -98,9 +100,6 @@ public:
     /// Replaces the selection, or inserts at the caret.
     bool insert(std::string_view inserted, EditKind kind = EditKind::other);
     void remove(std::size_t offset, std::size_t length, EditKind kind = EditKind::other);
-    /// Between these two, edits are undone as one. They nest.
-    void beginGroup() { m_history.beginGroup(); }
-    void endGroup() { m_history.endGroup(); }
     /// What is typed next is undone on its own.
     void closeTyping() { m_history.close(); }
 

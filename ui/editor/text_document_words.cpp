@@ -38,6 +38,26 @@ struct Window {
     }
 };
 
+TextDocument::Range pieceAround(const TextDocument &document, std::size_t offset,
+                                QTextBoundaryFinder::BoundaryType type) {
+    offset = document.boundaryAt(offset);
+    const std::size_t end = document.lineEnd(offset);
+    if (document.lineBegin(offset) == end) {
+        return {offset, offset};
+    }
+    const std::size_t inside = offset == end ? document.previousCharacter(offset) : offset;
+    const Window window(document, inside);
+    QTextBoundaryFinder finder(type, window.text);
+    const qsizetype unit = window.unitAt(document, inside);
+    finder.setPosition(unit);
+    const qsizetype first = finder.isAtBoundary() ? unit : finder.toPreviousBoundary();
+    finder.setPosition(unit);
+    const qsizetype last = finder.toNextBoundary();
+    return {document.boundaryAt(window.offsetOf(document, std::max<qsizetype>(first, 0))),
+            document.boundaryAt(window.offsetOf(document, last == -1 ? window.text.size() : last),
+                                TextDocument::Side::behind)};
+}
+
 } // namespace
 
 std::size_t TextDocument::nextWord(std::size_t offset) const {
@@ -73,22 +93,11 @@ std::size_t TextDocument::previousWord(std::size_t offset) const {
 }
 
 TextDocument::Range TextDocument::wordAround(std::size_t offset) const {
-    offset = boundaryAt(offset);
-    const std::size_t begin = lineBegin(offset);
-    const std::size_t end = lineEnd(offset);
-    if (begin == end) {
-        return {offset, offset};
-    }
-    const std::size_t inside = offset == end ? previousCharacter(offset) : offset;
-    const Window window(*this, inside);
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Word, window.text);
-    const qsizetype unit = window.unitAt(*this, inside);
-    finder.setPosition(unit);
-    const qsizetype first = finder.isAtBoundary() ? unit : finder.toPreviousBoundary();
-    finder.setPosition(unit);
-    const qsizetype last = finder.toNextBoundary();
-    return {boundaryAt(window.offsetOf(*this, std::max<qsizetype>(first, 0))),
-            boundaryAt(window.offsetOf(*this, last == -1 ? window.text.size() : last), Side::behind)};
+    return pieceAround(*this, offset, QTextBoundaryFinder::Word);
+}
+
+TextDocument::Range TextDocument::sentenceAround(std::size_t offset) const {
+    return pieceAround(*this, offset, QTextBoundaryFinder::Sentence);
 }
 
 } // namespace lexivore

@@ -168,8 +168,15 @@ TextDocument::Range TextEditorAccessible::rangeAround(std::size_t offset, QAcces
         return {layout.rowBegin(row), layout.isWrapped(row) ? end : text.nextCharacter(end)};
     }
     case QAccessible::SentenceBoundary:
-    case QAccessible::ParagraphBoundary:
-        return {text.lineBegin(offset), text.nextLineBegin(offset)};
+        return offset == text.lineEnd(offset) ? TextDocument::Range{offset, text.nextCharacter(offset)}
+                                              : text.sentenceAround(offset);
+    case QAccessible::ParagraphBoundary: {
+        // An endless one is given out in stretches.
+        const std::size_t begin = text.lineBegin(offset);
+        const std::size_t stretch = begin + (offset - begin) / largestValue * largestValue;
+        return {text.boundaryAt(stretch),
+                std::min(text.nextLineBegin(offset), text.boundaryAt(stretch + largestValue))};
+    }
     case QAccessible::NoBoundary:
         break;
     }

@@ -283,18 +283,6 @@ TEST(TextDocument, UndoesTypingWordByWord) {
     EXPECT_EQ(bytesOf(document.text()), "one ");
 }
 
-TEST(TextDocument, UndoesAGroupAsOne) {
-    TextDocument document;
-    document.setText(Text(std::string_view("abc")));
-    document.beginGroup();
-    document.remove(0, 1);
-    document.replace(2, 0, "x");
-    document.endGroup();
-    EXPECT_EQ(bytesOf(document.text()), "bcx");
-    document.undo();
-    EXPECT_EQ(bytesOf(document.text()), "abc");
-}
-
 TEST(TextDocument, NeverStopsInsideACrLf) {
     TextDocument document;
     document.setText(Text(std::string_view("a\r\nb")));
@@ -337,6 +325,17 @@ TEST(TextDocument, MovesByWords) {
     EXPECT_EQ(document.previousWord(10), 5U);
     EXPECT_EQ(document.wordAround(6).begin, 5U);
     EXPECT_EQ(document.wordAround(6).end, 8U);
+}
+
+TEST(TextDocument, KnowsSentences) {
+    TextDocument document;
+    document.setText(Text(std::string_view("One. Two words? Three\nnext line")));
+    EXPECT_EQ(document.sentenceAround(2).end, 5U);
+    EXPECT_EQ(document.sentenceAround(8).begin, 5U);
+    EXPECT_EQ(document.sentenceAround(8).end, 16U);
+    EXPECT_EQ(document.sentenceAround(21).begin, 16U);
+    EXPECT_EQ(document.sentenceAround(21).end, 21U);
+    EXPECT_EQ(document.sentenceAround(25).begin, 22U);
 }
 
 TEST(TextDocument, TakesBackWhatItAnnouncedWithoutForgettingTheEdits) {

@@ -78,5 +78,22 @@ TEST_F(TextEditorAccessibleTest, KnowsWhereCharactersAre) {
     EXPECT_EQ(text->offsetAtPoint(rect.center() - QPoint(rect.width() / 2 - 1, 0)), 4);
 }
 
+TEST_F(TextEditorAccessibleTest, GivesSentencesAndStretchesOfAnEndlessParagraph) {
+    editor.setText(Text(std::string_view("One. Two words? Three\nnext line")));
+    EXPECT_EQ(at(8, QAccessible::SentenceBoundary), QStringLiteral("Two words? "));
+    EXPECT_EQ(text->textAfterOffset(8, QAccessible::SentenceBoundary, &start, &end), QStringLiteral("Three"));
+    editor.setText(Text(std::string_view(std::string(3000000, 'x'))));
+    int reached = 0;
+    int stretches = 0;
+    while (reached < 3000000) {
+        EXPECT_LT(at(reached, QAccessible::ParagraphBoundary).size(), 1100000);
+        ASSERT_EQ(start, reached);
+        ASSERT_GT(end, reached);
+        reached = end;
+        ++stretches;
+    }
+    EXPECT_EQ(stretches, 3);
+}
+
 } // namespace
 } // namespace lexivore
