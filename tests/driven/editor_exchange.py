@@ -26,15 +26,17 @@ def offered(selection):
 
 
 def drag(begin, *points):
-    """Step by step, as a hand moves: the first steps make it a drag."""
-    run("xdotool", "mousemove", str(begin[0]), str(begin[1]), "mousedown", "1")
+    """Step by step, as a hand moves: the first step makes it a drag, and whoever is below has to agree to the drop before
+    the hand lets go."""
     x, y = begin
+    run("xdotool", "mousemove", str(x), str(y), "sleep", "0.3", "mousedown", "1", "sleep", "0.3",
+        "mousemove", str(x + 12), str(y + 3), "sleep", "0.5")
     for to_x, to_y in points:
         for step in range(1, 11):
             run("xdotool", "mousemove", str(x + (to_x - x) * step // 10), str(y + (to_y - y) * step // 10),
-                "sleep", "0.03")
+                "sleep", "0.05")
         x, y = to_x, to_y
-    run("xdotool", "mouseup", "1")
+    run("xdotool", "sleep", "1", "mouseup", "1")
 
 
 class SecondProgram:
@@ -67,6 +69,18 @@ class SecondProgram:
         """What stands in its editor: it has the keyboard after a click there."""
         run("xdotool", "key", "--clearmodifiers", "ctrl+a", "ctrl+c")
         return offered("clipboard")
+
+
+def take_keyboard(program, editor):
+    import pyatspi
+    program.click(editor)
+    wait_for(lambda: editor.getState().contains(pyatspi.STATE_FOCUSED), "the editor to have the keyboard")
+
+
+def right_edge(editor):
+    import pyatspi
+    extents = editor.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    return extents.x + extents.width
 
 
 def place(window, x, y, width, height):
@@ -135,7 +149,6 @@ def drag_between(program, text, second):
     wait_for(lambda: text.getText(0, -1) == "keep ", "the word gone")
     run("xdotool", "mousemove", str(middle[0]), str(middle[1]), "click", "1")
     wait_for(lambda: second.text() == b"move", "the word in the other program")
-    run("xdotool", "mousemove", str(middle[0]), str(middle[1]))
     # And back: all of it is still selected there.
     top_left = second_text_corner(second)
     drag(top_left, point_of(text, 0))
@@ -153,7 +166,8 @@ def main(executable):
         text = editor.queryText()
         first = run("xdotool", "getactivewindow").strip()
         place(first, 0, 0, 1180, 860)
-        program.click(editor)
+        wait_for(lambda: right_edge(editor) <= 1180, "the editor in its place")
+        take_keyboard(program, editor)
         exchange_by_clipboard(program, text)
         exchange_by_primary_selection(program, text)
         drag_within(program, text)
@@ -162,7 +176,7 @@ def main(executable):
             second.letter = point_of(text, 1)
             second.window_x, second.window_y = 1200, 0
             run("xdotool", "windowactivate", "--sync", first)
-            program.click(editor)
+            take_keyboard(program, editor)
             drag_between(program, text, second)
 
 
