@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QBasicTimer>
 #include <QLineEdit>
 
 namespace lexivore {
 
-/// A text field that takes text of any length. It keeps its looks while a sheet lies over it.
+/// A text field that takes text of any length. It keeps its looks while a sheet lies over it, and draws its caret
+/// itself, because the toolkit's has no colour of its own.
 class Field : public QLineEdit {
     Q_OBJECT
 
@@ -16,9 +18,17 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
 
 private:
     void colourText();
+    void restartBlinking();
+
+    QBasicTimer m_blinking;
+    bool m_showsCaret = false; ///< At this moment: it blinks.
 };
 
 } // namespace lexivore

@@ -15,6 +15,7 @@ inline constexpr int barRadius = 4;
 
 inline constexpr int line = 1;
 inline constexpr int focusLine = 2;
+inline constexpr int caretWidth = 2;
 inline constexpr int focusGap = 2; ///< between a button and the ring around it
 
 inline constexpr int controlHeight = 32;

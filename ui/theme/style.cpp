@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/theme/style.h"
 
+#include "ui/controls/field.h"
 #include "ui/controls/focus_ring.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/menu_drawing.h"
@@ -168,6 +169,10 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
         return checkBoxSize;
     case PM_CheckBoxLabelSpacing:
         return 8;
+    case PM_TextCursorWidth:
+        // A field draws its caret itself.
+        return option != nullptr && qobject_cast<const Field *>(option->styleObject) != nullptr ? 0
+                                                                                                : metrics::caretWidth;
     case PM_SplitterWidth:
         return metrics::line;
     case PM_ToolTipLabelFrameWidth:

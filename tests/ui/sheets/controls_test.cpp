@@ -67,6 +67,37 @@ TEST_F(ControlsTest, ASheetOverThemDoesNotMakeThemLookDisabled) {
     EXPECT_EQ(colourAt(button, {10, 6}), theme().accent);
 }
 
+TEST_F(ControlsTest, TheCaretOfAFieldIs2PixelsOfItsColourAndBlinks) {
+    below->resize(200, 32);
+    below->setText("ab");
+    const auto columnsOfTheCaret = [this] {
+        const QImage picture = below->grab().toImage();
+        QList<int> columns;
+        for (int x = 4; x < picture.width() - 4; ++x) {
+            if (picture.pixelColor(x, 16) == theme().accentText && picture.pixelColor(x, 10) == theme().accentText)
+                columns << x;
+        }
+        return columns;
+    };
+    const QPalette before = QApplication::palette();
+    for (const Theme *colours : {&lightTheme(), &darkTheme()}) {
+        QApplication::setPalette(paletteOf(*colours));
+        below->setFocus();
+        below->setCursorPosition(0);
+        const QList<int> atTheBeginning = columnsOfTheCaret();
+        below->setCursorPosition(2);
+        const QList<int> atTheEnd = columnsOfTheCaret();
+        ASSERT_EQ(atTheBeginning.size(), 2);
+        ASSERT_EQ(atTheEnd.size(), 2);
+        EXPECT_NEAR(atTheEnd[0] - atTheBeginning[0], below->fontMetrics().horizontalAdvance("ab"), 1);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return columnsOfTheCaret().isEmpty(); }, 30'000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !columnsOfTheCaret().isEmpty(); }, 30'000));
+        below->clearFocus();
+        EXPECT_TRUE(columnsOfTheCaret().isEmpty());
+    }
+    QApplication::setPalette(before);
+}
+
 TEST_F(ControlsTest, TheSwitchIsACheckBoxToKeysAndAssistiveTechnology) {
     auto *toggle = place(new Switch("Multiple"));
     QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(toggle);

@@ -54,7 +54,18 @@ TEST(ThemeTest, TextCanBeReadOnEveryGroundItStandsOn) {
         }
         for (const QColor &ground : {colours.pane, colours.view, colours.raised, colours.field})
             EXPECT_GE(contrast(colours.text3, ground), 4.5);
+        for (const QColor &ground :
+             {over(colours.rowHover, colours.pane), over(colours.operationRowHover, colours.pane)})
+            EXPECT_GE(contrast(colours.text3, ground), 4.5);
+        for (const QColor &ground : {over(colours.rowHover, colours.sidebar), over(colours.toolPress, colours.chrome),
+                                     colours.button, colours.buttonHover, colours.buttonPress, colours.field})
+            EXPECT_GE(contrast(colours.text, ground), 4.5);
         EXPECT_GE(contrast(colours.text, colours.selection), 4.5);
+        EXPECT_GE(contrast(colours.orange, colours.pane), 3) << "the mark of a failed operation";
+        for (const QColor &ground : {colours.chrome, colours.sidebar, colours.pane, colours.view, colours.raised})
+            EXPECT_GE(contrast(colours.focus, ground), 4.5) << "the focus ring";
+        for (const QColor &fill : {colours.switchOff, colours.accent})
+            EXPECT_GE(contrast(fill, colours.pane), 3) << "the switch and the drop mark";
         for (const QColor &fill : {colours.accent, colours.accentHover, colours.accentPress, colours.badgeOff})
             EXPECT_GE(contrast(colours.onAccent, fill), 4.5);
         for (const QColor &fill : {colours.danger, colours.dangerHover, colours.dangerPress})
