@@ -15,13 +15,19 @@ FileFlow::FileFlow(TransformationManager &manager, FilePanels &panels, Alerts &a
     : QObject(parent), m_manager(manager), m_panels(panels), m_alerts(alerts) {}
 
 void FileFlow::open() {
-    m_panels.askForFileToOpen([this](const QString &path) { openPath(path); });
+    m_panels.askForFileToOpen([this](const QString &path) { openPath(path, NotText::isIgnored); });
 }
 
-void FileFlow::openPath(const QString &path) {
+void FileFlow::openGiven(const QString &path) { openPath(path, NotText::isTold); }
+
+void FileFlow::openPath(const QString &path, NotText notText) {
     std::variant<Text, textFile::NotUtf8, textFile::Failure> content = textFile::read(path);
     if (const auto *failure = std::get_if<textFile::Failure>(&content)) {
         m_alerts.showError(failure->message);
+    } else if (const auto *other = std::get_if<textFile::NotUtf8>(&content)) {
+        if (notText == NotText::isTold) {
+            m_alerts.showError(other->message);
+        }
     } else if (auto *text = std::get_if<Text>(&content)) {
         m_manager.setCurrentText(std::move(*text));
     }

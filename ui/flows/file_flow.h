@@ -18,13 +18,17 @@ class FileFlow : public QObject {
 public:
     FileFlow(TransformationManager &manager, FilePanels &panels, Alerts &alerts, QObject *parent = nullptr);
 
+    /// Asks for a file; its content becomes the current text, and nothing else changes. A chosen file that is not UTF-8
+    /// is ignored; any other failure is told, and the text stays.
     void open();
-    /// The file's content becomes the current text; nothing else changes. A file that is not UTF-8 is ignored; any
-    /// other failure is told, and the text stays.
-    void openPath(const QString &path);
+    /// The same for a file that was handed over, by a drop or by the desktop; one that is not UTF-8 is told as well.
+    void openGiven(const QString &path);
     void saveAs();
 
 private:
+    enum class NotText { isIgnored, isTold };
+
+    void openPath(const QString &path, NotText notText);
     void savePath(const QString &path);
 
     TransformationManager &m_manager;

@@ -21,8 +21,10 @@ inline constexpr std::size_t maximumSize = std::size_t{1} << 30;
 struct Failure {
     QString message;
 };
-/// The file holds something else than UTF-8.
-struct NotUtf8 {};
+/// The file holds something else than UTF-8; the same in words for the user.
+struct NotUtf8 {
+    QString message;
+};
 
 /// Reads a regular file to its end. Takes one copy of it in memory, and validates it in one pass.
 /// A directory, a device, a pipe and a file beyond `maximum` bytes are failures.

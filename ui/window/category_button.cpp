@@ -57,13 +57,23 @@ void CategoryButton::paintEvent(QPaintEvent *) {
                                         devicePixelRatioF());
     painter.drawPixmap(frame.center() - QPoint(symbolSize / 2 - 1, symbolSize / 2 - 1), symbol);
 
-    const QFont font = fontFor(isSelected() ? FontRole::callout : FontRole::body);
-    const int left = frame.right() + 1 + iconGap;
-    const QRect textRect(left, 0, width() - left - horizontalPadding, height());
-    painter.setFont(font);
+    painter.setFont(nameFont());
     painter.setPen(isSelected() ? theme().onAccent : theme().text);
-    painter.drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetrics(font).elidedText(text(), Qt::ElideRight, textRect.width()));
+    painter.drawText(textRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(text(), Qt::ElideRight, textRect().width()));
+}
+
+void CategoryButton::resizeEvent(QResizeEvent *event) {
+    RowButton::resizeEvent(event);
+    const bool isElided = QFontMetrics(fontFor(FontRole::callout)).horizontalAdvance(text()) > textRect().width();
+    setToolTip(isElided ? text() : QString());
+}
+
+QFont CategoryButton::nameFont() const { return fontFor(isSelected() ? FontRole::callout : FontRole::body); }
+
+QRect CategoryButton::textRect() const {
+    const int left = horizontalPadding + iconFrame + iconGap;
+    return {left, 0, width() - left - horizontalPadding, height()};
 }
 
 } // namespace lexivore

@@ -23,9 +23,13 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void nextCheckState() override {}
 
 private:
+    [[nodiscard]] QFont nameFont() const;
+    [[nodiscard]] QRect textRect() const;
+
     TransformationCategory m_category;
 };
 

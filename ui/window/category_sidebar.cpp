@@ -9,6 +9,7 @@
 #include "ui/window/section_header.h"
 #include "ui/window/window_state.h"
 
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <QVariantAnimation>
 
@@ -25,7 +26,7 @@ constexpr int rowGap = 2;
 
 CategorySidebar::CategorySidebar(WindowState &state, QWidget *parent)
     : Surface(&Theme::sidebar, parent), m_state(state), m_header(new SectionHeader(tr("Categories"), this)),
-      m_rows(new RowColumn(tr("Categories"), this)), m_navigator(new RowNavigator(this)),
+      m_rows(new RowColumn(tr("Categories"))), m_scroll(new QScrollArea(this)), m_navigator(new RowNavigator(this)),
       m_folding(new QVariantAnimation(this)) {
     setObjectName("sidebar");
     m_header->setObjectName("categoriesHeader");
@@ -33,21 +34,23 @@ CategorySidebar::CategorySidebar(WindowState &state, QWidget *parent)
     createRows();
 
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(rowInset, 8, rowInset, rowInset);
-    column->setSpacing(0);
-    column->addWidget(m_header);
-    column->addSpacing(8);
-    column->addWidget(m_rows);
+    column->setContentsMargins(0, 8, 0, 0);
+    column->setSpacing(8);
+    auto *headerRow = new QHBoxLayout;
+    headerRow->setContentsMargins(rowInset, 0, rowInset, 0);
+    headerRow->addWidget(m_header);
+    column->addLayout(headerRow);
+    column->addWidget(m_scroll, 1);
     column->addStretch();
 
     m_folding->setEasingCurve(QEasingCurve::InOutSine);
     connect(m_folding, &QVariantAnimation::valueChanged, this, [this](const QVariant &value) {
         m_header->setDisclosure(value.toReal());
-        m_rows->setMaximumHeight(qRound(value.toReal() * m_rows->sizeHint().height()));
+        m_scroll->setMaximumHeight(qRound(value.toReal() * m_rows->sizeHint().height()));
     });
     connect(m_folding, &QVariantAnimation::finished, this, [this] {
-        m_rows->setVisible(m_state.showCategories());
-        m_rows->setMaximumHeight(QWIDGETSIZE_MAX);
+        m_scroll->setVisible(m_state.showCategories());
+        m_scroll->setMaximumHeight(QWIDGETSIZE_MAX);
     });
     connect(m_header, &SectionHeader::clicked, this, [this] { m_state.setShowCategories(!m_state.showCategories()); });
     connect(&m_state, &WindowState::showCategoriesChanged, this, &CategorySidebar::fold);
@@ -57,15 +60,21 @@ CategorySidebar::CategorySidebar(WindowState &state, QWidget *parent)
 
 void CategorySidebar::createRows() {
     auto *column = new QVBoxLayout(m_rows);
-    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(rowGap);
     for (const TransformationCategory category : allTransformationCategories) {
         auto *button = new CategoryButton(category, m_rows);
         connect(button, &CategoryButton::clicked, this, [this, category] { m_state.setSelectedCategory(category); });
+        connect(button, &RowButton::focusChanged, this, [this, button](bool focused) {
+            if (focused) {
+                m_scroll->ensureWidgetVisible(button, 0, 0);
+            }
+        });
         column->addWidget(button);
         m_buttons.push_back(button);
     }
+    column->addStretch();
     m_navigator->setRows({m_buttons.begin(), m_buttons.end()});
+    m_rows->standIn(*m_scroll, {rowInset, 0, rowInset, rowInset});
 }
 
 void CategorySidebar::showSelection() {
@@ -79,7 +88,7 @@ void CategorySidebar::showSelection() {
 }
 
 void CategorySidebar::fold() {
-    m_rows->show();
+    m_scroll->show();
     m_folding->stop();
     m_folding->setDuration(static_cast<int>(motionDuration(*this, foldingTime).count()));
     m_folding->setStartValue(m_header->disclosure());

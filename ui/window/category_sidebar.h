@@ -6,11 +6,13 @@
 
 #include <vector>
 
+class QScrollArea;
 class QVariantAnimation;
 
 namespace lexivore {
 
 class CategoryButton;
+class RowColumn;
 class RowNavigator;
 class SectionHeader;
 class WindowState;
@@ -29,7 +31,8 @@ private:
 
     WindowState &m_state;
     SectionHeader *m_header;
-    QWidget *m_rows;
+    RowColumn *m_rows;
+    QScrollArea *m_scroll;
     RowNavigator *m_navigator;
     QVariantAnimation *m_folding;
     std::vector<CategoryButton *> m_buttons;

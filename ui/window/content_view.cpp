@@ -22,12 +22,11 @@
 #include "ui/window/editor_pane.h"
 #include "ui/window/toolbar_size_configurator.h"
 #include "ui/window/transformation_list.h"
+#include "ui/window/window_columns.h"
 #include "ui/window/window_commands.h"
 #include "ui/window/window_memory.h"
 #include "ui/window/window_state.h"
 #include "ui/window/window_tool_bar.h"
-
-#include <QSplitter>
 
 #include <utility>
 
@@ -36,17 +35,13 @@ namespace lexivore {
 namespace {
 
 constexpr QSize initialSize(1280, 800);
-constexpr QSize smallestSize(1008, 640);
+constexpr QSize smallestSize(900, 600);
 
-struct ColumnWidth {
-    int initial;
-    int minimum;
-};
 // Together with the lines between them, 1 px each.
-constexpr ColumnWidth sidebarWidth = {183, 183};
-constexpr ColumnWidth listWidth = {303, 239};
-constexpr ColumnWidth editorWidth = {504, 303};
-constexpr ColumnWidth operationsWidth = {287, 280};
+constexpr WindowColumns::Width sidebarWidth{183, 183, 183};
+constexpr WindowColumns::Width listWidth{303, 239, 186};
+constexpr WindowColumns::Width editorWidth{504, 303, 248};
+constexpr WindowColumns::Width operationsWidth{287, 280, 280};
 
 } // namespace
 
@@ -93,23 +88,13 @@ void ContentView::layOut() {
     setObjectName("mainWindow");
     setWindowTitle(tr("Lexivore"));
     addToolBar(Qt::TopToolBarArea, m_toolBar);
-    m_columns = new QSplitter(Qt::Horizontal, this);
+    m_columns = new WindowColumns(this);
     m_columns->setObjectName("columns");
-    m_columns->setChildrenCollapsible(false);
-    m_columns->setHandleWidth(1);
-    m_sidebar->setMinimumWidth(sidebarWidth.minimum);
-    m_list->setMinimumWidth(listWidth.minimum);
-    m_editor->setMinimumWidth(editorWidth.minimum);
-    m_operations->setMinimumWidth(operationsWidth.minimum);
-    for (QWidget *column : {static_cast<QWidget *>(m_sidebar), static_cast<QWidget *>(m_list),
-                            static_cast<QWidget *>(m_editor), static_cast<QWidget *>(m_operations)}) {
-        m_columns->addWidget(column);
-    }
-    m_columns->setStretchFactor(0, 0);
-    m_columns->setStretchFactor(1, 0);
-    m_columns->setStretchFactor(2, 1);
-    m_columns->setStretchFactor(3, 0);
-    m_columns->setSizes({sidebarWidth.initial, listWidth.initial, editorWidth.initial, operationsWidth.initial});
+    m_columns->add(m_sidebar, sidebarWidth);
+    m_columns->add(m_list, listWidth);
+    m_columns->add(m_editor, editorWidth, WindowColumns::Space::takesTheRest);
+    m_columns->add(m_operations, operationsWidth);
+    m_columns->resetWidths();
     setCentralWidget(m_columns);
     setMinimumSize(smallestSize);
     resize(initialSize);
@@ -130,7 +115,7 @@ void ContentView::connectPieces() {
     connect(m_editor, &EditorPane::undoRequested, m_undoFlow, &UndoFlow::undo);
     connect(m_editor, &EditorPane::redoRequested, m_undoFlow, &UndoFlow::redo);
     connect(m_undoFlow, &UndoFlow::restoring, m_editor, &EditorPane::restore);
-    connect(m_editor, &EditorPane::fileDropped, m_fileFlow, &FileFlow::openPath);
+    connect(m_editor, &EditorPane::fileDropped, m_fileFlow, &FileFlow::openGiven);
     connect(m_editor, &EditorPane::refused, m_alerts, &Alerts::showError);
     connect(&m_manager, &TransformationManager::currentTextChanged, this, &ContentView::announceText);
     connect(m_editor, &EditorPane::settingsRequested, m_fontFlow, &EditorFontFlow::showSettings);
@@ -165,7 +150,7 @@ void ContentView::subscribeCommands() {
 void ContentView::restorePreferences() {
     const double fontSize = m_preferences.value(preference::editorFontSize).toDouble();
     m_state->setEditorFontSize(fontSize == 0 ? EditorFontFlow::defaultSize : fontSize);
-    new WindowMemory(m_preferences, *this, *m_columns);
+    m_memory = std::make_unique<WindowMemory>(m_preferences, *this, *m_columns);
     connect(m_state, &WindowState::editorFontSizeChanged, this,
             [this] { m_preferences.setValue(preference::editorFontSize, m_state->editorFontSize()); });
 }
@@ -184,7 +169,7 @@ void ContentView::appear() {
     m_editor->focusEditor();
 }
 
-void ContentView::openFile(const QString &path) { m_fileFlow->openPath(path); }
+void ContentView::openFile(const QString &path) { m_fileFlow->openGiven(path); }
 
 void ContentView::post(const char *name) { m_center.post(name); }
 

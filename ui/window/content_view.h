@@ -8,8 +8,6 @@
 
 #include <memory>
 
-class QSplitter;
-
 namespace lexivore {
 
 class Alerts;
@@ -30,7 +28,9 @@ class TransformationFlow;
 class TransformationList;
 class TransformationManager;
 class UndoFlow;
+class WindowColumns;
 class WindowCommands;
+class WindowMemory;
 class WindowState;
 class WindowToolBar;
 
@@ -84,11 +84,12 @@ private:
     EditorFontFlow *m_fontFlow = nullptr;
 
     WindowToolBar *m_toolBar = nullptr;
-    QSplitter *m_columns = nullptr;
+    WindowColumns *m_columns = nullptr;
     CategorySidebar *m_sidebar = nullptr;
     TransformationList *m_list = nullptr;
     EditorPane *m_editor = nullptr;
     OperationsPanel *m_operations = nullptr;
+    std::unique_ptr<WindowMemory> m_memory; ///< Goes before the window's pieces: at last it saves their sizes.
     bool m_hasAppeared = false;
 };
 

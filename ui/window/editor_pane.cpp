@@ -7,14 +7,12 @@
 #include "ui/editor/text_editor.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/window/file_drop.h"
 #include "ui/window/find_bar.h"
 #include "ui/window/status_bar.h"
 #include "ui/window/window_state.h"
 
-#include <QDragEnterEvent>
 #include <QKeyEvent>
-#include <QMimeData>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -27,12 +25,6 @@ namespace {
 constexpr double smallestShownFont = 1;
 constexpr double largestShownFont = 500;
 
-/// The local file that is dragged, if it is one file.
-QString draggedFile(const QMimeData &data) {
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
-}
-
 } // namespace
 
 EditorPane::EditorPane(TransformationManager &manager, WindowState &state, QWidget *parent)
@@ -43,7 +35,6 @@ EditorPane::EditorPane(TransformationManager &manager, WindowState &state, QWidg
     m_editor->setAccessibleName(tr("Text"));
     m_editor->setFrameShape(QFrame::NoFrame);
     m_editor->installEventFilter(this);
-    m_editor->viewport()->installEventFilter(this);
 
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -70,6 +61,9 @@ void EditorPane::connectEditor() {
     connect(m_editor, &TextEditor::countsChanged, this, &EditorPane::showCounts);
     connect(m_editor, &TextEditor::zoomRequested, this, &EditorPane::zoomRequested);
     connect(m_editor, &TextEditor::refused, this, &EditorPane::refused);
+    const auto *files = new FileDrop(m_editor->viewport());
+    connect(files, &FileDrop::dropped, this, &EditorPane::fileDropped);
+    connect(files, &FileDrop::refused, this, &EditorPane::refused);
     connect(m_statusBar, &StatusBar::settingsRequested, this, &EditorPane::settingsRequested);
     connect(&m_manager, &TransformationManager::currentTextChanged, this, &EditorPane::showText);
     connect(&m_state, &WindowState::editorFontSizeChanged, this, &EditorPane::showFontSize);
@@ -99,11 +93,12 @@ void EditorPane::showFontSize() {
 }
 
 void EditorPane::showColours() {
-    QPalette colours = m_editor->palette();
-    if (colours.color(QPalette::Base) != theme().view) {
-        colours.setColor(QPalette::Base, theme().view);
-        m_editor->setPalette(colours);
-    }
+    QPalette colours;
+    colours.setColor(QPalette::Base, theme().view);
+    // While a sheet lies over it the editor is disabled, but under the scrim the text keeps its colours.
+    colours.setColor(QPalette::Disabled, QPalette::Text, theme().text);
+    colours.setColor(QPalette::Disabled, QPalette::PlaceholderText, theme().text3);
+    m_editor->setPalette(colours);
     m_editor->setCaretColor(theme().accentText);
 }
 
@@ -132,22 +127,6 @@ bool EditorPane::eventFilter(QObject *watched, QEvent *event) {
         }
         return false;
     }
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-        if (auto *drag = static_cast<QDragMoveEvent *>(event); !draggedFile(*drag->mimeData()).isEmpty()) {
-            drag->setDropAction(Qt::CopyAction);
-            drag->accept();
-            return true;
-        }
-        return false;
-    case QEvent::Drop:
-        if (auto *drop = static_cast<QDropEvent *>(event); !draggedFile(*drop->mimeData()).isEmpty()) {
-            drop->setDropAction(Qt::CopyAction);
-            drop->accept();
-            emit fileDropped(draggedFile(*drop->mimeData()));
-            return true;
-        }
-        return false;
     default:
         return QWidget::eventFilter(watched, event);
     }

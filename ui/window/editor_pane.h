@@ -42,7 +42,7 @@ signals:
     void zoomRequested(int steps);
     /// Something was refused, with a sentence for the user that says why.
     void refused(const QString &message);
-    /// A file was dropped on the editor.
+    /// A file or folder was dropped on the editor.
     void fileDropped(const QString &path);
 
 protected:

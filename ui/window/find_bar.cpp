@@ -85,8 +85,8 @@ void FindBar::find(bool forward) {
 }
 
 void FindBar::showCount() {
+    m_count->setVisible(!needle().empty());
     if (needle().empty()) {
-        m_count->setText({});
         return;
     }
     const std::size_t count = countMatches(m_editor.text(), needle());

@@ -18,6 +18,7 @@ constexpr std::chrono::milliseconds restingTime = 1500ms;
 
 HoverReveal::HoverReveal(QWidget *widget) : QObject(widget) {
     m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.setInterval(restingTime);
     connect(&m_timer, &QTimer::timeout, this, &HoverReveal::revealed);
     widget->installEventFilter(this);

@@ -9,8 +9,10 @@
 namespace lexivore {
 
 class StatusItem;
+class ToolButton;
 
 /// Under the editor: where the caret is, what the text counts, and the way to the editor's settings.
+/// What does not fit any more in a narrow window is left out, from the right.
 class StatusBar : public Surface {
     Q_OBJECT
 
@@ -26,12 +28,18 @@ public:
 signals:
     void settingsRequested();
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
+    void fit();
+
     StatusItem *m_position;
     StatusItem *m_characters;
     StatusItem *m_words;
     StatusItem *m_lines;
     StatusItem *m_lineEnding;
+    ToolButton *m_gear;
 };
 
 } // namespace lexivore

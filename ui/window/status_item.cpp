@@ -22,7 +22,7 @@ StatusItem::StatusItem(const QString &icon, const QString &help, QWidget *parent
     : QWidget(parent), m_icon(icon), m_help(help) {
     setToolTip(help);
     setAccessibleRole(*this, QAccessible::StaticText);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Expanding);
 }
 
 void StatusItem::setText(const QString &text) {
@@ -40,6 +40,8 @@ QSize StatusItem::sizeHint() const {
     return {iconSize + gap + metrics.horizontalAdvance(m_text), metrics.height()};
 }
 
+QSize StatusItem::minimumSizeHint() const { return {iconSize, sizeHint().height()}; }
+
 void StatusItem::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     const QColor colour = theme().text2;
@@ -47,7 +49,7 @@ void StatusItem::paintEvent(QPaintEvent *) {
     painter.setFont(fontFor(FontRole::caption));
     painter.setPen(colour);
     painter.drawText(rect().adjusted(iconSize + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     m_text);
+                     painter.fontMetrics().elidedText(m_text, Qt::ElideRight, width() - iconSize - gap));
 }
 
 } // namespace lexivore

@@ -6,7 +6,7 @@
 
 namespace lexivore {
 
-/// An icon with a short text beside it; the help says what the text is.
+/// An icon with a short text beside it; the help says what the text is. Where there is no room it is cut off.
 class StatusItem : public QWidget {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ public:
     void setText(const QString &text);
 
     [[nodiscard]] QSize sizeHint() const override;
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -86,6 +86,15 @@ void TransformationButton::placeStar() {
     const QSize size = m_star->sizeHint();
     m_star->setGeometry(width() - centre - size.width() / 2, (height() - size.height()) / 2, size.width(),
                         size.height());
+    updateToolTip();
+}
+
+// The star and the chevron take room from the texts, so what is cut off is known only while they are there.
+void TransformationButton::updateToolTip() {
+    const int room = textRight() - padding - symbolSize - iconGap;
+    const bool isElided = QFontMetrics(nameFont()).horizontalAdvance(text()) > room ||
+                          QFontMetrics(descriptionFont()).horizontalAdvance(accessibleDescription()) > room;
+    setToolTip(isElided ? text() + "\n" + accessibleDescription() : QString());
 }
 
 void TransformationButton::moveChevron(bool hovered) {
@@ -146,10 +155,6 @@ void TransformationButton::paintEvent(QPaintEvent *) {
 void TransformationButton::resizeEvent(QResizeEvent *event) {
     RowButton::resizeEvent(event);
     placeStar();
-    const int room = textRight() - padding - symbolSize - iconGap;
-    const bool isElided = QFontMetrics(nameFont()).horizontalAdvance(text()) > room ||
-                          QFontMetrics(descriptionFont()).horizontalAdvance(accessibleDescription()) > room;
-    setToolTip(isElided ? text() + "\n" + accessibleDescription() : QString());
 }
 
 void TransformationButton::keyPressEvent(QKeyEvent *event) {

@@ -41,6 +41,7 @@ private:
     void updateStar();
     void moveChevron(bool hovered);
     void placeStar();
+    void updateToolTip();
     [[nodiscard]] int textRight() const;
 
     TransformationPointer m_transformation;

@@ -35,7 +35,7 @@ QList<int> storedSizes(const QVariant &stored, qsizetype count) {
 } // namespace
 
 WindowMemory::WindowMemory(Preferences &preferences, QMainWindow &window, QSplitter &columns)
-    : QObject(&window), m_preferences(preferences), m_window(window), m_columns(columns) {
+    : m_preferences(preferences), m_window(window), m_columns(columns) {
     restore();
     m_settled.setSingleShot(true);
     m_settled.setInterval(settlingTime);
