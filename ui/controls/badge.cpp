@@ -15,8 +15,9 @@ void drawBadge(QPainter &painter, const QRectF &rect, int number, const QColor &
     fillRounded(painter, rect, qMin(rect.width(), rect.height()) / 2, fill);
     const QString digits = QString::number(number);
     QFont font = fontFor(FontRole::badge);
-    const double room = rect.width() - 4;
-    const double needed = QFontMetricsF(font).horizontalAdvance(digits);
+    const QFontMetricsF letters(font);
+    const double room = qMin(rect.width(), rect.height()) - 4;
+    const double needed = qMax(letters.horizontalAdvance(digits), letters.capHeight() * 4 / 3);
     if (needed > room)
         font.setPointSizeF(qMax(1.0, font.pointSizeF() * room / needed));
     painter.setFont(font);

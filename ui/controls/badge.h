@@ -9,8 +9,8 @@ class QPainter;
 
 namespace lexivore {
 
-/// A round badge filling `rect`, with a number on it. A number with many digits is written smaller, so that it stays
-/// inside.
+/// A round badge filling `rect`, with a number on it. A number that is too large for it, having many digits or large
+/// ones, is written smaller.
 void drawBadge(QPainter &painter, const QRectF &rect, int number, const QColor &fill);
 
 } // namespace lexivore

@@ -36,10 +36,16 @@ void ToolButton::setHelp(const QString &help) {
     setAccessibleName(help);
 }
 
+void ToolButton::setOpacity(double opacity) {
+    m_opacity = opacity;
+    update();
+}
+
 QSize ToolButton::sizeHint() const { return {m_size.button + (menu() != nullptr ? chevronSize : 0), m_size.button}; }
 
 void ToolButton::paintEvent(QPaintEvent *) {
     QPainter painter(this);
+    painter.setOpacity(m_opacity);
     const Theme &colours = theme();
     const double radius = focusShape(*this).radius;
     QColor symbol = colours.text2;

@@ -24,6 +24,8 @@ public:
 
     void setSymbol(const QString &name);
     void setHelp(const QString &help);
+    /// How solid it is drawn, from 0 to 1: 1 at first.
+    void setOpacity(double opacity);
 
     /// Wider by a small chevron when it has a menu.
     [[nodiscard]] QSize sizeHint() const override;
@@ -35,6 +37,7 @@ protected:
 private:
     QString m_symbol;
     Size m_size;
+    double m_opacity = 1;
 };
 
 } // namespace lexivore

@@ -4,13 +4,16 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/controls/badge.h"
+#include "ui/controls/label.h"
 #include "ui/controls/tool_button.h"
 #include "ui/icon.h"
+#include "ui/operations/operation_description.h"
 #include "ui/text_conversion.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/window/row_accessibility.h"
 #include "ui/window/window_state.h"
 
 #include <QApplication>
@@ -19,6 +22,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
+
+#include <utility>
 
 namespace lexivore {
 
@@ -30,9 +35,9 @@ constexpr int padding = 8;
 constexpr int gap = 8;
 constexpr int handleSize = 12;
 constexpr int badgeSize = 20;
+constexpr int warningSize = 14;
 constexpr int removeSize = 20;
 constexpr int textLeft = padding + handleSize + gap + badgeSize + gap;
-constexpr qsizetype longestParameter = 200;
 
 QFont nameFont(bool isEnabled) {
     QFont font = fontFor(FontRole::captionMedium);
@@ -49,19 +54,6 @@ QFont parameterFont(bool isEnabled) {
 int nameHeight() { return std::max(badgeSize, QFontMetrics(nameFont(true)).height()); }
 int parameterHeight() { return QFontMetrics(parameterFont(true)).height() + 2; }
 
-/// A parameter can hold anything: line breaks and other controls become signs that stand on one line.
-QString oneLine(QString text) {
-    text.truncate(longestParameter);
-    for (QChar &unit : text) {
-        if (unit.unicode() < 0x20) {
-            unit = QChar(0x2400 + unit.unicode());
-        } else if (unit.unicode() == 0x2028 || unit.unicode() == 0x2029) {
-            unit = QChar(0x2424);
-        }
-    }
-    return text;
-}
-
 } // namespace
 
 DraggableOperationItem::DraggableOperationItem(const TransformationManager &manager, WindowState &state,
@@ -72,57 +64,95 @@ DraggableOperationItem::DraggableOperationItem(const TransformationManager &mana
     m_remove->setObjectName("remove");
     m_remove->setFocusPolicy(Qt::NoFocus);
     connect(m_remove, &ToolButton::clicked, this, &DraggableOperationItem::removed);
-    connect(&m_state, &WindowState::draggedOperationChanged, this, QOverload<>::of(&QWidget::update));
+    connect(&m_state, &WindowState::draggedOperationChanged, this, &DraggableOperationItem::showOpacity);
     connect(&m_state, &WindowState::operationsEnabledChanged, this, QOverload<>::of(&QWidget::update));
     connect(&m_manager, &TransformationManager::operationProblemsChanged, this, &DraggableOperationItem::describe);
+    connect(&m_manager, &TransformationManager::operationMeasuresChanged, this, &DraggableOperationItem::describe);
+    connect(&m_state, &WindowState::selectedOperationIndexChanged, this, &DraggableOperationItem::showSelection);
+    connect(this, &RowButton::focusChanged, this, QOverload<>::of(&QWidget::update));
 }
 
 void DraggableOperationItem::setOperation(const AppliedOperation &operation, std::size_t index) {
+    const bool isToggled = m_operation.isEnabled != operation.isEnabled;
     m_operation = operation;
     m_index = index;
     setObjectName(QString("operation.%1").arg(index));
     setText(toQString(operation.transformationName));
     m_remove->setAccessibleName(tr("Remove %1").arg(text()));
     describe();
+    showSelection();
+    showOpacity();
     updateGeometry();
+    if (isToggled) {
+        announceChecked(*this);
+    }
+}
+
+double DraggableOperationItem::opacity() const {
+    if (isDragged()) {
+        return 0.5;
+    }
+    return m_operation.isEnabled ? 1.0 : 0.6;
+}
+
+void DraggableOperationItem::showOpacity() {
+    m_remove->setOpacity(opacity());
     update();
 }
 
 void DraggableOperationItem::describe() {
-    QStringList description;
-    description << (m_operation.isEnabled ? tr("Enabled") : tr("Disabled"));
-    for (const QString &line : parameterLines()) {
-        description << line;
+    QStringList parts = {m_operation.isEnabled ? tr("Enabled") : tr("Disabled")};
+    for (const QString &line : parameterLines(m_operation)) {
+        parts << line;
     }
     if (!problem().isEmpty()) {
-        description << problem();
+        parts << problem();
     }
-    setAccessibleDescription(description.join(", "));
-    QStringList tip = {text()};
-    for (const QString &line : parameterLines()) {
-        tip << line;
-    }
-    setToolTip(problem().isEmpty() ? tip.join('\n') : problem());
+    setAccessibleDescription(parts.join(", "));
     update();
 }
 
-QString DraggableOperationItem::problem() const {
-    const auto found = m_manager.operationProblems().find(m_operation.id);
-    if (found == m_manager.operationProblems().end()) {
-        return {};
+QString DraggableOperationItem::description() const {
+    QStringList parts = {accessibleDescription()};
+    for (const QString &line : measureLines(measures())) {
+        parts << line;
     }
-    if (found->second.kind == OperationProblem::Kind::unknownTransformation) {
-        return tr("Unknown transformation");
-    }
-    return toQString(found->second.description);
+    return parts.join(", ");
 }
 
-std::vector<QString> DraggableOperationItem::parameterLines() const {
-    std::vector<QString> lines;
-    for (const auto &[key, value] : m_operation.parameters) {
-        lines.push_back(oneLine(toQString(key)) + ": " + oneLine(toQString(value)));
+void DraggableOperationItem::addState(QAccessible::State &state) const {
+    state.checkable = true;
+    state.checked = m_operation.isEnabled;
+    state.selectable = true;
+    state.selected = m_isSelected;
+}
+
+void DraggableOperationItem::showSelection() {
+    const bool isSelected = m_state.selectedOperationIndex() == static_cast<int>(m_index);
+    if (std::exchange(m_isSelected, isSelected) != isSelected) {
+        announceSelection(*this);
     }
-    return lines;
+}
+
+QString DraggableOperationItem::problem() const { return problemOf(m_operation, m_manager.operationProblems()); }
+
+// Large texts take a moment to measure, so it is done only for a row that somebody looks at.
+std::optional<OperationMeasures> DraggableOperationItem::measures() const {
+    return m_manager.operationMeasures(m_operation.id);
+}
+
+bool DraggableOperationItem::event(QEvent *event) {
+    if (event->type() == QEvent::ToolTip) {
+        QStringList lines = {text()};
+        for (const QString &line : parameterLines(m_operation)) {
+            lines << line;
+        }
+        for (const QString &line : measureLines(measures())) {
+            lines << line;
+        }
+        setToolTip(plainToolTip(problem().isEmpty() ? lines.join('\n') : problem()));
+    }
+    return RowButton::event(event);
 }
 
 QRect DraggableOperationItem::body() const { return rect().adjusted(0, gapToNextRow / 2, 0, -gapToNextRow / 2); }
@@ -142,8 +172,7 @@ void DraggableOperationItem::paintEvent(QPaintEvent *) {
     if (isHovered() || isDragged()) {
         fillRounded(painter, body(), metrics::radius, theme().operationRowHover);
     }
-    const qreal opacity = isDragged() ? 0.5 : (m_operation.isEnabled ? 1.0 : 0.6);
-    painter.setOpacity(opacity);
+    painter.setOpacity(opacity());
     const QRect line(padding, body().top() + padding, width() - 2 * padding, nameHeight());
     painter.drawPixmap(line.left(), line.center().y() - handleSize / 2 + 1,
                        symbolPixmap("line.3.horizontal", handleSize, theme().text2, devicePixelRatioF()));
@@ -171,21 +200,38 @@ void DraggableOperationItem::paintTexts(QPainter &painter, const QRect &line) co
     painter.setPen(isEnabled ? theme().text : theme().text2);
     painter.drawText(QRect(textLeft, line.top(), width, line.height()), Qt::AlignLeft | Qt::AlignVCenter,
                      QFontMetrics(name).elidedText(text(), Qt::ElideRight, width));
+    paintMeasure(painter, line);
     const QFont small = parameterFont(isEnabled);
     painter.setFont(small);
     painter.setPen(theme().text3);
     int top = line.bottom() + 1;
-    for (const QString &parameter : parameterLines()) {
+    for (const QString &parameter : parameterLines(m_operation)) {
         painter.drawText(QRect(textLeft, top, width, parameterHeight()), Qt::AlignLeft | Qt::AlignVCenter,
                          QFontMetrics(small).elidedText(parameter, Qt::ElideRight, width));
         top += parameterHeight();
     }
     if (!problem().isEmpty()) {
-        const int iconSize = handleSize + 2;
         const int left =
-            std::min(textLeft + QFontMetrics(name).horizontalAdvance(text()) + gap / 2, textLeft + width - iconSize);
-        painter.drawPixmap(left, line.center().y() - iconSize / 2 + 1,
-                           symbolPixmap("exclamationmark.triangle", iconSize, theme().orange, devicePixelRatioF()));
+            std::min(textLeft + QFontMetrics(name).horizontalAdvance(text()) + gap / 2, textLeft + width - warningSize);
+        painter.drawPixmap(left, line.center().y() - warningSize / 2 + 1,
+                           symbolPixmap("exclamationmark.triangle", warningSize, theme().orange, devicePixelRatioF()));
+    }
+}
+
+void DraggableOperationItem::paintMeasure(QPainter &painter, const QRect &line) const {
+    if (!isHovered() && !hasFocus()) {
+        return;
+    }
+    const QString measure = shortMeasure(measures());
+    const QFont font = parameterFont(true);
+    const int nameRight = textLeft + QFontMetrics(nameFont(true)).horizontalAdvance(text());
+    const int right = m_remove->geometry().left() - gap;
+    // The name never gives way to it.
+    if (nameRight + 2 * gap + QFontMetrics(font).horizontalAdvance(measure) <= right) {
+        painter.setFont(font);
+        painter.setPen(theme().text3);
+        painter.drawText(QRect(nameRight, line.top(), right - nameRight, line.height()),
+                         Qt::AlignRight | Qt::AlignVCenter, measure);
     }
 }
 
@@ -287,7 +333,7 @@ void DraggableOperationItem::startDrag() {
 }
 
 OperationDropDelegate DraggableOperationItem::dropDelegate() {
-    return {m_index, m_manager, m_state, [this](std::size_t from, std::size_t to) { emit moved(from, to); }, m_marks};
+    return {m_index, m_manager, m_state, [this](std::size_t from, std::size_t to) { emit dropped(from, to); }, m_marks};
 }
 
 void DraggableOperationItem::dragEnterEvent(QDragEnterEvent *event) {

@@ -9,13 +9,14 @@
 #include <QPoint>
 
 #include <cstddef>
-#include <vector>
+#include <optional>
 
 namespace lexivore {
 
 class ToolButton;
 class TransformationManager;
 class WindowState;
+struct OperationMeasures;
 
 /// One operation of the stack: a handle to drag it by, its position, its name with its parameters, and a button that
 /// removes it. It is drawn from the stack as it is; what the user wants it emits.
@@ -31,6 +32,10 @@ public:
     [[nodiscard]] std::size_t index() const { return m_index; }
     [[nodiscard]] DropMarks marks() const { return m_marks; }
 
+    /// With what the operation did to the text.
+    [[nodiscard]] QString description() const override;
+    void addState(QAccessible::State &state) const override;
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -40,10 +45,14 @@ public:
 signals:
     void toggled();
     void removed();
+    /// By keyboard.
     void moved(std::size_t from, std::size_t to);
+    /// The row at `from` was dropped on this one, and so goes to `to`.
+    void dropped(std::size_t from, std::size_t to);
     void editRequested();
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -61,13 +70,17 @@ private:
     void describe();
     [[nodiscard]] OperationDropDelegate dropDelegate();
     [[nodiscard]] bool isDragged() const;
+    /// How solid the whole row is drawn.
+    [[nodiscard]] double opacity() const;
+    void showOpacity();
     [[nodiscard]] QRect body() const;
     void paintBadge(QPainter &painter, const QRect &line) const;
     void paintTexts(QPainter &painter, const QRect &line) const;
     void paintMarks(QPainter &painter) const;
-    [[nodiscard]] std::vector<QString> parameterLines() const;
-    /// Why the operation had no effect; empty when it had.
+    void paintMeasure(QPainter &painter, const QRect &line) const;
+    void showSelection();
     [[nodiscard]] QString problem() const;
+    [[nodiscard]] std::optional<OperationMeasures> measures() const;
 
     const TransformationManager &m_manager;
     WindowState &m_state;
@@ -75,6 +88,7 @@ private:
     std::size_t m_index = 0;
     DropMarks m_marks;
     QPoint m_pressPosition;
+    bool m_isSelected = false;
     ToolButton *m_remove;
 };
 

@@ -9,6 +9,8 @@
 #include "ui/controls/tool_button.h"
 #include "ui/icon.h"
 #include "ui/operations/draggable_operation_item.h"
+#include "ui/operations/row_slide.h"
+#include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
 #include "ui/window/empty_state.h"
@@ -16,8 +18,10 @@
 #include "ui/window/row_navigator.h"
 #include "ui/window/window_state.h"
 
+#include <QHash>
 #include <QLabel>
 #include <QScrollArea>
+#include <QUuid>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -34,7 +38,7 @@ constexpr int smallIcon = 16;
 OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &state, QWidget *parent)
     : Surface(&Theme::pane, parent), m_manager(manager), m_state(state), m_scroll(new QScrollArea(this)),
       m_rows(new RowColumn(tr("Operations"))), m_column(new QVBoxLayout(m_rows)),
-      m_emptyState(new EmptyState(this, this)), m_navigator(new RowNavigator(this)) {
+      m_emptyState(new EmptyState(this, this)), m_navigator(new RowNavigator(this)), m_slide(new RowSlide(*m_rows)) {
     setObjectName("operationsPanel");
     m_rows->setObjectName("operations");
     m_column->setSpacing(0);
@@ -45,7 +49,8 @@ OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &st
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(createHeader());
+    createHeader();
+    column->addWidget(m_header);
     column->addWidget(new Hairline(Qt::Horizontal, this));
     column->addWidget(m_scroll, 1);
     column->addWidget(m_emptyState, 1);
@@ -59,9 +64,10 @@ OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &st
     showOperations();
 }
 
-QWidget *OperationsPanel::createHeader() {
-    auto *header = new QWidget(this);
-    header->setFixedHeight(headerHeight - 1);
+void OperationsPanel::createHeader() {
+    m_header = new QWidget(this);
+    auto *header = m_header;
+    header->setFixedHeight(heightFor(headerHeight, FontRole::body) - metrics::line);
     auto *title = new Label(tr("Operations"), FontRole::headline, &Theme::text, Label::Lines::one, header);
     title->setObjectName("operationsTitle");
     m_modeIcon = new QLabel(header);
@@ -87,7 +93,7 @@ QWidget *OperationsPanel::createHeader() {
     });
 
     auto *row = new QHBoxLayout(header);
-    row->setContentsMargins(16, 0, 10, 0);
+    row->setContentsMargins(16, metrics::line, 10, 0); // in the middle of header and hairline together
     row->setSpacing(8);
     row->addWidget(title);
     row->addStretch();
@@ -98,7 +104,16 @@ QWidget *OperationsPanel::createHeader() {
     row->addSpacing(4);
     row->addWidget(line);
     row->addWidget(m_pause);
-    return header;
+}
+
+QString OperationsPanel::nameOfMode(bool isStack) { return isStack ? tr("Multiple") : tr("Single"); }
+
+QSize OperationsPanel::minimumSizeHint() const {
+    const QFontMetrics letters(m_modeName->font());
+    const int longer =
+        std::max(letters.horizontalAdvance(nameOfMode(true)), letters.horizontalAdvance(nameOfMode(false)));
+    const int shown = letters.horizontalAdvance(m_modeName->text());
+    return {m_header->sizeHint().width() - shown + longer, Surface::minimumSizeHint().height()};
 }
 
 void OperationsPanel::showMode() {
@@ -107,7 +122,7 @@ void OperationsPanel::showMode() {
         isStack ? tr("combine multiple transformations, as a stack") : tr("only one transformation at a time");
     m_modeIcon->setPixmap(
         symbolPixmap(isStack ? "square.stack" : "1.square", smallIcon, theme().text2, devicePixelRatioF()));
-    m_modeName->setText(isStack ? tr("Multiple") : tr("Single"));
+    m_modeName->setText(nameOfMode(isStack));
     m_mode->setChecked(isStack);
     m_mode->setAccessibleName(m_modeName->text());
     m_mode->setAccessibleDescription(help);
@@ -150,6 +165,7 @@ void OperationsPanel::createRows() {
         connect(item, &DraggableOperationItem::editRequested, this,
                 [this, item] { emit editRequested(item->index()); });
         connect(item, &DraggableOperationItem::moved, this, &OperationsPanel::move);
+        connect(item, &DraggableOperationItem::dropped, this, &OperationsPanel::drop);
         connect(item, &RowButton::focusChanged, this, [this, item](bool focused) {
             if (focused) {
                 m_state.setSelectedOperationIndex(static_cast<int>(item->index()));
@@ -172,6 +188,20 @@ void OperationsPanel::move(std::size_t from, std::size_t to) {
     }
 }
 
+void OperationsPanel::drop(std::size_t from, std::size_t to) {
+    QHash<QUuid, int> before;
+    for (const DraggableOperationItem *item : m_items) {
+        before.insert(item->operation().id, item->y());
+    }
+    move(from, to);
+    m_column->activate();
+    std::vector<RowSlide::Start> starts;
+    for (DraggableOperationItem *item : m_items) {
+        starts.push_back({item, before.value(item->operation().id, item->y()) - item->y()});
+    }
+    m_slide->slide(starts);
+}
+
 void OperationsPanel::remove(std::size_t index) {
     const bool hadFocus = m_items[index]->hasFocus();
     emit operationRemoved(index);
@@ -181,6 +211,7 @@ void OperationsPanel::remove(std::size_t index) {
 }
 
 void OperationsPanel::showOperations() {
+    m_slide->finish();
     const std::vector<AppliedOperation> &operations = m_manager.appliedOperations();
     if (m_items.size() != operations.size()) {
         createRows();

@@ -19,6 +19,7 @@ class EmptyState;
 class Label;
 class RowColumn;
 class RowNavigator;
+class RowSlide;
 class ToolButton;
 class TransformationManager;
 class WindowState;
@@ -29,6 +30,9 @@ class OperationsPanel : public Surface {
 
 public:
     OperationsPanel(TransformationManager &manager, WindowState &state, QWidget *parent = nullptr);
+
+    /// Wide enough for the whole header, in either mode.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 signals:
     void modeToggled();
@@ -42,10 +46,13 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QWidget *createHeader();
+    void createHeader();
+    [[nodiscard]] static QString nameOfMode(bool isStack);
     void createRows();
     /// The focus goes with the moved row, and to the next one when a row is removed.
     void move(std::size_t from, std::size_t to);
+    /// As `move`; the rows slide to their places.
+    void drop(std::size_t from, std::size_t to);
     void remove(std::size_t index);
     void showMode();
     void showPause();
@@ -53,6 +60,7 @@ private:
 
     TransformationManager &m_manager;
     WindowState &m_state;
+    QWidget *m_header = nullptr;
     QLabel *m_modeIcon = nullptr;
     Label *m_modeName = nullptr;
     QAbstractButton *m_mode = nullptr;
@@ -62,6 +70,7 @@ private:
     QVBoxLayout *m_column;
     EmptyState *m_emptyState;
     RowNavigator *m_navigator;
+    RowSlide *m_slide;
     std::vector<DraggableOperationItem *> m_items;
 };
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/empty_state.h"
 
+#include "ui/controls/accessible_role.h"
 #include "ui/icon.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
@@ -19,6 +20,7 @@ constexpr int aboveTheMiddle = 24;
 } // namespace
 
 EmptyState::EmptyState(QWidget *column, QWidget *parent) : QWidget(parent), m_column(column) {
+    setAccessibleRole(*this, QAccessible::StaticText);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 

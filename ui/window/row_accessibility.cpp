@@ -13,10 +13,18 @@ namespace {
 
 class AccessibleRow final : public QAccessibleWidget {
 public:
-    explicit AccessibleRow(RowButton *row) : QAccessibleWidget(row, QAccessible::ListItem) {}
+    explicit AccessibleRow(RowButton *row)
+        : QAccessibleWidget(row, row->isListItem() ? QAccessible::ListItem : QAccessible::Button) {}
 
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? row().text() : QAccessibleWidget::text(kind);
+        switch (kind) {
+        case QAccessible::Name:
+            return row().text();
+        case QAccessible::Description:
+            return row().description();
+        default:
+            return QAccessibleWidget::text(kind);
+        }
     }
 
     QAccessible::State state() const override {
@@ -24,8 +32,7 @@ public:
         // Only one row of a list is a stop of the Tab key, but the focus can go to each.
         state.focusable = true;
         state.pressed = row().isDown();
-        state.selectable = row().isCheckable();
-        state.selected = row().isChecked();
+        row().addState(state);
         return state;
     }
 
@@ -75,7 +82,12 @@ QAccessibleInterface *makeInterface(const QString &, QObject *object) {
         return new AccessibleRows(column);
     }
     auto *row = qobject_cast<RowButton *>(object);
-    return row != nullptr && row->isListItem() ? new AccessibleRow(row) : nullptr;
+    return row != nullptr ? new AccessibleRow(row) : nullptr;
+}
+
+void announce(RowButton &row, QAccessible::State changed) {
+    QAccessibleStateChangeEvent event(&row, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace
@@ -91,8 +103,13 @@ void installRowAccessibility() {
 void announceSelection(RowButton &row) {
     QAccessible::State changed;
     changed.selected = true;
-    QAccessibleStateChangeEvent event(&row, changed);
-    QAccessible::updateAccessibility(&event);
+    announce(row, changed);
+}
+
+void announceChecked(RowButton &row) {
+    QAccessible::State changed;
+    changed.checked = true;
+    announce(row, changed);
 }
 
 } // namespace lexivore

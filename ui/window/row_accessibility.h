@@ -13,4 +13,7 @@ void installRowAccessibility();
 /// Tells assistive technology that the row's selection is another one now.
 void announceSelection(RowButton &row);
 
+/// Tells assistive technology that the row was switched on or off.
+void announceChecked(RowButton &row);
+
 } // namespace lexivore

@@ -20,6 +20,11 @@ RowButton::RowButton(QWidget *parent) : QAbstractButton(parent) {
     setFocusShape(*this, {FocusShape::Placement::inside, metrics::radius, true});
 }
 
+void RowButton::addState(QAccessible::State &state) const {
+    state.selectable = isCheckable();
+    state.selected = isChecked();
+}
+
 void RowButton::paintBackground(QPainter &painter, const QColor &fill) const {
     fillRounded(painter, rect(), metrics::radius, fill);
 }

@@ -25,6 +25,12 @@ void SectionHeader::setDisclosure(qreal disclosure) {
     update();
 }
 
+void SectionHeader::addState(QAccessible::State &state) const {
+    state.expandable = true;
+    state.expanded = m_disclosure > 0;
+    state.collapsed = m_disclosure <= 0;
+}
+
 QSize SectionHeader::sizeHint() const { return {0, heightFor(32, FontRole::sectionTitle)}; }
 
 void SectionHeader::paintEvent(QPaintEvent *) {

@@ -18,6 +18,7 @@ public:
     [[nodiscard]] qreal disclosure() const { return m_disclosure; }
 
     [[nodiscard]] bool isListItem() const override { return false; }
+    void addState(QAccessible::State &state) const override;
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
