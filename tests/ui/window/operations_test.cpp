@@ -195,7 +195,7 @@ TEST_F(Operations, ARowTellsWhyItsOperationFailed) {
     center().post(notification::applyTransformation, QString("base64-decode"));
     center().post(notification::applyTransformation, QString("reverse"));
     manager().moveOperation(1, 0);
-    EXPECT_EQ(row(1)->toolTip(), "Invalid input: Invalid Base64 string");
+    EXPECT_EQ(toolTipOf(row(1)), "Invalid input: Invalid Base64 string");
     EXPECT_TRUE(row(1)->accessibleDescription().contains("Invalid Base64 string"));
 }
 

@@ -4,7 +4,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QHelpEvent>
+#include <QImage>
 #include <QScrollArea>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 namespace lexivore {
 
@@ -57,6 +61,21 @@ void WindowTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 void WindowTest::type(const QString &text) {
     ASSERT_NE(QApplication::focusWidget(), nullptr);
     QTest::keyClicks(QApplication::focusWidget(), text);
+}
+
+QImage WindowTest::pictureOf(QWidget *widget) {
+    QImage picture(widget->size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    widget->render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+    return picture;
+}
+
+QString WindowTest::toolTipOf(QWidget *widget) {
+    QHelpEvent event(QEvent::ToolTip, {2, 2}, widget->mapToGlobal(QPoint(2, 2)));
+    QApplication::sendEvent(widget, &event);
+    const QString shown = QToolTip::text();
+    QToolTip::hideText();
+    return Qt::mightBeRichText(shown) ? QTextDocumentFragment::fromHtml(shown).toPlainText() : shown;
 }
 
 void WindowTest::focusEditor() {

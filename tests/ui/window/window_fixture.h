@@ -86,6 +86,10 @@ protected:
     [[nodiscard]] QAction *command(const QString &name);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString &text);
+    /// The widget with its children, on nothing.
+    [[nodiscard]] static QImage pictureOf(QWidget *widget);
+    /// What the tooltip reads that shows when the mouse rests on the widget.
+    [[nodiscard]] static QString toolTipOf(QWidget *widget);
     /// Puts the keyboard in the editor.
     void focusEditor();
     /// The text as if it had been opened.

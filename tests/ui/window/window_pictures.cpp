@@ -41,8 +41,10 @@ public:
 
     void take() {
         save("main-window");
-        m_app.window().resize(m_app.window().minimumSize());
+        m_app.window().resize(1008, 640);
         save("main-window-narrow");
+        m_app.window().resize(m_app.window().minimumSize());
+        save("main-window-smallest");
         m_app.window().resize(1280, 800);
         post(notification::toggleOperations);
         save("panel-hidden");

@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+
+#include <QAccessible>
+#include <QSet>
+
+namespace lexivore {
+namespace {
+
+/// What assistive technology finds in the window.
+class Accessibility : public WindowTest {
+protected:
+    [[nodiscard]] static QAccessibleInterface *seen(QWidget *widget) {
+        return QAccessible::queryAccessibleInterface(widget);
+    }
+
+    /// Calls `visit` for everything below that is not hidden.
+    template<typename Visit> static void forEach(QAccessibleInterface *node, const Visit &visit) {
+        for (int index = 0; node != nullptr && index < node->childCount(); ++index) {
+            QAccessibleInterface *child = node->child(index);
+            if (child != nullptr && !child->state().invisible) {
+                visit(*child);
+                forEach(child, visit);
+            }
+        }
+    }
+
+    static std::string describe(QAccessibleInterface &node) {
+        const QObject *object = node.object();
+        return std::string(object != nullptr ? object->metaObject()->className() : "?") + " " +
+               (object != nullptr ? object->objectName().toStdString() : "") + " role " + std::to_string(node.role());
+    }
+
+    void expectEverythingHasANameAndARole() {
+        const QSet<int> needingAName = {QAccessible::Button,         QAccessible::CheckBox, QAccessible::EditableText,
+                                        QAccessible::List,           QAccessible::ListItem, QAccessible::MenuItem,
+                                        QAccessible::ButtonMenu,     QAccessible::Slider,   QAccessible::StaticText,
+                                        QAccessible::ButtonDropDown, QAccessible::Dialog,   QAccessible::ToolBar};
+        int count = 0;
+        forEach(seen(&window()), [&](QAccessibleInterface &node) {
+            ++count;
+            const bool isOperable = node.state().focusable && qobject_cast<QWidget *>(node.object()) != nullptr;
+            if (needingAName.contains(node.role()) || isOperable) {
+                EXPECT_FALSE(node.text(QAccessible::Name).isEmpty()) << describe(node);
+            }
+            if (isOperable) {
+                EXPECT_NE(node.role(), QAccessible::NoRole) << describe(node);
+                EXPECT_NE(node.role(), QAccessible::Client) << describe(node);
+            }
+        });
+        EXPECT_GT(count, 40);
+    }
+};
+
+TEST_F(Accessibility, EveryControlHasANameAndARole) {
+    setText("some text\r\n");
+    useStackMode();
+    click("transformation.uppercase");
+    manager().applyTransformation(*manager().findTransformation("add-prefix"), {{"prefix", "> "}});
+    choose("Find");
+    QCoreApplication::processEvents();
+    expectEverythingHasANameAndARole();
+}
+
+TEST_F(Accessibility, SoHaveThoseOfTheEmptyWindowAndOfASheet) {
+    expectEverythingHasANameAndARole();
+    click("editorSettings");
+    expectEverythingHasANameAndARole();
+}
+
+TEST_F(Accessibility, TheColumnsAreListsWithTheirRowsInOrder) {
+    setText("x");
+    useStackMode();
+    click("transformation.uppercase");
+    click("transformation.lowercase");
+    const std::tuple<const char *, const char *, QStringList> lists[] = {
+        {"categories",
+         "Categories",
+         {"Favorites", "Case Conversion", "Add & Remove", "Lines", "Sorting", "Find & Replace", "Encoding"}},
+        {"operations", "Operations", {"UPPERCASE", "lowercase"}},
+    };
+    for (const auto &[name, title, rows] : lists) {
+        QAccessibleInterface *list = seen(find(name));
+        EXPECT_EQ(list->role(), QAccessible::List);
+        EXPECT_EQ(list->text(QAccessible::Name), title);
+        QStringList names;
+        for (int index = 0; index < list->childCount(); ++index) {
+            EXPECT_EQ(list->child(index)->role(), QAccessible::ListItem);
+            EXPECT_EQ(list->indexOfChild(list->child(index)), index);
+            names << list->child(index)->text(QAccessible::Name);
+        }
+        EXPECT_EQ(names, rows);
+    }
+}
+
+TEST_F(Accessibility, PressingARowIsAnAction) {
+    setText("x");
+    seen(find("category.Sorting"))->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(seen(find("category.Sorting"))->state().selected);
+    EXPECT_FALSE(seen(find("category.Case Conversion"))->state().selected);
+    EXPECT_TRUE(isShown("transformation.sort-lines"));
+    center().post(notification::applyTransformation, QString("uppercase"));
+    EXPECT_EQ(text(), "X");
+}
+
+TEST_F(Accessibility, TheHeaderTellsWhetherItIsUnfolded) {
+    QAccessibleInterface *header = seen(find("categoriesHeader"));
+    EXPECT_EQ(header->role(), QAccessible::Button);
+    EXPECT_EQ(header->text(QAccessible::Name), "Categories");
+    EXPECT_TRUE(header->state().expandable);
+    EXPECT_TRUE(header->state().expanded);
+    click("categoriesHeader");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return header->state().collapsed; }, 30'000));
+    EXPECT_FALSE(header->state().expanded);
+}
+
+TEST_F(Accessibility, TheStarIsACheckBoxInItsRow) {
+    auto *row = find("transformation.lowercase");
+    row->setFocus(Qt::TabFocusReason);
+    QAccessibleInterface *star = seen(row->findChild<QWidget *>("star"));
+    EXPECT_EQ(star->text(QAccessible::Name), "Favorite");
+    EXPECT_FALSE(star->state().checked);
+    press(Qt::Key_Right);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(star->state().checked);
+}
+
+TEST_F(Accessibility, TheModeSwitchAndThePauseButtonTellTheirStates) {
+    QAccessibleInterface *mode = seen(find("modeSwitch"));
+    EXPECT_EQ(mode->role(), QAccessible::CheckBox);
+    EXPECT_FALSE(mode->state().checked);
+    click("modeSwitch");
+    EXPECT_TRUE(mode->state().checked);
+    EXPECT_EQ(mode->text(QAccessible::Description), "combine multiple transformations, as a stack");
+    QAccessibleInterface *pause = seen(find("pause"));
+    EXPECT_FALSE(pause->state().checked);
+    click("pause");
+    EXPECT_TRUE(pause->state().checked);
+    EXPECT_EQ(pause->text(QAccessible::Name), "Operations paused (click to resume)");
+}
+
+} // namespace
+} // namespace lexivore

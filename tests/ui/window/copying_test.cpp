@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QTimer>
+
+#include <chrono>
+
+namespace lexivore {
+namespace {
+
+using namespace std::chrono_literals;
+
+class Copying : public WindowTest {
+protected:
+    /// The events that these tests are about, in the order in which they happened. Timers go off in the order in which
+    /// they are due, however late they are on a busy machine, so this order holds everywhere.
+    QStringList happened;
+
+    void noteAfter(std::chrono::milliseconds time, const QString &event) {
+        QTimer::singleShot(time, Qt::PreciseTimer, &window(), [this, event] { happened << event; });
+    }
+    void noteTheToast() {
+        QObject::connect(&state(), &WindowState::showCopyConfirmationChanged, &window(),
+                         [this] { happened << (state().showCopyConfirmation() ? "shown" : "hidden"); });
+    }
+};
+
+TEST_F(Copying, PutsTheTextAloneOnTheClipboard) {
+    setText("a\r\nb");
+    auto *before = new QMimeData;
+    before->setData("image/png", "x");
+    QGuiApplication::clipboard()->setMimeData(before);
+    click("copy");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "a\r\nb");
+    EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasFormat("image/png"));
+}
+
+TEST_F(Copying, ShowsAConfirmationThatHidesAfter15Seconds) {
+    noteTheToast();
+    setText("x");
+    noteAfter(1500ms, "nearly 1.5 s");
+    click("copy");
+    EXPECT_TRUE(isShown("copyToast"));
+    EXPECT_EQ(find("copyToast")->accessibleName(), "Copied to clipboard");
+    noteAfter(1505ms, "over 1.5 s");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return happened.contains("over 1.5 s"); }, 30'000));
+    EXPECT_EQ(happened, (QStringList{"shown", "nearly 1.5 s", "hidden", "over 1.5 s"}));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isShown("copyToast"); }, 30'000)) << "it fades";
+}
+
+TEST_F(Copying, ASecondCopyDoesNotKeepTheFirstConfirmationLonger) {
+    noteTheToast();
+    setText("x");
+    click("copy");
+    noteAfter(1505ms, "over 1.5 s");
+    bool isLater = false;
+    QTimer::singleShot(200ms, &window(), [&] { isLater = true; });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLater; }, 30'000));
+    click("copy");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return happened.contains("over 1.5 s"); }, 30'000));
+    EXPECT_EQ(happened, (QStringList{"shown", "hidden", "over 1.5 s"}));
+}
+
+TEST_F(Copying, TheConfirmationTakesNeitherFocusNorClicksAndStandsAboveTheStatusBar) {
+    setText("x");
+    focusEditor();
+    click("copy");
+    const QWidget *toast = find("copyToast");
+    EXPECT_TRUE(find("editor")->hasFocus());
+    EXPECT_TRUE(toast->testAttribute(Qt::WA_TransparentForMouseEvents));
+    const QRect place(toast->mapTo(&window(), QPoint()), toast->size());
+    const QPoint bar = find("statusBar")->mapTo(&window(), QPoint());
+    EXPECT_EQ(bar.y() - 1 - (place.bottom() + 1), 16);
+    const QRect editor(find("editor")->mapTo(&window(), QPoint()), find("editor")->size());
+    EXPECT_NEAR(place.center().x(), editor.center().x(), 1);
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+#include "ui/controls/label.h"
+#include "ui/theme/theme.h"
+#include "ui/window/status_item.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QSplitter>
+
+namespace lexivore {
+namespace {
+
+/// Where things stand, in letters of 10 points unless a test takes others.
+class Layout : public WindowTest {
+protected:
+    Layout() { useLetters(10); }
+    ~Layout() override { QApplication::setFont(m_before); }
+
+    void useLetters(double points) {
+        QFont font = m_before;
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+        restart();
+    }
+    void resize(int width, int height) {
+        window().resize(width, height);
+        QCoreApplication::processEvents();
+        ASSERT_EQ(window().size(), QSize(width, height));
+    }
+    [[nodiscard]] int widthOf(const QString &name) { return find(name)->width(); }
+    /// The operations panel is wider than designed when its header needs that in the system's font.
+    [[nodiscard]] int panelWidth(int designed) {
+        return std::max(designed, find("operationsPanel")->minimumSizeHint().width());
+    }
+    [[nodiscard]] QRect placeOf(QWidget *widget) { return {widget->mapTo(&window(), QPoint()), widget->size()}; }
+    [[nodiscard]] QRect placeOf(const QString &name) { return placeOf(find(name)); }
+
+    /// Everything that is shown lies within what it stands in, and nothing over its neighbour.
+    void expectNothingOverlaps(const QWidget &parent) {
+        const bool scrolls = qobject_cast<QAbstractScrollArea *>(parent.parentWidget()) != nullptr;
+        QList<QWidget *> shown;
+        for (QWidget *child : parent.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+            // What floats over the others on purpose.
+            const bool floats = child->isWindow() || child->objectName() == "copyToast" ||
+                                child->objectName() == "focusRing" || child->inherits("QSplitterHandle");
+            if (child->isVisible() && !child->size().isEmpty() && !floats) {
+                shown << child;
+            }
+        }
+        for (qsizetype index = 0; index < shown.size(); ++index) {
+            const QRect place = shown[index]->geometry();
+            EXPECT_TRUE(scrolls || parent.rect().contains(place)) << describe(*shown[index]) << " is cut off";
+            for (qsizetype other = 0; other < index; ++other) {
+                EXPECT_FALSE(place.intersects(shown[other]->geometry()))
+                    << describe(*shown[index]) << " lies over " << describe(*shown[other]);
+            }
+            if (qobject_cast<const QAbstractScrollArea *>(&parent) == nullptr) {
+                expectNothingOverlaps(*shown[index]);
+            }
+        }
+    }
+
+private:
+    static std::string describe(const QWidget &widget) {
+        return std::string(widget.metaObject()->className()) + " " + widget.objectName().toStdString();
+    }
+
+    QFont m_before = QApplication::font();
+};
+
+TEST_F(Layout, TheColumnsHaveTheirInitialWidths) {
+    resize(1280, 800);
+    EXPECT_EQ(placeOf("transformationList").left(), 184);
+    EXPECT_EQ(placeOf("editorPane").left(), 184 + 304);
+    EXPECT_EQ(widthOf("operationsPanel"), panelWidth(287));
+    EXPECT_EQ(placeOf("operationsPanel").right(), 1279);
+}
+
+TEST_F(Layout, NarrowingTakesFromTheEditorFirst) {
+    resize(1280, 800);
+    resize(1180, 800);
+    EXPECT_EQ(widthOf("editorPane"), 691 - panelWidth(287));
+    EXPECT_EQ(widthOf("transformationList"), 303);
+    EXPECT_EQ(widthOf("operationsPanel"), panelWidth(287));
+    resize(1008, 640);
+    EXPECT_EQ(widthOf("sidebar"), 183);
+    EXPECT_EQ(widthOf("transformationList"), 239);
+    EXPECT_EQ(widthOf("editorPane"), 583 - panelWidth(280));
+    EXPECT_EQ(widthOf("operationsPanel"), panelWidth(280));
+}
+
+TEST_F(Layout, TheWindowCanBe900By600AndNoSmaller) {
+    EXPECT_EQ(window().minimumSize(), QSize(900, 600));
+    resize(900, 600);
+    EXPECT_EQ(placeOf("operationsPanel").right(), 899);
+    for (const char *column : {"sidebar", "transformationList", "editorPane", "operationsPanel"}) {
+        EXPECT_TRUE(isShown(column));
+        EXPECT_GT(widthOf(column), 180);
+    }
+    resize(1280, 800);
+    EXPECT_EQ(placeOf("operationsPanel").right(), 1279);
+}
+
+TEST_F(Layout, NothingIsCutOffOrOverlapsAtAnySizeOfLettersAndWindow) {
+    for (const double points : {10.0, 13.0, 20.0}) {
+        SCOPED_TRACE(points);
+        useLetters(points);
+        setText(std::string(12'345, 'x') + "\r\n");
+        useStackMode();
+        center().post(notification::applyTransformation, QString("trim-lines"));
+        manager().applyTransformation(*manager().findTransformation("replace-regex"),
+                                      {{"pattern", std::string(500, 'p')}, {"replace", "\n\n"}});
+        focusEditor();
+        for (const QSize &size : {QSize(1280, 800), QSize(1008, 640), QSize(900, 600)}) {
+            SCOPED_TRACE(size.width());
+            resize(size.width(), size.height());
+            expectNothingOverlaps(window());
+        }
+        click("clearOperations");
+        expectNothingOverlaps(*find("alert"));
+    }
+}
+
+TEST_F(Layout, TheTitlesAreNotCutOffInTheSmallestWindow) {
+    resize(900, 600);
+    useStackMode();
+    QCoreApplication::processEvents();
+    for (const char *name : {"operationsTitle", "modeName", "listHeader"}) {
+        auto *label = find<Label>(name);
+        EXPECT_GE(label->width(), label->sizeHint().width() - 1) << name;
+    }
+}
+
+TEST_F(Layout, TheFirstRowsStandOnOneLine) {
+    resize(1280, 800);
+    setText("x");
+    center().post(notification::applyTransformation, QString("uppercase"));
+    QCoreApplication::processEvents();
+    const int top = placeOf("columns").top();
+    for (const char *name : {"categoriesHeader", "search", "operationsTitle", "modeSwitch", "pause"}) {
+        const QRect place = placeOf(name);
+        EXPECT_NEAR(place.top() + place.height() / 2.0 - top, 24, 0.5) << name;
+    }
+    EXPECT_EQ(placeOf("category.Favorites").height(), 34);
+    EXPECT_EQ(placeOf("category.Lines").top() - placeOf("category.Add & Remove").top(), 36);
+    EXPECT_EQ(placeOf("transformation.uppercase").height(), 56);
+    EXPECT_EQ(placeOf("transformation.lowercase").top() - placeOf("transformation.uppercase").top(), 56);
+    EXPECT_EQ(placeOf("search").height(), 32);
+    EXPECT_EQ(placeOf("statusBar").height(), 32);
+    EXPECT_EQ(placeOf("operation.0").height(), 40) << "36 and the 4 to the next one";
+    EXPECT_EQ(placeOf("toolBar").height(), 44);
+    EXPECT_EQ(window().menuBar()->height(), 28);
+}
+
+TEST_F(Layout, AHiddenPanelGivesItsWidthToTheEditorAndGetsItBack) {
+    resize(1280, 800);
+    find<QSplitter>("columns")->setSizes({183, 263, 504, 327});
+    const int list = widthOf("transformationList");
+    const int panel = widthOf("operationsPanel");
+    const int editor = widthOf("editorPane");
+    choose("ToggleOperations");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(widthOf("transformationList"), list);
+    EXPECT_EQ(widthOf("editorPane"), editor + panel + 1);
+    choose("ToggleOperations");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(widthOf("operationsPanel"), panel);
+    EXPECT_EQ(widthOf("editorPane"), editor);
+}
+
+TEST_F(Layout, TheStatusBarLeavesOutFromTheRightWhatDoesNotFit) {
+    resize(1280, 800);
+    setText("one\r\n");
+    for (const char *item : {"cursorPosition", "characterCount", "wordCount", "lineCount", "lineEnding"}) {
+        EXPECT_TRUE(isShown(item)) << item;
+    }
+    EXPECT_EQ(placeOf("characterCount").left() - placeOf("cursorPosition").right() - 1, 16);
+    setText(std::string(12'345'678, 'x') + "\r\n");
+    resize(900, 600);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isShown("cursorPosition"));
+    EXPECT_TRUE(isShown("characterCount"));
+    EXPECT_FALSE(isShown("lineEnding"));
+    EXPECT_TRUE(isShown("editorSettings"));
+    resize(1280, 800);
+    EXPECT_TRUE(isShown("lineEnding"));
+}
+
+TEST_F(Layout, WhatIsCutOffShowsWholeInTheTooltip) {
+    resize(900, 600);
+    click("category.Lines");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(find("transformation.trim-lines")->toolTip(),
+              "Trim Lines\nRemove leading/trailing whitespace from each line");
+    EXPECT_EQ(find("category.Lines")->toolTip(), "");
+    useLetters(20);
+    resize(900, 600);
+    EXPECT_EQ(find("category.Case Conversion")->toolTip(), "Case Conversion");
+}
+
+TEST_F(Layout, TheCategoriesScrollWhenTheyDoNotFit) {
+    useLetters(30);
+    resize(900, 600);
+    find("category.Favorites")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_End);
+    const QWidget *last = find("category.Encoding");
+    EXPECT_TRUE(last->hasFocus());
+    EXPECT_TRUE(last->parentWidget()->parentWidget()->rect().contains(
+        QRect(last->mapTo(last->parentWidget()->parentWidget(), QPoint()), last->size())));
+}
+
+TEST_F(Layout, TheThemeFollowsTheSystemWhileTheProgramRuns) {
+    const auto colourOf = [this](const QString &name, QPoint position) {
+        return find(name)->grab().toImage().pixelColor(position);
+    };
+    const QPalette before = QApplication::palette();
+    for (const Theme *colours : {&darkTheme(), &lightTheme(), &darkTheme()}) {
+        QApplication::setPalette(paletteOf(*colours));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(colourOf("sidebar", {2, 300}), colours->sidebar);
+        EXPECT_EQ(colourOf("transformationList", {2, 100}), colours->pane);
+        EXPECT_EQ(colourOf("editor", {2, 100}), colours->view);
+        EXPECT_EQ(colourOf("operationsPanel", {2, 100}), colours->pane);
+        EXPECT_EQ(colourOf("statusBar", {2, 10}), colours->chrome);
+        EXPECT_EQ(colourOf("toolBar", {2, 10}), colours->chrome);
+        EXPECT_EQ(colourOf("category.Case Conversion", {6, 17}), colours->accent);
+    }
+    QApplication::setPalette(before);
+}
+
+TEST_F(Layout, BeneathASheetTheTextKeepsItsColours) {
+    setText(std::string(4000, 'W'));
+    const auto darkest = [this] {
+        const QImage picture = find("editor")->grab().toImage();
+        int value = 255;
+        for (int y = 0; y < 100; ++y) {
+            for (int x = 0; x < 100; ++x) {
+                value = std::min(value, qGray(picture.pixel(x, y)));
+            }
+        }
+        return value;
+    };
+    const int before = darkest();
+    click("clearText");
+    ASSERT_FALSE(find("editor")->isEnabled());
+    EXPECT_EQ(darkest(), before);
+}
+
+} // namespace
+} // namespace lexivore

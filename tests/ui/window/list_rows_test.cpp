@@ -1,0 +1,193 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+#include "ui/theme/theme.h"
+#include "ui/window/category_button.h"
+#include "ui/window/hover_reveal.h"
+#include "ui/window/section_header.h"
+#include "ui/window/star_button.h"
+#include "ui/window/transformation_button.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QImage>
+#include <QLineEdit>
+#include <QProxyStyle>
+#include <QTimer>
+
+#include <chrono>
+
+namespace lexivore {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The rows of the two left columns: how they look and what the mouse does on them.
+class ListRows : public WindowTest {
+protected:
+    [[nodiscard]] TransformationButton *row(const QString &id) {
+        return find<TransformationButton>("transformation." + id);
+    }
+    [[nodiscard]] StarButton *star(const QString &id) { return row(id)->findChild<StarButton *>("star"); }
+    static QColor pixel(QWidget *widget, QPoint position) { return pictureOf(widget).pixelColor(position); }
+    /// Near the left edge, where nothing else is drawn.
+    static QColor background(QWidget *widget) { return pixel(widget, {5, widget->height() / 2}); }
+    static void enter(QWidget *widget) {
+        QEnterEvent event(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QApplication::sendEvent(widget, &event);
+    }
+    static void leave(QWidget *widget) {
+        QEvent event(QEvent::Leave);
+        QApplication::sendEvent(widget, &event);
+    }
+};
+
+TEST_F(ListRows, TheCategoriesStandInTheirOrderFavoritesFirst) {
+    QStringList names;
+    std::vector<CategoryButton *> rows;
+    for (auto *button : find("categories")->findChildren<CategoryButton *>()) {
+        rows.push_back(button);
+    }
+    std::sort(rows.begin(), rows.end(), [](const auto *a, const auto *b) { return a->y() < b->y(); });
+    for (const CategoryButton *button : rows) {
+        names << button->text();
+    }
+    EXPECT_EQ(names, (QStringList{"Favorites", "Case Conversion", "Add & Remove", "Lines", "Sorting", "Find & Replace",
+                                  "Encoding"}));
+}
+
+TEST_F(ListRows, ACategoryIsFilledWhenSelectedAndTintedWhileHovered) {
+    auto *lines = find<CategoryButton>("category.Lines");
+    EXPECT_EQ(background(lines).alpha(), 0);
+    enter(lines);
+    EXPECT_NEAR(background(lines).alphaF(), 0.1, 0.01);
+    EXPECT_NEAR(background(lines).hueF(), theme().accent.hueF(), 0.05);
+    leave(lines);
+    EXPECT_EQ(background(lines).alpha(), 0);
+    QTest::mousePress(lines, Qt::LeftButton);
+    EXPECT_NEAR(background(lines).alphaF(), 0.2, 0.01);
+    QTest::mouseRelease(lines, Qt::LeftButton);
+    EXPECT_EQ(background(lines), theme().accent);
+    EXPECT_EQ(background(find("category.Case Conversion")).alpha(), 0);
+}
+
+TEST_F(ListRows, ATransformationIsTintedWhileHoveredAndItsChevronRunsToAndFro) {
+    TransformationButton *button = row("lowercase");
+    EXPECT_EQ(background(button).alpha(), 0);
+    enter(button);
+    EXPECT_NEAR(background(button).alphaF(), 0.1, 0.01);
+    double farthest = 0;
+    bool hasReturned = false;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            const double offset = button->chevronOffset();
+            farthest = std::max(farthest, offset);
+            hasReturned = hasReturned || (farthest > 3.5 && offset < 0.5);
+            return hasReturned && offset > 3.5;
+        },
+        30'000))
+        << "there, back, and there again";
+    EXPECT_LE(farthest, 4);
+    leave(button);
+    EXPECT_EQ(background(button).alpha(), 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return button->chevronOffset() == 0; }, 30'000));
+}
+
+TEST_F(ListRows, TheChevronStaysStillWhenTheStyleAllowsNoAnimations) {
+    class StillStyle : public QProxyStyle {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                      QStyleHintReturn *returned) const override {
+            return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+        }
+    } still;
+    TransformationButton *button = row("lowercase");
+    button->setStyle(&still);
+    enter(button);
+    bool isLater = false;
+    QTimer::singleShot(100ms, button, [&] { isLater = true; });
+    double farthest = 0;
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        farthest = std::max(farthest, button->chevronOffset());
+        return isLater;
+    }));
+    EXPECT_EQ(farthest, 0);
+    button->setStyle(nullptr);
+}
+
+TEST_F(ListRows, TheStarIsRevealed15SecondsAfterTheMouseCameAndGoesWithIt) {
+    QStringList happened;
+    auto *reveal = row("lowercase")->findChild<HoverReveal *>();
+    QObject::connect(reveal, &HoverReveal::revealed, reveal, [&] { happened << "revealed"; });
+    // Timers go off in the order in which they are due, however late that is on a busy machine.
+    QTimer::singleShot(1500ms, Qt::PreciseTimer, reveal, [&] { happened << "nearly 1.5 s"; });
+    enter(row("lowercase"));
+    QTimer::singleShot(1505ms, Qt::PreciseTimer, reveal, [&] { happened << "over 1.5 s"; });
+    EXPECT_FALSE(star("lowercase")->isRevealed());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return happened.contains("over 1.5 s"); }, 30'000));
+    EXPECT_EQ(happened, (QStringList{"nearly 1.5 s", "revealed", "over 1.5 s"}));
+    EXPECT_TRUE(star("lowercase")->isRevealed());
+    leave(row("lowercase"));
+    EXPECT_FALSE(star("lowercase")->isRevealed());
+}
+
+TEST_F(ListRows, LeavingEarlierRevealsNothing) {
+    bool isLater = false;
+    enter(row("lowercase"));
+    QTimer::singleShot(1600ms, row("lowercase"), [&] { isLater = true; });
+    leave(row("lowercase"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLater; }, 30'000));
+    EXPECT_FALSE(star("lowercase")->isRevealed());
+}
+
+TEST_F(ListRows, AClickOnTheStarMarksAndDoesNotApply) {
+    setText("Kept");
+    row("lowercase")->setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return star("lowercase")->isVisible(); }));
+    clickAt(star("lowercase"), star("lowercase")->rect().center());
+    EXPECT_TRUE(manager().favorites().contains("lowercase"));
+    EXPECT_EQ(text(), "Kept");
+    clickAt(star("lowercase"), star("lowercase")->rect().center());
+    EXPECT_FALSE(manager().favorites().contains("lowercase"));
+}
+
+TEST_F(ListRows, AFavoriteKeepsAYellowStarAtRest) {
+    manager().toggleFavorite("lowercase");
+    find("editor")->setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return star("lowercase")->isVisible(); }));
+    const auto middle = [this] { return pixel(star("lowercase"), star("lowercase")->rect().center()); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return middle() == theme().star; })) << "it fades in";
+    EXPECT_FALSE(star("uppercase")->isVisible());
+}
+
+TEST_F(ListRows, TheHeaderTurnsItsChevronByAQuarterAndFoldsTheRows) {
+    const auto *header = find<SectionHeader>("categoriesHeader");
+    EXPECT_EQ(header->disclosure(), 1);
+    click("categoriesHeader");
+    double least = 1;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            least = std::min(least, header->disclosure());
+            return !isShown("categories");
+        },
+        30'000));
+    EXPECT_EQ(least, 0);
+    EXPECT_EQ(header->y(), 8) << "the header stays at the top";
+    click("categoriesHeader");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return header->disclosure() == 1 && isShown("category.Encoding"); }, 30'000));
+}
+
+TEST_F(ListRows, TheSearchFieldInvitesAndItsClearButtonIsThereWithTextOnly) {
+    auto *search = find<QLineEdit>("search");
+    EXPECT_EQ(search->placeholderText(), "Search transformations...");
+    const auto *clear = window().findChild<QAction *>("clearSearch");
+    EXPECT_FALSE(clear->isVisible());
+    search->setFocus();
+    type("x");
+    EXPECT_TRUE(clear->isVisible());
+    press(Qt::Key_Backspace);
+    EXPECT_FALSE(clear->isVisible());
+}
+
+} // namespace
+} // namespace lexivore

@@ -1,0 +1,330 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "tests/ui/window/window_fixture.h"
+#include "ui/operations/draggable_operation_item.h"
+#include "ui/operations/operation_description.h"
+#include "ui/theme/theme.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QProxyStyle>
+#include <QSplitter>
+
+namespace lexivore {
+namespace {
+
+/// What the rows of the operations panel look like and say.
+class OperationRows : public WindowTest {
+protected:
+    OperationRows() {
+        setText("b\n a \n\nb");
+        useStackMode();
+        for (const char *id : {"uppercase", "remove-empty-lines", "trim-lines"}) {
+            center().post(notification::applyTransformation, QString(id));
+        }
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] DraggableOperationItem *row(int index) {
+        return find<DraggableOperationItem>(QString("operation.%1").arg(index));
+    }
+    [[nodiscard]] QColor pixel(int index, QPoint position) { return pictureOf(row(index)).pixelColor(position); }
+    /// On the disc, left of the number.
+    [[nodiscard]] QColor badge(int index) { return pixel(index, {32, row(index)->height() / 2}); }
+    [[nodiscard]] QColor background(int index) { return pixel(index, {60, 5}); }
+    /// Whether a line runs through the name from end to end.
+    [[nodiscard]] bool isStruckOut(int index) {
+        const QImage picture = pictureOf(row(index));
+        for (int y = 8; y < picture.height() - 8; ++y) {
+            int run = 0;
+            while (picture.pixelColor(57 + run, y).alpha() > 60 && run < 40) {
+                ++run;
+            }
+            if (run == 40) {
+                return true;
+            }
+        }
+        return false;
+    }
+    void hover(int index) {
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QApplication::sendEvent(row(index), &enter);
+    }
+    [[nodiscard]] static QString descriptionOf(QWidget *widget) {
+        return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Description);
+    }
+    [[nodiscard]] static QAccessible::State stateOf(QWidget *widget) {
+        return QAccessible::queryAccessibleInterface(widget)->state();
+    }
+    void drop(int from, int to) {
+        QMimeData payload;
+        payload.setData(DraggableOperationItem::mimeType, "token");
+        state().setDraggedOperation(row(from)->operation());
+        QDragEnterEvent enter({20, 10}, Qt::MoveAction, &payload, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(row(to), &enter);
+        QDropEvent event(QPointF(20, 10), Qt::MoveAction, &payload, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(row(to), &event);
+    }
+};
+
+TEST_F(OperationRows, TheBadgeHasTheAccentUnlessPausedOrDisabled) {
+    EXPECT_EQ(badge(0), theme().accent);
+    click("pause");
+    EXPECT_EQ(badge(0), theme().badgeOff);
+    click("pause");
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_NEAR(badge(0).alphaF(), 0.6 * 0.3, 0.02);
+    EXPECT_NEAR(badge(0).lightnessF(), theme().badgeOff.lightnessF(), 0.05);
+    EXPECT_EQ(badge(1), theme().accent);
+}
+
+TEST_F(OperationRows, ADisabledRowIsStruckOutAndPaleWithItsButton) {
+    EXPECT_FALSE(isStruckOut(0));
+    const auto solidity = [this] {
+        const QWidget *remove = row(0)->findChild<QWidget *>("remove");
+        const QImage picture = pictureOf(row(0)).copy(remove->geometry());
+        int most = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            most = std::max(most, picture.pixelColor(x, picture.height() / 2).alpha());
+        }
+        return most / 255.0;
+    };
+    EXPECT_NEAR(solidity(), 1, 0.02);
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(isStruckOut(0));
+    EXPECT_NEAR(solidity(), 0.6, 0.02);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(isStruckOut(0));
+    EXPECT_EQ(row(0)->text(), "UPPERCASE") << "it stays in its place";
+}
+
+TEST_F(OperationRows, AHoveredRowIsGrayAndADraggedOneHalfSolid) {
+    EXPECT_EQ(background(1).alpha(), 0);
+    hover(1);
+    EXPECT_NEAR(background(1).alphaF(), 0.1, 0.01);
+    EXPECT_NEAR(background(1).lightness(), 128, 8);
+    state().setDraggedOperation(row(0)->operation());
+    EXPECT_NEAR(background(0).alphaF(), 0.1, 0.01);
+    EXPECT_NEAR(badge(0).alphaF(), 0.5 + 0.5 * 0.1, 0.01) << "half solid on the fill";
+    EXPECT_NEAR(badge(2).alphaF(), 1, 0.01);
+}
+
+TEST_F(OperationRows, TheInsertionMarkIs2PixelsOfTheAccent) {
+    QMimeData payload;
+    payload.setData(DraggableOperationItem::mimeType, "token");
+    state().setDraggedOperation(row(1)->operation());
+    QDragEnterEvent enter({20, 10}, Qt::MoveAction, &payload, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(row(0), &enter);
+    EXPECT_EQ(pixel(0, {60, 0}), theme().accent);
+    EXPECT_EQ(pixel(0, {60, 1}), theme().accent);
+    EXPECT_NE(pixel(0, {60, 2}), theme().accent);
+    QApplication::sendEvent(row(2), &enter);
+    const int bottom = row(2)->height() - 1;
+    EXPECT_EQ(pixel(2, {60, bottom}), theme().accent);
+    EXPECT_EQ(pixel(2, {60, bottom - 1}), theme().accent);
+    EXPECT_NE(pixel(2, {60, bottom - 2}), theme().accent);
+    EXPECT_EQ(pixel(2, {60, 0}).alpha(), 0);
+}
+
+TEST_F(OperationRows, EachParameterHasALineOfItsOwnWhateverItHolds) {
+    manager().clearAll();
+    setText("x");
+    const int plain = [this] {
+        manager().applyTransformation(*manager().findTransformation("uppercase"), {});
+        QCoreApplication::processEvents();
+        return row(0)->height();
+    }();
+    const std::string hostile = "a\nb\r\n\t\xE2\x80\xA8" + std::string(1, '\0') + "\xF0\x9F\x91\xA8\xD7\xA9" +
+                                std::string(10'000, 'x') + "<b>bold</b>";
+    const auto rowFor = [&](const std::string &id, const ParameterMap &parameters) {
+        manager().applyTransformation(*manager().findTransformation(id), parameters);
+        QCoreApplication::processEvents();
+        return row(static_cast<int>(manager().appliedOperations().size()) - 1);
+    };
+    const int one = rowFor("add-prefix", {{"prefix", "> "}})->height();
+    const int two = rowFor("replace-text", {{"find", "q"}, {"replace", ""}})->height();
+    EXPECT_GT(one, plain);
+    EXPECT_EQ(two - one, one - plain);
+    const DraggableOperationItem *strange = rowFor("add-suffix", {{"suffix", hostile}});
+    EXPECT_EQ(strange->height(), one);
+    EXPECT_FALSE(strange->accessibleDescription().contains('\n'));
+    EXPECT_TRUE(strange->accessibleDescription().startsWith("Enabled, suffix: a"));
+    EXPECT_LT(strange->accessibleDescription().size(), 300);
+}
+
+TEST_F(OperationRows, TheTooltipShowsWhatItReadsAndNoMarkup) {
+    manager().applyTransformation(*manager().findTransformation("add-prefix"), {{"prefix", "<b>&amp;"}});
+    EXPECT_EQ(toolTipOf(row(3)), "Add Prefix\nprefix: <b>&amp;\nLines: 3 → 3\nCharacters: 5 → 29");
+}
+
+TEST_F(OperationRows, ARowTellsWhatItsStepDidToLinesAndCharacters) {
+    EXPECT_EQ(toolTipOf(row(1)), "Remove Empty Lines\nLines: 4 → 3\nCharacters: 8 → 7");
+    EXPECT_EQ(toolTipOf(row(2)), "Trim Lines\nLines: 3 → 3\nCharacters: 7 → 5");
+    EXPECT_EQ(descriptionOf(row(1)), "Enabled, Lines: 4 → 3, Characters: 8 → 7");
+    manager().toggleOperation(1);
+    EXPECT_EQ(toolTipOf(row(1)), "Remove Empty Lines") << "a disabled step does nothing";
+    EXPECT_EQ(descriptionOf(row(1)), "Disabled");
+    EXPECT_EQ(toolTipOf(row(2)), "Trim Lines\nLines: 4 → 4\nCharacters: 8 → 6");
+}
+
+TEST_F(OperationRows, TheRowShowsTheShorterMeasureWhileItIsLookedAtAndDoesNotMove) {
+    const int height = row(2)->height();
+    const auto inkBesideTheName = [this] {
+        const QImage picture = pictureOf(row(2));
+        const int right = row(2)->findChild<QWidget *>("remove")->x() - 8;
+        int ink = 0;
+        for (int x = right - 40; x < right; ++x) {
+            ink += picture.pixelColor(x, picture.height() / 2).alpha() > 60 ? 1 : 0;
+        }
+        return ink;
+    };
+    find<QSplitter>("columns")->setSizes({183, 240, 300, 500});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(inkBesideTheName(), 0);
+    row(2)->setFocus(Qt::TabFocusReason);
+    EXPECT_GT(inkBesideTheName(), 0);
+    EXPECT_EQ(row(2)->height(), height);
+    row(1)->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(inkBesideTheName(), 0);
+}
+
+TEST_F(OperationRows, AnUnknownTransformationIsCalledSo) {
+    AppliedOperation gone;
+    gone.transformation = "no-such-transformation";
+    const OperationProblems problems = {{gone.id, {OperationProblem::Kind::unknownTransformation, {}}}};
+    EXPECT_EQ(problemOf(gone, problems), "Unknown transformation");
+    EXPECT_EQ(problemOf(AppliedOperation(), problems), "");
+}
+
+TEST_F(OperationRows, TheStateIsToldToAssistiveTechnology) {
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(row(0))->role(), QAccessible::ListItem);
+    EXPECT_TRUE(stateOf(row(0)).checked);
+    row(0)->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(stateOf(row(0)).selected);
+    EXPECT_FALSE(stateOf(row(1)).selected);
+    press(Qt::Key_Space);
+    EXPECT_FALSE(stateOf(row(0)).checked);
+    EXPECT_TRUE(descriptionOf(row(0)).startsWith("Disabled"));
+    press(Qt::Key_Down);
+    EXPECT_TRUE(stateOf(row(1)).selected);
+    EXPECT_FALSE(stateOf(row(0)).selected);
+    const QWidget *remove = row(0)->findChild<QWidget *>("remove");
+    EXPECT_EQ(remove->accessibleName(), "Remove UPPERCASE");
+}
+
+TEST_F(OperationRows, DoubleClickAndTheContextMenuEditTheParameters) {
+    manager().applyTransformation(*manager().findTransformation("add-prefix"), {{"prefix", "> "}});
+    QCoreApplication::processEvents();
+    QTest::mouseDClick(row(3), Qt::LeftButton, Qt::NoModifier, {80, 12});
+    EXPECT_TRUE(isShown("parameterSheet"));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("parameterSheet"); }));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {10, 10}, row(3)->mapToGlobal(QPoint(10, 10)));
+    QApplication::sendEvent(row(3), &event);
+    auto *menu = row(3)->findChild<QMenu *>("operationMenu");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions().last()->text(), "Edit Parameters...");
+    menu->actions().last()->trigger();
+    delete menu;
+    EXPECT_TRUE(isShown("parameterSheet"));
+    EXPECT_EQ(find<QLineEdit>("parameter.prefix")->text(), "> ");
+}
+
+TEST_F(OperationRows, WithoutParametersThereIsNothingToEdit) {
+    QTest::mouseDClick(row(0), Qt::LeftButton, Qt::NoModifier, {80, 12});
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_F2);
+    EXPECT_FALSE(isShown("parameterSheet"));
+}
+
+TEST_F(OperationRows, TogglingPostsARefreshAndARefreshBumpsTheTrigger) {
+    int posts = 0;
+    QObject receiver;
+    center().subscribe(notification::refreshOperations, &receiver, [&](const QVariant &) { ++posts; });
+    const unsigned before = state().operationsRefreshTrigger();
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_EQ(posts, 1);
+    EXPECT_EQ(state().operationsRefreshTrigger(), before + 1);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(posts, 1) << "removing posts nothing";
+}
+
+TEST_F(OperationRows, ADragCarriesTheIdAndACancelledOneLeavesTheRowMarkedAsDragged) {
+    QTest::mousePress(row(0), Qt::LeftButton, Qt::NoModifier, {80, 12});
+    QMouseEvent move(QEvent::MouseMove, QPointF(80, 60), row(0)->mapToGlobal(QPointF(80, 60)), Qt::LeftButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(row(0), &move);
+    // It was cancelled at once, because nobody took it, and will be deleted later.
+    const auto *drag = find("operations")->findChild<QDrag *>();
+    ASSERT_NE(drag, nullptr);
+    EXPECT_EQ(drag->mimeData()->data(DraggableOperationItem::mimeType),
+              row(0)->operation().id.toString(QUuid::WithoutBraces).toUpper().toLatin1());
+    EXPECT_EQ(state().draggedOperation(), row(0)->operation());
+    EXPECT_EQ(manager().appliedOperations().size(), 3U);
+}
+
+TEST_F(OperationRows, DroppedRowsSlideToTheirPlaces) {
+    const int places[] = {row(0)->y(), row(1)->y(), row(2)->y()};
+    drop(0, 2);
+    ASSERT_EQ(row(2)->text(), "UPPERCASE");
+    EXPECT_EQ(row(2)->y(), places[0]) << "they begin where they were";
+    EXPECT_EQ(row(0)->y(), places[1]);
+    EXPECT_EQ(row(1)->y(), places[2]);
+    for (int index = 0; index < 3; ++index) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return row(index)->y() == places[index]; }, 10'000));
+    }
+}
+
+TEST_F(OperationRows, AChangeEndsTheSlide) {
+    const int places[] = {row(0)->y(), row(1)->y()};
+    drop(0, 2);
+    manager().removeOperation(2);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(row(0)->y(), places[0]);
+    EXPECT_EQ(row(1)->y(), places[1]);
+}
+
+TEST_F(OperationRows, NothingSlidesWhenTheStyleAllowsNoAnimations) {
+    class StillStyle : public QProxyStyle {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                      QStyleHintReturn *returned) const override {
+            return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+        }
+    } still;
+    find("operations")->setStyle(&still);
+    const int places[] = {row(0)->y(), row(1)->y(), row(2)->y()};
+    drop(2, 0);
+    EXPECT_EQ(row(0)->text(), "Trim Lines");
+    for (int index = 0; index < 3; ++index) {
+        EXPECT_EQ(row(index)->y(), places[index]);
+    }
+    find("operations")->setStyle(nullptr);
+}
+
+TEST_F(OperationRows, MovingByKeyDoesNotSlide) {
+    const int places[] = {row(0)->y(), row(1)->y()};
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Down, Qt::AltModifier);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(row(0)->y(), places[0]);
+    EXPECT_EQ(row(1)->y(), places[1]);
+}
+
+TEST_F(OperationRows, AnEmptyStackSaysSo) {
+    manager().clearOperations();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(find("operationsEmptyState")->accessibleName(), "No operations yet");
+}
+
+} // namespace
+} // namespace lexivore
