@@ -10,6 +10,8 @@
 #include "engine/primitives/words.h"
 #include "engine/primitives/wrapping.h"
 
+#include <algorithm>
+
 namespace lexivore {
 
 namespace {
@@ -85,18 +87,15 @@ TextBuffer RemoveLineBreaksTransformation::apply(std::string_view text, const Pa
 }
 
 TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    PieceSet seen;
-    return filterLines(text, [&](std::string_view line) { return seen.insert(line); });
+    const std::size_t mostDistinct = text.size() / 16; // a bound on the memory; there may be more
+    DistinctJoiner joiner("\n", text.size(), std::min(lineCount(text), mostDistinct));
+    forEachLine(text, [&](std::string_view line) { joiner.add(line); });
+    return joiner.take();
 }
 
 TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {
-    PieceSet seen;
-    Joiner joiner(" ", text.size());
-    forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) {
-        if (seen.insert(word)) {
-            joiner.add(word);
-        }
-    });
+    DistinctJoiner joiner(" ", text.size(), 0);
+    forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) { joiner.add(word); });
     return joiner.take();
 }
 

@@ -141,7 +141,11 @@ void sortByKey(Entries &entries, const Keys &keys) {
     while (!ranges.empty()) {
         const auto [begin, end, depth] = ranges.back();
         ranges.pop_back();
+        constexpr std::size_t ahead = 16; // what is sorted in part lies anywhere in the text
         for (std::size_t i = begin; i < end; ++i) {
+            if (depth > 0 && i + ahead < end) {
+                __builtin_prefetch(keys[entries[i + ahead].index].data() + depth);
+            }
             readPrefix(entries[i], keys, depth);
         }
         sortByPrefix(entries, scratch, begin, end);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <random>
 #include <set>
 #include <string>
@@ -37,7 +38,7 @@ TEST(PieceSet, HoldsTheEmptyPieceOnce) {
 }
 
 TEST(PieceSet, CountsWhatWasInserted) {
-    PieceSet pieces;
+    PieceSet pieces(PieceSet::Counting::yes);
     for (const char *piece : {"a", "b", "a", "", "a", "b"}) {
         pieces.insert(piece);
     }
@@ -66,12 +67,23 @@ TEST(PieceSet, EqualsAStandardSet) {
         text = std::to_string(random() % 20'000) + std::string(random() % 3, 'x') +
                (random() % 9 == 0 ? "a long end of it" : "");
     }
-    PieceSet pieces;
-    std::set<std::string> expected;
-    for (const std::string &text : texts) {
-        ASSERT_EQ(pieces.insert(text), expected.insert(text).second) << text << ", seed " << seed;
+    for (const std::size_t expectedPieces : {0U, 10U, 100'000U}) {
+        PieceSet pieces(PieceSet::Counting::yes, expectedPieces);
+        DistinctJoiner joiner(",", 0, expectedPieces);
+        std::map<std::string, std::size_t> expected;
+        std::string joined;
+        for (const std::string &text : texts) {
+            const bool isNew = ++expected[text] == 1;
+            ASSERT_EQ(pieces.insert(text), isNew) << text << ", seed " << seed;
+            joiner.add(text);
+            joined += isNew ? (joined.empty() ? "" : ",") + text : "";
+        }
+        EXPECT_EQ(joiner.take(), joined);
+        EXPECT_EQ(pieces.size(), expected.size());
+        for (const auto &[text, count] : expected) {
+            ASSERT_EQ(pieces.countOf(text), count) << text << ", seed " << seed;
+        }
     }
-    EXPECT_EQ(pieces.size(), expected.size());
 }
 
 } // namespace
