@@ -53,6 +53,19 @@ void appendMapped(TextBuffer &result, std::string_view text, const kernels::Case
     constexpr std::size_t scratch = std::max(kernels::blockSize, codePointsAtOnce * longestMapping);
     const char *position = text.data();
     const char *const end = position + text.size();
+    const auto writeUpTo = [&](std::size_t codePoints, bool takesAscii) {
+        char *to = result.room(scratch);
+        for (; codePoints > 0 && position != end && (takesAscii || !isAscii(*position)); --codePoints) {
+            to = writeOne(position, end, to, [&, place = position](char32_t codePoint, char *placeTo) {
+                return write(codePoint, place, placeTo);
+            });
+        }
+        result.commit(to);
+    };
+    if (text.size() <= codePointsAtOnce) {
+        writeUpTo(codePointsAtOnce, true);
+        return;
+    }
     static_cast<void>(result.room(text.size() + scratch));
     while (position != end) {
         const auto length = static_cast<std::size_t>(std::min(stretch, end - position));
@@ -64,13 +77,7 @@ void appendMapped(TextBuffer &result, std::string_view text, const kernels::Case
         position += mapped.size;
         result.commit(to + mapped.size);
         if (mapped.size < length) {
-            to = result.room(scratch);
-            for (std::size_t i = 0; i < codePointsAtOnce && position != end && !isAscii(*position); ++i) {
-                to = writeOne(position, end, to, [&, place = position](char32_t codePoint, char *placeTo) {
-                    return write(codePoint, place, placeTo);
-                });
-            }
-            result.commit(to);
+            writeUpTo(codePointsAtOnce, false);
         }
     }
 }
