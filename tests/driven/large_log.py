@@ -12,13 +12,17 @@ import tempfile
 from program import Display, Program, wait_for
 from real_file import apply, choose_file, wait_for_lines
 
-LINES = 500_000
+LINES = 501_000
+
+
+def names(program, beginning):
+    return [node.name for node in program.all() if node.name and node.name.startswith(beginning)]
 
 
 def main(executable):
     source = b"".join(b"2024-05-%02d 12:%02d:%02d host service[%d]: request %07d took %d ms, \xe2\x9c\x93 done, all of it in one go\r\n"
                       % (i % 28 + 1, i // 60 % 60, i % 60, 1000 + i % 9000, i, i * 7919 % 1000) for i in range(LINES))
-    assert len(source) >= 49_000_000
+    assert len(source) >= 50_000_000
     characters = len(source.decode()) - LINES  # CR LF is one
     with tempfile.TemporaryDirectory() as folder, Display(), Program(executable) as program:
         opened = pathlib.Path(folder, "service.log")
@@ -34,6 +38,7 @@ def main(executable):
         program.keys("ctrl+alt+1")  # every transformation is applied to the result of the one before
         apply(program, "base64 enc", "Base64 Encode")
         wait_for_lines(program, 1)
+        wait_for(lambda: not names(program, "Line endings of the text: "), "no line ending to name")
         encoded = (len(source) + 2) // 3 * 4
         wait_for(lambda: program.named("Total characters: ") == str(encoded), "the encoded text")
 
