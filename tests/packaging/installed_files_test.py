@@ -1,0 +1,86 @@
+# SPDX-FileCopyrightText: Lexivore contributors
+# SPDX-License-Identifier: MIT
+"""Installs the build into an empty folder and looks at every file: installed_files_test.py CMAKE BUILD VERSION"""
+
+import configparser
+import gzip
+import os
+import pathlib
+import re
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree
+
+CMAKE, BUILD, VERSION = sys.argv[1:4]
+ID = "org.lexivore.Lexivore"
+SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
+EXPECTED = {
+    "bin/lexivore",
+    f"share/applications/{ID}.desktop",
+    f"share/dbus-1/services/{ID}.service",
+    f"share/metainfo/{ID}.metainfo.xml",
+    f"share/icons/hicolor/scalable/apps/{ID}.svg",
+    *(f"share/icons/hicolor/{size}x{size}/apps/{ID}.png" for size in SIZES),
+    "share/man/man1/lexivore.1.gz",
+    "share/doc/lexivore/changelog.gz",
+    "share/doc/lexivore/copyright",
+}
+
+
+class InstalledFiles(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = tempfile.TemporaryDirectory(prefix="lexivore-install-")
+        destination = pathlib.Path(cls.folder.name)
+        subprocess.run([CMAKE, "--install", BUILD, "--prefix", "/opt/somewhere"], check=True, stdout=subprocess.DEVNULL,
+                       env=dict(os.environ, DESTDIR=str(destination)))
+        cls.destination = destination
+        cls.prefix = destination / "opt/somewhere"
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.folder.cleanup()
+
+    def test_all_of_it_and_nothing_else_is_under_the_prefix(self):
+        found = {str(path.relative_to(self.prefix)) for path in self.destination.rglob("*") if not path.is_dir()}
+        self.assertEqual(found, EXPECTED)
+
+    def test_everybody_can_read_it_and_run_the_program(self):
+        for name in EXPECTED:
+            mode = (self.prefix / name).stat().st_mode & 0o777
+            self.assertEqual(mode, 0o755 if name.startswith("bin/") else 0o644, name)
+
+    def test_the_bus_starts_the_program_where_it_is_installed(self):
+        service = configparser.ConfigParser()
+        service.read(self.prefix / f"share/dbus-1/services/{ID}.service")
+        self.assertEqual(service["D-BUS Service"]["Name"], ID)
+        self.assertEqual(service["D-BUS Service"]["Exec"], "/opt/somewhere/bin/lexivore")
+
+    def test_the_desktop_entry_names_the_icon_and_the_type_of_file(self):
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.optionxform = str
+        entry.read(self.prefix / f"share/applications/{ID}.desktop")
+        self.assertEqual(entry["Desktop Entry"]["Icon"], ID)
+        self.assertIn("text/plain", entry["Desktop Entry"]["MimeType"].split(";"))
+        self.assertTrue(entry["Desktop Entry"]["Exec"].startswith("lexivore %"))
+
+    def test_every_picture_of_the_icon_has_the_size_of_its_folder(self):
+        for size in SIZES:
+            header = (self.prefix / f"share/icons/hicolor/{size}x{size}/apps/{ID}.png").read_bytes()[:24]
+            self.assertEqual(header[:8], b"\x89PNG\r\n\x1a\n")
+            self.assertEqual(struct.unpack(">II", header[16:24]), (size, size))
+
+    def test_everything_tells_the_same_version(self):
+        metainfo = xml.etree.ElementTree.parse(self.prefix / f"share/metainfo/{ID}.metainfo.xml")
+        self.assertEqual(metainfo.find("releases/release").get("version"), VERSION)
+        manual = gzip.decompress((self.prefix / "share/man/man1/lexivore.1.gz").read_bytes()).decode()
+        self.assertIn(f"Lexivore {VERSION}", manual)
+        changes = gzip.decompress((self.prefix / "share/doc/lexivore/changelog.gz").read_bytes()).decode()
+        self.assertEqual(re.match(r"lexivore \(([^)]*)\)", changes)[1], VERSION)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
