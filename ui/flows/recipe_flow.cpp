@@ -8,6 +8,7 @@
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
 #include "ui/text_conversion.h"
+#include "ui/translation.h"
 #include "ui/window/file_panels.h"
 #include "ui/window/window_state.h"
 
@@ -25,7 +26,7 @@ constexpr int longestFileName = 60; ///< At most 180 bytes: file systems take 25
 
 /// What the name of one recipe, or of all, can be in any folder.
 QString proposedFileName(const std::vector<Recipe> &recipes) {
-    QString name = recipes.size() == 1 ? toQString(recipes.front().name) : RecipeFlow::tr("recipes");
+    QString name = recipes.size() == 1 ? translatedName(recipes.front()) : RecipeFlow::tr("recipes");
     std::replace_if(
         name.begin(), name.end(),
         [](QChar character) { return character == u'/' || character.category() == QChar::Other_Control; }, u' ');
@@ -86,7 +87,7 @@ void RecipeFlow::replaceOperations(const Recipe &recipe) {
     try {
         m_manager.applyRecipe(recipe);
     } catch (const TransformationError &error) {
-        m_alerts.showError(toQString(error.description()));
+        m_alerts.showError(translatedError(error.description()));
     } catch (const std::bad_alloc &) {
         m_alerts.showError(tr("There is not enough memory for the result."));
     }

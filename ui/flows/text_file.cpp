@@ -21,16 +21,18 @@ namespace {
 
 constexpr std::size_t chunkSize = std::size_t{1} << 20;
 
-QString tr(const char *text) { return QCoreApplication::translate("TextFile", text); }
+struct Words {
+    Q_DECLARE_TR_FUNCTIONS(TextFile)
+};
 
 QString shownPath(const QString &path) { return QDir::toNativeSeparators(path); }
 
 Failure cannotOpen(const QString &path, const QString &reason) {
-    return {tr("“%1” could not be opened: %2").arg(shownPath(path), reason)};
+    return {Words::tr("“%1” could not be opened: %2").arg(shownPath(path), reason)};
 }
 
 QString cannotSave(const QString &path, const QString &reason) {
-    return tr("“%1” could not be saved: %2").arg(shownPath(path), reason);
+    return Words::tr("“%1” could not be saved: %2").arg(shownPath(path), reason);
 }
 
 /// Not by the size that the system tells: for some files it tells none, and a file can grow meanwhile.
@@ -48,7 +50,7 @@ std::variant<TextBuffer, Failure> readAll(QFile &file, std::size_t maximum) {
         }
         bytes.commit(room + count);
         if (bytes.size() > maximum) {
-            return cannotOpen(file.fileName(), tr("the file is too large"));
+            return cannotOpen(file.fileName(), Words::tr("the file is too large"));
         }
     }
 }
@@ -58,11 +60,11 @@ std::variant<TextBuffer, Failure> readAll(QFile &file, std::size_t maximum) {
 std::variant<Text, NotUtf8, Failure> read(const QString &path, std::size_t maximum) {
     const QFileInfo info(path);
     if (info.isDir()) {
-        return cannotOpen(path, tr("it is a folder"));
+        return cannotOpen(path, Words::tr("it is a folder"));
     }
     // Opening a pipe would wait for its other end.
     if (info.exists() && !info.isFile()) {
-        return cannotOpen(path, tr("it is not a regular file"));
+        return cannotOpen(path, Words::tr("it is not a regular file"));
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
@@ -79,14 +81,14 @@ std::variant<Text, NotUtf8, Failure> read(const QString &path, std::size_t maxim
         }
         return Text(std::move(buffer));
     } catch (const std::bad_alloc &) {
-        return cannotOpen(path, tr("there is not enough memory"));
+        return cannotOpen(path, Words::tr("there is not enough memory"));
     }
 }
 
 QString write(const QString &path, const Text &text) {
     const QFileInfo info(path);
     if (info.exists() && !info.isFile()) {
-        return cannotSave(path, info.isDir() ? tr("it is a folder") : tr("it is not a regular file"));
+        return cannotSave(path, info.isDir() ? Words::tr("it is a folder") : Words::tr("it is not a regular file"));
     }
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {

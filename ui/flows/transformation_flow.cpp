@@ -5,7 +5,7 @@
 #include "manager/transformation_manager.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
-#include "ui/text_conversion.h"
+#include "ui/translation.h"
 #include "ui/window/window_state.h"
 
 #include <QtGlobal>
@@ -75,7 +75,7 @@ void TransformationFlow::apply(const TextTransformation &transformation, const P
     try {
         m_manager.applyTransformation(transformation, parameters);
     } catch (const TransformationError &error) {
-        m_alerts.showError(toQString(error.description()));
+        m_alerts.showError(translatedError(error.description()));
     } catch (const std::bad_alloc &) {
         m_alerts.showError(tr("There is not enough memory for the result."));
     }

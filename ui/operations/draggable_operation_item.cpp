@@ -13,6 +13,7 @@
 #include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/translation.h"
 #include "ui/window/row_accessibility.h"
 #include "ui/window/window_state.h"
 
@@ -77,7 +78,7 @@ void DraggableOperationItem::setOperation(const AppliedOperation &operation, std
     m_operation = operation;
     m_index = index;
     setObjectName(QString("operation.%1").arg(index));
-    setText(toQString(operation.transformationName));
+    setText(translated(operation.transformationName));
     m_remove->setAccessibleName(tr("Remove %1").arg(text()));
     describe();
     showSelection();

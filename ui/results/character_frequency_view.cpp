@@ -5,8 +5,8 @@
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/label.h"
 #include "ui/results/frequency_row.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/metrics.h"
+#include "ui/translation.h"
 
 #include <QScrollArea>
 #include <QScrollBar>
@@ -49,7 +49,7 @@ void CharacterFrequencyView::appear() {
     const std::size_t shown = std::min(shownFrequencyCount, m_frequencies.size());
     for (std::size_t index = 0; index < shown; ++index) {
         const CharacterFrequency &entry = m_frequencies[index];
-        rows->addWidget(new FrequencyRow(toQString(displayedCharacter(entry)), entry.count, greatest));
+        rows->addWidget(new FrequencyRow(translated(displayedCharacter(entry)), entry.count, greatest));
     }
     body().addWidget(list);
     body().addStretch();

@@ -9,6 +9,7 @@
 #include "ui/results/footnote.h"
 #include "ui/results/readability_scale.h"
 #include "ui/theme/metrics.h"
+#include "ui/translation.h"
 
 #include <QHBoxLayout>
 
@@ -43,8 +44,8 @@ void ReadabilityView::appear() {
 
 QWidget *ReadabilityView::makeScoreCard() const {
     const QString score = QString::fromStdString(oneDecimalText(m_result.score));
-    const QString level = QString::fromStdString(m_result.level);
-    const QString grade = QString::fromStdString(m_result.gradeLevel);
+    const QString level = translated(m_result.level);
+    const QString grade = translated(m_result.gradeLevel);
     auto *card = new Card;
     setAccessibleRole(*card, QAccessible::Grouping);
     card->setAccessibleName(tr("Flesch Reading Ease"));

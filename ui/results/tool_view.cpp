@@ -9,6 +9,7 @@
 #include "ui/results/symbol_chip.h"
 #include "ui/text_conversion.h"
 #include "ui/theme/metrics.h"
+#include "ui/translation.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -27,9 +28,9 @@ constexpr int footerInset = 16;
 } // namespace
 
 ToolView::ToolView(const TextTool &tool, Text text, const QSize &size)
-    : Sheet(toQString(tool.name()), size.width()), m_text(std::move(text)) {
+    : Sheet(translated(tool.name()), size.width()), m_text(std::move(text)) {
     setObjectName(QStringLiteral("toolResult.") + toQString(tool.id()));
-    setAccessibleDescription(toQString(tool.description()));
+    setAccessibleDescription(translated(tool.description()));
     setLeastHeight(size.height());
     addAboveBody(makeHeader(tool));
     addBelowBody(makeFooter());
@@ -46,8 +47,8 @@ QWidget *ToolView::makeHeader(const TextTool &tool) {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(0);
     texts->addStretch();
-    texts->addWidget(new Label(toQString(tool.name()), FontRole::headline));
-    texts->addWidget(new Label(toQString(tool.description()), FontRole::caption, &Theme::text2));
+    texts->addWidget(new Label(translated(tool.name()), FontRole::headline));
+    texts->addWidget(new Label(translated(tool.description()), FontRole::caption, &Theme::text2));
     texts->addStretch();
     row->addWidget(new SymbolChip(toQString(tool.icon())));
     row->addLayout(texts, 1);

@@ -12,6 +12,7 @@
 #include "ui/sheets/recipe_row.h"
 #include "ui/text_conversion.h"
 #include "ui/theme/metrics.h"
+#include "ui/translation.h"
 
 #include <QHBoxLayout>
 #include <QMenu>
@@ -105,7 +106,7 @@ void ManageRecipesSheet::fillExportMenu() {
             [this, recipes] { emit exportRequested(recipes); });
     menu->addSeparator();
     for (const Recipe &recipe : recipes) {
-        connect(menu->addAction(menuText(toQString(recipe.name))), &QAction::triggered, this,
+        connect(menu->addAction(menuText(translatedName(recipe))), &QAction::triggered, this,
                 [this, recipe] { emit exportRequested({recipe}); });
     }
 }

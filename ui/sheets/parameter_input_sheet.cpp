@@ -7,6 +7,7 @@
 #include "ui/controls/push_button.h"
 #include "ui/text_conversion.h"
 #include "ui/theme/metrics.h"
+#include "ui/translation.h"
 
 #include <QVBoxLayout>
 
@@ -23,14 +24,14 @@ constexpr int sheetWidth = 420;
 ParameterInputSheet::ParameterInputSheet(TransformationPointer transformation, ParameterMap parameters,
                                          std::function<void(const ParameterMap &)> onApply,
                                          std::function<void()> onCancel)
-    : Sheet(toQString(transformation->name()), sheetWidth), m_transformation(std::move(transformation)),
+    : Sheet(translated(transformation->name()), sheetWidth), m_transformation(std::move(transformation)),
       m_parameters(std::move(parameters)), m_onApply(std::move(onApply)), m_onCancel(std::move(onCancel)) {
     setObjectName(QStringLiteral("parameterSheet"));
-    const QString description = toQString(m_transformation->description());
+    const QString description = translated(m_transformation->description());
     setAccessibleDescription(description);
     const int padding = metrics::sheetPadding;
     body().setContentsMargins(padding, padding, padding, padding);
-    body().addWidget(new Label(toQString(m_transformation->name()), FontRole::headline));
+    body().addWidget(new Label(translated(m_transformation->name()), FontRole::headline));
     body().addSpacing(2);
     body().addWidget(new Label(description, FontRole::subheadline, &Theme::text2, Label::Lines::wrapped));
     body().addSpacing(4);
@@ -49,10 +50,10 @@ ParameterInputSheet::ParameterInputSheet(TransformationPointer transformation, P
 }
 
 void ParameterInputSheet::addField(const TransformationParameter &parameter) {
-    const QString name = toQString(parameter.label);
+    const QString name = translated(parameter.label);
     auto *field = new Field(name);
     field->setObjectName(QStringLiteral("parameter.") + toQString(parameter.id));
-    field->setPlaceholderText(toQString(parameter.placeholder));
+    field->setPlaceholderText(translated(parameter.placeholder));
     field->setText(toQString(m_parameters[parameter.id]));
     connect(field, &Field::textChanged, this,
             [this, id = parameter.id](const QString &text) { m_parameters[id] = toUtf8(text); });

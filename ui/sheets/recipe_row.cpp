@@ -9,9 +9,9 @@
 #include "ui/controls/label.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/tool_button.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/metrics.h"
+#include "ui/translation.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -34,7 +34,7 @@ QString operationCount(std::size_t count) {
 
 RecipeRow::RecipeRow(const Recipe &recipe, QWidget *parent) : QWidget(parent) {
     setAccessibleRole(*this, QAccessible::ListItem);
-    setAccessibleName(toQString(recipe.name));
+    setAccessibleName(translatedName(recipe));
     setAccessibleDescription(operationCount(recipe.operations.size()));
     setAccessibleSelected(*this, false);
     setAttribute(Qt::WA_Hover);
@@ -51,7 +51,7 @@ void RecipeRow::showRecipe(const Recipe &recipe) {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(0);
     texts->addStretch();
-    texts->addWidget(new Label(toQString(recipe.name), FontRole::body));
+    texts->addWidget(new Label(translatedName(recipe), FontRole::body));
     texts->addWidget(new Label(operationCount(recipe.operations.size()), FontRole::caption, &Theme::text2));
     texts->addStretch();
     auto *rename = new ToolButton(QStringLiteral("pencil"), tr("Rename"), ToolButton::row);

@@ -8,6 +8,7 @@
 #include "tools/tools_manager.h"
 #include "ui/shell/notification_center.h"
 #include "ui/text_conversion.h"
+#include "ui/translation.h"
 #include "ui/updates/check_for_updates_menu_item.h"
 #include "ui/window/recipe_menu.h"
 
@@ -69,7 +70,7 @@ constexpr WidgetCommand widgetCommands[] = {
 };
 // clang-format on
 
-QString translated(const char *text) { return QCoreApplication::translate("Menu", text); }
+QString inMenu(const char *text) { return QCoreApplication::translate("Menu", text); }
 
 } // namespace
 
@@ -96,7 +97,7 @@ void MenuBarBuilder::setHasText(bool hasText) {
 }
 
 void MenuBarBuilder::setStackOperationMode(bool isStack) {
-    const QString title = translated("Multiple Operation Mode");
+    const QString title = inMenu("Multiple Operation Mode");
     m_mode->setText(isStack ? QString::fromUtf8("✓ ") + title : title);
 }
 
@@ -112,7 +113,7 @@ std::vector<QAction *> MenuBarBuilder::commandsOf(const QString &group) {
         if (group != command.group) {
             continue;
         }
-        auto *action = new QAction(translated(command.title), this);
+        auto *action = new QAction(inMenu(command.title), this);
         action->setObjectName(command.notification);
         if (*command.shortcuts != '\0') {
             action->setShortcuts(QKeySequence::listFromString(command.shortcuts));
@@ -138,7 +139,7 @@ void MenuBarBuilder::addCommands(QMenu *menu, const QString &group) {
 }
 
 void MenuBarBuilder::addPost(QMenu *menu, const std::string &title, const char *notification, const std::string &id) {
-    QAction *action = menu->addAction(toQString(title).replace('&', "&&"));
+    QAction *action = menu->addAction(translated(title).replace('&', "&&"));
     const QString object = toQString(id);
     action->setObjectName(QString(notification) + "." + object);
     connect(action, &QAction::triggered, this, [this, notification, object] { m_center.post(notification, object); });
@@ -164,7 +165,7 @@ void MenuBarBuilder::buildEditMenu() {
     addCommands(menu);
     menu->addSeparator();
     for (const WidgetCommand &command : widgetCommands) {
-        QAction *action = menu->addAction(translated(command.title));
+        QAction *action = menu->addAction(inMenu(command.title));
         action->setObjectName(command.slot);
         action->setShortcut(command.shortcut);
         connect(action, &QAction::triggered, this, [&command] {
@@ -221,9 +222,8 @@ void MenuBarBuilder::buildTransformationsMenu() {
         if (category == TransformationCategory::favorites) {
             continue;
         }
-        const QString title = toQString(rawValue(category));
-        QMenu *submenu = menu->addMenu(QString(title).replace('&', "&&"));
-        submenu->setObjectName("menu." + title);
+        QMenu *submenu = menu->addMenu(translated(rawValue(category)).replace('&', "&&"));
+        submenu->setObjectName("menu." + toQString(rawValue(category)));
         for (const TransformationPointer &transformation : m_manager.transformations(category)) {
             addPost(submenu, transformation->name(), notification::applyTransformation, transformation->id());
         }

@@ -11,6 +11,7 @@
 #include "ui/shell/lexivore_app.h"
 #include "ui/shell/tray_icon.h"
 #include "ui/theme/style.h"
+#include "ui/translation.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -53,6 +54,7 @@ int runProgram(QApplication &application, const QVariantMap &information) {
     DesktopActivation activation;
     activation.join(request.busAddress);
 
+    installTranslations(application);
     Style::install(application);
     application.setWindowIcon(applicationIcon());
     JsonPreferences preferences;

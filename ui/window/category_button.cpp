@@ -6,6 +6,7 @@
 #include "ui/text_conversion.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/translation.h"
 #include "ui/window/row_accessibility.h"
 
 #include <QPainter>
@@ -23,9 +24,8 @@ constexpr int iconGap = 10;
 
 CategoryButton::CategoryButton(TransformationCategory category, QWidget *parent)
     : RowButton(parent), m_category(category) {
-    const QString name = toQString(rawValue(category));
-    setText(name);
-    setObjectName("category." + name);
+    setText(translated(rawValue(category)));
+    setObjectName("category." + toQString(rawValue(category)));
     setCheckable(true);
 }
 

@@ -4,7 +4,7 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/menu_text.h"
-#include "ui/text_conversion.h"
+#include "ui/translation.h"
 
 #include <algorithm>
 
@@ -54,10 +54,10 @@ void RecipeMenu::addGroup(RecipeCategory category) {
             continue;
         }
         if (!hasTitle) {
-            addSection(toQString(rawValue(category)));
+            addSection(translated(rawValue(category)));
             hasTitle = true;
         }
-        QAction *action = addAction(menuText(toQString(recipe.name)));
+        QAction *action = addAction(menuText(translatedName(recipe)));
         const QString id = recipe.id.toString(QUuid::WithoutBraces).toUpper();
         action->setData(id);
         action->setEnabled(m_recipesEnabled);

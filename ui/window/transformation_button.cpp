@@ -7,6 +7,7 @@
 #include "ui/theme/motion.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/translation.h"
 #include "ui/window/hover_reveal.h"
 #include "ui/window/star_button.h"
 
@@ -41,8 +42,8 @@ TransformationButton::TransformationButton(TransformationPointer transformation,
     : RowButton(parent), m_transformation(std::move(transformation)), m_star(new StarButton(this)),
       m_chevronAnimation(new QVariantAnimation(this)) {
     setObjectName("transformation." + toQString(m_transformation->id()));
-    setText(toQString(m_transformation->name()));
-    setAccessibleDescription(toQString(m_transformation->description()));
+    setText(translated(m_transformation->name()));
+    setAccessibleDescription(translated(m_transformation->description()));
 
     m_chevronAnimation->setEasingCurve(QEasingCurve::InOutSine);
     connect(m_chevronAnimation, &QVariantAnimation::valueChanged, this, [this](const QVariant &value) {

@@ -6,9 +6,9 @@
 #include "ui/controls/field.h"
 #include "ui/controls/label.h"
 #include "ui/icon.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/translation.h"
 #include "ui/window/empty_state.h"
 #include "ui/window/row_column.h"
 #include "ui/window/row_navigator.h"
@@ -116,8 +116,8 @@ void TransformationList::createRows() {
 
 bool TransformationList::isListed(const TextTransformation &transformation) const {
     if (!m_state.searchText().isEmpty()) {
-        return toQString(transformation.name()).contains(m_state.searchText(), Qt::CaseInsensitive) ||
-               toQString(transformation.description()).contains(m_state.searchText(), Qt::CaseInsensitive);
+        return translated(transformation.name()).contains(m_state.searchText(), Qt::CaseInsensitive) ||
+               translated(transformation.description()).contains(m_state.searchText(), Qt::CaseInsensitive);
     }
     if (!m_state.selectedCategory()) {
         return false;
