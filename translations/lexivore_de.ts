@@ -1056,6 +1056,76 @@
     </message>
 </context>
 <context>
+    <name>UpdateError</name>
+    <message>
+        <source>The address of the update is not secure.</source>
+        <translation>Die Adresse der Aktualisierung ist nicht sicher.</translation>
+    </message>
+    <message>
+        <source>The update server leads to an address that is not secure.</source>
+        <translation>Der Server führt zu einer Adresse, die nicht sicher ist.</translation>
+    </message>
+    <message>
+        <source>The update server could not be reached: %1</source>
+        <translation>Der Server für Aktualisierungen ist nicht zu erreichen: %1</translation>
+    </message>
+    <message>
+        <source>The update server answered with error %1.</source>
+        <translation>Der Server für Aktualisierungen meldet den Fehler %1.</translation>
+    </message>
+    <message>
+        <source>The update server could not prove its identity.</source>
+        <translation>Der Server für Aktualisierungen konnte sich nicht ausweisen.</translation>
+    </message>
+    <message>
+        <source>The update server did not answer in time.</source>
+        <translation>Der Server für Aktualisierungen hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message>
+        <source>The update server sent more than it may.</source>
+        <translation>Der Server für Aktualisierungen hat mehr geschickt, als er darf.</translation>
+    </message>
+    <message>
+        <source>The list of updates is damaged (%1).</source>
+        <translation>Die Liste der Aktualisierungen ist beschädigt (%1).</translation>
+    </message>
+    <message>
+        <source>The update is not signed, so it cannot be trusted.</source>
+        <translation>Die Aktualisierung ist nicht unterschrieben; ihr ist nicht zu trauen.</translation>
+    </message>
+    <message>
+        <source>The size of the update is missing or too large.</source>
+        <translation>Die Größe der Aktualisierung fehlt oder ist zu groß.</translation>
+    </message>
+    <message>
+        <source>The downloaded update does not have the announced size. It was deleted.</source>
+        <translation>Die geladene Aktualisierung hat nicht die angekündigte Größe. Sie wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>The downloaded update has a wrong signature, so it cannot be trusted. It was deleted.</source>
+        <translation>Die geladene Aktualisierung trägt eine falsche Unterschrift; ihr ist nicht zu trauen. Sie wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>This program cannot verify updates: its key is missing or damaged.</source>
+        <translation>Dieses Programm kann Aktualisierungen nicht prüfen: Sein Schlüssel fehlt oder ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The update could not be saved: %1</source>
+        <translation>Die Aktualisierung konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>The desktop has no program that opens the update.</source>
+        <translation>Auf dem Desktop gibt es kein Programm, das die Aktualisierung öffnet.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateSheet</name>
+    <message>
+        <source>Read the release notes on the web</source>
+        <translation>Die Neuerungen im Netz lesen</translation>
+    </message>
+</context>
+<context>
     <name>lexivore::AlertSheet</name>
     <message>
         <source>Don&apos;t ask again</source>
@@ -1133,6 +1203,13 @@
     <message>
         <source>Showing top 20 characters</source>
         <translation>Die 20 häufigsten Zeichen</translation>
+    </message>
+</context>
+<context>
+    <name>lexivore::CheckForUpdatesMenuItem</name>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Nach Aktualisierungen suchen…</translation>
     </message>
 </context>
 <context>
@@ -1402,6 +1479,17 @@ Formt reinen Text um.</translation>
     </message>
 </context>
 <context>
+    <name>lexivore::ProgressSheet</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>lexivore::ReadabilityView</name>
     <message>
         <source>Words:</source>
@@ -1522,6 +1610,13 @@ Formt reinen Text um.</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>lexivore::ReleaseNotesView</name>
+    <message>
+        <source>Release notes</source>
+        <translation>Neuerungen</translation>
     </message>
 </context>
 <context>
@@ -1733,6 +1828,88 @@ Formt reinen Text um.</translation>
     <message>
         <source>Lexivore</source>
         <translation>Lexivore</translation>
+    </message>
+</context>
+<context>
+    <name>lexivore::UpdateFlow</name>
+    <message>
+        <source>Checking for Updates…</source>
+        <translation>Suche nach Aktualisierungen…</translation>
+    </message>
+    <message>
+        <source>Downloading Lexivore %1</source>
+        <translation>Lexivore %1 wird geladen</translation>
+    </message>
+    <message>
+        <source>No Update</source>
+        <translation>Keine Aktualisierung</translation>
+    </message>
+    <message>
+        <source>You have Lexivore %1. The newest version on offer is older: %2.</source>
+        <translation>Hier läuft Lexivore %1. Die neueste angebotene Version ist älter: %2.</translation>
+    </message>
+    <message>
+        <source>Lexivore %1 needs a newer system: version %2 or later.</source>
+        <translation>Lexivore %1 braucht ein neueres System: Version %2 oder später.</translation>
+    </message>
+    <message>
+        <source>Lexivore %1 is the newest version.</source>
+        <translation>Lexivore %1 ist die neueste Version.</translation>
+    </message>
+    <message>
+        <source>Updates of Lexivore come from your system&apos;s package manager.</source>
+        <translation>Aktualisierungen von Lexivore kommen aus der Paketverwaltung des Systems.</translation>
+    </message>
+    <message>
+        <source>Update Ready</source>
+        <translation>Aktualisierung bereit</translation>
+    </message>
+    <message>
+        <source>Lexivore %1 was verified and given to your desktop to install.</source>
+        <translation>Lexivore %1 wurde geprüft und dem Desktop zum Installieren übergeben.</translation>
+    </message>
+    <message>
+        <source>Update Error</source>
+        <translation>Fehler bei der Aktualisierung</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>lexivore::UpdateSheet</name>
+    <message>
+        <source>Software Update</source>
+        <translation>Aktualisierung</translation>
+    </message>
+    <message>
+        <source>Lexivore %1 is available</source>
+        <translation>Lexivore %1 ist verfügbar</translation>
+    </message>
+    <message>
+        <source>You have version %1. The download is %2 large.</source>
+        <translation>Hier läuft Version %1. Zu laden sind %2.</translation>
+    </message>
+    <message>
+        <source>There are no release notes.</source>
+        <translation>Es gibt keine Angaben zu Neuerungen.</translation>
+    </message>
+    <message>
+        <source>Release notes</source>
+        <translation>Neuerungen</translation>
+    </message>
+    <message>
+        <source>Skip This Version</source>
+        <translation>Version überspringen</translation>
+    </message>
+    <message>
+        <source>Remind Me Later</source>
+        <translation>Später erinnern</translation>
+    </message>
+    <message>
+        <source>Install Update</source>
+        <translation>Installieren</translation>
     </message>
 </context>
 <context>

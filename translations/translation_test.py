@@ -49,7 +49,7 @@ class Translation(unittest.TestCase):
 
     def test_a_translation_ends_as_its_text_does(self):
         for (context, source, _), (text, _) in self.present.items():
-            for end in ("...", ":", ": ", "?", "\n"):
+            for end in ("...", "…", ":", ": ", "?", "\n"):
                 with self.subTest(context=context, source=source, end=end):
                     self.assertEqual(source.endswith(end), text.endswith(end))
                     self.assertEqual(source.startswith(" "), text.startswith(" "))

@@ -7,7 +7,6 @@
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QTranslator>
 
 #include <string>
@@ -49,9 +48,9 @@ QString translatedName(const Recipe &recipe) {
     return recipe.isTemplate() ? translated(recipe.name) : toQString(recipe.name);
 }
 
-void installTranslations(QCoreApplication &application) {
+void installTranslations(QCoreApplication &application, const QStringList &languages) {
     // QTranslator would skip the languages that have no file, and so English, which needs none.
-    for (QString language : QLocale().uiLanguages()) {
+    for (QString language : languages) {
         language = language.replace('-', '_');
         if (language.startsWith("en")) {
             return;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <string_view>
 
@@ -22,8 +23,8 @@ struct Recipe;
 /// What a recipe is called: the user's own name for it as it is, a built-in one translated.
 [[nodiscard]] QString translatedName(const Recipe &recipe);
 
-/// Gives `application` the translations for the first of the user's languages that there is one for, those of the
-/// toolkit included. None when English comes before all of them.
-void installTranslations(QCoreApplication &application);
+/// Gives `application` the translations for the first of `languages` that there is one for, those of the toolkit
+/// included. None when English comes before all of them. The languages are named as by QLocale::uiLanguages().
+void installTranslations(QCoreApplication &application, const QStringList &languages);
 
 } // namespace lexivore

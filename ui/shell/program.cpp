@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QLocale>
 #include <QStandardPaths>
 
 namespace lexivore {
@@ -54,7 +55,7 @@ int runProgram(QApplication &application, const QVariantMap &information) {
     DesktopActivation activation;
     activation.join(request.busAddress);
 
-    installTranslations(application);
+    installTranslations(application, QLocale().uiLanguages());
     Style::install(application);
     application.setWindowIcon(applicationIcon());
     JsonPreferences preferences;

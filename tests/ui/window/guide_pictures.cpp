@@ -11,7 +11,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
@@ -146,8 +145,7 @@ int main(int argc, char *argv[]) {
     if (argc != 2 && argc != 3) {
         qFatal("usage: guide_pictures FOLDER [LANGUAGE]");
     }
-    QLocale::setDefault(QLocale(argc == 3 ? argv[2] : "en"));
-    installTranslations(application);
+    installTranslations(application, {argc == 3 ? argv[2] : "en"});
     QDir().mkpath(argv[1]);
     QFont font = QApplication::font();
     font.setPointSizeF(10);

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/translation.h"
+
+#include "engine/catalog.h"
+#include "manager/recipe.h"
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+namespace lexivore {
+namespace {
+
+/// The program as it starts for a user who speaks these languages, the best one first.
+class TranslationTest : public testing::Test {
+protected:
+    void startWith(const QStringList &languages) { installTranslations(m_application, languages); }
+
+private:
+    int m_count = 1;
+    char m_name[5] = "test";
+    char *m_arguments[2] = {m_name, nullptr};
+    QCoreApplication m_application{m_count, m_arguments};
+};
+
+TEST_F(TranslationTest, englishIsTheLanguageOfTheSources) {
+    startWith({"en-GB"});
+    EXPECT_EQ(translated("Trim Lines"), "Trim Lines");
+    EXPECT_EQ(translatedError("Invalid input: Count must be a positive number"),
+              "Invalid input: Count must be a positive number");
+}
+
+TEST_F(TranslationTest, aGermanSystemGetsGerman) {
+    startWith({"de-AT"});
+    EXPECT_EQ(translated("Trim Lines"), "Zeilenränder kürzen");
+    EXPECT_EQ(translated("Add & Remove"), "Hinzu und weg");
+    EXPECT_EQ(QCoreApplication::translate("Menu", "Open..."), "Öffnen...");
+}
+
+TEST_F(TranslationTest, germanAfterEnglishIsNotAskedFor) {
+    startWith({"en-US", "de"});
+    EXPECT_EQ(translated("Trim Lines"), "Trim Lines");
+}
+
+TEST_F(TranslationTest, aLanguageWithoutTranslationGivesWayToTheNextOne) {
+    startWith({"fy-NL", "de", "en"});
+    EXPECT_EQ(translated("Trim Lines"), "Zeilenränder kürzen");
+}
+
+TEST_F(TranslationTest, everyTextOfTheCatalogHasATranslation) {
+    startWith({"de-DE"});
+    int same = 0;
+    for (const TransformationPointer &transformation : makeCatalog()) {
+        EXPECT_NE(translated(transformation->description()), QString::fromStdString(transformation->description()));
+        same += translated(transformation->name()) == QString::fromStdString(transformation->name()) ? 1 : 0;
+    }
+    EXPECT_EQ(same, 4) << "camelCase, PascalCase, snake_case and kebab-case are called so in German";
+}
+
+TEST_F(TranslationTest, anErrorIsTranslatedInItsParts) {
+    startWith({"de-DE"});
+    EXPECT_EQ(translatedError("Invalid input: Count must be a positive number"),
+              "Ungültige Eingabe: Die Anzahl muss eine positive Zahl sein");
+    EXPECT_EQ(translatedError("Invalid input: Invalid regular expression: U_REGEX_MISMATCHED_PAREN at 1"),
+              "Ungültige Eingabe: Ungültiger regulärer Ausdruck: U_REGEX_MISMATCHED_PAREN at 1");
+    EXPECT_EQ(translatedError("Missing parameter: prefix"), "Fehlender Parameter: prefix");
+    EXPECT_EQ(translatedError(""), "");
+}
+
+TEST_F(TranslationTest, theUsersOwnNameOfARecipeStaysAsItIs) {
+    startWith({"de-DE"});
+    Recipe recipe;
+    recipe.name = "Clean Whitespace";
+    EXPECT_EQ(translatedName(recipe), "Clean Whitespace");
+    recipe.category = RecipeCategory::formatting;
+    EXPECT_EQ(translatedName(recipe), "Leerraum aufräumen");
+}
+
+TEST_F(TranslationTest, whatIsNoTextOfTheProgramsStaysAsItIs) {
+    startWith({"de-DE"});
+    EXPECT_EQ(translated(""), "");
+    EXPECT_EQ(translated("\xEF\xBB\xBFmine"), QChar(QChar::ByteOrderMark) + QString("mine"));
+    EXPECT_EQ(translated("\xFF"), QString(QChar(QChar::ReplacementCharacter)));
+}
+
+} // namespace
+} // namespace lexivore
