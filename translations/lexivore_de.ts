@@ -943,6 +943,25 @@
     </message>
 </context>
 <context>
+    <name>OperationDescription</name>
+    <message>
+        <source>Unknown transformation</source>
+        <translation>Unbekannte Umformung</translation>
+    </message>
+    <message>
+        <source>Lines: %1 → %2</source>
+        <translation>Zeilen: %1 → %2</translation>
+    </message>
+    <message>
+        <source>Characters: %1 → %2</source>
+        <translation>Zeichen: %1 → %2</translation>
+    </message>
+    <message>
+        <source>Same length</source>
+        <translation>Gleich lang</translation>
+    </message>
+</context>
+<context>
     <name>RecipeFile</name>
     <message>
         <source>It is not a file.</source>
@@ -1053,6 +1072,10 @@
     <message>
         <source>there is not enough memory</source>
         <translation>der Speicher reicht nicht aus</translation>
+    </message>
+    <message>
+        <source>it is not a text in UTF-8</source>
+        <translation>sie ist kein Text in UTF-8</translation>
     </message>
 </context>
 <context>
@@ -1245,10 +1268,6 @@
         <translation>Ausgeschaltet</translation>
     </message>
     <message>
-        <source>Unknown transformation</source>
-        <translation>Unbekannte Umformung</translation>
-    </message>
-    <message>
         <source>Disable</source>
         <translation>Ausschalten</translation>
     </message>
@@ -1293,6 +1312,13 @@
     <message>
         <source>Font Size</source>
         <translation>Schriftgröße</translation>
+    </message>
+</context>
+<context>
+    <name>lexivore::FileDrop</name>
+    <message>
+        <source>Drop one file at a time.</source>
+        <translation>Bitte nur eine Datei auf einmal ablegen.</translation>
     </message>
 </context>
 <context>

@@ -77,7 +77,7 @@ std::variant<Text, NotUtf8, Failure> read(const QString &path, std::size_t maxim
         }
         auto &buffer = std::get<TextBuffer>(bytes);
         if (!isValidUtf8(buffer)) {
-            return NotUtf8{cannotOpen(path, tr("it is not a text in UTF-8")).message};
+            return NotUtf8{cannotOpen(path, Words::tr("it is not a text in UTF-8")).message};
         }
         return Text(std::move(buffer));
     } catch (const std::bad_alloc &) {

@@ -8,7 +8,6 @@
 #include "ui/controls/tool_button.h"
 #include "ui/icon.h"
 #include "ui/operations/operation_description.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"

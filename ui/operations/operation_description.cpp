@@ -3,6 +3,7 @@
 #include "ui/operations/operation_description.h"
 
 #include "ui/text_conversion.h"
+#include "ui/translation.h"
 
 #include <QCoreApplication>
 
@@ -12,7 +13,9 @@ namespace {
 
 constexpr qsizetype longestParameter = 200;
 
-QString tr(const char *text) { return QCoreApplication::translate("OperationDescription", text); }
+struct Words {
+    Q_DECLARE_TR_FUNCTIONS(OperationDescription)
+};
 
 /// A parameter can hold anything: line breaks and other controls become signs that stand on one line.
 QString oneLine(QString text) {
@@ -46,17 +49,17 @@ QString problemOf(const AppliedOperation &operation, const OperationProblems &pr
         return {};
     }
     if (found->second.kind == OperationProblem::Kind::unknownTransformation) {
-        return tr("Unknown transformation");
+        return Words::tr("Unknown transformation");
     }
-    return toQString(found->second.description);
+    return translatedError(found->second.description);
 }
 
 std::vector<QString> measureLines(const std::optional<OperationMeasures> &measures) {
     if (!measures) {
         return {};
     }
-    return {tr("Lines: %1 → %2").arg(measures->before.lines).arg(measures->after.lines),
-            tr("Characters: %1 → %2").arg(measures->before.characters).arg(measures->after.characters)};
+    return {Words::tr("Lines: %1 → %2").arg(measures->before.lines).arg(measures->after.lines),
+            Words::tr("Characters: %1 → %2").arg(measures->before.characters).arg(measures->after.characters)};
 }
 
 QString shortMeasure(const std::optional<OperationMeasures> &measures) {
@@ -64,7 +67,7 @@ QString shortMeasure(const std::optional<OperationMeasures> &measures) {
         return {};
     }
     if (measures->before == measures->after) {
-        return tr("Same length");
+        return Words::tr("Same length");
     }
     return measureLines(measures)[measures->before.lines != measures->after.lines ? 0 : 1];
 }
