@@ -2,13 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "tools/character_frequency_tool.h"
 
-#include "engine/primitives/characters.h"
+#include "engine/primitives/character_blocks.h"
+#include "engine/primitives/character_breaks.h"
 #include "engine/primitives/utf8.h"
 #include "tools/number_text.h"
 #include "tools/tool_view_factory.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <unordered_map>
 
@@ -103,39 +106,60 @@ private:
     std::unordered_map<std::string_view, std::size_t> m_bySequence; ///< The places of all others.
 };
 
-/// Counts the bytes from the boundary at `position` on that are certain to be a character each, and returns the place
-/// behind them.
-const char *addPlainBytes(FrequencyTable &table, const char *position, const char *end) {
-    constexpr std::ptrdiff_t stretchSize = 16'384; // is still in the cache when it is counted
-    const char *const limit = asciiRunEnd(position, position + std::min(end - position, stretchSize));
-    const void *const carriageReturn = std::memchr(position, '\r', static_cast<std::size_t>(limit - position));
-    const char *plainEnd = carriageReturn != nullptr ? static_cast<const char *>(carriageReturn) : limit;
-    if (plainEnd == limit && limit != end && limit != position) {
-        --plainEnd; // a mark may follow
+/// Counts the ASCII characters in [position, end), which does not end between the halves of a CR LF.
+void addAscii(FrequencyTable &table, const char *position, const char *end) {
+    while (position != end) {
+        const void *const found = std::memchr(position, '\r', static_cast<std::size_t>(end - position));
+        const char *const carriageReturn = found != nullptr ? static_cast<const char *>(found) : end;
+        table.addBytes(position, carriageReturn);
+        position = carriageReturn;
+        if (position != end) {
+            const std::size_t length = end - position > 1 && position[1] == '\n' ? 2 : 1;
+            table.addCharacter({position, length});
+            position += length;
+        }
     }
-    table.addBytes(position, plainEnd);
-    return plainEnd;
+}
+
+/// Counts all characters of `text`.
+void addText(FrequencyTable &table, std::string_view text) {
+    constexpr std::ptrdiff_t stretch = 16'384; // is still in the cache when it is counted
+    const char *const end = text.data() + text.size();
+    const char *begin = text.data(); // of the character that was not counted yet
+    const auto endCharacter = [&](const char *characterEnd) {
+        if (characterEnd != begin) {
+            table.addCharacter({begin, static_cast<std::size_t>(characterEnd - begin)});
+            begin = characterEnd;
+        }
+    };
+    CharacterBlocks blocks(text);
+    while (!blocks.isAtEnd()) {
+        if (const char *position = blocks.position(); isAscii(*position)) {
+            const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, end - position));
+            const auto first = static_cast<unsigned char>(*position);
+            position += character_breaks::transition(blocks.state(), first).isBoundary ? 0 : 1;
+            if (position != runEnd) {
+                endCharacter(position);
+                begin = runEnd - 1; // a mark may follow, or the other half of a CR LF
+                begin -= begin != position && begin[-1] == '\r' && *begin == '\n' ? 1 : 0;
+                addAscii(table, position, begin);
+            }
+            blocks.passAscii(runEnd);
+        }
+        for (CharacterBlock block; blocks.next(block);) {
+            for (std::uint64_t left = block.boundaries; left != 0; left &= left - 1) {
+                endCharacter(block.begin + std::countr_zero(left));
+            }
+        }
+    }
+    endCharacter(end);
 }
 
 } // namespace
 
 std::vector<CharacterFrequency> characterFrequencies(std::string_view text) {
     FrequencyTable table;
-    const char *const end = text.data() + text.size();
-    for (const char *position = text.data(); position != end;) {
-        if (isAscii(*position)) {
-            position = addPlainBytes(table, position, end);
-        }
-        CharacterWalk walk(text.substr(static_cast<std::size_t>(position - text.data())));
-        for (std::string_view character; walk.next(character);) {
-            table.addCharacter(character);
-            position += character.size();
-            if (end - position >= 2 && isAscii(position[0]) && isAscii(position[1])) {
-                break; // there may be many
-            }
-        }
-    }
-
+    addText(table, text);
     std::vector<Entry> entries = table.take();
     std::sort(entries.begin(), entries.end(), [](const Entry &left, const Entry &right) {
         return left.count != right.count ? left.count > right.count
