@@ -31,10 +31,19 @@ public:
         std::free(bytes);
     }
 
-    /// The block, if it has room for `bytes` and not too much more; `capacity` becomes its size.
+    /// The block, if it is about as large as `bytes`; one that is smaller is enlarged, which moves its pages and leaves
+    /// only the rest to be fresh. `capacity` becomes its size.
     char *take(std::size_t bytes, std::size_t &capacity) {
-        if (m_capacity < bytes || m_capacity / 2 > bytes) {
+        if (m_bytes == nullptr || m_capacity / 2 > bytes || m_capacity < bytes / 2) {
             return nullptr;
+        }
+        if (m_capacity < bytes) {
+            auto *const larger = static_cast<char *>(std::realloc(m_bytes, bytes));
+            if (larger == nullptr) {
+                return nullptr;
+            }
+            m_bytes = larger;
+            m_capacity = bytes;
         }
         capacity = std::exchange(m_capacity, 0);
         return std::exchange(m_bytes, nullptr);

@@ -122,6 +122,21 @@ TEST(TextBuffer, KeepsLargeTextsApart) {
     EXPECT_EQ(first.view(), std::string(large, 'c'));
 }
 
+TEST(TextBuffer, HasTheRoomThatIsAskedForWhateverWasGivenUp) {
+    for (const std::size_t given : {large / 4, large, large * 5 / 4, 4 * large}) {
+        for (const std::size_t asked : {large / 4, large, large * 5 / 4, 4 * large}) {
+            TextBuffer::releaseSpareMemory();
+            static_cast<void>(TextBuffer::withCapacity(given));
+            TextBuffer buffer = TextBuffer::withCapacity(asked);
+            EXPECT_TRUE(buffer.empty());
+            EXPECT_GE(buffer.capacity(), asked);
+            EXPECT_LE(buffer.capacity(), 2 * asked + 1);
+            buffer.append(std::string(asked, 'x'));
+            EXPECT_EQ(buffer.view(), std::string(asked, 'x'));
+        }
+    }
+}
+
 TEST(TextBuffer, GrowsByteByByteToALargeText) {
     TextBuffer buffer;
     for (std::size_t i = 0; i < large; ++i) {
