@@ -101,9 +101,11 @@ void installRowAccessibility() {
 }
 
 void announceSelection(RowButton &row) {
-    QAccessible::State changed;
-    changed.selected = true;
-    announce(row, changed);
+    QAccessible::State state;
+    row.addState(state);
+    // Not a change of state: of those the toolkit passes on only some.
+    QAccessibleEvent event(&row, state.selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    QAccessible::updateAccessibility(&event);
 }
 
 void announceChecked(RowButton &row) {

@@ -3,6 +3,7 @@
 #include "tests/ui/window/window_fixture.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -153,6 +154,21 @@ TEST_F(Shell, TypingDoesNotWriteThePreferenceAgainAndAgain) {
     focusEditor();
     type("abc");
     EXPECT_EQ(preferences.writes, writes);
+}
+
+TEST_F(Shell, F10OpensTheMenuBarAndShiftF10TheContextMenu) {
+    setText("x");
+    focusEditor();
+    press(Qt::Key_F10);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(QApplication::activePopupWidget(), window().menuBar()->actions().front()->menu());
+    QApplication::activePopupWidget()->close();
+    center().post(notification::applyTransformation, QString("uppercase"));
+    find("operation.0")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(QApplication::activePopupWidget()->objectName(), "operationMenu");
+    QApplication::activePopupWidget()->close();
 }
 
 TEST_F(Shell, ClosingHidesTheWindowAndItComesBackWithItsText) {

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/window/menu_keys.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QMenuBar>
+
+namespace lexivore {
+
+MenuKeys::MenuKeys(QMainWindow &window) : QObject(&window), m_window(window) { window.installEventFilter(this); }
+
+// Keys that nobody below uses come up to the window.
+bool MenuKeys::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::NoModifier) {
+            return openMenuBar();
+        }
+        if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier) {
+            return openContextMenu();
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool MenuKeys::openMenuBar() {
+    QMenuBar *bar = m_window.menuBar();
+    if (!bar->isEnabled() || bar->actions().isEmpty()) {
+        return false;
+    }
+    bar->setActiveAction(bar->actions().front());
+    return true;
+}
+
+bool MenuKeys::openContextMenu() {
+    QWidget *target = QApplication::focusWidget();
+    if (target == nullptr) {
+        return false;
+    }
+    const QPoint place = target->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, target->mapToGlobal(place));
+    QApplication::sendEvent(target, &event);
+    return true;
+}
+
+} // namespace lexivore

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+class QMainWindow;
+
+namespace lexivore {
+
+/// The keys that open menus on every desktop and that the toolkit does not know here: F10 opens the menu bar, Shift+F10
+/// the context menu of what has the keyboard.
+class MenuKeys : public QObject {
+    Q_OBJECT
+
+public:
+    /// Watches `window` and belongs to it.
+    explicit MenuKeys(QMainWindow &window);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool openMenuBar();
+    static bool openContextMenu();
+
+    QMainWindow &m_window;
+};
+
+} // namespace lexivore
