@@ -55,6 +55,43 @@ class Display:
             process.wait()
 
 
+class Focus:
+    """Where the keyboard is, by what the program announces. That is quicker than asking all there is."""
+
+    def __init__(self):
+        import gi
+        gi.require_version("Atspi", "2.0")
+        from gi.repository import Atspi, GLib
+        self.context = GLib.MainContext.default()
+        self.error = GLib.Error
+        self.announced = []
+        self.listener = Atspi.EventListener.new(self._note)
+        self.listener.register("object:state-changed:focused")
+
+    def _note(self, event):
+        try:
+            if event.detail1:
+                self.announced.append(event.source.get_name())
+        except self.error:  # it is gone already
+            pass
+
+    def names(self):
+        """The names of all that had the focus since this began to listen, in order."""
+        while self.context.pending():
+            self.context.iteration(False)
+        return self.announced
+
+    def wait_for(self, name):
+        wait_for(lambda: self.names()[-1:] == [name], f"the focus on {name!r}; it was on {self.announced[-5:]}")
+
+    def wait_for_next(self, action):
+        """The name of what gets the focus by the action."""
+        before = len(self.names())
+        action()
+        wait_for(lambda: len(self.names()) > before, f"the focus to leave {self.announced[-1:]}")
+        return self.announced[-1]
+
+
 class Program:
     """The running program with a home of its own. `home` survives a restart."""
 
@@ -159,10 +196,14 @@ def run(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
-def is_showing(node):
+def has(node, state):
+    """Whether the object is in the state, for instance "CHECKED"."""
     import pyatspi
-    states = node.getState()
-    return states.contains(pyatspi.STATE_SHOWING) and states.contains(pyatspi.STATE_VISIBLE)
+    return node.getState().contains(getattr(pyatspi, "STATE_" + state))
+
+
+def is_showing(node):
+    return has(node, "SHOWING") and has(node, "VISIBLE")
 
 
 def centre(node):
