@@ -52,12 +52,14 @@ void ReleaseNotesView::changeEvent(QEvent *event) {
     }
 }
 
-void ReleaseNotesView::paintEvent(QPaintEvent *event) {
-    QPainter painter(viewport());
-    const QRectF whole(-metrics::line, -metrics::line, width(), height());
-    lexivore::drawFrame(painter, whole, metrics::radius, theme().view, theme().border);
-    painter.end();
-    QTextBrowser::paintEvent(event);
+bool ReleaseNotesView::event(QEvent *event) {
+    // The ground of the whole view; what `paintEvent` is called for is the part of it that scrolls.
+    if (event->type() == QEvent::Paint) {
+        QPainter painter(this);
+        lexivore::drawFrame(painter, rect(), metrics::radius, theme().view, theme().border);
+        return true;
+    }
+    return QTextBrowser::event(event);
 }
 
 } // namespace lexivore

@@ -23,8 +23,8 @@ signals:
 
 protected:
     QVariant loadResource(int type, const QUrl &name) override;
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
 
 private:
     void write();

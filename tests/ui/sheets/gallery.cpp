@@ -22,6 +22,8 @@
 #include "ui/sheets/sheet_layer.h"
 #include "ui/theme/style.h"
 #include "ui/theme/theme.h"
+#include "ui/updates/progress_sheet.h"
+#include "ui/updates/update_sheet.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -31,6 +33,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QTest>
+#include <QTextBrowser>
 
 using namespace lexivore;
 
@@ -139,6 +142,28 @@ void showAlerts() {
            true});
     alert("wild", {"Replace Recipe", "A recipe with the name '" + QString(10000, 'x') + "\n' already exists.",
                    "Replace", true});
+}
+
+void showUpdates() {
+    AppcastItem item;
+    item.version = item.shortVersion = "1.4";
+    item.length = 12'345'678;
+    item.releaseNotes =
+        "<h2>What is new</h2><p>Sorting keeps <b>every</b> line break, and <i>Wrap Lines</i> is twice as "
+        "fast.</p><ul><li>Recipes can be exported<li>The editor opens <tt>*.log</tt> files of any size"
+        "</ul><p>See <a href='https://example.org/'>everything that changed</a>.</p>";
+    item.releaseNotesLink = QUrl("https://example.org/notes");
+    show("update", new UpdateSheet(item, "1.3", Updater::Origin::byHand));
+    item.releaseNotes = item.releaseNotes.repeated(10);
+    item.shortVersion = QString(300, 'x');
+    show("update-wild", new UpdateSheet(item, "1.3", Updater::Origin::scheduled),
+         [](Sheet &sheet) { sheet.findChild<QTextBrowser *>()->setFocus(Qt::TabFocusReason); });
+    item.releaseNotes.clear();
+    item.releaseNotesLink.clear();
+    show("update-bare", new UpdateSheet(item, "1.3", Updater::Origin::byHand));
+    show("update-checking", new ProgressSheet(QString::fromUtf8("Checking for Updates…")));
+    show("update-progress", new ProgressSheet("Downloading Lexivore 1.4", item.length),
+         [](Sheet &sheet) { dynamic_cast<ProgressSheet &>(sheet).setReceived(4'000'000); });
 }
 
 void showResults() {
@@ -270,6 +295,7 @@ int main(int argc, char *argv[]) {
     showRecipes();
     show("settings", new EditorSettingsSheet(15, {}));
     showAlerts();
+    showUpdates();
     showResults();
     showControls();
     return 0;
