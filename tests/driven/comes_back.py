@@ -14,7 +14,8 @@ import threading
 
 from gi.repository import Gio, GLib
 
-from program import Display, Program, run, wait_for
+from program import Display, Program, wait_for
+from session_manager import SessionManager
 
 NAME = "org.lexivore.Lexivore"
 PATH = "/org/lexivore/Lexivore"
@@ -197,6 +198,29 @@ def comes_back_from_the_tray(executable):
         ended(program.process)
 
 
+def never_holds_up_a_logout(executable):
+    with SessionManager() as manager:
+        for is_hidden in (False, True):
+            manager.clients.clear()
+            manager.done.clear()
+            with Program(executable) as program:
+                window = shown_windows(program.process)[0]
+                wait_for(lambda: manager.done == [True], "the program to join the session")
+                program.click(program.find("text", "Text"))
+                program.type("kept")
+                manager.ask_to_save()
+                wait_for(lambda: manager.done == [True], "the program to agree")
+                manager.call_off()
+                assert shown_windows(program.process) == [window], "a logout that was called off hid the window"
+                assert text_of(program) == "kept"
+                if is_hidden:
+                    close(program)
+                manager.ask_to_save()
+                wait_for(lambda: manager.done == [True], "the program to agree again")
+                manager.end_session()
+                ended(program.process)
+
+
 def main(executable):
     with tempfile.TemporaryDirectory() as folder, Display():
         comes_back_every_way(executable, folder)
@@ -204,6 +228,7 @@ def main(executable):
             starts_after_a_crash(executable, home)
             two_starts_give_one_instance(executable, home)
         comes_back_from_the_tray(executable)
+        never_holds_up_a_logout(executable)
 
 
 if __name__ == "__main__":

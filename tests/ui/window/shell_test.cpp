@@ -95,6 +95,17 @@ TEST_F(Shell, CommandsHaveTheirShortcuts) {
     }
 }
 
+TEST_F(Shell, TheApplicationMenuOffersUpdatesAfterTheAboutItem) {
+    const QStringList items = titles(menu("application"));
+    EXPECT_EQ(items.indexOf(QString::fromUtf8("Check for Updates…")), 1);
+    EXPECT_TRUE(items.first().startsWith("About"));
+    const QAction *check = command("CheckForUpdates");
+    EXPECT_TRUE(check->isEnabled());
+    choose("CheckForUpdates");
+    EXPECT_TRUE(isShown("alert")) << "a build without a feed answers too";
+    EXPECT_TRUE(check->isEnabled());
+}
+
 TEST_F(Shell, TransformationsAreListedByCategoryInCatalogOrder) {
     const QMenu *transformations = menu("transformations");
     EXPECT_EQ(titles(transformations).mid(0, 6),
