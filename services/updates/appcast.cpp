@@ -12,6 +12,7 @@ namespace lexivore {
 namespace {
 
 constexpr int deepestElement = 32;
+constexpr qsizetype longestVersion = 100; // UTF-16 units; comparing many long ones could take minutes
 constexpr auto formatNamespace = QLatin1String("http://www.andymatuschak.org/xml-namespaces/sparkle");
 
 /// Whether a document type stands before the root element, where alone it may stand.
@@ -143,12 +144,14 @@ private:
     }
 
     void endItem() {
-        if (m_item.version.isEmpty() || (m_hasForeignFile && m_item.file.isEmpty())) {
+        if (m_item.version.isEmpty() || m_item.version.size() > longestVersion ||
+            (m_hasForeignFile && m_item.file.isEmpty())) {
             return;
         }
         if (m_item.shortVersion.isEmpty()) {
             m_item.shortVersion = m_item.version;
         }
+        m_item.shortVersion.truncate(longestVersion);
         m_appcast.items.push_back(std::move(m_item));
     }
 

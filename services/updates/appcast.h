@@ -28,8 +28,8 @@ struct AppcastItem {
 
 /// A feed of updates: RSS 2.0 with the elements of Sparkle's appcast format.
 struct Appcast {
-    std::vector<AppcastItem>
-        items; ///< In the order of the feed. Those for other systems, or without a version, are left out.
+    /// In the order of the feed. Those for other systems, without a version, or with an absurdly long one are left out.
+    std::vector<AppcastItem> items;
 };
 
 /// What came of reading a feed.

@@ -85,6 +85,18 @@ TEST(Appcast, LeavesOutWhatIsForOtherSystemsOrHasNoVersion) {
     EXPECT_EQ(ours.file, QUrl("https://a/ours"));
 }
 
+TEST(Appcast, LeavesOutVersionsOfAnAbsurdLength) {
+    const auto itemOf = [](qsizetype length) {
+        return "<item><sparkle:version>" + QByteArray(length, '1') + "</sparkle:version></item>";
+    };
+    EXPECT_EQ(itemCount(itemOf(100)), 1U);
+    EXPECT_EQ(itemCount(itemOf(101)), 0U);
+    EXPECT_EQ(onlyItem("<item><sparkle:version>1</sparkle:version><sparkle:shortVersionString>" + QByteArray(101, 'x') +
+                       "</sparkle:shortVersionString></item>")
+                  .shortVersion.size(),
+              100);
+}
+
 TEST(Appcast, PassesOverWhatItDoesNotKnow) {
     EXPECT_EQ(itemCount("<sparkle:version>9</sparkle:version>"), 0U) << "outside an item";
     EXPECT_EQ(itemCount("<item><x><sparkle:version>9</sparkle:version></x></item>"), 0U) << "too deep";
