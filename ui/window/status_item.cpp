@@ -8,6 +8,7 @@
 #include "ui/theme/typography.h"
 
 #include <QPainter>
+#include <QtMath>
 
 namespace lexivore {
 
@@ -36,8 +37,8 @@ void StatusItem::setText(const QString &text) {
 }
 
 QSize StatusItem::sizeHint() const {
-    const QFontMetrics metrics(fontFor(FontRole::caption));
-    return {iconSize + gap + metrics.horizontalAdvance(m_text), metrics.height()};
+    const QFontMetricsF metrics(fontFor(FontRole::caption));
+    return {iconSize + gap + qCeil(metrics.horizontalAdvance(m_text)), qCeil(metrics.height())};
 }
 
 QSize StatusItem::minimumSizeHint() const { return {iconSize, sizeHint().height()}; }
@@ -48,8 +49,10 @@ void StatusItem::paintEvent(QPaintEvent *) {
     painter.drawPixmap(0, (height() - iconSize) / 2, symbolPixmap(m_icon, iconSize, colour, devicePixelRatioF()));
     painter.setFont(fontFor(FontRole::caption));
     painter.setPen(colour);
+    const int room = width() - iconSize - gap;
+    const bool fits = width() >= sizeHint().width();
     painter.drawText(rect().adjusted(iconSize + gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(m_text, Qt::ElideRight, width() - iconSize - gap));
+                     fits ? m_text : painter.fontMetrics().elidedText(m_text, Qt::ElideRight, room));
 }
 
 } // namespace lexivore

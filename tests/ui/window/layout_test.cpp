@@ -189,6 +189,20 @@ TEST_F(Layout, TheStatusBarLeavesOutFromTheRightWhatDoesNotFit) {
     EXPECT_TRUE(isShown("lineEnding"));
 }
 
+TEST_F(Layout, AnItemOfTheStatusBarShowsItsWholeTextInTheSpaceThatItAsksFor) {
+    for (const double points : {8.5, 9.0, 10.0, 11.3}) {
+        useLetters(points);
+        for (const char *text : {"Ln 7, Col 33", "702", "94", "1234567"}) {
+            StatusItem item("location", "help");
+            item.setText(text);
+            item.resize(item.sizeHint());
+            const QImage asked = pictureOf(&item);
+            item.resize(item.width() + 50, item.height());
+            EXPECT_EQ(pictureOf(&item).copy(asked.rect()), asked) << text << " at " << points;
+        }
+    }
+}
+
 TEST_F(Layout, WhatIsCutOffShowsWholeInTheTooltip) {
     resize(900, 600);
     click("category.Lines");
