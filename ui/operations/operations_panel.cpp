@@ -71,7 +71,7 @@ void OperationsPanel::createHeader() {
     auto *title = new Label(tr("Operations"), FontRole::headline, &Theme::text, Label::Lines::one, header);
     title->setObjectName("operationsTitle");
     m_modeIcon = new QLabel(header);
-    m_modeName = new Label({}, FontRole::fieldLabel, &Theme::text, Label::Lines::one, header);
+    m_modeName = new Label({}, FontRole::captionMedium, &Theme::text, Label::Lines::one, header);
     m_modeName->setObjectName("modeName");
     m_mode = new Switch({}, header);
     m_mode->setObjectName("modeSwitch");
