@@ -70,14 +70,15 @@ struct CountedBytes {
 /// One byte for each code point, in pages of 64 entries, found by the bytes of its UTF-8. Pages 0 and 1 belong to the
 /// ASCII characters, page 2 to the first bytes from 0xC0 on; each byte that follows has its lower six bits looked up in
 /// a page of its own. In a page whose bytes are not the last ones, an entry with its highest bit set is not the answer
-/// yet: the rest of it, added to `firstChildren[page]`, is the page for the next byte. What begins no code point has
-/// `illFormedEntry`.
+/// yet: the rest of it, added to `firstChildren[page]`, is the page for the next byte. Any other one is that of all
+/// code points that begin like this.
 struct CodePointPages {
     static constexpr std::size_t pageSize = 64;
     static constexpr std::size_t rootPage = 2;
     static constexpr std::uint8_t deeper = 0x80;
+    using Page = std::uint8_t[pageSize];
 
-    const std::uint8_t (*pages)[pageSize];
+    const Page *pages;
     const std::uint16_t *firstChildren;
 };
 
@@ -89,10 +90,9 @@ struct CasePages {
     static constexpr std::uint8_t special = 1; ///< Needs the full mapping.
 
     CodePointPages pages;
-    const std::uint8_t (
-        *firstBytes)[CodePointPages::pageSize]; ///< New ones of code points of two bytes, from page 3 on.
-    std::uint8_t asciiBegin;                    ///< The first of the 26 ASCII letters that get the other case...
-    std::uint8_t asciiIgnored;                  ///< ... when these bits are not looked at.
+    const CodePointPages::Page *firstBytes; ///< New ones of code points of two bytes, from the root's first child on.
+    std::uint8_t asciiBegin;                ///< The first of the 26 ASCII letters that get the other case...
+    std::uint8_t asciiIgnored;              ///< ... when these bits are not looked at.
 };
 
 /// How far a case mapping came.
