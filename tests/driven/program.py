@@ -6,6 +6,7 @@ clicks go through the X server. Nothing here knows the program's code."""
 import os
 import pathlib
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -38,9 +39,10 @@ class Display:
 
     def __enter__(self):
         read, write = os.pipe()
+        self.folder = tempfile.mkdtemp(prefix="lexivore-display-")
         self.server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", self.size + "x24", "-nolisten", "tcp"],
-            pass_fds=[write], stderr=subprocess.DEVNULL)
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", self.size + "x24", "-nolisten", "tcp",
+             "-fbdir", self.folder], pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as number:
             self.name = ":" + number.readline().strip()
@@ -53,6 +55,16 @@ class Display:
         for process in (self.manager, self.server):
             process.terminate()
             process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def colour(self, x, y):
+        """What is to be seen at this place of the screen, as "#rrggbb"."""
+        picture = pathlib.Path(self.folder, "Xvfb_screen0").read_bytes()  # an XWD file, always up to date
+        header = struct.unpack(">25I", picture[:100])
+        header_size, bits, line, colours = header[0], header[11], header[12], header[19]
+        start = header_size + 12 * colours + y * line + x * bits // 8
+        blue, green, red = picture[start:start + 3]
+        return f"#{red:02x}{green:02x}{blue:02x}"
 
 
 class Focus:

@@ -11,6 +11,7 @@
 #include "ui/shell/lexivore_app.h"
 #include "ui/shell/tray_icon.h"
 #include "ui/theme/style.h"
+#include "ui/theme/system_appearance.h"
 #include "ui/translation.h"
 
 #include <QApplication>
@@ -57,6 +58,7 @@ int runProgram(QApplication &application, const QVariantMap &information) {
 
     installTranslations(application, QLocale().uiLanguages());
     Style::install(application);
+    followSystemAppearance(application);
     application.setWindowIcon(applicationIcon());
     JsonPreferences preferences;
     LexivoreApp app(preferences, nullptr, information);
