@@ -20,6 +20,7 @@ namespace {
 constexpr int sheetWidth = 360;
 constexpr int topPadding = 24;
 constexpr int greatestHeight = 400;
+constexpr int iconSize = 64;
 
 Label *centred(const QString &text, FontRole role, ThemeColour colour) {
     auto *label = new Label(text, role, colour, Label::Lines::wrapped);
@@ -40,6 +41,12 @@ AlertSheet::AlertSheet(const AlertContents &contents, std::function<void(AlertAn
 
     const int padding = metrics::sheetPadding;
     body().setContentsMargins(padding, topPadding, padding, 0);
+    if (!contents.icon.isNull()) {
+        auto *picture = new QLabel;
+        picture->setPixmap(contents.icon.pixmap(QSize(iconSize, iconSize), devicePixelRatioF()));
+        body().addWidget(picture, 0, Qt::AlignHCenter);
+        body().addSpacing(12);
+    }
     body().addWidget(centred(contents.title, FontRole::alertTitle, &Theme::text));
     body().addSpacing(8);
     body().addWidget(message);

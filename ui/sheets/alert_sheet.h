@@ -4,6 +4,8 @@
 
 #include "ui/sheets/sheet.h"
 
+#include <QIcon>
+
 #include <functional>
 
 class QCheckBox;
@@ -17,6 +19,7 @@ struct AlertContents {
     QString confirmation;       ///< The word on the confirming button.
     bool isDestructive = false; ///< Confirming loses something: there is "Cancel" too, and it has the focus.
     bool offersDontAskAgain = false;
+    QIcon icon = {}; ///< Above the title, if there is one.
 };
 
 /// How an alert was answered.

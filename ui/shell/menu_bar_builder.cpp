@@ -6,6 +6,9 @@
 #include "services/bundle_information.h"
 #include "services/support_request.h"
 #include "tools/tools_manager.h"
+#include "ui/icon.h"
+#include "ui/sheets/alert_sheet.h"
+#include "ui/sheets/sheet_layer.h"
 #include "ui/shell/notification_center.h"
 #include "ui/text_conversion.h"
 #include "ui/translation.h"
@@ -17,7 +20,6 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 
 namespace lexivore {
 
@@ -78,13 +80,14 @@ MenuBarBuilder::MenuBarBuilder(QMainWindow &window, NotificationCenter &center, 
                                const ToolsManager &tools, Updater &updater)
     : QObject(&window), m_window(window), m_center(center), m_manager(manager), m_tools(tools) {
     buildApplicationMenu(updater);
-    addCommands(addMenu("file", tr("File")));
+    addCommands(addMenu("file", tr("&File")));
     buildEditMenu();
     buildViewMenu();
     buildRecipesMenu();
     buildTransformationsMenu();
     buildToolsMenu();
     buildHelpMenu();
+    addMenuBarKey();
     setHasText(false);
     setStackOperationMode(false);
 }
@@ -147,11 +150,10 @@ void MenuBarBuilder::addPost(QMenu *menu, const std::string &title, const char *
 }
 
 void MenuBarBuilder::buildApplicationMenu(Updater &updater) {
-    QMenu *menu = addMenu("application", tr("Lexivore"));
-    connect(menu->addAction(tr("About Lexivore")), &QAction::triggered, this, [this] {
-        QMessageBox::about(&m_window, tr("About Lexivore"),
-                           tr("Lexivore %1\n\nTransforms plain text.").arg(QCoreApplication::applicationVersion()));
-    });
+    QMenu *menu = addMenu("application", tr("&Lexivore"));
+    QAction *about = menu->addAction(tr("About Lexivore"));
+    about->setObjectName("About");
+    connect(about, &QAction::triggered, this, &MenuBarBuilder::showAbout);
     menu->addAction(new CheckForUpdatesMenuItem(updater, menu));
     menu->addSeparator();
     QAction *quit = menu->addAction(tr("Quit Lexivore"));
@@ -160,8 +162,27 @@ void MenuBarBuilder::buildApplicationMenu(Updater &updater) {
     connect(quit, &QAction::triggered, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
+void MenuBarBuilder::showAbout() {
+    SheetLayer::show(
+        m_window,
+        new AlertSheet(
+            {.title = tr("Lexivore"),
+             .message = tr("Version %1\n\nTransforms plain text.").arg(QCoreApplication::applicationVersion()),
+             .confirmation = tr("OK"),
+             .icon = applicationIcon()},
+            {}));
+}
+
+void MenuBarBuilder::addMenuBarKey() {
+    auto *key = new QAction(this);
+    key->setShortcut(QKeySequence("F10"));
+    connect(key, &QAction::triggered, this,
+            [this] { m_window.menuBar()->setActiveAction(m_window.menuBar()->actions().front()); });
+    m_window.addAction(key);
+}
+
 void MenuBarBuilder::buildEditMenu() {
-    QMenu *menu = addMenu("edit", tr("Edit"));
+    QMenu *menu = addMenu("edit", tr("&Edit"));
     addCommands(menu);
     menu->addSeparator();
     for (const WidgetCommand &command : widgetCommands) {
@@ -181,7 +202,7 @@ void MenuBarBuilder::buildEditMenu() {
 }
 
 void MenuBarBuilder::buildViewMenu() {
-    QMenu *menu = addMenu("view", tr("View"));
+    QMenu *menu = addMenu("view", tr("&View"));
     addCommands(menu);
     menu->addSeparator();
     addCommands(menu, "zoom");
@@ -195,7 +216,7 @@ void MenuBarBuilder::buildViewMenu() {
 
 void MenuBarBuilder::buildRecipesMenu() {
     m_recipes = new RecipeMenu(m_manager, &m_window);
-    m_recipes->setTitle(tr("Recipes"));
+    m_recipes->setTitle(tr("&Recipes"));
     m_recipes->setObjectName("menu.recipes");
     std::vector<QAction *> fixed = commandsOf("recipes");
     auto *divider = new QAction(this);
@@ -217,7 +238,7 @@ void MenuBarBuilder::enableExport() {
 }
 
 void MenuBarBuilder::buildTransformationsMenu() {
-    QMenu *menu = addMenu("transformations", tr("Transformations"));
+    QMenu *menu = addMenu("transformations", tr("&Transformations"));
     for (const TransformationCategory category : allTransformationCategories) {
         if (category == TransformationCategory::favorites) {
             continue;
@@ -234,14 +255,14 @@ void MenuBarBuilder::buildTransformationsMenu() {
 }
 
 void MenuBarBuilder::buildToolsMenu() {
-    QMenu *menu = addMenu("tools", tr("Tools"));
+    QMenu *menu = addMenu("tools", tr("T&ools"));
     for (const TextToolPointer &tool : m_tools.tools()) {
         addPost(menu, tool->name(), notification::runTool, tool->id());
     }
 }
 
 void MenuBarBuilder::buildHelpMenu() {
-    QAction *support = addMenu("help", tr("Help"))->addAction(tr("Contact Support"));
+    QAction *support = addMenu("help", tr("&Help"))->addAction(tr("Contact Support"));
     support->setObjectName("ContactSupport");
     connect(support, &QAction::triggered, this, [] {
         contactSupport(mainBundleInformation(), [](const QUrl &address) { QDesktopServices::openUrl(address); });

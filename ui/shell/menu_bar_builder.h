@@ -42,6 +42,9 @@ private:
     /// A command that posts a notification with an id, for what acts on the text.
     void addPost(QMenu *menu, const std::string &title, const char *notification, const std::string &id);
     void buildApplicationMenu(Updater &updater);
+    void showAbout();
+    /// F10 opens the first menu, as in every program of the desktop.
+    void addMenuBarKey();
     void buildEditMenu();
     void buildViewMenu();
     void buildRecipesMenu();

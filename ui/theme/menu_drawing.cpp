@@ -53,7 +53,7 @@ void drawCaption(QPainter &painter, const QStyleOptionMenuItem &item) {
 
 QSize itemSize(const QStyleOptionMenuItem &item) {
     if (isSeparator(item))
-        return {0, 9};
+        return {1, 9}; // an item without width is left out
     const QFontMetrics letters(isCaption(item) ? fontFor(FontRole::sectionTitle) : item.font);
     const int width = letters.size(Qt::TextShowMnemonic | Qt::TextSingleLine, labelOf(item)).width();
     const int extra = isCaption(item) ? 0 : columnsBeforeLabel(item) + arrowColumn;
@@ -114,7 +114,9 @@ void drawBarItem(QPainter &painter, const QStyleOptionMenuItem &item, const QWid
                     isOpen ? colours.toolPress : colours.toolHover);
     }
     painter.setPen(isOff ? colours.textOff : colours.text);
-    painter.drawText(item.rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine, item.text);
+    // The letters to press show once the keyboard is in the menu bar.
+    const auto mnemonic = menuBar != nullptr && menuBar->hasFocus() ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    painter.drawText(item.rect, Qt::AlignCenter | mnemonic | Qt::TextSingleLine, item.text);
     painter.restore();
 }
 
