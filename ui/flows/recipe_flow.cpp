@@ -94,11 +94,12 @@ void RecipeFlow::replaceOperations(const Recipe &recipe) {
 }
 
 void RecipeFlow::showSaveSheet() {
-    m_sheets.showRecipeSaveSheet(m_state.newRecipeName, [this](const QString &name) { save(name); });
+    m_sheets.showRecipeSaveSheet(
+        m_state.newRecipeName, [this](const QString &name) { m_state.newRecipeName = name; },
+        [this](const QString &name) { save(name); });
 }
 
 void RecipeFlow::save(const QString &name) {
-    m_state.newRecipeName = name;
     const std::vector<Recipe> &recipes = m_manager.recipes();
     const auto existing = std::find_if(recipes.begin(), recipes.end(), [&](const Recipe &recipe) {
         return !recipe.isTemplate() && recipe.name == toUtf8(name);
@@ -130,6 +131,9 @@ void RecipeFlow::saveAndClose(const QString &name) {
     m_manager.saveRecipe(toUtf8(name));
     m_state.newRecipeName.clear();
     m_sheets.closeRecipeSaveSheet();
+    if (m_manager.appliedOperations().empty()) {
+        m_alerts.showError(tr("There are no operations to save as a recipe."));
+    }
 }
 
 void RecipeFlow::showManageSheet() {

@@ -39,6 +39,7 @@ RecipeSaveSheet::RecipeSaveSheet(const QString &recipeName, std::function<void(c
     body().addWidget(buttonRow({cancelButton, m_saveButton}));
 
     connect(m_recipeName, &Field::textChanged, this, &RecipeSaveSheet::updateSaveButton);
+    connect(m_recipeName, &Field::textChanged, this, &RecipeSaveSheet::recipeNameChanged);
     connect(cancelButton, &PushButton::clicked, this, &RecipeSaveSheet::cancel);
     connect(m_saveButton, &PushButton::clicked, this, &RecipeSaveSheet::confirm);
     setRecipeName(recipeName);

@@ -25,6 +25,10 @@ public:
     void takeFocus() override;
     void confirm() override;
 
+signals:
+    /// Typed, or set from outside.
+    void recipeNameChanged(const QString &name);
+
 private:
     void updateSaveButton();
 

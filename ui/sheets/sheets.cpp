@@ -22,8 +22,12 @@ void Sheets::showParameterSheet(const TransformationPointer &transformation, con
     SheetLayer::show(m_window, new ParameterInputSheet(transformation, values, std::move(apply), std::move(cancel)));
 }
 
-void Sheets::showRecipeSaveSheet(const QString &name, std::function<void(const QString &)> save) {
+void Sheets::showRecipeSaveSheet(const QString &name, std::function<void(const QString &)> changed,
+                                 std::function<void(const QString &)> save) {
+    if (m_recipeSaveSheet != nullptr && m_recipeSaveSheet->isVisible())
+        return;
     m_recipeSaveSheet = new RecipeSaveSheet(name, std::move(save));
+    connect(m_recipeSaveSheet, &RecipeSaveSheet::recipeNameChanged, this, std::move(changed));
     SheetLayer::show(m_window, m_recipeSaveSheet);
 }
 

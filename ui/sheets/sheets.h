@@ -34,8 +34,10 @@ public:
     void showParameterSheet(const TransformationPointer &transformation, const ParameterMap &values,
                             std::function<void(const ParameterMap &)> apply, std::function<void()> cancel);
 
-    /// Asks for a recipe's name; the sheet stays open until it is closed or cancelled.
-    void showRecipeSaveSheet(const QString &name, std::function<void(const QString &)> save);
+    /// Asks for a recipe's name; the sheet stays open until it is closed or cancelled. `changed` follows the typing.
+    /// Nothing new when it is open already.
+    void showRecipeSaveSheet(const QString &name, std::function<void(const QString &)> changed,
+                             std::function<void(const QString &)> save);
     void setRecipeName(const QString &name);
     void closeRecipeSaveSheet();
 

@@ -87,6 +87,25 @@ TEST_F(AlertsTest, ReplaceOperationsTellsWhetherToAskAgain) {
     EXPECT_EQ(cancelled, 1);
 }
 
+TEST_F(AlertsTest, DontAskAgainIsReachedAndSetByTheKeys) {
+    std::optional<bool> asksNoMore;
+    alerts.askToReplaceOperations([&](bool answer) { asksNoMore = answer; }, cancel);
+    settle();
+    QStringList stops = {focusName()};
+    for (int presses = 0; presses < 3; ++presses) {
+        press(Qt::Key_Tab);
+        stops << focusName();
+    }
+    EXPECT_EQ(stops, (QStringList{"cancel", "confirm", "dontAskAgain", "cancel"}));
+    press(Qt::Key_Backtab);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(find<QCheckBox>("dontAskAgain")->isChecked());
+    press(Qt::Key_Backtab);
+    press(Qt::Key_Return);
+    EXPECT_EQ(asksNoMore, true);
+    EXPECT_EQ(cancelled, 0);
+}
+
 TEST_F(AlertsTest, ReplaceRecipeNamesTheRecipe) {
     alerts.askToReplaceRecipe("Shout %1 <b>", confirm, cancel);
     settle();

@@ -90,6 +90,41 @@ TEST_F(ResultViewsTest, StatisticsShowsSixCardsInThreeColumnsAndThreeAverages) {
                             {"Chars per word", "3.8"}, {"Words per line", "3.0"}, {"Words per sentence", "1.5"}}));
 }
 
+TEST_F(ResultViewsTest, EachCardHasItsSymbolInItsColour) {
+    const ToolView *view = open(0, "one");
+    const auto all = view->findChildren<CompactStatCard *>();
+    const QList<QColor> colours = {theme().blue,   theme().green,  theme().orange,
+                                   theme().purple, theme().indigo, theme().teal};
+    ASSERT_EQ(all.size(), colours.size());
+    for (qsizetype card = 0; card < all.size(); ++card) {
+        const QImage picture = all[card]->grab().toImage();
+        QColor strongest = Qt::white;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y).saturation() > strongest.saturation())
+                    strongest = picture.pixelColor(x, y);
+            }
+        }
+        EXPECT_NEAR(strongest.hue(), colours[card].hue(), 8) << card;
+    }
+}
+
+TEST_F(ResultViewsTest, ComputeWhenTheyFirstAppear) {
+    const Text text(std::string_view("Hello world"));
+    const QStringList before = {"Character Frequency Analysis\n\n",
+                                "Reading Time Estimate\n\nWord Count: 0\nReading Time: 0s (~200 wpm)\n"
+                                "Speaking Time: 0s (~150 wpm)",
+                                "Readability Analysis\n\nFlesch Reading Ease Score: 0.0\nLevel: \nGrade Level: \n\n"
+                                "Statistics:\nWords: 0\nSentences: 0\nSyllables: 0"};
+    for (std::size_t tool = 1; tool < 4; ++tool) {
+        ToolView *view = tools.tools()[tool]->makeView(text, factory);
+        EXPECT_EQ(QString::fromStdString(view->report()), before[qsizetype(tool) - 1]);
+        show(view);
+        EXPECT_NE(QString::fromStdString(view->report()), before[qsizetype(tool) - 1]);
+        press(Qt::Key_Escape);
+    }
+}
+
 TEST_F(ResultViewsTest, StatisticsOfNothingAreSixCardsAllTheSame) {
     const ToolView *view = open(0, "");
     EXPECT_EQ(cards(*view), (QList<QStringList>{{"0", "Characters"},

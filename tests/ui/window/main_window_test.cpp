@@ -273,6 +273,32 @@ TEST_F(MainWindow, TheFontSizeIsKept) {
     EXPECT_EQ(find("editor")->font().pointSizeF(), 72);
 }
 
+TEST_F(MainWindow, AStoredFontSizeOfAnyKindLeavesAnEditorToReadIn) {
+    const std::pair<QVariant, double> stored[] = {
+        {QVariant(), 13}, {0.0, 13},  {QString("large"), 13}, {QVariantList{20}, 13}, {true, 1}, {-3.0, -3},
+        {3.5, 3.5},       {1e9, 1e9},
+    };
+    setText("some text");
+    for (const auto &[value, size] : stored) {
+        preferences.setValue(preference::editorFontSize, value);
+        restart();
+        EXPECT_EQ(state().editorFontSize(), size);
+        setText("some text");
+        const QImage picture = find("editor")->grab().toImage();
+        EXPECT_FALSE(picture.isNull());
+        click("editorSettings");
+        EXPECT_GE(find<QSlider>("fontSize")->value(), 9);
+        EXPECT_LE(find<QSlider>("fontSize")->value(), 24);
+        EXPECT_TRUE(window().rect().contains(find("editorSettingsSheet")->geometry()));
+        EXPECT_FALSE(find("editorSettingsSheet")->grab().isNull());
+        click("done");
+        EXPECT_EQ(preferences.value(preference::editorFontSize), value) << "kept until the slider moves";
+    }
+    preferences.remove(preference::editorFontSize);
+    restart();
+    EXPECT_EQ(state().editorFontSize(), 13);
+}
+
 TEST_F(MainWindow, ZoomingStaysWithinTheSettingsRange) {
     choose("ZoomIn");
     EXPECT_EQ(state().editorFontSize(), 14);

@@ -138,7 +138,7 @@ TEST_F(Recipes, ANameThatExistsIsAskedAboutAndAnotherCaseIsNot) {
     EXPECT_EQ(ownRecipes(), (std::vector<std::string>{"Shout", "shout"}));
 }
 
-TEST_F(Recipes, ReplacingWithoutOperationsLosesNothing) {
+TEST_F(Recipes, ReplacingWithoutOperationsLosesNothingAndSaysSo) {
     setText("a");
     click("transformation.uppercase");
     saveAs("Shout");
@@ -147,6 +147,83 @@ TEST_F(Recipes, ReplacingWithoutOperationsLosesNothing) {
     saveAs("Shout");
     click("confirm");
     EXPECT_EQ(ownRecipes(), std::vector<std::string>{"Shout"});
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window().findChildren<QWidget *>("alert").size() == 1; }));
+    EXPECT_EQ(find<QLabel>("message")->text(), "There are no operations to save as a recipe.");
+    click("confirm");
+    EXPECT_FALSE(isShown("recipeSaveSheet"));
+    EXPECT_EQ(state().newRecipeName, "");
+}
+
+TEST_F(Recipes, SavingWithoutOperationsClosesTheSheetAndSaysWhyNothingWasSaved) {
+    choose("ShowRecipeSheet");
+    type("Nothing");
+    press(Qt::Key_Return);
+    EXPECT_FALSE(isShown("recipeSaveSheet"));
+    EXPECT_EQ(find<QLabel>("message")->text(), "There are no operations to save as a recipe.");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(ownRecipes().empty());
+}
+
+TEST_F(Recipes, ABuiltInRecipesNameIsFree) {
+    setText("a");
+    click("transformation.uppercase");
+    saveAs("Normalize Text");
+    EXPECT_FALSE(isShown("alert"));
+    EXPECT_EQ(ownRecipes(), std::vector<std::string>{"Normalize Text"});
+    EXPECT_EQ(manager().recipes().size(), 14U);
+}
+
+TEST_F(Recipes, TheTypedNameOutlivesACancelledSheet) {
+    choose("ShowRecipeSheet");
+    type("Half a na");
+    EXPECT_EQ(state().newRecipeName, "Half a na");
+    press(Qt::Key_Escape);
+    ASSERT_FALSE(isShown("recipeSaveSheet"));
+    choose("ShowRecipeSheet");
+    EXPECT_EQ(find<QLineEdit>("recipeName")->text(), "Half a na");
+    EXPECT_EQ(find<QLineEdit>("recipeName")->selectedText(), "Half a na");
+}
+
+TEST_F(Recipes, EachSheetOpensOnce) {
+    setText("a");
+    for (const auto &[notification, name] : {std::pair(notification::showRecipeSheet, "recipeSaveSheet"),
+                                             std::pair(notification::showManageRecipes, "manageRecipesSheet")}) {
+        center().post(notification);
+        center().post(notification);
+        EXPECT_EQ(window().findChildren<QWidget *>(name).size(), 1);
+        press(Qt::Key_Escape);
+        EXPECT_FALSE(isShown(name));
+        center().post(notification);
+        EXPECT_TRUE(isShown(name)) << "and again";
+        press(Qt::Key_Escape);
+    }
+}
+
+TEST_F(Recipes, NamesOfAnyKindAreSavedReplacedRenamedAndDeleted) {
+    setText("a");
+    click("transformation.uppercase");
+    const QStringList names = {QString(10'000, 'x'), QString::fromUtf8("\U0001F469\u200D\U0001F467 <b>&amp; %1"),
+                               QString::fromUtf8("\u202E\u05E9\u05DC\u05D5\u05DD"), QString("two\nlines"), " "};
+    for (const QString &name : names) {
+        saveAs(name);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("recipeSaveSheet"); }));
+        EXPECT_EQ(ownRecipes(), std::vector<std::string>{name.toStdString()});
+        saveAs(name);
+        ASSERT_TRUE(isShown("alert"));
+        EXPECT_TRUE(window().rect().contains(find("alert")->geometry()));
+        click("confirm");
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("recipeSaveSheet"); }));
+        EXPECT_EQ(ownRecipes(), std::vector<std::string>{name.toStdString()});
+
+        choose("ShowManageRecipes");
+        press(Qt::Key_F2);
+        EXPECT_EQ(find<QLineEdit>("editedName")->text(), name);
+        press(Qt::Key_Return);
+        EXPECT_EQ(ownRecipes(), std::vector<std::string>{name.toStdString()});
+        press(Qt::Key_Delete);
+        EXPECT_TRUE(ownRecipes().empty());
+        press(Qt::Key_Escape);
+    }
 }
 
 } // namespace
