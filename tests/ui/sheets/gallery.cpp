@@ -11,6 +11,7 @@
 #include "ui/controls/push_button.h"
 #include "ui/controls/switch.h"
 #include "ui/controls/tool_button.h"
+#include "ui/icon.h"
 #include "ui/results/result_view_factory.h"
 #include "ui/results/tool_view.h"
 #include "ui/sheets/alert_sheet.h"
@@ -20,6 +21,7 @@
 #include "ui/sheets/recipe_row.h"
 #include "ui/sheets/recipe_save_sheet.h"
 #include "ui/sheets/sheet_layer.h"
+#include "ui/shell/lexivore_app.h"
 #include "ui/theme/style.h"
 #include "ui/theme/theme.h"
 #include "ui/updates/progress_sheet.h"
@@ -32,6 +34,7 @@
 #include <QGridLayout>
 #include <QMainWindow>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -133,6 +136,14 @@ void showAlerts() {
         });
     };
     alert("clear", {"Clear Text", "Are you sure you want to clear all text?", "Clear", true});
+    alert("clear-operations", {"Clear Operations", "Are you sure you want to clear all operations?", "Clear", true});
+    alert("about", {.title = "Lexivore",
+                    .message = "Version 1.0.0\n\nTransforms plain text.",
+                    .confirmation = "OK",
+                    .icon = applicationIcon()});
+    alert("import",
+          {"Error", "No recipes could be read from “/home/ada/Documents/recipes.json”: Recipe 3 has no \"category\".",
+           "OK"});
     alert("error", {"Error", "Invalid input: Width must be a positive number", "OK"});
     alert("replace-operations",
           {"Replace Operations", "This will replace all current operations with the recipe. Continue?", "Replace", true,
@@ -164,6 +175,29 @@ void showUpdates() {
     show("update-checking", new ProgressSheet(QString::fromUtf8("Checking for Updates…")));
     show("update-progress", new ProgressSheet("Downloading Lexivore 1.4", item.length),
          [](Sheet &sheet) { dynamic_cast<ProgressSheet &>(sheet).setReceived(4'000'000); });
+}
+
+/// Every menu of the menu bar with its submenus, and that of the button that exports recipes.
+void showMenus() {
+    test::MemoryPreferences preferences;
+    LexivoreApp app(preferences);
+    app.window().show();
+    TransformationManager &manager = app.transformationManager();
+    manager.setCurrentText(Text(std::string_view(sample)));
+    manager.applyTransformation(*manager.findTransformation("uppercase"), {});
+    manager.saveRecipe("Names, first before last");
+    manager.saveRecipe("Mailing list");
+    const auto showMenu = [](QMenu &menu) {
+        menu.popup(QPoint(0, 0));
+        QTest::keyClick(&menu, Qt::Key_Down);
+        QString name = menu.objectName().section('.', -1).toLower();
+        save(menu, menu.rect(), "menu-" + name.replace(" & ", "-").replace(' ', '-'));
+        menu.close();
+    };
+    for (QMenu *menu : app.window().findChildren<QMenu *>(QRegularExpression("^menu\\.")))
+        showMenu(*menu);
+    app.notificationCenter().post(notification::showManageRecipes);
+    showMenu(*app.window().findChild<QMenu *>("exportMenu"));
 }
 
 void showResults() {
@@ -296,6 +330,7 @@ int main(int argc, char *argv[]) {
     show("settings", new EditorSettingsSheet(15, {}));
     showAlerts();
     showUpdates();
+    showMenus();
     showResults();
     showControls();
     return 0;

@@ -264,7 +264,7 @@ TEST_F(MenuCommands, WithoutTextExactlyWhatActsOnTheTextIsDisabled) {
         setText(hasText ? "b" : "");
         for (const QMenu *each : window().findChildren<QMenu *>(QRegularExpression("^menu\\."))) {
             for (const QAction *action : each->actions()) {
-                if (!action->isSeparator()) {
+                if (!action->isSeparator() && action->objectName() != "CheckForUpdates") {
                     EXPECT_EQ(action->isEnabled(), hasText || !acting.contains(action)) << qPrintable(action->text());
                 }
             }
