@@ -1402,56 +1402,64 @@
 <context>
     <name>lexivore::MenuBarBuilder</name>
     <message>
-        <source>File</source>
-        <translation>Datei</translation>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
     </message>
     <message>
-        <source>Lexivore</source>
-        <translation>Lexivore</translation>
+        <source>&amp;Lexivore</source>
+        <translation>&amp;Lexivore</translation>
     </message>
     <message>
         <source>About Lexivore</source>
         <translation>Über Lexivore</translation>
     </message>
     <message>
-        <source>Lexivore %1
-
-Transforms plain text.</source>
-        <translation>Lexivore %1
-
-Formt reinen Text um.</translation>
-    </message>
-    <message>
         <source>Quit Lexivore</source>
         <translation>Lexivore beenden</translation>
     </message>
     <message>
-        <source>Edit</source>
-        <translation>Bearbeiten</translation>
+        <source>Lexivore</source>
+        <translation>Lexivore</translation>
     </message>
     <message>
-        <source>View</source>
-        <translation>Ansicht</translation>
+        <source>Version %1
+
+Transforms plain text.</source>
+        <translation>Version %1
+
+Formt reinen Text um.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
     </message>
     <message>
         <source>Full Screen</source>
         <translation>Vollbild</translation>
     </message>
     <message>
-        <source>Recipes</source>
-        <translation>Rezepte</translation>
+        <source>&amp;Recipes</source>
+        <translation>&amp;Rezepte</translation>
     </message>
     <message>
-        <source>Transformations</source>
-        <translation>Umformungen</translation>
+        <source>&amp;Transformations</source>
+        <translation>&amp;Umformungen</translation>
     </message>
     <message>
-        <source>Tools</source>
-        <translation>Werkzeuge</translation>
+        <source>T&amp;ools</source>
+        <translation>&amp;Werkzeuge</translation>
     </message>
     <message>
-        <source>Help</source>
-        <translation>Hilfe</translation>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>Contact Support</source>
@@ -1586,6 +1594,10 @@ Formt reinen Text um.</translation>
     <message>
         <source>There is not enough memory for the result.</source>
         <translation>Der Speicher reicht für das Ergebnis nicht aus.</translation>
+    </message>
+    <message>
+        <source>There are no operations to save as a recipe.</source>
+        <translation>Es gibt keine Schritte, die als Rezept gespeichert werden können.</translation>
     </message>
     <message>
         <source>There are no recipes in “%1”.</source>

@@ -87,7 +87,6 @@ MenuBarBuilder::MenuBarBuilder(QMainWindow &window, NotificationCenter &center, 
     buildTransformationsMenu();
     buildToolsMenu();
     buildHelpMenu();
-    addMenuBarKey();
     setHasText(false);
     setStackOperationMode(false);
 }
@@ -171,14 +170,6 @@ void MenuBarBuilder::showAbout() {
              .confirmation = tr("OK"),
              .icon = applicationIcon()},
             {}));
-}
-
-void MenuBarBuilder::addMenuBarKey() {
-    auto *key = new QAction(this);
-    key->setShortcut(QKeySequence("F10"));
-    connect(key, &QAction::triggered, this,
-            [this] { m_window.menuBar()->setActiveAction(m_window.menuBar()->actions().front()); });
-    m_window.addAction(key);
 }
 
 void MenuBarBuilder::buildEditMenu() {

@@ -43,8 +43,6 @@ private:
     void addPost(QMenu *menu, const std::string &title, const char *notification, const std::string &id);
     void buildApplicationMenu(Updater &updater);
     void showAbout();
-    /// F10 opens the first menu, as in every program of the desktop.
-    void addMenuBarKey();
     void buildEditMenu();
     void buildViewMenu();
     void buildRecipesMenu();
