@@ -108,10 +108,16 @@ def saves_and_renames_a_recipe(program):
     wait_for(lambda: not program.is_there("push button", "Done"), "the sheet to close")
 
 
+def shown_windows(program):
+    return len(run("xdotool", "search", "--onlyvisible", "--pid", str(program.process.pid)).split())
+
+
 def asks_once(program):
     """Chooses the first recipe of the toolbar's menu twice; the second time nothing is asked any more."""
     for first in (True, False):
+        before = shown_windows(program)
         press_button(program, "Load a saved recipe")
+        wait_for(lambda: shown_windows(program) > before, "the menu")
         program.keys("Down", "Return")
         if first:
             program.click(program.find("check box", "Don't ask again"))
