@@ -14,6 +14,7 @@ struct ReplaceTextTransformation final : TextTransformation {
 
 struct ReplaceWithRegexTransformation final : TextTransformation {
     using TextTransformation::TextTransformation;
+    [[nodiscard]] bool hasTimeLimit() const override { return true; }
     [[nodiscard]] std::vector<TransformationParameter> parameters() const override;
     [[nodiscard]] TextBuffer apply(std::string_view text, const ParameterMap &parameters) const override;
 };

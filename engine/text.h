@@ -12,10 +12,6 @@
 
 namespace lexivore {
 
-/// The largest text that is shown, in bytes: as much as offsets of 31 bits reach, which is what input methods and
-/// assistive technology count with. Larger results are refused.
-inline constexpr std::size_t largestText = 0x7FFFFFFF;
-
 /// An immutable text: UTF-8 bytes, kept exactly as they came.
 ///
 /// Copying takes constant time and no memory whatever the size, so that the current text, the base text and every

@@ -109,8 +109,8 @@ void TextBuffer::shrink() {
 void TextBuffer::releaseSpareMemory() { spareBlock.release(); }
 
 void TextBuffer::grow(std::size_t bytes) {
-    if (bytes > SIZE_MAX / 2 - m_size) {
-        throw std::bad_alloc();
+    if (m_size > largestText || bytes > SIZE_MAX / 2) {
+        throw TextTooLarge();
     }
     const std::size_t needed = m_size + bytes;
     reallocate(std::max({needed, m_capacity + m_capacity / 2, smallestCapacity}));

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -36,9 +37,19 @@ inline void copyBytes(const char *from, std::size_t size, char *to) {
     }
 }
 
+/// The most bytes that a text may have. The views and what they stand on count in 32-bit numbers.
+inline constexpr std::size_t largestText = 0x7FFFFFFF;
+
+/// A text was about to become larger than that.
+class TextTooLarge : public std::length_error {
+public:
+    TextTooLarge() : std::length_error("The text would be larger than 2 GB") {}
+};
+
 /// The text that a transformation builds: UTF-8 bytes that grow at the end.
 /// Unlike std::string it never clears the room that is about to be written, and growing a large one moves pages
-/// instead of copying bytes. Throws std::bad_alloc when the memory cannot be had.
+/// instead of copying bytes. Throws std::bad_alloc when the memory cannot be had, and TextTooLarge, at the latest when
+/// it grows again, when it has more bytes than a text may have.
 /// The memory of the last large one that was given up is kept for the next, for fresh pages cost several times what
 /// writing them does.
 class TextBuffer {

@@ -101,6 +101,8 @@ public:
 
     /// True when the same text and parameters can give another result each time.
     [[nodiscard]] virtual bool isRandom() const { return false; }
+    /// True when it gives up after some time, so that it may fail on a text on which it has succeeded before.
+    [[nodiscard]] virtual bool hasTimeLimit() const { return false; }
 
     /// The inputs that the transformation asks for, in the order in which they are asked for.
     [[nodiscard]] virtual std::vector<TransformationParameter> parameters() const { return {}; }

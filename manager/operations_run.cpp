@@ -6,6 +6,7 @@
 #include <exception>
 #include <iostream>
 #include <new>
+#include <stdexcept>
 #include <utility>
 
 namespace lexivore {
@@ -21,7 +22,7 @@ std::optional<Text> applied(const TextTransformation &transformation, const Appl
     } catch (const TransformationError &error) {
         description = error.description();
     } catch (const std::bad_alloc &) {
-        description = TransformationError::operationFailed("Not enough memory").description();
+        throw; // the operation is not to blame
     } catch (const std::exception &error) {
         description = TransformationError::operationFailed(error.what()).description();
     }
@@ -33,11 +34,15 @@ std::optional<Text> applied(const TextTransformation &transformation, const Appl
 } // namespace
 
 Text resultOf(const TextTransformation &transformation, const Text &text, const ParameterMap &parameters) {
-    TextBuffer result = transformation.apply(text.view(), parameters);
-    if (result.size() > largestText) {
+    try {
+        TextBuffer result = transformation.apply(text.view(), parameters);
+        if (result.size() > largestText) {
+            throw TextTooLarge();
+        }
+        return Text(std::move(result));
+    } catch (const std::length_error &) { // a string or list can be too long on the way as well
         throw TransformationError::operationFailed("The result would be larger than 2 GB");
     }
-    return Text(std::move(result));
 }
 
 OperationsRun OperationsRunner::run(const Text &base, const std::vector<AppliedOperation> &operations) {

@@ -44,7 +44,8 @@ struct StepTexts {
 /// By the id of the operation. Operations that are disabled, failed or unknown are not in it.
 using OperationTexts = std::map<QUuid, StepTexts>;
 
-/// What the transformation makes of the text. Throws TransformationError, also when that is too large to be shown.
+/// What the transformation makes of the text. Throws what its `apply` throws, and operationFailed when the result would
+/// be larger than a text may be.
 [[nodiscard]] Text resultOf(const TextTransformation &transformation, const Text &text, const ParameterMap &parameters);
 
 /// One run of an operations stack over a base text.
@@ -69,9 +70,9 @@ public:
     explicit OperationsRunner(const Catalog &catalog, Budget budget) : m_catalog(catalog), m_budget(budget) {}
     explicit OperationsRunner(const Catalog &catalog) : OperationsRunner(catalog, Budget()) {}
 
-    /// Applies every enabled operation to the result of the one before. An operation that fails, for whatever reason,
-    /// or whose transformation is unknown leaves the text as it was; a failure is also reported at once on standard
-    /// output.
+    /// Applies every enabled operation to the result of the one before. An operation that fails or whose transformation
+    /// is unknown leaves the text as it was; a failure is also reported at once on standard output. A lack of memory is
+    /// no failure of an operation: it ends the whole run with std::bad_alloc.
     [[nodiscard]] OperationsRun run(const Text &base, const std::vector<AppliedOperation> &operations);
 
     /// Takes note that `added` has just made `after` of `before`, behind the `operations` over `base`, so that the next

@@ -17,6 +17,10 @@ template<typename Container> auto at(Container &container, std::size_t index) {
     return std::next(container.begin(), static_cast<std::ptrdiff_t>(index));
 }
 
+bool isRepeatable(const TextTransformation &transformation) {
+    return !transformation.isRandom() && !transformation.hasTimeLimit();
+}
+
 } // namespace
 
 TransformationManager::TransformationManager(Preferences &preferences, QObject *parent)
@@ -59,6 +63,7 @@ std::optional<OperationMeasures> TransformationManager::operationMeasures(const 
 void TransformationManager::setCurrentText(Text text) {
     State next = m_state;
     next.currentText = std::move(text);
+    next.isMadeFromOriginal = false;
     publish(std::move(next));
 }
 
@@ -71,10 +76,8 @@ void TransformationManager::returnToOriginalText() {
         return; // then the base text belongs to a stack that is gone
     }
     State next = m_state;
-    next.currentText = next.originalText;
     next.appliedOperations.clear();
-    next.problems.clear();
-    next.texts.clear();
+    reapplyOrReturnToOriginal(next);
     publish(std::move(next));
 }
 
@@ -99,6 +102,7 @@ void TransformationManager::apply(State &state, const TextTransformation &transf
     record(state, HistoryTransformation{});
     if (state.appliedOperations.empty()) {
         state.originalText = state.currentText;
+        state.isMadeFromOriginal = true;
     }
     Text result = resultOf(transformation, state.currentText, parameters);
     const AppliedOperation applied{
@@ -107,6 +111,7 @@ void TransformationManager::apply(State &state, const TextTransformation &transf
         m_runner.add(state.originalText, state.appliedOperations, state.currentText, applied, result);
     state.appliedOperations.push_back(applied);
     state.currentText = std::move(result);
+    state.isMadeFromOriginal = state.isMadeFromOriginal && isRepeatable(transformation);
 }
 
 void TransformationManager::toggleOperation(std::size_t index) {
@@ -189,6 +194,10 @@ void TransformationManager::reapply(State &state) {
     state.currentText = std::move(run.result);
     state.problems = std::move(run.problems);
     state.texts = std::move(run.texts);
+    state.isMadeFromOriginal = std::ranges::all_of(state.appliedOperations, [&](const AppliedOperation &operation) {
+        const TransformationPointer found = findTransformation(operation.transformation);
+        return !operation.isEnabled || found == nullptr || isRepeatable(*found);
+    });
 }
 
 void TransformationManager::reapplyOrReturnToOriginal(State &state) {
@@ -196,6 +205,7 @@ void TransformationManager::reapplyOrReturnToOriginal(State &state) {
         state.currentText = state.originalText;
         state.problems.clear();
         state.texts.clear();
+        state.isMadeFromOriginal = true;
     } else {
         reapply(state);
     }
@@ -215,16 +225,22 @@ void TransformationManager::redo() {
 
 void TransformationManager::restore(TextHistoryState restored, bool emptyStackShowsOriginalText) {
     const bool showOriginalText = emptyStackShowsOriginalText && restored.operations.empty();
+    const bool isMadeFromOriginal = restored.base.has_value() && restored.base->sharesAllWith(m_state.originalText);
     m_historyHasChanged = true;
     publish({.currentText = showOriginalText ? m_state.originalText : std::move(restored.text),
              .originalText = m_state.originalText,
              .appliedOperations = std::move(restored.operations),
              .problems = std::move(restored.problems),
-             .texts = std::move(restored.texts)});
+             .texts = std::move(restored.texts),
+             .isMadeFromOriginal = showOriginalText || isMadeFromOriginal});
 }
 
 TextHistoryState TransformationManager::snapshot(const State &state) {
-    return {state.currentText, state.appliedOperations, state.problems, state.texts};
+    return {.text = state.currentText,
+            .operations = state.appliedOperations,
+            .problems = state.problems,
+            .texts = state.texts,
+            .base = state.isMadeFromOriginal ? std::optional(state.originalText) : std::nullopt};
 }
 
 void TransformationManager::record(const State &before, HistoryActionType action) {

@@ -130,6 +130,8 @@ private:
         std::vector<AppliedOperation> appliedOperations;
         OperationProblems problems;
         OperationTexts texts;
+        /// `currentText` is what the operations make of `originalText` whenever they are run.
+        bool isMadeFromOriginal = true;
     };
 
     [[nodiscard]] static TextHistoryState snapshot(const State &state);
@@ -146,7 +148,7 @@ private:
     std::set<std::string, std::less<>> m_favorites;
     State m_state;
     OperationsRunner m_runner{m_transformations};
-    TextHistory m_history;
+    TextHistory m_history{m_transformations};
     bool m_historyHasChanged = false; ///< Since the last time that it was announced.
     std::vector<Recipe> m_recipes;
     std::optional<Recipe> m_selectedRecipe;

@@ -166,6 +166,20 @@ public:
         }
     }
 
+    /// The bytes that take the place of a match; `sizeOf(int)` tells those of a group.
+    template<typename SizeOf> [[nodiscard]] std::size_t sizeFor(SizeOf sizeOf) const {
+        std::size_t sum = 0;
+        for (const Part &part : m_parts) {
+            sum += part.literal.size() + (part.group == noGroup ? 0 : sizeOf(part.group));
+        }
+        return sum;
+    }
+    /// No text of `size` bytes becomes larger than this: its matches and their groups lie side by side.
+    [[nodiscard]] std::size_t mostBytesFor(std::size_t size) const {
+        const std::size_t literals = sizeFor([](int) { return std::size_t{0}; });
+        return size * m_parts.size() + literals * (size + 1);
+    }
+
 private:
     static constexpr int noGroup = -1;
     struct Part {
@@ -245,7 +259,28 @@ private:
     std::size_t m_copied = 0;
 };
 
+/// Throws TextTooLarge before gigabytes are written in vain. `forEachSize(visit)` tells the sizes of every match and of
+/// its replacement; it is asked only when it could come to that.
+template<typename ForEachSize>
+void requireRoomForAll(std::string_view text, const ReplacementTemplate &replacement, ForEachSize forEachSize) {
+    if (replacement.mostBytesFor(text.size()) <= largestText) {
+        return;
+    }
+    std::size_t size = text.size();
+    forEachSize([&](std::size_t matched, std::size_t written) {
+        size += written - matched;
+        if (size > largestText + text.size()) { // whatever the rest of the matches is
+            throw TextTooLarge();
+        }
+    });
+}
+
 TextBuffer replaceSimply(std::string_view text, const SimplePattern &pattern, const ReplacementTemplate &replacement) {
+    requireRoomForAll(text, replacement, [&](auto visit) {
+        forEachMatch(text, pattern, [&](std::string_view match) {
+            visit(match.size(), replacement.sizeFor([&](int group) { return group == 0 ? match.size() : 0; }));
+        });
+    });
     PartReplacer replacer(text);
     forEachMatch(text, pattern, [&](std::string_view match) {
         const auto begin = static_cast<std::size_t>(match.data() - text.data());
@@ -261,6 +296,14 @@ std::optional<TextBuffer> replaceSequence(std::string_view text, const SequenceP
     if (!pattern.canSearch(text)) {
         return std::nullopt;
     }
+    requireRoomForAll(text, replacement, [&](auto visit) {
+        (void)pattern.forEachMatch(text, [&](const SequencePattern::Groups &groups) {
+            visit(groups[0].size(), replacement.sizeFor([&](int group) {
+                return static_cast<std::size_t>(group) < groups.size() ? groups[static_cast<std::size_t>(group)].size()
+                                                                       : 0;
+            }));
+        });
+    });
     PartReplacer replacer(text);
     const bool isDone = pattern.forEachMatch(text, [&](const SequencePattern::Groups &groups) {
         const auto begin = static_cast<std::size_t>(groups[0].data() - text.data());

@@ -5,16 +5,41 @@
 #include "engine/primitives/byte_search.h"
 #include "engine/primitives/membership_scan.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
 
 namespace lexivore {
 
+namespace {
+
+/// Throws TextTooLarge before gigabytes are written in vain. Counts the occurrences only when it could come to that.
+void requireRoomForAll(std::string_view text, std::string_view find, std::size_t replacementSize) {
+    if (replacementSize <= find.size() || text.size() / find.size() < largestText / replacementSize) {
+        return;
+    }
+    const std::size_t growth = replacementSize - find.size();
+    const std::size_t room = largestText - std::min(largestText, text.size());
+    for (std::size_t left = room / growth; true; --left) {
+        const std::size_t found = findBytes(text, find);
+        if (found == std::string_view::npos) {
+            return;
+        }
+        if (left == 0) {
+            throw TextTooLarge();
+        }
+        text.remove_prefix(found + find.size());
+    }
+}
+
+} // namespace
+
 TextBuffer replaceAll(std::string_view text, std::string_view find, std::string_view replacement) {
     if (find.empty()) {
         return TextBuffer(text);
     }
+    requireRoomForAll(text, find, replacement.size());
     TextBuffer result = TextBuffer::withCapacity(text.size());
     while (true) {
         const std::size_t found = findBytes(text, find);

@@ -24,6 +24,9 @@ public:
         if (id() == "memory") {
             throw std::bad_alloc();
         }
+        if (id() == "large") {
+            throw TextTooLarge();
+        }
         if (id() == "library") {
             throw std::runtime_error("a library's own words");
         }
@@ -47,8 +50,9 @@ protected:
         return std::string(done.result.view());
     }
 
-    Catalog catalog = {std::make_shared<Step>("one"), std::make_shared<Step>("two"), std::make_shared<Step>("error"),
-                       std::make_shared<Step>("memory"), std::make_shared<Step>("library")};
+    Catalog catalog = {std::make_shared<Step>("one"),     std::make_shared<Step>("two"),
+                       std::make_shared<Step>("error"),   std::make_shared<Step>("memory"),
+                       std::make_shared<Step>("library"), std::make_shared<Step>("large")};
     std::vector<AppliedOperation> operations;
     OperationProblems problems;
     std::string printed;
@@ -79,17 +83,35 @@ TEST_F(OperationsRunTest, PassesOverDisabledAndUnknownOperations) {
 TEST_F(OperationsRunTest, PrintsEveryFailureAndGoesOn) {
     add("one");
     const QUuid error = add("error").id;
-    const QUuid memory = add("memory").id;
     add("two");
     const QUuid library = add("library").id;
     EXPECT_EQ(run(), "base,one,two");
     EXPECT_EQ(printed, "Error reapplying operation: Missing parameter: count\n"
-                       "Error reapplying operation: Operation failed: Not enough memory\n"
                        "Error reapplying operation: Operation failed: a library's own words\n");
     using enum OperationProblem::Kind;
     EXPECT_EQ(problems, (OperationProblems{{error, {failed, "Missing parameter: count"}},
-                                           {memory, {failed, "Operation failed: Not enough memory"}},
                                            {library, {failed, "Operation failed: a library's own words"}}}));
+}
+
+TEST_F(OperationsRunTest, ALackOfMemoryEndsTheRunAndIsNoFailureOfTheOperation) {
+    add("one");
+    add("memory");
+    OperationsRunner runner(catalog);
+    testing::internal::CaptureStdout();
+    EXPECT_THROW(static_cast<void>(runner.run(Text("base"), operations)), std::bad_alloc);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    operations.pop_back();
+    EXPECT_EQ(runner.run(Text("base"), operations).result.view(), "base,one");
+}
+
+TEST_F(OperationsRunTest, AResultThatIsTooLargeIsAFailureOfTheOperation) {
+    add("one");
+    const QUuid large = add("large").id;
+    EXPECT_EQ(run(), "base,one");
+    EXPECT_EQ(
+        problems,
+        (OperationProblems{
+            {large, {OperationProblem::Kind::failed, "Operation failed: The result would be larger than 2 GB"}}}));
 }
 
 } // namespace
