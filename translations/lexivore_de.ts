@@ -848,6 +848,13 @@
     </message>
 </context>
 <context>
+    <name>MemoryShortage</name>
+    <message>
+        <source>There is not enough memory for the result.</source>
+        <translation>Der Speicher reicht für das Ergebnis nicht aus.</translation>
+    </message>
+</context>
+<context>
     <name>Menu</name>
     <message>
         <source>Untitled</source>
@@ -1236,6 +1243,13 @@
     </message>
 </context>
 <context>
+    <name>lexivore::ClipboardFlow</name>
+    <message>
+        <source>The text is larger than 2 GB, the most that the editor can hold.</source>
+        <translation>Der Text ist größer als 2 GB; mehr fasst der Editor nicht.</translation>
+    </message>
+</context>
+<context>
     <name>lexivore::ContentView</name>
     <message>
         <source>Lexivore</source>
@@ -1592,10 +1606,6 @@ Formt reinen Text um.</translation>
         <translation>Rezept</translation>
     </message>
     <message>
-        <source>There is not enough memory for the result.</source>
-        <translation>Der Speicher reicht für das Ergebnis nicht aus.</translation>
-    </message>
-    <message>
         <source>There are no operations to save as a recipe.</source>
         <translation>Es gibt keine Schritte, die als Rezept gespeichert werden können.</translation>
     </message>
@@ -1809,13 +1819,6 @@ Formt reinen Text um.</translation>
     <message>
         <source>Done</source>
         <translation>Fertig</translation>
-    </message>
-</context>
-<context>
-    <name>lexivore::TransformationFlow</name>
-    <message>
-        <source>There is not enough memory for the result.</source>
-        <translation>Der Speicher reicht für das Ergebnis nicht aus.</translation>
     </message>
 </context>
 <context>

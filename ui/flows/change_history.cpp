@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/flows/change_history.h"
 
+#include <functional>
+#include <string_view>
 #include <utility>
 
 namespace lexivore {
@@ -15,12 +17,49 @@ bool isKeystroke(const TextChange &change) {
     return change.removed + change.inserted <= longestKeystroke && (change.removed == 0 || change.inserted == 0);
 }
 
+std::size_t hashOf(const Text &text) { return std::hash<std::string_view>()(text.view()); }
+
 } // namespace
+
+bool ChangeHistory::Seen::is(const Text &other) const {
+    return m_hash.has_value() ? other.size() == m_size && hashOf(other) == *m_hash : m_text == other;
+}
+
+void ChangeHistory::Seen::forget() {
+    if (!m_hash.has_value()) {
+        m_hash = hashOf(m_text);
+        m_size = m_text.size();
+        m_text = Text();
+    }
+}
 
 void ChangeHistory::append(Entry entry) {
     m_entries.resize(m_done);
     m_entries.push_back(std::move(entry));
     m_done = m_entries.size();
+}
+
+void ChangeHistory::keepWithinBudget() {
+    std::size_t bytes = 0;
+    for (auto entry = m_entries.rbegin(); entry != m_entries.rend() && !entry->isForgotten(); ++entry) {
+        bytes += entry->isStep ? entry->before.text().size() : 0;
+        if (entry->isStep && bytes > m_budget) {
+            entry->before.forget();
+            entry->after.forget();
+        }
+    }
+}
+
+/// The steps among the entries from `begin` to `end` become edits. One whose texts are forgotten cannot; it is gone.
+void ChangeHistory::makeEdits(std::size_t begin, std::size_t end) {
+    while (end > begin) {
+        --end;
+        m_entries[end].isStep = false;
+        if (m_entries[end].isForgotten()) {
+            m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(end));
+            m_done -= end < m_done ? 1 : 0;
+        }
+    }
 }
 
 bool ChangeHistory::continuesRun(const TextChange &change) const {
@@ -43,7 +82,7 @@ bool ChangeHistory::takesBackLatest(const Text &after, const TextChange &change)
     const Entry &latest = m_entries[m_done - 1];
     return change.offset == latest.change.offset && change.removed == latest.change.inserted &&
            change.inserted == latest.change.removed &&
-           after.slice(change.offset, change.inserted) == latest.before.slice(change.offset, change.inserted);
+           after.slice(change.offset, change.inserted) == latest.before.text().slice(change.offset, change.inserted);
 }
 
 void ChangeHistory::recordEdit(const Text &before, const Text &after, const TextChange &change) {
@@ -70,6 +109,7 @@ void ChangeHistory::recordSteps(std::span<const Text> before, const Text &after)
         append({before[index], next, wholeChange(before[index], next), true});
     }
     m_runIsOpen = false;
+    keepWithinBudget();
 }
 
 void ChangeHistory::stepUndone(const Text &previous, const Text &now) {
@@ -78,25 +118,25 @@ void ChangeHistory::stepUndone(const Text &previous, const Text &now) {
     while (step > 0 && !m_entries[step - 1].isStep) {
         --step;
     }
-    if (step > 0 && m_entries[step - 1].before == now) {
+    if (step > 0 && m_entries[step - 1].before.is(now)) {
         m_done = step - 1;
         return;
     }
     // The manager shows something else than what stood before that step. Keep the way back as edits.
     if (step > 0) {
-        m_entries[step - 1].isStep = false;
+        makeEdits(step - 1, step);
     }
     append({previous, now, wholeChange(previous, now), false});
 }
 
 void ChangeHistory::stepRedone(const Text &previous, const Text &now) {
     m_runIsOpen = false;
-    if (m_done < m_entries.size() && m_entries[m_done].isStep && m_entries[m_done].before == previous) {
+    if (m_done < m_entries.size() && m_entries[m_done].isStep && m_entries[m_done].before.is(previous)) {
         for (std::size_t last = m_done; last < m_entries.size(); ++last) {
             if (last > m_done && m_entries[last].isStep) {
                 break;
             }
-            if (m_entries[last].after == now) {
+            if (m_entries[last].after.is(now)) {
                 m_done = last + 1;
                 return;
             }
@@ -106,9 +146,7 @@ void ChangeHistory::stepRedone(const Text &previous, const Text &now) {
 }
 
 void ChangeHistory::forgetSteps() {
-    for (Entry &entry : m_entries) {
-        entry.isStep = false;
-    }
+    makeEdits(0, m_entries.size());
     m_runIsOpen = false;
 }
 
@@ -122,7 +160,7 @@ std::optional<ChangeHistory::Restored> ChangeHistory::undoEdit() {
         return std::nullopt;
     }
     const Entry &entry = m_entries[--m_done];
-    return Restored{entry.before, {entry.change.offset, entry.change.inserted, entry.change.removed}};
+    return Restored{entry.before.text(), {entry.change.offset, entry.change.inserted, entry.change.removed}};
 }
 
 std::optional<ChangeHistory::Restored> ChangeHistory::redoEdit() {
@@ -131,7 +169,7 @@ std::optional<ChangeHistory::Restored> ChangeHistory::redoEdit() {
         return std::nullopt;
     }
     const Entry &entry = m_entries[m_done++];
-    return Restored{entry.after, entry.change};
+    return Restored{entry.after.text(), entry.change};
 }
 
 } // namespace lexivore

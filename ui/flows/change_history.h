@@ -22,9 +22,15 @@ struct TextChange {
 /// steps that the manager's own history takes back, side by side, so that one undo key can take back the latest.
 ///
 /// No text that was seen is lost while nothing new is done: what the manager's history cannot restore stays here as an
-/// edit. An entry holds two texts by reference, so it costs the same for any size.
+/// edit. Of the texts around steps, which the manager's history has too, only as many are held as the budget allows;
+/// the older ones cannot come back when the manager forgets its history.
 class ChangeHistory {
 public:
+    /// Bytes of the texts around steps.
+    static constexpr std::size_t usualBudget = std::size_t{128} << 20U;
+
+    explicit ChangeHistory(std::size_t budget = usualBudget) : m_budget(budget) {}
+
     /// What to show after an edit was taken back or done again, and what that changes in the text shown before.
     struct Restored {
         Text text;
@@ -55,17 +61,38 @@ public:
     [[nodiscard]] std::optional<Restored> redoEdit();
 
 private:
+    /// A text that was shown. It can be forgotten and is known again nevertheless.
+    class Seen {
+    public:
+        Seen() = default;
+        Seen(const Text &text) : m_text(text) {} // NOLINT(google-explicit-constructor): it is that text
+
+        [[nodiscard]] const Text &text() const { return m_text; }
+        [[nodiscard]] bool isForgotten() const { return m_hash.has_value(); }
+        [[nodiscard]] bool is(const Text &other) const;
+        void forget();
+
+    private:
+        Text m_text;
+        std::size_t m_size = 0;
+        std::optional<std::size_t> m_hash; ///< Of the text that was forgotten.
+    };
     struct Entry {
-        Text before;
-        Text after;
+        Seen before;
+        Seen after;
         TextChange change;
         bool isStep = false;
+
+        [[nodiscard]] bool isForgotten() const { return before.isForgotten() || after.isForgotten(); }
     };
 
     void append(Entry entry);
+    void keepWithinBudget();
+    void makeEdits(std::size_t begin, std::size_t end);
     [[nodiscard]] bool takesBackLatest(const Text &after, const TextChange &change) const;
     [[nodiscard]] bool continuesRun(const TextChange &change) const;
 
+    std::size_t m_budget;
     std::vector<Entry> m_entries;
     std::size_t m_done = 0; ///< Entries before it are done, the others were taken back.
     bool m_runIsOpen = false;

@@ -3,6 +3,7 @@
 #include "ui/flows/clipboard_flow.h"
 
 #include "manager/transformation_manager.h"
+#include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
 #include "ui/text_conversion.h"
 #include "ui/window/window_state.h"
@@ -13,6 +14,8 @@
 #include <QTimer>
 
 #include <chrono>
+#include <string>
+#include <string_view>
 
 namespace lexivore {
 
@@ -28,15 +31,25 @@ ClipboardFlow::ClipboardFlow(TransformationManager &manager, WindowState &state,
 
 void ClipboardFlow::paste() {
     const QMimeData *content = QGuiApplication::clipboard()->mimeData();
-    if (content != nullptr && content->hasText()) {
-        m_manager.setCurrentText(Text(toUtf8(content->text())));
+    if (content == nullptr || !content->hasText()) {
+        return;
     }
+    orReportShortage(m_alerts, [&] {
+        const std::string pasted = toUtf8(content->text());
+        if (pasted.size() > largestText) {
+            m_alerts.showError(tr("The text is larger than 2 GB, the most that the editor can hold."));
+        } else {
+            m_manager.setCurrentText(Text(std::string_view(pasted)));
+        }
+    });
 }
 
 void ClipboardFlow::copy() {
-    QGuiApplication::clipboard()->setText(toQString(m_manager.currentText().view()));
-    m_state.setShowCopyConfirmation(true);
-    QTimer::singleShot(confirmationTime, this, [this] { m_state.setShowCopyConfirmation(false); });
+    orReportShortage(m_alerts, [&] {
+        QGuiApplication::clipboard()->setText(toQString(m_manager.currentText().view()));
+        m_state.setShowCopyConfirmation(true);
+        QTimer::singleShot(confirmationTime, this, [this] { m_state.setShowCopyConfirmation(false); });
+    });
 }
 
 void ClipboardFlow::clear() {

@@ -3,6 +3,7 @@
 #include "ui/flows/file_flow.h"
 
 #include "manager/transformation_manager.h"
+#include "ui/flows/memory_shortage.h"
 #include "ui/flows/text_file.h"
 #include "ui/sheets/alerts.h"
 #include "ui/window/file_panels.h"
@@ -29,7 +30,7 @@ void FileFlow::openPath(const QString &path, NotText notText) {
             m_alerts.showError(other->message);
         }
     } else if (auto *text = std::get_if<Text>(&content)) {
-        m_manager.setCurrentText(std::move(*text));
+        orReportShortage(m_alerts, [&] { m_manager.setCurrentText(std::move(*text)); });
     }
 }
 

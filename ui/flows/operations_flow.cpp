@@ -3,6 +3,7 @@
 #include "ui/flows/operations_flow.h"
 
 #include "manager/transformation_manager.h"
+#include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
 #include "ui/shell/notification_center.h"
@@ -16,31 +17,41 @@ OperationsFlow::OperationsFlow(TransformationManager &manager, WindowState &stat
 
 void OperationsFlow::togglePause() {
     const bool pauses = m_state.operationsEnabled();
-    m_state.setOperationsEnabled(!pauses);
     if (m_manager.appliedOperations().empty()) {
+        m_state.setOperationsEnabled(!pauses);
         return;
     }
-    if (pauses) {
-        m_manager.setCurrentText(m_manager.originalText());
-    } else {
-        m_manager.reapplyOperations();
-    }
+    orReportShortage(m_alerts, [&] {
+        if (pauses) {
+            m_state.setOperationsEnabled(false);
+            m_manager.setCurrentText(m_manager.originalText());
+        } else {
+            m_manager.reapplyOperations();
+            m_state.setOperationsEnabled(true);
+        }
+    });
 }
 
 void OperationsFlow::toggle(std::size_t index) {
-    m_manager.toggleOperation(index);
-    keepPaused();
+    orReportShortage(m_alerts, [&] {
+        m_manager.toggleOperation(index);
+        keepPaused();
+    });
     m_center.post(notification::refreshOperations);
 }
 
 void OperationsFlow::remove(std::size_t index) {
-    m_manager.removeOperation(index);
-    keepPaused();
+    orReportShortage(m_alerts, [&] {
+        m_manager.removeOperation(index);
+        keepPaused();
+    });
 }
 
 void OperationsFlow::move(std::size_t from, std::size_t to) {
-    m_manager.moveOperation(from, to);
-    keepPaused();
+    orReportShortage(m_alerts, [&] {
+        m_manager.moveOperation(from, to);
+        keepPaused();
+    });
 }
 
 void OperationsFlow::edit(std::size_t index) {
@@ -55,8 +66,10 @@ void OperationsFlow::edit(std::size_t index) {
     m_sheets.showParameterSheet(
         transformation, operation.parameters,
         [this, index](const ParameterMap &parameters) {
-            m_manager.editOperationParameters(index, parameters);
-            keepPaused();
+            orReportShortage(m_alerts, [&] {
+                m_manager.editOperationParameters(index, parameters);
+                keepPaused();
+            });
         },
         [] {});
 }

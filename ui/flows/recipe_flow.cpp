@@ -5,6 +5,7 @@
 #include "manager/preferences.h"
 #include "manager/recipe_file.h"
 #include "manager/transformation_manager.h"
+#include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
 #include "ui/text_conversion.h"
@@ -15,7 +16,6 @@
 #include <QDir>
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 namespace lexivore {
@@ -83,13 +83,13 @@ void RecipeFlow::select(const Recipe &recipe) {
 }
 
 void RecipeFlow::replaceOperations(const Recipe &recipe) {
-    m_manager.clearOperations();
     try {
-        m_manager.applyRecipe(recipe);
+        orReportShortage(m_alerts, [&] {
+            m_manager.clearOperations();
+            m_manager.applyRecipe(recipe);
+        });
     } catch (const TransformationError &error) {
         m_alerts.showError(translatedError(error.description()));
-    } catch (const std::bad_alloc &) {
-        m_alerts.showError(tr("There is not enough memory for the result."));
     }
 }
 

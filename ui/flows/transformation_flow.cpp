@@ -3,6 +3,7 @@
 #include "ui/flows/transformation_flow.h"
 
 #include "manager/transformation_manager.h"
+#include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
 #include "ui/translation.h"
@@ -10,7 +11,6 @@
 
 #include <QtGlobal>
 
-#include <new>
 #include <utility>
 
 namespace lexivore {
@@ -73,11 +73,9 @@ void TransformationFlow::applyPending(const ParameterMap &parameters) {
 
 void TransformationFlow::apply(const TextTransformation &transformation, const ParameterMap &parameters) {
     try {
-        m_manager.applyTransformation(transformation, parameters);
+        orReportShortage(m_alerts, [&] { m_manager.applyTransformation(transformation, parameters); });
     } catch (const TransformationError &error) {
         m_alerts.showError(translatedError(error.description()));
-    } catch (const std::bad_alloc &) {
-        m_alerts.showError(tr("There is not enough memory for the result."));
     }
 }
 

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/flows/undo_flow.h"
 
+#include "ui/flows/memory_shortage.h"
+#include "ui/sheets/alerts.h"
+
 #include <QScopedValueRollback>
 
 #include <utility>
@@ -9,14 +12,24 @@
 
 namespace lexivore {
 
-UndoFlow::UndoFlow(TransformationManager &manager, std::function<bool()> editorHasFocus, QObject *parent)
-    : QObject(parent), m_manager(manager), m_editorHasFocus(std::move(editorHasFocus)), m_shown(manager.currentText()),
-      m_undoDepth(manager.history().undoStack().size()), m_redoDepth(manager.history().redoStack().size()) {
+UndoFlow::UndoFlow(TransformationManager &manager, Alerts &alerts, std::function<bool()> editorHasFocus,
+                   QObject *parent)
+    : QObject(parent), m_manager(manager), m_alerts(alerts), m_editorHasFocus(std::move(editorHasFocus)),
+      m_shown(manager.currentText()), m_undoDepth(manager.history().undoStack().size()),
+      m_redoDepth(manager.history().redoStack().size()) {
     connect(&manager, &TransformationManager::currentTextChanged, this, &UndoFlow::synchronize);
     connect(&manager, &TransformationManager::historyChanged, this, &UndoFlow::synchronize);
 }
 
 void UndoFlow::undo() {
+    orReportShortage(m_alerts, [this] { takeBack(); });
+}
+
+void UndoFlow::redo() {
+    orReportShortage(m_alerts, [this] { doAgain(); });
+}
+
+void UndoFlow::takeBack() {
     synchronize();
     if (m_history.canUndoEdit() && (m_editorHasFocus() || m_manager.history().undoStack().empty())) {
         show(*m_history.undoEdit());
@@ -26,7 +39,7 @@ void UndoFlow::undo() {
     synchronize();
 }
 
-void UndoFlow::redo() {
+void UndoFlow::doAgain() {
     synchronize();
     if (m_history.canRedoEdit() && (m_editorHasFocus() || m_manager.history().redoStack().empty())) {
         show(*m_history.redoEdit());
@@ -41,7 +54,7 @@ void UndoFlow::edit(std::size_t offset, std::size_t removed, std::string_view in
     synchronize();
     const QScopedValueRollback editing(m_isEditing, true);
     m_change = {offset, removed, inserted.size()};
-    m_manager.editCurrentText(offset, removed, inserted);
+    orReportShortage(m_alerts, [&] { m_manager.editCurrentText(offset, removed, inserted); });
 }
 
 void UndoFlow::show(const ChangeHistory::Restored &restored) {

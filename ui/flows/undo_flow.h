@@ -13,6 +13,8 @@
 
 namespace lexivore {
 
+class Alerts;
+
 /// What "Undo" and "Redo" take back: the manager's last step, or the edits made since it.
 ///
 /// It watches the manager, so that every change of the text has its place in the order of changes, whoever made it.
@@ -21,7 +23,8 @@ class UndoFlow : public QObject {
 
 public:
     /// `editorHasFocus` tells whether the keyboard is in the editor: then its edits go first.
-    UndoFlow(TransformationManager &manager, std::function<bool()> editorHasFocus, QObject *parent = nullptr);
+    UndoFlow(TransformationManager &manager, Alerts &alerts, std::function<bool()> editorHasFocus,
+             QObject *parent = nullptr);
 
     /// Takes back the latest edit when the editor has the focus, or when there is nothing else to take back; otherwise
     /// the manager's last step. Does nothing when there is neither.
@@ -43,7 +46,11 @@ private:
     void show(const ChangeHistory::Restored &restored);
     [[nodiscard]] std::vector<Text> textsBeforeNewSteps() const;
 
+    void takeBack();
+    void doAgain();
+
     TransformationManager &m_manager;
+    Alerts &m_alerts;
     std::function<bool()> m_editorHasFocus;
     ChangeHistory m_history;
     Text m_shown;                ///< The manager's text when it was last looked at.

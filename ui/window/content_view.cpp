@@ -76,7 +76,7 @@ void ContentView::createPieces(std::unique_ptr<FilePanels> panels) {
 
 void ContentView::createFlows() {
     m_undoFlow = new UndoFlow(
-        m_manager, [this] { return m_editor->editorHasFocus(); }, this);
+        m_manager, *m_alerts, [this] { return m_editor->editorHasFocus(); }, this);
     m_transformationFlow = new TransformationFlow(m_manager, *m_state, *m_sheets, *m_alerts, this);
     m_recipeFlow = new RecipeFlow(m_manager, m_preferences, *m_state, *m_sheets, *m_alerts, *m_panels, this);
     m_fileFlow = new FileFlow(m_manager, *m_panels, *m_alerts, this);

@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+//
+// What would take more memory or time than there is ends in the error alert: the window lives, the text is as before.
+#include "tests/ui/window/window_fixture.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+#include <fstream>
+#include <string>
+#include <sys/resource.h>
+
+namespace lexivore {
+namespace {
+
+constexpr std::size_t megabyte = std::size_t{1} << 20U;
+
+class Shortage : public WindowTest {
+protected:
+    ~Shortage() override {
+        const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
+        ::setrlimit(RLIMIT_DATA, &none);
+    }
+
+    /// From now on the program gets no more than this beside what it has.
+    static void limitMemoryTo(std::size_t bytes) {
+        std::ifstream status("/proc/self/status");
+        std::size_t kilobytes = 0;
+        for (std::string word; status >> word;) {
+            if (word == "VmData:") {
+                status >> kilobytes;
+                break;
+            }
+        }
+        ASSERT_GT(kilobytes, 0U);
+        const rlimit limit{kilobytes * 1024 + bytes, RLIM_INFINITY};
+        ASSERT_EQ(::setrlimit(RLIMIT_DATA, &limit), 0);
+    }
+
+    void expectError(const QString &message) {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return isShown("alert"); }));
+        EXPECT_EQ(find<QLabel>("message")->text(), message);
+        click("confirm");
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !isShown("alert"); }));
+        // The window still does what it is told.
+        const std::string before = text();
+        click("transformation.invertcase");
+        EXPECT_FALSE(text() == before);
+    }
+
+    void apply(const char *id, const ParameterMap &parameters) {
+        manager().applyTransformation(*manager().findTransformation(id), parameters);
+    }
+};
+
+#ifndef __SANITIZE_ADDRESS__ // which takes terabytes of addresses itself
+
+constexpr char shortage[] = "There is not enough memory for the result.";
+
+TEST_F(Shortage, OfMemoryForAResultIsAnError) {
+    const std::string before(2 * megabyte, 'a');
+    setText(before);
+    limitMemoryTo(64 * megabyte);
+    center().post(notification::applyTransformation, QString("replace-text"));
+    ASSERT_TRUE(isShown("parameter.find"));
+    find<QLineEdit>("parameter.find")->setText("a");
+    find<QLineEdit>("parameter.replace")->setText(QString(200, 'b'));
+    click("apply");
+    EXPECT_TRUE(text() == before);
+    EXPECT_TRUE(manager().appliedOperations().empty());
+    expectError(shortage);
+}
+
+TEST_F(Shortage, OfMemoryWhileTheStackIsRunAgainLeavesItAsItWas) {
+    const std::string before(2 * megabyte, 'a');
+    setText(before);
+    useStackMode();
+    apply("replace-text", {{"find", "a"}, {"replace", std::string(200, 'b')}});
+    manager().toggleOperation(0);
+    apply("uppercase", {});
+    ASSERT_TRUE(text() == std::string(2 * megabyte, 'A'));
+    limitMemoryTo(64 * megabyte);
+    find("operation.0")->setFocus();
+    press(Qt::Key_Space);
+    EXPECT_TRUE(text() == std::string(2 * megabyte, 'A'));
+    EXPECT_FALSE(manager().appliedOperations().front().isEnabled);
+    expectError(shortage);
+}
+
+TEST_F(Shortage, OfMemoryForAPastedTextIsAnError) {
+    setText("before\nand after");
+    QGuiApplication::clipboard()->setText(QString(qsizetype{40} * 1024 * 1024, 'x'));
+    limitMemoryTo(16 * megabyte);
+    click("paste");
+    EXPECT_EQ(text(), "before\nand after");
+    QGuiApplication::clipboard()->clear();
+    expectError(shortage);
+}
+
+TEST_F(Shortage, OfMemoryForAFileIsAnError) {
+    setText("before\nand after");
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("large.txt"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{400} * 1024 * 1024));
+    file.close();
+    chosenFile = file.fileName();
+    limitMemoryTo(64 * megabyte);
+    choose("OpenFile");
+    EXPECT_EQ(text(), "before\nand after");
+    expectError(QString("“%1” could not be opened: there is not enough memory").arg(file.fileName()));
+}
+
+#endif
+
+TEST_F(Shortage, OfTimeForARegularExpressionIsAnError) {
+    const std::string before = std::string(40, 'a') + "b\n";
+    setText(before);
+    center().post(notification::applyTransformation, QString("replace-regex"));
+    ASSERT_TRUE(isShown("parameter.pattern"));
+    find<QLineEdit>("parameter.pattern")->setText("(a+)+$");
+    click("apply");
+    EXPECT_TRUE(text() == before);
+    expectError("Invalid input: Invalid regular expression: U_REGEX_TIME_OUT");
+}
+
+} // namespace
+} // namespace lexivore

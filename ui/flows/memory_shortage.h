@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/sheets/alerts.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <new>
+#include <utility>
+
+namespace lexivore {
+
+[[nodiscard]] inline QString memoryShortageMessage() {
+    return QCoreApplication::translate("MemoryShortage", "There is not enough memory for the result.");
+}
+
+/// Does `action`, which leaves everything as it was when memory runs out, and tells the user if it does.
+template<typename Action> void orReportShortage(Alerts &alerts, Action &&action) {
+    try {
+        std::forward<Action>(action)();
+    } catch (const std::bad_alloc &) {
+        alerts.showError(memoryShortageMessage());
+    }
+}
+
+} // namespace lexivore
