@@ -14,6 +14,17 @@ if(LEXIVORE_SANITIZE)
     -fsanitize=${LEXIVORE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(lexivore_options INTERFACE -fsanitize=${LEXIVORE_SANITIZE})
 endif()
+# What users run checks its own steps: the bounds of the C library's copies, return addresses, the targets of jumps; and
+# its tables of addresses cannot be written. scripts/check-hardening looks whether it does.
+if(NOT LEXIVORE_SANITIZE)
+  set(released "CONFIG:Release,RelWithDebInfo,MinSizeRel")
+  target_compile_options(lexivore_options INTERFACE
+    "$<$<${released}>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;-fstack-protector-strong;-fstack-clash-protection>")
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
+    target_compile_options(lexivore_options INTERFACE "$<$<${released}>:-fcf-protection>")
+  endif()
+  target_link_options(lexivore_options INTERFACE "$<$<${released}>:LINKER:-z,relro;LINKER:-z,now>")
+endif()
 target_include_directories(lexivore_options INTERFACE "${PROJECT_SOURCE_DIR}")
 
 # lexivore_add_library(<name> SOURCES <files...> PUBLIC <libraries...> PRIVATE <libraries...>)
