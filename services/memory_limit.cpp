@@ -14,6 +14,12 @@ namespace {
 
 constexpr std::uint64_t unlimited = std::numeric_limits<std::uint64_t>::max();
 
+#ifdef __SANITIZE_ADDRESS__ // whose own bookkeeping takes terabytes of addresses
+constexpr bool canBeLimited = false;
+#else
+constexpr bool canBeLimited = true;
+#endif
+
 /// The number in the file; there is none when it says "max", or is not there.
 std::uint64_t numberIn(const std::string &path) {
     std::uint64_t number = 0;
@@ -53,15 +59,13 @@ std::uint64_t memoryOfControlGroup(std::string_view group, const std::string &ro
 }
 
 void limitMemory() {
-#ifndef __SANITIZE_ADDRESS__ // whose own bookkeeping takes terabytes of addresses
     const std::uint64_t memory = std::min(physicalMemory(), memoryOfControlGroup(ownControlGroup()));
     rlimit limit{};
-    if (memory == unlimited || ::getrlimit(RLIMIT_DATA, &limit) != 0) {
+    if (!canBeLimited || memory == unlimited || ::getrlimit(RLIMIT_DATA, &limit) != 0) {
         return;
     }
     limit.rlim_cur = std::min<rlim_t>(limit.rlim_cur, memory / 4 * 3);
     ::setrlimit(RLIMIT_DATA, &limit);
-#endif
 }
 
 } // namespace lexivore

@@ -13,7 +13,7 @@ import stat
 import sys
 import tempfile
 
-from program import Display, Program, wait_for
+from program import Display, Program, has, wait_for
 from real_file import choose_file
 
 SECRET = "Kz7Secret9Qx"
@@ -45,6 +45,17 @@ def transformation(program, name):
     program.click(program.find(name=name, under=program.find("list", "Transformations")))
 
 
+def take_to_editor(program):
+    """A sheet that is still on its way out takes the first click."""
+
+    def has_keyboard():
+        editor = program.find(name="Text")
+        program.click(editor)
+        return has(editor, "FOCUSED")
+
+    wait_for(has_keyboard, "the editor to have the keyboard")
+
+
 def session(program):
     """Typing, transformations with and without errors, undo, a recipe, a tool, saving."""
     program.click(program.find(name="Text"))
@@ -53,14 +64,15 @@ def session(program):
         transformation(program, name)
         for alert in program.all("push button", "OK"):
             program.click(alert)
-    program.keys("ctrl+shift+z")
-    program.keys("ctrl+z", "ctrl+z", "ctrl+z")
+    take_to_editor(program)
+    program.keys("ctrl+z", "ctrl+z", "ctrl+shift+z")
+    transformation(program, "Trim Lines")
     program.keys("ctrl+shift+s")
     program.find("push button", "Save")
     program.type("Harmless")
     program.keys("Return")
     wait_for(lambda: not program.is_there("push button", "Save"), "the sheet to close")
-    program.click(program.find(name="Text"))
+    take_to_editor(program)
     program.keys("ctrl+a", "BackSpace")
     program.type(f"{SECRET} in the end")
     program.keys("ctrl+s")
@@ -144,6 +156,7 @@ def main(executable):
         wait_for(lambda: trace.stat().st_size > 0, "the trace")
         written = check_calls(trace, home)
         assert any("preferences.json" in path for path in written), "the watching saw nothing"
+        assert '"recipes"' in pathlib.Path(home, ".config/lexivore/preferences.json").read_text(), "no recipe was saved"
         assert files_with_the_text([home, temporary], saved) == [], files_with_the_text([home, temporary], saved)
         left = os.listdir(temporary)
         assert left == [], f"left behind: {left}"
