@@ -17,7 +17,7 @@ namespace lexivore {
 namespace {
 
 #ifdef __SANITIZE_ADDRESS__
-constexpr double longestSeconds = 6; // its bookkeeping costs a multiple
+constexpr double longestSeconds = 30; // its bookkeeping costs a multiple
 #else
 constexpr double longestSeconds = 2;
 #endif

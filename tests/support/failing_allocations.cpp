@@ -21,8 +21,10 @@ bool mustFail() {
     return true;
 }
 
+void *allocatedOrNull(std::size_t size) { return mustFail() ? nullptr : std::malloc(size > 0 ? size : 1); }
+
 void *allocated(std::size_t size) {
-    void *const memory = mustFail() ? nullptr : std::malloc(size > 0 ? size : 1);
+    void *const memory = allocatedOrNull(size);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
@@ -34,6 +36,8 @@ void *allocated(std::size_t size) {
 // The whole program's `new`, libraries included.
 void *operator new(std::size_t size) { return allocated(size); }
 void *operator new[](std::size_t size) { return allocated(size); }
+void *operator new(std::size_t size, const std::nothrow_t &) noexcept { return allocatedOrNull(size); }
+void *operator new[](std::size_t size, const std::nothrow_t &) noexcept { return allocatedOrNull(size); }
 void operator delete(void *memory) noexcept { std::free(memory); }
 void operator delete[](void *memory) noexcept { std::free(memory); }
 void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
