@@ -15,6 +15,7 @@ import unittest
 import xml.etree.ElementTree
 
 CMAKE, BUILD, VERSION = sys.argv[1:4]
+CHANGELOG = pathlib.Path(__file__).parents[2] / "CHANGELOG.md"
 ID = "org.lexivore.Lexivore"
 SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 EXPECTED = {
@@ -75,7 +76,10 @@ class InstalledFiles(unittest.TestCase):
 
     def test_everything_tells_the_same_version(self):
         metainfo = xml.etree.ElementTree.parse(self.prefix / f"share/metainfo/{ID}.metainfo.xml")
-        self.assertEqual(metainfo.find("releases/release").get("version"), VERSION)
+        release = metainfo.find("releases/release")
+        self.assertEqual(release.get("version"), VERSION)
+        newest = re.search(r"^## (\S+) \((\S+)\)$", CHANGELOG.read_text(), re.MULTILINE)
+        self.assertEqual(newest.groups(), (VERSION, release.get("date")))
         manual = gzip.decompress((self.prefix / "share/man/man1/lexivore.1.gz").read_bytes()).decode()
         self.assertIn(f"Lexivore {VERSION}", manual)
         changes = gzip.decompress((self.prefix / "share/doc/lexivore/changelog.gz").read_bytes()).decode()
