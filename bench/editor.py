@@ -2,22 +2,23 @@
 # SPDX-License-Identifier: MIT
 """Times the editor beside the toolkit's own one, each through its widget on an X server of their own.
 
-Usage: editor.py EDITOR_BENCH [--quick] [--cpu] [--json FILE] [--docs FILE] [TEXT...]
+Usage: editor.py EDITOR_BENCH [--quick] [--cpu] [--json FILE] [--docs] [--from FILE] [TEXT...]
 Every value is the median or the worst of up to 200 times, from the call or the event to the finished paint, by the
 clock. The stock editor takes minutes for some texts: one that does not finish an action within 10 seconds, or a text
-within 40, is not asked any further (with --cpu, on a machine that is busy, within ten times as long). Exits with 1 when a
-limit is missed.
+within 40, is not asked any further (with --cpu, on a machine that is busy, within ten times as long), and neither is one
+that leaves its window empty. Exits with 1 when a limit is missed.
 """
 
 import argparse
 import json
 import os
-import re
 import selectors
 import subprocess
 import sys
 import tempfile
 import time
+
+import marked_tables
 
 MOST_SECONDS_PER_ACTION = 10
 MOST_SECONDS_PER_TEXT = 40
@@ -64,7 +65,7 @@ class Display:
 
 
 def measured(program, environment, editor, kind, megabytes, actions, options):
-    """The program's row for each of these actions, as far as it got: `None` for the one during which it was stopped."""
+    """The program's row for each of these actions, as far as it got. Where it was stopped the row is a word on why."""
     command = [program, editor, kind, str(megabytes), *options]
     process = subprocess.Popen(command, env=environment, stdout=subprocess.PIPE)
     rows = {}
@@ -78,12 +79,15 @@ def measured(program, environment, editor, kind, megabytes, actions, options):
             if not is_patient and text_ends is not None:
                 wait = max(0, min(MOST_SECONDS_PER_ACTION * patience, text_ends - time.monotonic()))
             if not selector.select(wait):
-                rows[next(action for action in actions if action not in rows)] = None
+                rows[next(action for action in actions if action not in rows)] = f"not within {MOST_SECONDS_PER_ACTION} s"
                 break
             line = process.stdout.readline()
             if not line:
                 sys.exit(f"editor.py: {' '.join(command)} ended with {process.wait()}")
             row = json.loads(line)
+            if row.get("is_blank"):
+                rows[actions[0]] = "shows nothing"
+                break
             rows[row["action"]] = row
             text_ends = text_ends or time.monotonic() + MOST_SECONDS_PER_TEXT * patience
     process.kill()
@@ -98,19 +102,20 @@ def rows_of(case, ours, stock, limits):
                 continue
             row = ours[action]
             of_stock = stock.get(action)
+            gave_up = isinstance(of_stock, str)
             yield {"case": case, "action": action + (f", {what}" if both_limits[1] else ""),
                    "value": round(row[what], 2), "limit": limit, "unit": row["unit"],
-                   "stock": round(of_stock[what], 2) if of_stock else None,
-                   "stock_gave_up": action in stock and of_stock is None}
+                   "stock": round(of_stock[what], 2) if of_stock and not gave_up else None,
+                   "stock_gave_up": of_stock if gave_up else None}
 
 
 def stock_value(row):
     if row["stock_gave_up"]:
-        return f"not within {MOST_SECONDS_PER_ACTION} s"
+        return row["stock_gave_up"]
     return f"{row['stock']:.4g}" if row["stock"] is not None else ""
 
 
-def markdown(results):
+def full_table(results):
     table = ["| text | action | value | at most | the stock editor |", "|---|---|---|---|---|"]
     last = None
     for row in results:
@@ -119,30 +124,23 @@ def markdown(results):
         unit = row["unit"]
         table.append(f"| {name} | {row['action']} | {row['value']:.4g} {unit} | {row['limit']} {unit} "
                      f"| {stock_value(row)} |")
-    return "\n".join(table) + "\n"
+    return table
 
 
-def write_docs(path, results):
-    """Puts the table where the last one stands, between two comments."""
-    with open(path, encoding="utf-8") as file:
-        page = file.read()
-    begin, end = "<!-- editor: begin -->\n", "<!-- editor: end -->"
-    page, count = re.subn(f"{begin}.*{end}", lambda _: begin + markdown(results) + end, page, flags=re.DOTALL)
-    if count != 1:
-        sys.exit(f"editor.py: {path} has no place for the table")
-    with open(path, "w", encoding="utf-8") as file:
-        file.write(page)
+def short_table(results):
+    row_of = {(row["case"], row["action"]): row for row in results}
+    table = ["| | shown: Lexivore | the stock editor | a keystroke: Lexivore | the stock editor |",
+             "|---|--:|--:|--:|--:|"]
+    for case in (f"{megabytes} MB {name}" for megabytes in (10, 100) for _, name in SHAPES):
+        cells = []
+        for action in "show a new text", "keystroke in the middle, median":
+            row = row_of[case, action]
+            cells += [f"{row['value']:.1f}", stock_value(row)]
+        table.append(f"| {case} | {' | '.join(cells)} |")
+    return table
 
 
-def main():
-    arguments = argparse.ArgumentParser(description=__doc__)
-    arguments.add_argument("program")
-    arguments.add_argument("--quick", action="store_true", help="every action 40 times instead of 200")
-    arguments.add_argument("--cpu", action="store_true", help="the processor's time, for a machine that is busy")
-    arguments.add_argument("--json", metavar="FILE", help="write the rows there, too")
-    arguments.add_argument("--docs", metavar="FILE", help="put the table into this page, too")
-    arguments.add_argument("texts", nargs="*", help="measure only texts whose name holds one of these")
-    given = arguments.parse_intermixed_args()
+def measure_all(given):
     options = [option for option, is_given in (("--quick", given.quick), ("--cpu", given.cpu)) if is_given]
     results = []
     print(f"{'':73} {'value':>9} {'limit':>6} {'stock':>10}")
@@ -156,11 +154,32 @@ def main():
                 results.append(row)
                 print(f"{case:43} {row['action']:30} {row['value']:8.2f} {row['limit']:6} {row['unit']:6} "
                       f"{stock_value(row):>10} {'MISSED' if row['value'] > row['limit'] else ''}", flush=True)
+    return results
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__)
+    arguments.add_argument("program")
+    arguments.add_argument("--quick", action="store_true", help="every action 40 times instead of 200")
+    arguments.add_argument("--cpu", action="store_true", help="the processor's time, for a machine that is busy")
+    arguments.add_argument("--json", metavar="FILE", help="write the rows there, too")
+    arguments.add_argument("--docs", action="store_true", help="write the tables of docs/benchmarks.md and README.md")
+    arguments.add_argument("--from", metavar="FILE", dest="measured", help="measure nothing: take the rows from there")
+    arguments.add_argument("texts", nargs="*", help="measure only texts whose name holds one of these")
+    given = arguments.parse_intermixed_args()
+    if given.docs and given.texts:
+        arguments.error("the tables of the documents are of all texts")
+    if given.measured:
+        with open(given.measured, encoding="utf-8") as file:
+            results = json.load(file)
+    else:
+        results = measure_all(given)
     if given.json:
         with open(given.json, "w", encoding="utf-8") as file:
             json.dump(results, file, indent=1)
     if given.docs:
-        write_docs(given.docs, results)
+        marked_tables.replace_table("docs/benchmarks.md", "editor", full_table(results))
+        marked_tables.replace_table("README.md", "editor", short_table(results))
     sys.exit(any(row["value"] > row["limit"] for row in results))
 
 

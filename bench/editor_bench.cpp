@@ -213,6 +213,14 @@ void measureMemory(const Subject &subject, std::size_t bytes) {
            {"median", (residentBytes() - before) / static_cast<double>(historyEntry.size())}});
 }
 
+/// Whether there is nothing to be seen but paper: an editor that shows nothing is quick at it.
+bool isBlank(const Subject &subject) {
+    const QImage picture = subject.widget->viewport()->grab().toImage();
+    QImage paper = picture;
+    paper.fill(picture.pixelColor(picture.width() - 1, picture.height() / 2));
+    return picture == paper;
+}
+
 void measureTimes(const Subject &subject, const std::string &bytes, int rounds) {
     write({{"action", "ready"}});
     Times copies;
@@ -230,6 +238,7 @@ void measureTimes(const Subject &subject, const std::string &bytes, int rounds) 
             subject.show(text);
             paint(subject);
         });
+    write({{"action", "look"}, {"is_blank", isBlank(subject)}});
     write("show a new text", shows);
     write(
         {{"action", "show, in copies of the text"}, {"unit", "copies"}, {"median", shows.median() / copies.median()}});

@@ -5,8 +5,7 @@
 import re
 import statistics
 
-BEGIN = "<!-- engine: begin -->"
-END = "<!-- engine: end -->"
+import marked_tables
 
 README_ROWS = {
     "uppercase": "UPPERCASE", "snakecase": "snake_case", "remove-punctuation": "Remove Punctuation",
@@ -84,15 +83,6 @@ def short_table(rows):
     return lines
 
 
-def replace_between_marks(path, lines):
-    with open(path, encoding="utf-8") as file:
-        text = file.read()
-    before, rest = text.split(BEGIN, 1)
-    after = rest.split(END, 1)[1]
-    with open(path, "w", encoding="utf-8") as file:
-        file.write(before + BEGIN + "\n" + "\n".join(lines) + "\n" + END + after)
-
-
 def write_docs(rows):
-    replace_between_marks("docs/benchmarks.md", full_table(rows))
-    replace_between_marks("README.md", short_table(rows))
+    marked_tables.replace_table("docs/benchmarks.md", "engine", full_table(rows))
+    marked_tables.replace_table("README.md", "engine", short_table(rows))
