@@ -7,29 +7,30 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <type_traits>
 
 namespace lexivore {
+
+/// Two copies of `part` bytes, from the front and from the end, which overlap in between. `size` is at least `part`.
+template<std::size_t part> inline void copyEnds(const char *from, std::size_t size, char *to) {
+    char first[part];
+    char last[part];
+    std::memcpy(first, from, part);
+    std::memcpy(last, from + size - part, part);
+    std::memcpy(to, first, part);
+    std::memcpy(to + size - part, last, part);
+}
 
 /// memcpy that is as fast as it can be for the few bytes of a word or a short line: two copies of one fixed size that
 /// overlap take no call and no loop.
 inline void copyBytes(const char *from, std::size_t size, char *to) {
-    const auto copyEnds = [&]<std::size_t part>(std::integral_constant<std::size_t, part>) {
-        char first[part];
-        char last[part];
-        std::memcpy(first, from, part);
-        std::memcpy(last, from + size - part, part);
-        std::memcpy(to, first, part);
-        std::memcpy(to + size - part, last, part);
-    };
     if (size > 32) {
         std::memcpy(to, from, size);
     } else if (size >= 16) {
-        copyEnds(std::integral_constant<std::size_t, 16>());
+        copyEnds<16>(from, size, to);
     } else if (size >= 8) {
-        copyEnds(std::integral_constant<std::size_t, 8>());
+        copyEnds<8>(from, size, to);
     } else if (size >= 4) {
-        copyEnds(std::integral_constant<std::size_t, 4>());
+        copyEnds<4>(from, size, to);
     } else if (size > 0) {
         to[0] = from[0];
         to[size / 2] = from[size / 2];
