@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "manager/preferences_json.h"
 
+#include "manager/json_text.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -16,12 +18,12 @@ constexpr QLatin1String base64Key("base64");
 
 QByteArray compact(const QJsonValue &value) {
     const QJsonDocument document = value.isArray() ? QJsonDocument(value.toArray()) : QJsonDocument(value.toObject());
-    return document.toJson(QJsonDocument::Compact);
+    return writtenJson(document, QJsonDocument::Compact);
 }
 
 QJsonValue encodedData(const QByteArray &data) {
-    const QJsonDocument document = QJsonDocument::fromJson(data);
-    if (!document.isNull() && document.toJson(QJsonDocument::Compact) == data) {
+    const QJsonDocument document = readJson(data);
+    if (!document.isNull() && writtenJson(document, QJsonDocument::Compact) == data) {
         const QJsonValue value = document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
         return QJsonObject{{jsonKey, value}};
     }
@@ -101,11 +103,11 @@ QByteArray encodePreferences(const QVariantMap &preferences) {
     for (auto entry = preferences.begin(); entry != preferences.end(); ++entry) {
         object.insert(entry.key(), encoded(entry.value()));
     }
-    return QJsonDocument(object).toJson(QJsonDocument::Indented);
+    return writtenJson(QJsonDocument(object), QJsonDocument::Indented);
 }
 
 std::optional<QVariantMap> decodePreferences(const QByteArray &json) {
-    const QJsonDocument document = QJsonDocument::fromJson(json);
+    const QJsonDocument document = readJson(json);
     if (!document.isObject()) {
         return std::nullopt;
     }

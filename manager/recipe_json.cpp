@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "manager/recipe_json.h"
 
+#include "manager/json_text.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonParseError>
@@ -21,21 +23,17 @@ struct Refusal {
     QString reason;
 };
 
-QJsonValue encodedText(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 QJsonValue encodedUuid(const QUuid &uuid) { return uuid.toString(QUuid::WithoutBraces).toUpper(); }
 
 QJsonObject encoded(const AppliedOperation &operation) {
     QJsonObject parameters;
     for (const auto &[key, value] : operation.parameters) {
-        parameters.insert(encodedText(key).toString(), encodedText(value));
+        parameters.insert(storedText(key), storedText(value));
     }
     return {
         {QStringLiteral("id"), encodedUuid(operation.id)},
-        {QStringLiteral("transformation"), encodedText(operation.transformation)},
-        {QStringLiteral("transformationName"), encodedText(operation.transformationName)},
+        {QStringLiteral("transformation"), storedText(operation.transformation)},
+        {QStringLiteral("transformationName"), storedText(operation.transformationName)},
         {QStringLiteral("parameters"), parameters},
         {QStringLiteral("timestamp"), operation.timestamp.secondsSinceReferenceDate},
         {QStringLiteral("isEnabled"), operation.isEnabled},
@@ -49,10 +47,10 @@ QJsonObject encoded(const Recipe &recipe) {
     }
     return {
         {QStringLiteral("id"), encodedUuid(recipe.id)},
-        {QStringLiteral("name"), encodedText(recipe.name)},
+        {QStringLiteral("name"), storedText(recipe.name)},
         {QStringLiteral("operations"), operations},
         {QStringLiteral("createdAt"), recipe.createdAt.secondsSinceReferenceDate},
-        {QStringLiteral("category"), encodedText(rawValue(recipe.category))},
+        {QStringLiteral("category"), storedText(rawValue(recipe.category))},
     };
 }
 
@@ -161,7 +159,7 @@ Recipe decodedRecipe(const QJsonValue &value, qsizetype number) {
 
 std::vector<Recipe> decodedRecipes(const QByteArray &json) {
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    const QJsonDocument document = readJson(json, &error);
     if (error.error != QJsonParseError::NoError) {
         throw Refusal{
             RecipeJson::tr("It is not valid JSON: %1 at byte %2.").arg(error.errorString()).arg(error.offset)};
@@ -187,7 +185,7 @@ std::optional<QByteArray> RecipeJson::encode(const std::vector<Recipe> &recipes,
         }
         list.append(encoded(recipe));
     }
-    return QJsonDocument(list).toJson(format);
+    return writtenJson(QJsonDocument(list), format);
 }
 
 std::optional<std::vector<Recipe>> RecipeJson::decode(const QByteArray &json, QString *problem) {

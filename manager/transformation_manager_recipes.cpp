@@ -4,6 +4,7 @@
 // What the manager keeps between runs: favorites and recipes.
 #include "manager/transformation_manager.h"
 
+#include "manager/json_text.h"
 #include "manager/preferences.h"
 #include "manager/recipe_json.h"
 
@@ -163,7 +164,7 @@ void TransformationManager::loadFavorites() {
 void TransformationManager::saveFavorites() {
     QVariantList ids;
     for (const std::string &id : m_favorites) {
-        ids.append(QString::fromStdString(id));
+        ids.append(storedText(id));
     }
     m_preferences.setValue(QLatin1String(preference::favorites), ids);
 }

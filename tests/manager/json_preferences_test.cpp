@@ -137,6 +137,18 @@ TEST_F(JsonPreferencesTest, TheFileCanBeReadByPeople) {
 )");
 }
 
+TEST_F(JsonPreferencesTest, KeepsAByteOrderMarkAtTheFrontOfATextHoweverItIsWritten) {
+    const QString marked(QStringLiteral("\uFEFFbase64"));
+    const QVariantMap read{{QStringLiteral("map"), QVariantMap{{marked, marked}}}};
+    EXPECT_EQ(decodePreferences("{\"map\": {\"\uFEFFbase64\": \"\uFEFFbase64\"}}"), read);
+    EXPECT_EQ(decodePreferences("\uFEFF{\"map\": {\"\uFEFFbase64\": \"\\ufeffbase64\"}}"), read);
+    EXPECT_EQ(decodePreferences(encodePreferences(read)), read);
+    for (const char *data : {"[\"\uFEFF\"]", "[\"\\ufeff\"]"}) {
+        const QVariantMap stored{{QStringLiteral("recipes"), QByteArray(data)}};
+        EXPECT_EQ(decodePreferences(encodePreferences(stored)), stored) << data;
+    }
+}
+
 TEST_F(JsonPreferencesTest, KeepsWhatItDoesNotKnow) {
     put(R"({"later/version": {"a": [1, {"b": null}], "c": 1e300}, "": 5,
             "base": {"base64": "!"}, "json": {"json": 1}})");

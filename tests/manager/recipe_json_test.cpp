@@ -87,6 +87,26 @@ TEST(RecipeJson, ReadsItsOwnWritingBackToTheBit) {
     }
 }
 
+TEST(RecipeJson, KeepsAByteOrderMarkAtTheFrontOfATextHoweverItIsWritten) {
+    Recipe recipe = sampleRecipe();
+    recipe.name = "\uFEFFname";
+    recipe.operations[0].parameters = {{"find", "\uFEFF"}, {"replace", "\uFEFF\uFEFF"}};
+    const auto written = RecipeJson::encode({recipe});
+    EXPECT_TRUE(written->contains("\"find\":\"\\ufeff\"")) << written->toStdString();
+    const auto read = RecipeJson::decode(*written);
+    ASSERT_TRUE(read.has_value());
+    EXPECT_TRUE(haveSameFields(read->front(), recipe));
+
+    QByteArray foreign = *written;
+    foreign.replace("\\ufeff", "\uFEFF");
+    for (const QByteArray &mark : {QByteArray(), QByteArray("\uFEFF")}) {
+        const auto readForeign = RecipeJson::decode(mark + foreign);
+        ASSERT_TRUE(readForeign.has_value());
+        EXPECT_TRUE(haveSameFields(readForeign->front(), recipe));
+    }
+    EXPECT_EQ(problemOf("[\"\uFEFF\"] x"), problemOf("[\"abc\"] x")) << "the place is one in the bytes as they stand";
+}
+
 TEST(RecipeJson, DoesNotWriteATimeThatIsNoNumber) {
     Recipe recipe = sampleRecipe();
     recipe.createdAt = {std::numeric_limits<double>::infinity()};
