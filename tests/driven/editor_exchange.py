@@ -6,6 +6,7 @@ middle button; and by dragging, within the editor and from one running program i
 Usage: editor_exchange.py PROGRAM"""
 
 import os
+import pathlib
 import subprocess
 import sys
 import tempfile
@@ -39,6 +40,15 @@ def drag(begin, *points):
     run("xdotool", "sleep", "1", "mouseup", "1")
 
 
+# A session bus that starts nothing: the desktop's portals would mount a file system into the second program's home, which
+# then could not be removed.
+EMPTY_BUS = """<busconfig>
+  <type>session</type>
+  <listen>unix:tmpdir=/tmp</listen>
+  <policy context="default"><allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/></policy>
+</busconfig>"""
+
+
 class SecondProgram:
     """The same program once more, on a session bus of its own so that it does not hand over to the first."""
 
@@ -46,13 +56,15 @@ class SecondProgram:
         self.executable = os.path.abspath(executable)
 
     def __enter__(self):
-        self.home = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
+        self.home = tempfile.TemporaryDirectory()
         home = self.home.name
+        bus = pathlib.Path(home) / "bus.conf"
+        bus.write_text(EMPTY_BUS)
         environment = dict(os.environ, QT_QPA_PLATFORM="xcb", HOME=home, XDG_RUNTIME_DIR=home,
                            XDG_CONFIG_HOME=home + "/.config", LC_ALL="C.UTF-8")
         before = set(self.windows())
-        self.process = subprocess.Popen(["dbus-run-session", "--", self.executable], env=environment, cwd=home,
-                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.process = subprocess.Popen(["dbus-run-session", "--config-file", str(bus), "--", self.executable],
+                                        env=environment, cwd=home, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.window = wait_for(lambda: set(self.windows()) - before, "the second window").pop()
         return self
 
