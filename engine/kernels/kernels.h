@@ -131,10 +131,11 @@ enum class Role : std::uint8_t {
     return static_cast<std::uint8_t>(static_cast<unsigned>(kind) << 4 | static_cast<unsigned>(role));
 }
 
-/// Two sets of kinds, one bit for each.
+/// What is looked for: two sets of kinds, one bit for each, and whether the roles are wanted.
 struct KindSets {
     std::uint8_t first = 0;
     std::uint8_t second = 0;
+    bool withRoles = true;
 };
 
 /// The code points of up to 64 bytes, one bit for each at its first byte. Not cleared, for there are many at once.
@@ -142,9 +143,10 @@ struct CodePointBlock {
     std::uint64_t starts;
     std::uint64_t first;  ///< Of the first set of kinds.
     std::uint64_t second; ///< Of the second.
+    // The rest, but for the size, only when the roles are wanted.
     std::uint64_t controls;
     std::uint64_t crLfs; ///< Line feeds behind a carriage return.
-    // Of each role; none in a block that is plain.
+    // Of each role.
     std::uint64_t syllables;
     std::uint64_t consonants;
     std::uint64_t pictographics;
@@ -154,7 +156,6 @@ struct CodePointBlock {
     std::uint64_t zeroWidthJoiners;
     std::uint64_t spacingMarks;
     std::uint32_t size; ///< In bytes: whole code points, all of them well-formed.
-    bool isPlain;       ///< It has no roles but none and control.
     bool isComplex;     ///< It has complex roles.
 };
 

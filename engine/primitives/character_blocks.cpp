@@ -76,8 +76,8 @@ std::uint8_t kindsOf(CodePointSet set) {
     return static_cast<std::uint8_t>(kinds);
 }
 
-CharacterBlocks::CharacterBlocks(std::string_view text, CodePointSet set, State state)
-    : m_position(text.data()), m_end(text.data() + text.size()), m_set(set), m_kinds{kindsOf(set), 0}, m_state(state) {
+CharacterBlocks::CharacterBlocks(std::string_view text, CodePointSet set)
+    : m_position(text.data()), m_end(text.data() + text.size()), m_set(set), m_kinds{kindsOf(set), 0} {
 } // NOLINT(cppcoreguidelines-pro-type-member-init): only blocks that were found are read
 
 bool CharacterBlocks::refill() {
@@ -102,10 +102,10 @@ void CharacterBlocks::read(CharacterBlock &block) {
     // What would join a control stands for itself.
     const std::uint64_t apart = following(found.controls, found.starts) | firstBitIf(m_state == State::begin);
     std::uint64_t boundaries = found.starts & (~joining | apart) & ~found.crLfs;
-    if (found.consonants != 0) {
+    if (found.viramas != 0 || m_state == State::linkedConsonant) {
         boundaries &= ~linkedConsonants(found, m_state);
     }
-    if (found.pictographics != 0) {
+    if (found.zeroWidthJoiners != 0 || m_state == State::pictographicJoiner) {
         boundaries &= ~joinedPictographics(found, m_state);
     }
     if (isParticular(m_state)) {

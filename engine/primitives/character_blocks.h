@@ -31,8 +31,8 @@ class CharacterBlocks {
 public:
     using State = character_breaks::State;
 
-    /// `state` is that behind what stands before `text`. `set` holds no property of composing.
-    explicit CharacterBlocks(std::string_view text, CodePointSet set = 0, State state = State::begin);
+    /// `set` holds no property of composing.
+    explicit CharacterBlocks(std::string_view text, CodePointSet set = 0);
 
     /// False at the end of the text, and where nothing but ASCII follows for 64 bytes or up to the end.
     [[nodiscard]] bool next(CharacterBlock &block) {
@@ -64,7 +64,7 @@ private:
     const char *m_end;
     CodePointSet m_set;
     kernels::KindSets m_kinds;
-    State m_state;
+    State m_state = State::begin;
     std::size_t m_next = 0;
     std::size_t m_count = 0;
     std::array<kernels::CodePointBlock, blocksAtOnce> m_found; ///< Ahead, those from `m_next` on.

@@ -37,11 +37,10 @@ std::string_view textBetween(const char *begin, const char *end) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-/// Counts the characters that begin in `text`, given the state before, and moves the state.
-std::size_t countCharacters(std::string_view text, State &state) {
+std::size_t countCharacters(std::string_view text) {
     std::size_t count = 0;
     BitTally boundaries;
-    CharacterBlocks blocks(text, 0, state);
+    CharacterBlocks blocks(text);
     const char *const end = text.data() + text.size();
     while (!blocks.isAtEnd()) {
         if (const char *const position = blocks.position(); isAscii(*position)) {
@@ -57,7 +56,6 @@ std::size_t countCharacters(std::string_view text, State &state) {
             boundaries.add(block.boundaries);
         }
     }
-    state = blocks.state();
     return count + boundaries.count();
 }
 
@@ -116,8 +114,7 @@ std::size_t characterCount(std::string_view text) {
     if (asciiRunEnd(text.data(), text.data() + text.size()) == text.data() + text.size()) {
         return text.size() - crLfCount(text);
     }
-    State state = State::begin;
-    return countCharacters(text, state);
+    return countCharacters(text);
 }
 
 bool joinsSpaceBefore(std::string_view text) {
@@ -166,25 +163,6 @@ bool CharacterWalk::next(std::string_view &character) {
     }
     character = {begin, static_cast<std::size_t>(m_position - begin)};
     return true;
-}
-
-void CharacterCounter::append(std::string_view piece) {
-    auto state = static_cast<State>(m_state);
-    m_count += countCharacters(piece, state);
-    m_state = static_cast<std::uint8_t>(state);
-}
-
-void CharacterCounter::appendPlain(std::size_t size) {
-    if (size > 0) {
-        const bool isBoundary = static_cast<State>(m_state) != State::prepend; // which joins whatever follows
-        m_count += size - (isBoundary ? 0U : 1U);
-        m_state = static_cast<std::uint8_t>(State::other);
-    }
-}
-
-void CharacterCounter::appendCounted(const CharacterCounter &text) {
-    m_count += text.m_count;
-    m_state = text.m_state;
 }
 
 TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {

@@ -21,22 +21,6 @@ namespace lexivore {
 /// The end of the character that begins at byte `position`, which is a boundary before the end of `text`.
 [[nodiscard]] std::size_t characterEnd(std::string_view text, std::size_t position);
 
-/// Counts the characters of a text that arrives in pieces, as if the pieces were one text: a piece that begins with a
-/// combining mark joins what precedes it.
-class CharacterCounter {
-public:
-    void append(std::string_view piece);
-    /// Appends `size` printable ASCII characters, in constant time.
-    void appendPlain(std::size_t size);
-    /// Appends a text that another counter has counted alone. Its first code point must not join a space before it.
-    void appendCounted(const CharacterCounter &text);
-    [[nodiscard]] std::size_t count() const { return m_count; }
-
-private:
-    std::size_t m_count = 0;
-    std::uint8_t m_state = 0;
-};
-
 /// Walks the characters of a text in order and looks at each code point once.
 class CharacterWalk {
 public:

@@ -70,7 +70,7 @@ private:
 
     /// False where no block can be written: in ASCII and in what is no UTF-8.
     bool writeBlocks() {
-        static const kernels::KindSets kinds{kindsOf(alphanumerics), kindsOf(property::letter)};
+        static const kernels::KindSets kinds{kindsOf(alphanumerics), kindsOf(property::letter), false};
         kernels::CodePointBlock blocks[blocksAtOnce];
         const std::size_t count = kernels::best().findCodePoints(
             m_position, bytesLeft(), unicode_tables::characterPages, kinds, blocks, blocksAtOnce);

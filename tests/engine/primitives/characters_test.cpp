@@ -150,23 +150,6 @@ TEST(Characters, AreReversedHoweverLongTheyAre) {
     }
 }
 
-TEST(CharacterCounter, CountsPiecesAsOneText) {
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.rule);
-        const std::string text = joined(row.characters);
-        for (std::size_t cut = 0; cut <= text.size(); ++cut) {
-            if (cut < text.size() && (static_cast<unsigned char>(text[cut]) & 0xC0U) == 0x80U) {
-                continue; // within a code point
-            }
-            CharacterCounter counter;
-            counter.append(std::string_view(text).substr(0, cut));
-            counter.append({});
-            counter.append(std::string_view(text).substr(cut));
-            ASSERT_EQ(counter.count(), row.characters.size()) << "cut at byte " << cut;
-        }
-    }
-}
-
 } // namespace
 
 } // namespace lexivore
