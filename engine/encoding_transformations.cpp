@@ -13,12 +13,32 @@ namespace lexivore {
 
 namespace {
 
-/// The text as bytes for an encoder. Only the engine's interface can be handed a text that is no valid UTF-8.
-std::string_view bytesOf(std::string_view text) {
-    if (!isValidUtf8(text)) {
+/// Appends the text encoded in parts, each of them checked and encoded while it is in the cache. False when it is no
+/// valid UTF-8, which only the engine's interface can be handed.
+bool appendEncoded(TextBuffer &to, std::string_view text, void (&append)(TextBuffer &, std::string_view)) {
+    constexpr std::size_t partSize = 3 * 8192; // whole groups for Base64
+    for (std::size_t begin = 0, checked = 0; begin < text.size(); begin += partSize) {
+        const std::string_view part = text.substr(begin, partSize);
+        std::size_t end = begin + part.size();
+        constexpr std::size_t mostContinuations = 3; // of the last code point
+        for (std::size_t i = 0; i < mostContinuations && end < text.size() && isContinuationByte(text[end]); ++i) {
+            ++end;
+        }
+        if (!isValidUtf8(text.substr(checked, end - checked))) {
+            return false;
+        }
+        checked = end;
+        append(to, part);
+    }
+    return true;
+}
+
+TextBuffer encodedText(std::string_view text, std::size_t capacity, void (&append)(TextBuffer &, std::string_view)) {
+    TextBuffer result = TextBuffer::withCapacity(capacity);
+    if (!appendEncoded(result, text, append)) {
         throw TransformationError::invalidInput("Cannot convert text to data");
     }
-    return text;
+    return result;
 }
 
 /// What a decoder gave, if it gave anything and that is a text.
@@ -70,7 +90,7 @@ TextBuffer decodeEntities(std::string_view text) {
 } // namespace
 
 TextBuffer Base64EncodeTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return encodeBase64(bytesOf(text));
+    return encodedText(text, base64Size(text.size()), appendBase64);
 }
 
 TextBuffer Base64DecodeTransformation::apply(std::string_view text, const ParameterMap &) const {
@@ -78,10 +98,12 @@ TextBuffer Base64DecodeTransformation::apply(std::string_view text, const Parame
 }
 
 TextBuffer URLEncodeTransformation::apply(std::string_view text, const ParameterMap &) const {
-    if (!isValidUtf8(text)) {
+    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 2);
+    if (!appendEncoded(result, text, appendPercent)) {
         throw TransformationError::operationFailed("Cannot encode URL");
     }
-    return encodePercent(text);
+    result.shrink();
+    return result;
 }
 
 TextBuffer URLDecodeTransformation::apply(std::string_view text, const ParameterMap &) const {
@@ -101,7 +123,7 @@ TextBuffer JSONEscapeTransformation::apply(std::string_view text, const Paramete
 }
 
 TextBuffer HexEncodeTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return encodeHexadecimal(bytesOf(text));
+    return encodedText(text, 2 * text.size(), appendHexadecimal);
 }
 
 TextBuffer HexDecodeTransformation::apply(std::string_view text, const ParameterMap &) const {

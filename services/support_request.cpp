@@ -23,7 +23,8 @@ QString encodedForQuery(const QString &text) {
     if (encoder.hasError()) {
         return {};
     }
-    const TextBuffer encoded = encodePercent({utf8.constData(), static_cast<std::size_t>(utf8.size())});
+    TextBuffer encoded;
+    appendPercent(encoded, {utf8.constData(), static_cast<std::size_t>(utf8.size())});
     return QString::fromLatin1(encoded.data(), static_cast<qsizetype>(encoded.size()));
 }
 

@@ -41,6 +41,13 @@ struct ByteClass {
     std::uint8_t leads[4] = {0xFF, 0xFF, 0xFF, 0xFF};
 };
 
+/// Escapes that all take two bytes and begin with the same one.
+struct PairEscapes {
+    AsciiSet escaped;
+    char first = '\0';
+    char seconds[128] = {}; ///< The second byte for each character, and each character that is not escaped itself.
+};
+
 /// How `caseWords` writes the words of a text.
 struct WordCaseRules {
     bool joinsOverApostrophe = false; ///< An apostrophe between two letters or digits belongs to the word.
@@ -188,6 +195,12 @@ struct Kernels {
     /// As above, with `replacement` in place of every byte that is kept and has its bit in `replaced` set.
     std::size_t (*compressReplacing)(const char *from, std::size_t blocks, const std::uint64_t *keep,
                                      const std::uint64_t *replaced, char replacement, char *to);
+    /// Writes all bytes but the members of the set and returns how many. Up to 64 bytes behind them are overwritten
+    /// too.
+    std::size_t (*removeMembers)(const char *from, std::size_t size, const AsciiSet &set, char *to);
+    /// Writes as many bytes as it takes at once, those that are to be escaped escaped, and returns how many it read.
+    /// Moves `to`, from where on it may overwrite twice as many bytes and 64 more.
+    std::size_t (*escapeInPairs)(const char *from, std::size_t size, const PairEscapes &escapes, char *&to);
     /// Writes the words of whole blocks of ASCII in a new case, as many blocks as are followed by an ASCII byte, and
     /// returns how many bytes it read. Moves `to` and the state; up to 64 bytes behind `to` are overwritten too.
     std::size_t (*caseWords)(const char *from, std::size_t size, const WordCaseRules &rules, WordCaseState &state,
@@ -204,6 +217,9 @@ struct Kernels {
     void (*encodeHexadecimal)(const char *from, std::size_t size, char *to);
     /// A byte for each two digits; false when there is anything but digits. `to` may be what is read.
     bool (*decodeHexadecimal)(const char *from, std::size_t pairs, char *to);
+    /// "%" and two uppercase digits for each of as many bytes as it takes at once, but for those in `kept`. Returns how
+    /// many bytes it read and moves `to`, from where on it may overwrite four times as many.
+    std::size_t (*encodePercent)(const char *from, std::size_t size, const AsciiSet &kept, char *&to);
     /// A byte for each "%" and the two hexadecimal digits behind it, everything else as it is; returns how many bytes
     /// it wrote. Not valid when there is a "%" without digits. Up to 64 bytes behind what it writes are overwritten
     /// too.

@@ -53,13 +53,14 @@ struct InQuery {
 };
 constexpr std::size_t longestInQuery = 4;
 
+constexpr kernels::AsciiSet allowedInQuery("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
+                                           "-._~!$&'()*+,;=:@/?");
+
 constexpr std::array<InQuery, 256> makeInQuery() {
-    constexpr std::string_view allowed = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
-                                         "-._~!$&'()*+,;=:@/?";
     std::array<InQuery, 256> table{};
     for (std::size_t byte = 0; byte < table.size(); ++byte) {
         const char character = static_cast<char>(static_cast<unsigned char>(byte));
-        if (allowed.find(character) != std::string_view::npos) {
+        if (allowedInQuery.contains(character)) {
             table[byte].text[0] = character;
         } else {
             table[byte] = {{'%', uppercaseDigits[byte >> 4], uppercaseDigits[byte & 0x0F]}, 3};
@@ -72,9 +73,8 @@ constexpr std::array<InQuery, 256> inQuery = makeInQuery();
 
 } // namespace
 
-TextBuffer encodeBase64(std::string_view bytes) {
-    TextBuffer result;
-    char *to = result.room((bytes.size() + 2) / 3 * 4);
+void appendBase64(TextBuffer &result, std::string_view bytes) {
+    char *to = result.room(base64Size(bytes.size()));
     const auto valueAt = [bytes](std::size_t index) { return static_cast<unsigned>(indexOf(bytes[index])); };
     std::size_t position = kernels::best().encodeBase64(bytes.data(), bytes.size(), to);
     to += position / 3 * 4;
@@ -93,7 +93,6 @@ TextBuffer encodeBase64(std::string_view bytes) {
         to += 4;
     }
     result.commit(to);
-    return result;
 }
 
 std::optional<TextBuffer> decodeBase64(std::string_view text) {
@@ -136,12 +135,10 @@ std::optional<TextBuffer> decodeBase64(std::string_view text) {
     return result;
 }
 
-TextBuffer encodeHexadecimal(std::string_view bytes) {
-    TextBuffer result;
+void appendHexadecimal(TextBuffer &result, std::string_view bytes) {
     char *const to = result.room(bytes.size() * 2);
     kernels::best().encodeHexadecimal(bytes.data(), bytes.size(), to);
     result.commit(to + bytes.size() * 2);
-    return result;
 }
 
 std::optional<TextBuffer> decodeHexadecimal(std::string_view text) {
@@ -162,13 +159,13 @@ std::optional<TextBuffer> decodeHexadecimal(std::string_view text) {
     return result;
 }
 
-TextBuffer encodePercent(std::string_view bytes) {
+void appendPercent(TextBuffer &result, std::string_view bytes) {
     constexpr std::size_t stretch = 4096;
-    TextBuffer result = TextBuffer::withCapacity(bytes.size() + bytes.size() / 2);
     while (!bytes.empty()) {
         const std::string_view some = bytes.substr(0, stretch);
         char *to = result.room(some.size() * longestInQuery);
-        for (const char byte : some) {
+        const std::size_t encoded = kernels::best().encodePercent(some.data(), some.size(), allowedInQuery, to);
+        for (const char byte : some.substr(encoded)) {
             // All of them at once, however many count: no byte needs a decision.
             const InQuery &written = inQuery[indexOf(byte)];
             std::memcpy(to, written.text.data(), written.text.size());
@@ -177,8 +174,6 @@ TextBuffer encodePercent(std::string_view bytes) {
         result.commit(to);
         bytes.remove_prefix(some.size());
     }
-    result.shrink();
-    return result;
 }
 
 std::optional<TextBuffer> decodePercent(std::string_view text) {

@@ -33,6 +33,21 @@ void requireRoomForAll(std::string_view text, std::string_view find, std::size_t
     }
 }
 
+/// Appends what a kernel takes of the text and returns how many bytes that is.
+std::size_t appendPairs(TextBuffer &result, std::string_view text, const kernels::PairEscapes &escapes) {
+    constexpr std::size_t stretch = 4096;
+    for (std::size_t position = 0; true;) {
+        const std::size_t size = std::min(text.size() - position, stretch);
+        char *to = result.room(2 * size + kernels::blockSize);
+        const std::size_t read = kernels::best().escapeInPairs(text.data() + position, size, escapes, to);
+        result.commit(to);
+        position += read;
+        if (read == 0) {
+            return position;
+        }
+    }
+}
+
 } // namespace
 
 TextBuffer replaceAll(std::string_view text, std::string_view find, std::string_view replacement) {
@@ -57,26 +72,17 @@ TextBuffer replaceAll(std::string_view text, std::string_view find, std::string_
 
 TextBuffer removeCharacters(std::string_view text, const kernels::AsciiSet &set) {
     TextBuffer result;
-    char *to = result.room(text.size() + kernels::blockSize);
-    MembershipScan scan(text, set);
-    for (MembershipScan::Block block; scan.next(block);) {
-        if (block.size == kernels::blockSize) {
-            const std::uint64_t keep = ~block.members;
-            to += kernels::best().compress(block.begin, 1, &keep, to);
-        } else {
-            for (std::size_t i = 0; i < block.size; ++i) {
-                *to = block.begin[i];
-                to += ~block.members >> i & 1U;
-            }
-        }
-    }
-    result.commit(to);
+    char *const to = result.room(text.size() + kernels::blockSize);
+    result.commit(to + kernels::best().removeMembers(text.data(), text.size(), set, to));
     result.shrink();
     return result;
 }
 
 TextBuffer escapeCharacters(std::string_view text, const EscapeTable &table) {
     TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 8);
+    if (table.pairs() != nullptr) {
+        text.remove_prefix(appendPairs(result, text, *table.pairs()));
+    }
     MembershipScan scan(text, table.characters());
     const char *const end = text.data() + text.size();
     for (MembershipScan::Block block; scan.next(block);) {

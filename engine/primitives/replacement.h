@@ -43,16 +43,36 @@ public:
                 replacement.text[replacement.length++] = byte;
             }
         }
+        setPairs();
     }
     [[nodiscard]] constexpr const Replacement &operator[](char byte) const {
         return m_replacements[static_cast<unsigned char>(byte)];
     }
 
     [[nodiscard]] constexpr const kernels::AsciiSet &characters() const { return m_characters; }
+    /// The same for a kernel, or null when these are no escapes of that kind.
+    [[nodiscard]] constexpr const kernels::PairEscapes *pairs() const { return m_hasPairs ? &m_pairs : nullptr; }
 
 private:
+    constexpr void setPairs() {
+        m_pairs.escaped = m_characters;
+        m_hasPairs = true;
+        for (std::size_t i = 0; i < m_replacements.size(); ++i) {
+            const Replacement &replacement = m_replacements[i];
+            const bool isEscaped = m_characters.contains(static_cast<char>(i));
+            m_pairs.seconds[i] = isEscaped ? replacement.text[1] : static_cast<char>(i);
+            if (isEscaped) {
+                const bool isFirst = m_pairs.first == '\0';
+                m_pairs.first = isFirst ? replacement.text[0] : m_pairs.first;
+                m_hasPairs = m_hasPairs && replacement.length == 2 && replacement.text[0] == m_pairs.first;
+            }
+        }
+    }
+
     kernels::AsciiSet m_characters;
     std::array<Replacement, 128> m_replacements{};
+    kernels::PairEscapes m_pairs;
+    bool m_hasPairs = false;
 };
 
 /// `text` with every character of the table replaced, in one pass.

@@ -1,6 +1,12 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "engine/catalog.h"
+#include "tests/engine/outcome.h"
 #include "tests/engine/transformation_rule.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace lexivore::test {
 
@@ -252,6 +258,40 @@ const Case hexDecode[] = {
 INSTANTIATE_TEST_SUITE_P(HexDecode, TransformationRule, rulesOf("hex-decode", hexDecode), ruleAsName);
 INSTANTIATE_TEST_SUITE_P(HexDecodeBytes, TransformationRule,
                          rulesOf("hex-decode", notUtf8("Invalid input: Invalid hexadecimal string")), ruleAsName);
+
+Outcome applied(std::string_view id, std::string_view text) {
+    static const Catalog catalog = makeCatalog();
+    return outcomeOf(*findTransformation(catalog, id), text, {});
+}
+
+// The encoders check and encode a long text in parts of this size.
+constexpr std::size_t partSize = 24'576;
+
+TEST(LongTexts, MayHaveCharactersOverTheEndsOfParts) {
+    for (std::size_t before = partSize - 5; before <= partSize + 1; ++before) {
+        const std::string text = std::string(before, 'a') + "😀é漢" + std::string(partSize, 'b') + "é";
+        for (const std::string coding : {"base64", "url", "hex"}) {
+            const Outcome encoded = applied(coding + "-encode", text);
+            ASSERT_FALSE(encoded.failed) << coding << " of " << before;
+            EXPECT_TRUE(applied(coding + "-decode", encoded.text) == text) << coding << " of " << before;
+        }
+    }
+}
+
+TEST(LongTexts, AreNoTextsWithAnErrorAtTheEndOfAPart) {
+    for (std::size_t before = partSize - 5; before <= partSize + 1; ++before) {
+        for (const std::string_view bad : {"\x80", "é\x80", "漢\x80", "😀\x80", "\x80\x80\x80\x80", "\xC3", "\xE6\xBC",
+                                           "\xF0\x9F\x98", "\xF0\x9F\x98\x80\x80", "\xED\xA0\x80"}) {
+            for (const std::string_view after : {"", "b", "é"}) {
+                std::string text(before, 'a');
+                text.append(bad).append(after);
+                EXPECT_EQ(applied("base64-encode", text), fails("Invalid input: Cannot convert text to data"));
+                EXPECT_EQ(applied("hex-encode", text), fails("Invalid input: Cannot convert text to data"));
+                EXPECT_EQ(applied("url-encode", text), fails("Operation failed: Cannot encode URL"));
+            }
+        }
+    }
+}
 
 } // namespace
 

@@ -202,6 +202,27 @@ std::optional<std::string> plainPercentDecoded(std::string_view text) {
     return result;
 }
 
+TEST(CodecKernels, PercentEncodingEqualsThePlainLoop) {
+    const AsciiSet kept("abcxyzABC0159~-");
+    onRandomBytes([&](const Kernels &kernels, std::string_view text) {
+        std::string result(4 * text.size(), '#');
+        char *to = result.data();
+        const std::size_t read = kernels.encodePercent(text.data(), text.size(), kept, to);
+        ASSERT_LE(read, text.size());
+        result.resize(static_cast<std::size_t>(to - result.data()));
+        std::string expected;
+        for (const char byte : text.substr(0, read)) {
+            if (kept.contains(byte)) {
+                expected += byte;
+            } else {
+                const auto value = static_cast<unsigned char>(byte);
+                expected += {'%', "0123456789ABCDEF"[value >> 4], "0123456789ABCDEF"[value & 0x0F]};
+            }
+        }
+        EXPECT_EQ(result, expected);
+    });
+}
+
 TEST(CodecKernels, PercentDecodingEqualsThePlainLoop) {
     std::mt19937 random(seed);
     const std::string digits = "0123456789abcdefABCDEF";

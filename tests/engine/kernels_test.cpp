@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <random>
 #include <string>
 #include <string_view>
@@ -118,6 +119,39 @@ TEST(Kernels, CountBitsCountsAllOfThem) {
     }
 }
 
+TEST(Kernels, RemoveMembersKeepsEverythingElse) {
+    // One that hardly ever occurs, one that often does, some of every row, and all of ASCII.
+    std::string everyCharacter;
+    for (int byte = 0; byte < 0x80; ++byte) {
+        everyCharacter += static_cast<char>(byte);
+    }
+    for (const std::string &members :
+         {std::string("~"), std::string(" "), std::string("\tA/~b0\0", 7), everyCharacter}) {
+        const AsciiSet set(members);
+        onRandomBytes([&](const Kernels &kernels, std::string_view text) {
+            std::string expected;
+            std::copy_if(text.begin(), text.end(), std::back_inserter(expected),
+                         [&](char byte) { return !set.contains(byte); });
+            std::string result(text.size() + blockSize, '#');
+            result.resize(kernels.removeMembers(text.data(), text.size(), set, result.data()));
+            EXPECT_EQ(result, expected);
+        });
+    }
+}
+
+TEST(Kernels, RemoveMembersFindsAMemberAtEveryPlace) {
+    const std::string text(400, 'x');
+    onAllKernels([&](const Kernels &kernels) {
+        for (std::size_t place = 0; place < text.size(); ++place) {
+            std::string withOne = text;
+            withOne[place] = ',';
+            std::string result(text.size() + blockSize, '#');
+            result.resize(kernels.removeMembers(withOne.data(), withOne.size(), AsciiSet(","), result.data()));
+            EXPECT_EQ(result, text.substr(1));
+        }
+    });
+}
+
 TEST(Kernels, CompressKeepsTheBytesOfSetBits) {
     std::mt19937_64 random(seed);
     onRandomBytes([&](const Kernels &kernels, std::string_view text) {
@@ -211,6 +245,31 @@ TEST(Kernels, AlternateCaseEqualsThePlainLoop) {
             EXPECT_EQ(isUppersTurn, expectedTurn);
         }
     });
+}
+
+TEST(Kernels, EscapeInPairsEqualsThePlainLoop) {
+    PairEscapes escapes;
+    escapes.first = '\\';
+    for (int byte = 0; byte < 0x80; ++byte) {
+        escapes.seconds[byte] = static_cast<char>(byte);
+    }
+    for (const char escaped : {'a', 'Z', '\n', ' ', '\x7f'}) {
+        escapes.escaped.add(escaped);
+        escapes.seconds[static_cast<unsigned char>(escaped)] = static_cast<char>(escaped ^ 1);
+        onRandomBytes([&](const Kernels &kernels, std::string_view text) {
+            std::string result(2 * text.size() + blockSize, '#');
+            char *to = result.data();
+            const std::size_t read = kernels.escapeInPairs(text.data(), text.size(), escapes, to);
+            ASSERT_LE(read, text.size());
+            result.resize(static_cast<std::size_t>(to - result.data()));
+            std::string expected;
+            for (const char byte : text.substr(0, read)) {
+                const bool isEscaped = escapes.escaped.contains(byte);
+                expected += isEscaped ? std::string{'\\', static_cast<char>(byte ^ 1)} : std::string(1, byte);
+            }
+            EXPECT_EQ(result, expected);
+        });
+    }
 }
 
 TEST(Kernels, CompressReplacingPutsTheReplacementInPlace) {

@@ -23,6 +23,15 @@ std::string decoded(const std::optional<TextBuffer> &result) {
     return result ? std::string(result->view()) : "nothing was decoded";
 }
 
+std::string encoded(void (&append)(TextBuffer &, std::string_view), std::string_view bytes) {
+    TextBuffer result;
+    append(result, bytes);
+    return std::string(result.view());
+}
+std::string encodeBase64(std::string_view bytes) { return encoded(appendBase64, bytes); }
+std::string encodeHexadecimal(std::string_view bytes) { return encoded(appendHexadecimal, bytes); }
+std::string encodePercent(std::string_view bytes) { return encoded(appendPercent, bytes); }
+
 TEST(Codecs, GiveBackWhatTheyWereGivenAtAnyLength) {
     const std::string bytes = everyByte() + everyByte();
     for (std::size_t length = 0; length <= bytes.size(); ++length) {
@@ -35,10 +44,10 @@ TEST(Codecs, GiveBackWhatTheyWereGivenAtAnyLength) {
 
 TEST(Base64, WritesFourDigitsForEveryThreeBytesAndPads) {
     for (std::size_t length = 0; length < 300; ++length) {
-        const TextBuffer text = encodeBase64(std::string(length, '\xFF'));
+        const std::string text = encodeBase64(std::string(length, '\xFF'));
         const std::size_t padding = (3 - length % 3) % 3;
         ASSERT_EQ(text.size(), (length + 2) / 3 * 4);
-        ASSERT_EQ(text.view().find_first_of("=\r\n"), padding == 0 ? std::string::npos : text.size() - padding);
+        ASSERT_EQ(text.find_first_of("=\r\n"), padding == 0 ? std::string::npos : text.size() - padding);
     }
 }
 
@@ -100,20 +109,20 @@ TEST(Hexadecimal, IsNothingForABadByteAnywhere) {
 
 TEST(Hexadecimal, TakesEveryDigitInEitherCase) {
     EXPECT_EQ(decoded(decodeHexadecimal("0123456789abcdefABCDEF")), "\x01\x23\x45\x67\x89\xAB\xCD\xEF\xAB\xCD\xEF");
-    EXPECT_EQ(encodeHexadecimal("\x01\x23\x45\x67\x89\xAB\xCD\xEF").view(), "0123456789abcdef");
+    EXPECT_EQ(encodeHexadecimal("\x01\x23\x45\x67\x89\xAB\xCD\xEF"), "0123456789abcdef");
 }
 
 TEST(Percent, KeepsWhatMayStandInAQueryAndNothingElse) {
     constexpr std::string_view allowed =
         "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~!$&'()*+,;=:@/?";
     for (const char byte : everyByte()) {
-        const TextBuffer text = encodePercent({&byte, 1});
+        const std::string text = encodePercent({&byte, 1});
         if (allowed.find(byte) != std::string_view::npos) {
-            EXPECT_EQ(text.view(), std::string(1, byte));
+            EXPECT_EQ(text, std::string(1, byte));
         } else {
             ASSERT_EQ(text.size(), 3U);
-            EXPECT_EQ(text.view()[0], '%');
-            EXPECT_EQ(text.view().substr(1).find_first_not_of("0123456789ABCDEF"), std::string_view::npos);
+            EXPECT_EQ(text[0], '%');
+            EXPECT_EQ(text.find_first_not_of("0123456789ABCDEF", 1), std::string_view::npos);
         }
     }
 }
@@ -121,7 +130,7 @@ TEST(Percent, KeepsWhatMayStandInAQueryAndNothingElse) {
 TEST(Percent, EncodesAndDecodesWhereverAByteStands) {
     for (std::size_t before = 0; before < 140; ++before) {
         const std::string plain(before, 'a');
-        ASSERT_EQ(encodePercent(plain + "é " + plain).view(), plain + "%C3%A9%20" + plain);
+        ASSERT_EQ(encodePercent(plain + "é " + plain), plain + "%C3%A9%20" + plain);
         ASSERT_EQ(decoded(decodePercent(plain + "%C3%a9+%20" + plain)), plain + "é+ " + plain);
         for (const std::string_view bad : {"%", "%4", "%4g", "%g4", "%%41", "% 41"}) {
             ASSERT_FALSE(decodePercent(plain + std::string(bad))) << before << " before " << bad;
