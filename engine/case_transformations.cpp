@@ -3,10 +3,8 @@
 #include "engine/case_transformations.h"
 
 #include "engine/primitives/case_mapping.h"
-#include "engine/primitives/characters.h"
-#include "engine/primitives/lines.h"
+#include "engine/primitives/sentence_case.h"
 #include "engine/primitives/word_case.h"
-#include "engine/primitives/words.h"
 
 #include <utility>
 
@@ -31,22 +29,7 @@ TextBuffer TitleCaseTransformation::apply(std::string_view text, const Parameter
 }
 
 TextBuffer SentenceCaseTransformation::apply(std::string_view text, const ParameterMap &) const {
-    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 8);
-    bool isFirst = true;
-    forEachSentencePiece(text, [&](std::string_view piece) {
-        if (!isFirst) {
-            result.append(". ");
-        }
-        isFirst = false;
-        const std::string_view sentence = trimmed(piece);
-        if (!sentence.empty()) {
-            const std::size_t firstEnd = characterEnd(sentence, 0);
-            appendUppercase(result, sentence.substr(0, firstEnd));
-            appendLowercase(result, sentence.substr(firstEnd), sentence);
-        }
-    });
-    result.shrink();
-    return result;
+    return capitalizeSentences(text);
 }
 
 TextBuffer CamelCaseTransformation::apply(std::string_view text, const ParameterMap &) const {

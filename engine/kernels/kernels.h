@@ -205,6 +205,11 @@ struct Kernels {
     /// returns how many bytes it read. Moves `to` and the state; up to 64 bytes behind `to` are overwritten too.
     std::size_t (*caseWords)(const char *from, std::size_t size, const WordCaseRules &rules, WordCaseState &state,
                              char *&to);
+    /// Writes blocks of ASCII as sentences: the first character upper case and the rest lower, no blanks around them,
+    /// ". " in place of each "." "!" and "?". Ends at the latest before 64 bytes that are followed by nothing or by
+    /// anything but ASCII, and returns how many bytes it read. Moves `to`, from where on it may overwrite twice as many
+    /// bytes and 64 more. `isAtBegin` tells whether nothing but blanks was read of a sentence.
+    std::size_t (*caseSentences)(const char *from, std::size_t size, bool &isAtBegin, char *&to);
     /// Writes the letters of whole blocks of ASCII in turn upper and lower case, and returns how many bytes it read.
     /// The turn is moved on.
     std::size_t (*alternateCase)(const char *from, std::size_t size, bool &isUppersTurn, char *to);

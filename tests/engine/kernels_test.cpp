@@ -247,6 +247,61 @@ TEST(Kernels, AlternateCaseEqualsThePlainLoop) {
     });
 }
 
+/// The first `size` bytes of the text as sentences, one after the other.
+std::string plainSentences(std::string_view text, std::size_t size, bool &isAtBegin) {
+    const auto isEnd = [](char byte) { return byte == '.' || byte == '!' || byte == '?'; };
+    std::string result;
+    for (std::size_t i = 0; i < size; ++i) {
+        const char byte = text[i];
+        if (isEnd(byte)) {
+            result += ". ";
+            isAtBegin = true;
+        } else if (byte == ' ' || byte == '\t') {
+            const std::size_t next = text.find_first_not_of(" \t", i);
+            const bool isLast = next == std::string_view::npos || isEnd(text[next]);
+            result += isAtBegin || isLast ? std::string() : std::string(1, byte);
+        } else {
+            const bool isCapital = byte >= 'A' && byte <= 'Z';
+            const bool isSmall = byte >= 'a' && byte <= 'z';
+            result += static_cast<char>((isAtBegin ? isSmall : isCapital) ? byte ^ 0x20 : byte);
+            isAtBegin = false;
+        }
+    }
+    return result;
+}
+
+void expectPlainSentences(const Kernels &kernels, std::string_view text) {
+    for (const bool isAtBeginAtFirst : {false, true}) {
+        bool isAtBegin = isAtBeginAtFirst;
+        std::string result(2 * text.size() + blockSize, '#');
+        char *to = result.data();
+        const std::size_t read = kernels.caseSentences(text.data(), text.size(), isAtBegin, to);
+        ASSERT_LE(read, text.size());
+        result.resize(static_cast<std::size_t>(to - result.data()));
+        bool isPlainAtBegin = isAtBeginAtFirst;
+        EXPECT_EQ(result, plainSentences(text, read, isPlainAtBegin)) << testing::PrintToString(text);
+        EXPECT_EQ(isAtBegin, isPlainAtBegin);
+    }
+}
+
+TEST(Kernels, CaseSentencesEqualsThePlainLoop) { onRandomBytes(expectPlainSentences); }
+
+TEST(Kernels, CaseSentencesTrimsAtEveryPlaceOfABlock) {
+    for (const std::string_view middle : {".", ". ", " .", " \t. \t", "..", " . .  !? ", "   "}) {
+        for (std::size_t before = 0; before < 2 * blockSize + 4; ++before) {
+            std::string text(before, 'A');
+            text.append(middle).append(3 * blockSize, 'b');
+            onAllKernels([&](const Kernels &kernels) {
+                expectPlainSentences(kernels, text);
+                bool isAtBegin = false;
+                std::string result(2 * text.size() + blockSize, '#');
+                char *to = result.data();
+                EXPECT_GE(kernels.caseSentences(text.data(), text.size(), isAtBegin, to), text.size() - blockSize - 1);
+            });
+        }
+    }
+}
+
 TEST(Kernels, EscapeInPairsEqualsThePlainLoop) {
     PairEscapes escapes;
     escapes.first = '\\';
