@@ -92,9 +92,6 @@ const CaseTables *inversion(bool changesUp, bool changesDown) {
     return changesUp ? &uppercase : &lowercase;
 }
 
-/// True when there is a code point that joins the character before it and has a case of its own: only U+0345 does.
-bool hasCasedMark(std::string_view text) { return findBytes(text, "\xCD\x85") != std::string_view::npos; }
-
 /// For any text: each character as its code points together tell.
 TextBuffer invertCharacters(std::string_view text) {
     TextBuffer result = TextBuffer::withCapacity(text.size() + longestMapping);
@@ -236,16 +233,18 @@ void appendLowercase(TextBuffer &to, std::string_view text, std::string_view con
 }
 
 TextBuffer invertCase(std::string_view text) {
-    if (hasCasedMark(text)) {
-        return invertCharacters(text);
-    }
     TextBuffer result;
+    bool hasCasedMark = false;
     appendMapped(result, text, unicode_tables::inversionPages, nothingToCorrect,
-                 [](char32_t codePoint, const char *, char *place) {
+                 [&hasCasedMark](char32_t codePoint, const char *, char *place) {
+                     hasCasedMark = hasCasedMark || codePoint == unicode_tables::casedMark;
                      const CaseTables *const tables =
                          inversion(changes(uppercase, codePoint), changes(lowercase, codePoint));
                      return tables == nullptr ? encode(codePoint, place) : writeMapped(*tables, codePoint, place);
                  });
+    if (hasCasedMark) { // then characters are not inverted one code point at a time
+        return invertCharacters(text);
+    }
     result.shrink();
     return result;
 }

@@ -222,8 +222,9 @@ public:
         const auto length = static_cast<std::size_t>(last - position);
         char *const runTo = m_to;
         m_to -= length;
-        kernels::best().reverse(position, length, m_to);
-        turnCrLfsBack(m_to, runTo);
+        if (kernels::best().reverse(position, length, m_to)) {
+            turnCrLfsBack(m_to, runTo);
+        }
         m_characterBegin = last;
     }
 

@@ -427,6 +427,9 @@ void writeCaseTables(std::ostream &out, const std::string &name, const MapCase &
 
 void writeInversionPages(std::ostream &out, const icu::Locale &root) {
     const std::string pages = writeCasePages(out, "inversion", [&root](const icu::UnicodeString &text) {
+        if (text.char32At(0) == casedMark) {
+            return icu::UnicodeString(); // how it is inverted depends on the character it belongs to
+        }
         icu::UnicodeString upper = text;
         icu::UnicodeString lower = text;
         upper.toUpper(root);

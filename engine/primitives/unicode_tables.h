@@ -75,7 +75,10 @@ struct CaseTables {
 extern const CaseTables uppercase;
 extern const CaseTables lowercase; ///< Without the final sigma, which depends on what stands around it.
 extern const CaseTables titlecase;
-/// Upper case to lower and lower case to upper, for code points that are characters by themselves.
+/// The only code point that joins the character before it and has a case of its own.
+inline constexpr char32_t casedMark = 0x345;
+/// Upper case to lower and lower case to upper, for code points that are characters by themselves; the cased mark,
+/// which is none, needs the full mapping.
 extern const kernels::CasePages inversionPages;
 
 } // namespace lexivore::unicode_tables
