@@ -13,6 +13,13 @@
 
 namespace lexivore {
 
+/// Of what a text was made, every time alike: `text`, run through the enabled ones of the state's operations from the
+/// `operations`th on. A text that came about otherwise is its own origin, behind all operations.
+struct TextOrigin {
+    Text text;
+    std::size_t operations = 0;
+};
+
 /// What undo and redo restore. Cheap to copy: the text is shared.
 struct TextHistoryState {
     Text text;
@@ -20,9 +27,8 @@ struct TextHistoryState {
     /// What the last run of `operations` had to report. Goes with the state, but takes no part in the comparison.
     OperationProblems problems = {};
     OperationTexts texts = {}; ///< What that run made of the text, step by step; goes with the state likewise.
-    /// The base text over which `operations` make `text`, every time alike. Nothing when the text came about otherwise.
-    std::optional<Text> base = {};
-    bool isTextForgotten = false; ///< `text` is empty, for it can be made again.
+    std::optional<TextOrigin> origin = {}; ///< Without it the text cannot be made again.
+    bool isTextForgotten = false;          ///< `text` is empty, for it can be made again.
 
     bool operator==(const TextHistoryState &other) const {
         return text == other.text && operations == other.operations;
@@ -51,9 +57,11 @@ struct HistoryEntry {
 
 /// The undo and redo stacks. Neither has a maximum depth; the last element is the top.
 ///
-/// What it holds of large texts is bounded all the same: a text that operations have made of a base text is forgotten
-/// when there is no room for it, and made again when it is needed. Of the older ones fewer are held, so that going back
-/// costs a few operations a step on average.
+/// What it holds of large texts is bounded all the same: a text that operations have made of its origin is forgotten
+/// when there is no room for it, and made again when it is needed. Held are the nearest ones and ever fewer of those
+/// further back, and what will be needed is made a few operations at a time while the user comes nearer. So no undo
+/// runs more operations again than the number of changes has binary digits, as long as there is room for one and a half
+/// times as many texts; changes within the stack may take those that they ran themselves in addition.
 class TextHistory {
 public:
     /// Bytes of texts that could be made again.
@@ -78,13 +86,36 @@ public:
     void clear();
 
 private:
+    /// A text on the way from an origin to a state: what the first `done` steps have made.
+    struct Partial {
+        Text text;
+        std::size_t done = 0;
+    };
+    /// The text of the undo stack's entry at `index`, as far as it has been made.
+    struct Preparation {
+        std::size_t index = 0;
+        Partial made;
+    };
+    /// Something that is held and may go.
+    struct Candidate {
+        double rank = 0;
+        TextHistoryState *state = nullptr; ///< Null for a preparation.
+        std::size_t preparation = 0;
+    };
+
+    [[nodiscard]] Partial nearest(const TextHistoryState &wanted, const TextHistoryState &current) const;
     void remake(TextHistoryState &wanted, const TextHistoryState &current);
+    void prepareOrLeave(const TextHistoryState &current);
+    void prepare(std::size_t index, std::size_t callsLeft, const TextHistoryState &current);
+    [[nodiscard]] double rank(std::size_t index) const;
+    [[nodiscard]] bool hasRoomFor(std::size_t bytes, double rank) const;
     void keepWithinBudget();
     [[nodiscard]] std::size_t heldBytes() const;
-    [[nodiscard]] TextHistoryState *leastWanted();
+    [[nodiscard]] std::optional<Candidate> leastWanted();
 
     std::vector<HistoryEntry> m_undoStack;
     std::vector<HistoryEntry> m_redoStack;
+    std::vector<Preparation> m_preparations;
     const Catalog *m_catalog = nullptr;
     std::size_t m_budget = 0;
 };

@@ -63,7 +63,7 @@ std::optional<OperationMeasures> TransformationManager::operationMeasures(const 
 void TransformationManager::setCurrentText(Text text) {
     State next = m_state;
     next.currentText = std::move(text);
-    next.isMadeFromOriginal = false;
+    next.origin = {next.currentText, next.appliedOperations.size()};
     publish(std::move(next));
 }
 
@@ -102,7 +102,7 @@ void TransformationManager::apply(State &state, const TextTransformation &transf
     record(state, HistoryTransformation{});
     if (state.appliedOperations.empty()) {
         state.originalText = state.currentText;
-        state.isMadeFromOriginal = true;
+        state.origin = {state.originalText, 0};
     }
     Text result = resultOf(transformation, state.currentText, parameters);
     const AppliedOperation applied{
@@ -111,7 +111,9 @@ void TransformationManager::apply(State &state, const TextTransformation &transf
         m_runner.add(state.originalText, state.appliedOperations, state.currentText, applied, result);
     state.appliedOperations.push_back(applied);
     state.currentText = std::move(result);
-    state.isMadeFromOriginal = state.isMadeFromOriginal && isRepeatable(transformation);
+    if (!isRepeatable(transformation)) {
+        state.origin = {state.currentText, state.appliedOperations.size()};
+    }
 }
 
 void TransformationManager::toggleOperation(std::size_t index) {
@@ -194,10 +196,22 @@ void TransformationManager::reapply(State &state) {
     state.currentText = std::move(run.result);
     state.problems = std::move(run.problems);
     state.texts = std::move(run.texts);
-    state.isMadeFromOriginal = std::ranges::all_of(state.appliedOperations, [&](const AppliedOperation &operation) {
-        const TransformationPointer found = findTransformation(operation.transformation);
-        return !operation.isEnabled || found == nullptr || isRepeatable(*found);
-    });
+    state.origin = {state.originalText, 0};
+    const auto found = std::find_if(
+        state.appliedOperations.rbegin(), state.appliedOperations.rend(), [&](const AppliedOperation &operation) {
+            const TransformationPointer transformation = findTransformation(operation.transformation);
+            return operation.isEnabled && transformation != nullptr && !isRepeatable(*transformation);
+        });
+    if (found == state.appliedOperations.rend()) {
+        return;
+    }
+    const auto texts = state.texts.find(found->id);
+    const Text *const made = texts != state.texts.end() ? texts->second.after->text() : nullptr;
+    if (made != nullptr) {
+        state.origin = {*made, static_cast<std::size_t>(state.appliedOperations.rend() - found)};
+    } else { // it failed, or its text has been forgotten
+        state.origin = {state.currentText, state.appliedOperations.size()};
+    }
 }
 
 void TransformationManager::reapplyOrReturnToOriginal(State &state) {
@@ -205,7 +219,7 @@ void TransformationManager::reapplyOrReturnToOriginal(State &state) {
         state.currentText = state.originalText;
         state.problems.clear();
         state.texts.clear();
-        state.isMadeFromOriginal = true;
+        state.origin = {state.originalText, 0};
     } else {
         reapply(state);
     }
@@ -225,14 +239,18 @@ void TransformationManager::redo() {
 
 void TransformationManager::restore(TextHistoryState restored, bool emptyStackShowsOriginalText) {
     const bool showOriginalText = emptyStackShowsOriginalText && restored.operations.empty();
-    const bool isMadeFromOriginal = restored.base.has_value() && restored.base->sharesAllWith(m_state.originalText);
+    Text text = showOriginalText ? m_state.originalText : std::move(restored.text);
+    TextOrigin origin = restored.origin.value_or(TextOrigin{text, restored.operations.size()});
+    if (showOriginalText) {
+        origin = {text, 0};
+    }
     m_historyHasChanged = true;
-    publish({.currentText = showOriginalText ? m_state.originalText : std::move(restored.text),
+    publish({.currentText = std::move(text),
              .originalText = m_state.originalText,
              .appliedOperations = std::move(restored.operations),
              .problems = std::move(restored.problems),
              .texts = std::move(restored.texts),
-             .isMadeFromOriginal = showOriginalText || isMadeFromOriginal});
+             .origin = std::move(origin)});
 }
 
 TextHistoryState TransformationManager::snapshot(const State &state) {
@@ -240,7 +258,7 @@ TextHistoryState TransformationManager::snapshot(const State &state) {
             .operations = state.appliedOperations,
             .problems = state.problems,
             .texts = state.texts,
-            .base = state.isMadeFromOriginal ? std::optional(state.originalText) : std::nullopt};
+            .origin = state.origin};
 }
 
 void TransformationManager::record(const State &before, HistoryActionType action) {
@@ -257,11 +275,17 @@ void TransformationManager::publish(State next) {
     const bool problemsAreNew = next.problems != m_state.problems;
     const bool measuresAreNew = next.texts != m_state.texts;
     const bool historyIsNew = std::exchange(m_historyHasChanged, false);
+    const auto keep = [&next](Text &text, const Text &same) {
+        if (next.origin.text.sharesAllWith(text)) {
+            next.origin.text = same;
+        }
+        text = same;
+    };
     if (!currentTextIsNew) {
-        next.currentText = m_state.currentText;
+        keep(next.currentText, m_state.currentText);
     }
     if (!originalTextIsNew) {
-        next.originalText = m_state.originalText;
+        keep(next.originalText, m_state.originalText);
     }
     m_state = std::move(next);
     if (m_state.appliedOperations.empty()) {

@@ -130,8 +130,7 @@ private:
         std::vector<AppliedOperation> appliedOperations;
         OperationProblems problems;
         OperationTexts texts;
-        /// `currentText` is what the operations make of `originalText` whenever they are run.
-        bool isMadeFromOriginal = true;
+        TextOrigin origin; ///< Of `currentText`.
     };
 
     [[nodiscard]] static TextHistoryState snapshot(const State &state);

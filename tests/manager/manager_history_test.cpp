@@ -154,6 +154,36 @@ TEST_F(ManagerStory, TypingOverAStackIsLostByTheNextRunAndBackByUndo) {
     EXPECT_EQ(text(), "ABC typed");
 }
 
+/// Whatever cannot be made again is held by the history as an origin; all that followed can be made again of it.
+TEST_F(ManagerStory, WhatFollowsARandomStepOrATypedTextCanBeMadeAgain) {
+    const auto origin = [this] { return *manager.history().undoStack().back().state.origin; };
+    manager.setCurrentText(Text("b\na\nc"));
+    apply("uppercase");
+    apply("shuffle-lines");
+    const Text shuffled = manager.currentText();
+    apply("lowercase");
+    apply("reverse"); // records what lowercase has made
+    EXPECT_EQ(origin().operations, 2U);
+    EXPECT_EQ(origin().text, shuffled);
+
+    manager.editCurrentText(0, 0, "typed ");
+    const Text typed = manager.currentText();
+    apply("uppercase");
+    apply("lowercase");
+    EXPECT_EQ(origin().operations, 4U);
+    EXPECT_TRUE(origin().text.sharesAllWith(typed));
+
+    manager.toggleOperation(5); // runs everything again, the shuffling too
+    manager.toggleOperation(5);
+    EXPECT_EQ(origin().operations, 2U);
+    EXPECT_EQ(origin().text.size(), shuffled.size());
+
+    manager.toggleOperation(1);
+    manager.toggleOperation(5); // nothing random is left
+    EXPECT_EQ(origin().operations, 0U);
+    EXPECT_TRUE(origin().text.sharesAllWith(manager.originalText()));
+}
+
 TEST_F(ManagerStory, HistoryOfAHundredMegabytesCostsNoSecondHundredMegabytes) {
     constexpr std::size_t size = 100'000'000;
     constexpr std::size_t little = 1'000'000;
