@@ -33,15 +33,18 @@ void UndoFlow::takeBack() {
     synchronize();
     if (m_history.canUndoEdit() && (m_editorHasFocus() || m_manager.history().undoStack().empty())) {
         show(*m_history.undoEdit());
+        m_tookEditBackLast = true;
         return;
     }
+    m_tookEditBackLast = false;
     m_manager.undo();
     synchronize();
 }
 
 void UndoFlow::doAgain() {
     synchronize();
-    if (m_history.canRedoEdit() && (m_editorHasFocus() || m_manager.history().redoStack().empty())) {
+    const bool editGoesFirst = m_editorHasFocus() || m_tookEditBackLast || m_manager.history().redoStack().empty();
+    if (m_history.canRedoEdit() && editGoesFirst) {
         show(*m_history.redoEdit());
         return;
     }

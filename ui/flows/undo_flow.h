@@ -29,6 +29,7 @@ public:
     /// Takes back the latest edit when the editor has the focus, or when there is nothing else to take back; otherwise
     /// the manager's last step. Does nothing when there is neither.
     void undo();
+    /// Brings back what was taken back last. Of an edit and a step that were taken back before, as `undo`.
     void redo();
 
     /// The user's change of the text in the editor, to be carried out and remembered.
@@ -60,6 +61,7 @@ private:
     bool m_isEditing = false;
     bool m_isRestoring = false;
     bool m_isRedoing = false;
+    bool m_tookEditBackLast = false;
 };
 
 } // namespace lexivore

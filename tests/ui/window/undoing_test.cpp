@@ -125,5 +125,22 @@ TEST_F(Undoing, ATextThatTheManagerCannotRestoreStaysReachable) {
     EXPECT_EQ(text(), "t0");
 }
 
+TEST_F(Undoing, RedoBringsBackWhatUndoTookBackWhereverTheKeyboardIs) {
+    setText("hello");
+    focusEditor();
+    type("ab");
+    click("transformation.uppercase");
+    ASSERT_EQ(text(), "ABHELLO");
+    find("search")->setFocus();
+    choose("UndoTransformation");
+    EXPECT_EQ(text(), "abhello");
+    choose("UndoTransformation"); // no step is left, so it is the typing
+    EXPECT_EQ(text(), "hello");
+    choose("RedoTransformation");
+    EXPECT_EQ(text(), "abhello");
+    choose("RedoTransformation");
+    EXPECT_EQ(text(), "ABHELLO");
+}
+
 } // namespace
 } // namespace lexivore
