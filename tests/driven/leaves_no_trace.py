@@ -1,7 +1,8 @@
 # SPDX-FileCopyrightText: Lexivore contributors
 # SPDX-License-Identifier: MIT
 """Watches a session with a secret text through strace: the text is written nowhere but to the file that it was saved to,
-the program writes nothing but its preferences, leaves nothing behind, and speaks to nobody on the network.
+the program writes nothing but its preferences, leaves nothing behind, and speaks to nobody on the network. The clipboard
+holds what others put there until the user copies, and a crash writes no memory to the disk.
 
 Usage: leaves_no_trace.py PROGRAM"""
 
@@ -9,7 +10,9 @@ import base64
 import os
 import pathlib
 import re
+import signal
 import stat
+import subprocess
 import sys
 import tempfile
 
@@ -102,7 +105,7 @@ def is_private(path, home):
     # Files without a name (O_TMPFILE) become the saved file or the preferences; while written they lie in its folder.
     allowed = [rf"{home}/?$", rf"{home}/(\.config/)?#\d+$", rf"{home}/\.config/lexivore(/preferences\.json[^/]*|/[^/]*)?$", rf"{home}/saved\.txt[^/]*$",
                rf"{home}/(output|trace|traced)$", rf"{home}/lexivore[^/]*$",
-               r"/dev/(null|tty|ptmx|shm/[^/]*|dri/.*)$", r"/proc/self/(task/|oom|comm|attr)", r"/memfd:", r"/SYSV",
+               r"/dev/(null|tty|ptmx|shm/[^/]*|dri/.*)$", r"/proc/(self|\d+)/(task/|oom|comm|attr|coredump_filter$)", r"/memfd:", r"/SYSV",
                rf"{home}/\.cache/(fontconfig|mesa_shader_cache[^/]*|qt[^/]*|QtProject)(/.*)?$", rf"{home}/\.cache$",
                rf"{home}/\.config$", rf"{home}/\.config/(QtProject\.conf[^/]*|user-dirs.*)$", rf"{home}/\.local(/.*)?$",
                rf"{home}/(at-spi|dconf)(/.*)?$"]
@@ -141,13 +144,44 @@ def files_with_the_text(folders, saved):
     return found
 
 
+def clipboard():
+    return subprocess.run(["xclip", "-selection", "clipboard", "-out"], capture_output=True, text=True).stdout
+
+
+def put_into_clipboard(text):
+    subprocess.run(["xclip", "-selection", "clipboard", "-in", "-silent"], input=text, text=True, check=True)
+
+
+def is_the_user_asking(program):
+    """Nothing that a session does has touched the clipboard; asked for, the text is there, and goes with the program."""
+    assert clipboard() == "somebody else's", clipboard()
+    program.click(program.find(name="Copy text to clipboard"))
+    wait_for(lambda: clipboard() == f"{SECRET} in the end", "the copied text")
+
+
+def check_crash(executable, home):
+    """Crashes the program with a text in it, where a core file would be allowed and would lie in its home."""
+    with Program(executable, home) as program:
+        program.click(program.find(name="Text"))
+        program.type(f"{SECRET} in a crash")
+        wait_for(lambda: program.named("Total characters: ") != "0", "the typed text")
+        process = program.process.pid
+        assert int(pathlib.Path(f"/proc/{process}/coredump_filter").read_text(), 16) == 0, "a crash helper gets memory"
+        limits = pathlib.Path(f"/proc/{process}/limits").read_text()
+        assert re.search(r"Max core file size +0 +0 ", limits), limits
+        os.kill(process, signal.SIGSEGV)
+        program.process.wait()
+
+
 def main(executable):
     with tempfile.TemporaryDirectory() as home, tempfile.TemporaryDirectory() as temporary, Display():
         os.environ["TMPDIR"] = temporary
         for variable in ("XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"):
             os.environ.pop(variable, None)
+        put_into_clipboard("somebody else's")
         with Traced(executable, home) as program:
             session(program)
+            is_the_user_asking(program)
             program.process.terminate()
             program.process.wait()
         saved = pathlib.Path(home, "saved.txt")
@@ -157,6 +191,9 @@ def main(executable):
         written = check_calls(trace, home)
         assert any("preferences.json" in path for path in written), "the watching saw nothing"
         assert '"recipes"' in pathlib.Path(home, ".config/lexivore/preferences.json").read_text(), "no recipe was saved"
+        assert files_with_the_text([home, temporary], saved) == [], files_with_the_text([home, temporary], saved)
+        assert clipboard() == "", "the program is gone, but not its text"
+        check_crash(executable, home)
         assert files_with_the_text([home, temporary], saved) == [], files_with_the_text([home, temporary], saved)
         left = os.listdir(temporary)
         assert left == [], f"left behind: {left}"
