@@ -260,7 +260,7 @@ public:
 
 private:
     /// A CR LF is one character.
-    static void turnCrLfsBack(char *position, char *end) {
+    static void turnCrLfsBack(char *position, const char *end) {
         while (position != end) {
             auto *const found =
                 static_cast<char *>(std::memchr(position, '\r', static_cast<std::size_t>(end - position)));

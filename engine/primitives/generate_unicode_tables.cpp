@@ -56,6 +56,7 @@ void writeTable(std::ostream &out, const std::string &blocksName, const std::str
     std::map<Block, std::uint16_t> known;
     std::vector<std::uint16_t> blocks;
     std::vector<std::uint8_t> entries;
+    entries.reserve(codePointLimit);
     for (UChar32 first = 0; first < static_cast<UChar32>(codePointLimit); first += blockSize) {
         Block block;
         for (std::size_t i = 0; i < blockSize; ++i) {
@@ -240,7 +241,8 @@ public:
             addPage([first](UChar32 bits) { return Prefix{first + bits, 0, 0}; });
         }
         addPage(prefixOfLead);
-        for (std::size_t next = 0; next < m_waiting.size(); ++next) {
+        // By number, for each page may bring more.
+        for (std::size_t next = 0; next < m_waiting.size(); ++next) { // NOLINT(modernize-loop-convert)
             const Prefix prefix = m_waiting[next];
             addPage([prefix](UChar32 bits) { return prefix.followedBy(bits); });
         }

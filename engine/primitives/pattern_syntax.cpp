@@ -70,7 +70,7 @@ private:
 
     bool readLiteral(PatternToken &token) {
         const DecodedCodePoint decoded = decode(m_left.data(), m_left.data() + m_left.size());
-        constexpr char32_t replacementCharacter = 0xFFFD; // ICU reads every ill-formed byte of a text as this
+        // ICU reads every ill-formed byte of a text as the replacement character.
         if (ambiguous.contains(m_left[0]) || decoded.value == replacementCharacter) {
             return false;
         }

@@ -41,8 +41,7 @@ std::size_t PieceSet::slotOf(std::string_view piece, std::uint64_t hash) const {
 
 bool PieceSet::insert(std::string_view piece, std::uint64_t hash) {
     if (piece.data() == nullptr) {
-        static constexpr char somewhere = '\0';
-        piece = {&somewhere, 0}; // null marks a free slot
+        piece = ""; // null marks a free slot
     }
     const std::size_t index = slotOf(piece, hash);
     if (!m_counts.empty()) {

@@ -28,7 +28,8 @@ struct SimplePattern {
 template<typename Visit> void forEachMatch(std::string_view text, const SimplePattern &pattern, Visit &&visit) {
     if (!pattern.literal.empty()) {
         std::size_t position = 0;
-        for (std::size_t found = 0; (found = findBytes(text.substr(position), pattern.literal)) != text.npos;) {
+        for (std::size_t found = 0;
+             (found = findBytes(text.substr(position), pattern.literal)) != std::string_view::npos;) {
             visit(text.substr(position + found, pattern.literal.size()));
             position += found + pattern.literal.size();
         }
