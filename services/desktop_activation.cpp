@@ -26,7 +26,7 @@ DesktopActivation::~DesktopActivation() {
 }
 
 QString DesktopActivation::sessionBusAddress() {
-    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (!address.isEmpty()) {
         return address;
     }

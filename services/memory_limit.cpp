@@ -23,7 +23,7 @@ constexpr bool canBeLimited = true;
 /// The number in the file; there is none when it says "max", or is not there.
 std::uint64_t numberIn(const std::string &path) {
     std::uint64_t number = 0;
-    return std::ifstream(path) >> number ? number : unlimited;
+    return (std::ifstream(path) >> number) ? number : unlimited;
 }
 
 std::uint64_t physicalMemory() {

@@ -81,7 +81,7 @@ void UpdateDownload::fail(const UpdateError &error) {
 }
 
 QString UpdateDownload::keepFile() {
-    const QString path = m_folder + '/' + nameFor(m_item.file);
+    QString path = m_folder + '/' + nameFor(m_item.file);
     QFile::remove(path);
     if (!m_file.rename(path)) {
         return {};

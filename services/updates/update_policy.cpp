@@ -10,7 +10,7 @@ namespace lexivore {
 
 namespace {
 
-constexpr qint64 secondsBetweenChecks = 24 * 60 * 60;
+constexpr qint64 secondsBetweenChecks = qint64{24} * 60 * 60;
 
 using Verdict = UpdateChoice::Verdict;
 
