@@ -84,7 +84,8 @@ bool FocusRingFrame::eventFilter(QObject *watched, QEvent *event) {
     default:
         break;
     }
-    return QWidget::eventFilter(watched, event);
+    // QFocusFrame would place the frame where it sees fit.
+    return QWidget::eventFilter(watched, event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void FocusRingFrame::paintEvent(QPaintEvent *) {

@@ -137,7 +137,7 @@ void Label::resizeEvent(QResizeEvent *event) {
 }
 
 void Label::updateToolTip() {
-    const bool isCut = m_lines == Lines::one && sizeHint().width() > width() + 1;
+    const bool isCut = m_lines == Lines::one && Label::sizeHint().width() > width() + 1;
     setToolTip(isCut ? plainToolTip(text()) : QString());
 }
 

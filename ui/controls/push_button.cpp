@@ -9,6 +9,7 @@
 #include "ui/theme/typography.h"
 
 #include <QPainter>
+#include <QStyle>
 
 namespace lexivore {
 

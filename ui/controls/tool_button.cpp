@@ -8,6 +8,7 @@
 #include "ui/theme/theme.h"
 
 #include <QPainter>
+#include <QStyle>
 
 namespace lexivore {
 

@@ -310,7 +310,9 @@ void TextEditor::dropEvent(QDropEvent *event) {
         const bool goesDown = offset > end;
         const Text between = goesDown ? text().slice(end, offset - end) : text().slice(offset, begin - offset);
         const Text moved = between.replaced(goesDown ? between.size() : 0, 0, dropped);
-        from = goesDown ? begin + between.size() : offset;
+        if (goesDown) {
+            from = begin + between.size();
+        }
         m_document.replace(std::min(begin, offset), moved.size(), moved.view());
     } else {
         m_document.setCaret(offset);

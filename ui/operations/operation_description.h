@@ -24,7 +24,8 @@ namespace lexivore {
 /// not run.
 [[nodiscard]] std::vector<QString> measureLines(const std::optional<OperationMeasures> &measures);
 
-/// The one of these that tells most, in a few words: the lines when their number changed, else the characters, if it did.
+/// The one of these that tells most, in a few words: the lines when their number changed, else the characters, if it
+/// did.
 [[nodiscard]] QString shortMeasure(const std::optional<OperationMeasures> &measures);
 
 } // namespace lexivore

@@ -8,6 +8,7 @@
 
 #include <QLinearGradient>
 #include <QPainter>
+#include <QStyle>
 
 namespace lexivore {
 

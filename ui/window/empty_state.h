@@ -12,7 +12,7 @@ class EmptyState : public QWidget {
     Q_OBJECT
 
 public:
-    EmptyState(QWidget *column, QWidget *parent = nullptr);
+    explicit EmptyState(QWidget *column, QWidget *parent = nullptr);
 
     /// An empty icon name is no icon.
     void show(const QString &icon, const QString &text);

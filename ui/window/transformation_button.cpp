@@ -101,7 +101,7 @@ void TransformationButton::updateToolTip() {
 void TransformationButton::moveChevron(bool hovered) {
     placeStar();
     m_chevronAnimation->stop();
-    if (motionDuration(*this, chevronTime) == 0ms) {
+    if (motionDuration(*this, chevronTime) == std::chrono::milliseconds::zero()) {
         m_chevronOffset = 0;
         return;
     }

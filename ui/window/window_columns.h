@@ -18,7 +18,8 @@ class WindowColumns : public QSplitter {
 public:
     explicit WindowColumns(QWidget *parent = nullptr);
 
-    /// Device-independent pixels for letters of 10 points. A column whose `minimumSizeHint` is wider is as wide as that.
+    /// Device-independent pixels for letters of 10 points. A column whose `minimumSizeHint` is wider is as wide as
+    /// that.
     struct Width {
         int initial;
         int minimum;

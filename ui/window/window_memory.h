@@ -17,8 +17,8 @@ class WindowMemory : public QObject {
     Q_OBJECT
 
 public:
-    /// Restores both at once, and writes them when the user has changed them, or at last when it is destroyed. Both must
-    /// outlive it.
+    /// Restores both at once, and writes them when the user has changed them, or at last when it is destroyed. Both
+    /// must outlive it.
     WindowMemory(Preferences &preferences, QMainWindow &window, QSplitter &columns);
     ~WindowMemory() override;
 
