@@ -208,7 +208,7 @@ TEST_F(JsonPreferencesTest, TwoProcessesLoseNothingOfEachOther) {
     constexpr int rounds = 200;
     // Each changes its own key and looks whether its last change is still there before it makes the next.
     const auto count = [&](const QString &key) {
-        JsonPreferences preferences(path(), 60s);
+        JsonPreferences preferences(path(), std::chrono::minutes(1));
         for (int i = 1; i <= rounds; ++i) {
             preferences.setValue(key, i % 10);
             if (onDisk().value(key).toInt() != i % 10) {

@@ -22,7 +22,6 @@ protected:
     static constexpr int patience = 20'000; // milliseconds; only a broken program takes that long
 
     DesktopProbeTest() {
-        m_environment = QProcessEnvironment::systemEnvironment();
         m_environment.remove("DBUS_SESSION_BUS_ADDRESS");
         m_environment.remove("XDG_RUNTIME_DIR");
     }
@@ -64,7 +63,7 @@ protected:
     }
 
     QTemporaryDir m_folder;
-    QProcessEnvironment m_environment;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
 };
 
 } // namespace lexivore

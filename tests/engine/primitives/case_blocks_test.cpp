@@ -31,10 +31,10 @@ std::string mapped(std::string_view text, const Write &write) {
     const char *const end = text.data() + text.size();
     for (const char *position = text.data(); position != end;) {
         const DecodedCodePoint decoded = decode(position, end);
-        char bytes[longestMapping];
         if (decoded.length == 1 && !isAscii(*position)) {
             result += *position;
         } else {
+            char bytes[longestMapping];
             result.append(bytes, write(decoded.value, position, bytes));
         }
         position += decoded.length;
@@ -121,7 +121,7 @@ void forEachWord(std::string_view text, bool joinsOverApostrophe, const std::fun
         const bool isWord = startsWithAlphanumeric(position, end);
         const char *const pieceEnd =
             isWord ? wordEnd(position, end, joinsOverApostrophe) : position + decode(position, end).length;
-        (isWord ? onWord : onOther)({position, static_cast<std::size_t>(pieceEnd - position)});
+        (isWord ? onWord : onOther)(std::string_view(position, pieceEnd));
         position = pieceEnd;
     }
 }

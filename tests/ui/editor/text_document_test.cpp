@@ -155,7 +155,6 @@ void runRandomEdits(std::size_t textSize, std::size_t edits, unsigned seed) {
     follow(document, plain);
     plain.text = randomText(dice, textSize);
     document.setText(Text(std::string_view(plain.text)));
-    std::vector<std::string> undoable;
     for (std::size_t edit = 0; edit < edits; ++edit) {
         const std::size_t size = plain.text.size();
         switch (dice.below(12)) {

@@ -168,7 +168,7 @@ TEST_F(RunningThemeTest, MovementsTakeNoTimeWhenTheStyleSaysSo) {
     using namespace std::chrono_literals;
     QWidget widget;
     widget.setStyle(&still);
-    EXPECT_EQ(motionDuration(widget, 200ms), 0ms);
+    EXPECT_EQ(motionDuration(widget, 200ms), std::chrono::milliseconds::zero());
 }
 
 } // namespace
