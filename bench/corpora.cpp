@@ -20,7 +20,7 @@ public:
     /// The lower, the likelier: about as the words of a language by their rank.
     std::size_t rankBelow(std::size_t limit) {
         const double unit = static_cast<double>(m_engine()) / 4294967296.0;
-        return static_cast<std::size_t>(std::exp(unit * std::log(static_cast<double>(limit) + 1.0))) - 1;
+        return static_cast<std::size_t>(std::exp(unit * std::log1p(static_cast<double>(limit)))) - 1;
     }
 
 private:
@@ -85,7 +85,7 @@ std::string englishCorpus(std::size_t bytes) {
         } else if (random.isOnceIn(12)) {
             word += ",,,;:"[random.below(5)];
         } else if (random.isOnceIn(50)) {
-            word = '"' + word + '"';
+            word.insert(0, 1, '"') += '"';
         }
         text += word;
         column += word.size() + 1;

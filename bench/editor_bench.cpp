@@ -271,7 +271,7 @@ void present(QAbstractScrollArea &widget) {
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
-    const QStringList arguments = application.arguments();
+    const QStringList arguments = QApplication::arguments();
     const std::map<std::string, std::string (*)(std::size_t)> texts{
         {"lines", manyLines}, {"spaces", lineWithSpaces}, {"endless", lineWithout}, {"scripts", mixedScripts}};
     const std::string kind = arguments.value(2).toStdString();

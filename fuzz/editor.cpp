@@ -21,13 +21,13 @@ namespace lexivore::fuzz {
 namespace {
 
 constexpr int mostActions = 80;
-constexpr std::size_t mostBytes = 64 * 1024;
+constexpr std::size_t mostBytes = std::size_t(1024) * 64;
 
 std::string bytesOf(const Text &text) { return std::string(Text(text).view()); }
 
 class Session {
 public:
-    explicit Session(Input input) : m_input(input) {
+    explicit Session(const Input &input) : m_input(input) {
         QObject::connect(&m_document, &TextDocument::edited, &m_document,
                          [this](std::size_t offset, std::size_t removed, std::string_view inserted) {
                              require(offset + removed <= m_plain.size(), "an edit is announced within the text");

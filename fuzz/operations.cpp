@@ -20,7 +20,7 @@
 namespace lexivore::fuzz {
 namespace {
 
-constexpr std::size_t mostBytes = 16 * 1024;
+constexpr std::size_t mostBytes = std::size_t(1024) * 16;
 constexpr int mostActions = 60;
 
 struct PlainOperation {
@@ -164,6 +164,7 @@ std::string bytesOf(const Text &text) { return std::string(Text(text).view()); }
 
 std::vector<PlainOperation> plain(const std::vector<AppliedOperation> &operations) {
     std::vector<PlainOperation> result;
+    result.reserve(operations.size());
     for (const AppliedOperation &operation : operations) {
         result.push_back({operation.transformation, operation.parameters, operation.isEnabled});
     }
@@ -172,7 +173,8 @@ std::vector<PlainOperation> plain(const std::vector<AppliedOperation> &operation
 
 class Session {
 public:
-    explicit Session(Input input) : m_input(input), m_manager(m_preferences), m_plain(m_manager.transformations()) {
+    explicit Session(const Input &input)
+        : m_input(input), m_manager(m_preferences), m_plain(m_manager.transformations()) {
         QObject::connect(&m_manager, &TransformationManager::currentTextChanged, &m_manager, [this] {
             require(m_announced.current != bytesOf(m_manager.currentText()),
                     "a text that is the same is not announced");

@@ -21,7 +21,7 @@
 namespace lexivore::fuzz {
 namespace {
 
-constexpr std::size_t mostBytes = 32 * 1024;
+constexpr std::size_t mostBytes = std::size_t(1024) * 32;
 
 struct Case {
     const TextTransformation *transformation = nullptr;
