@@ -34,7 +34,6 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    [[nodiscard]] QWidget *makeHeader(const TextTool &tool);
     [[nodiscard]] QWidget *makeFooter();
     void copyReport() const;
 

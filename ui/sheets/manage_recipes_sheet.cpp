@@ -4,9 +4,9 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/controls/accessible_role.h"
-#include "ui/controls/hairline.h"
 #include "ui/controls/label.h"
 #include "ui/controls/push_button.h"
+#include "ui/controls/sheet_edges.h"
 #include "ui/controls/symbol.h"
 #include "ui/menu_text.h"
 #include "ui/sheets/recipe_row.h"
@@ -28,8 +28,7 @@ namespace {
 constexpr int sheetWidth = 400;
 constexpr int greatestHeight = 480;
 constexpr int headerHeight = 56;
-constexpr int footerHeight = 56;
-constexpr int footerInset = 12;
+constexpr int doneInset = 12;
 constexpr int emptyHeight = 232;
 constexpr int listInset = 8;
 constexpr int emptySymbolSize = 48;
@@ -53,18 +52,12 @@ QWidget *ManageRecipesSheet::makeHeader() {
     m_doneButton->setLeastWidth(0);
     connect(m_doneButton, &PushButton::clicked, this, &ManageRecipesSheet::dismiss);
 
-    auto *header = new QWidget;
-    auto *column = new QVBoxLayout(header);
-    column->setSpacing(0);
-    column->setContentsMargins({});
-    auto *row = new QHBoxLayout;
-    row->setContentsMargins(metrics::sheetPadding, 0, 12, 0);
+    auto *header =
+        new SheetEdge(SheetEdge::Side::above, heightFor(headerHeight, FontRole::callout), metrics::sheetPadding);
+    header->row().setContentsMargins(metrics::sheetPadding, 0, doneInset, 0);
     // Aligned, the row takes all the height that the line leaves.
-    row->addWidget(new Label(tr("Manage Recipes"), FontRole::headline), 1, Qt::AlignVCenter);
-    row->addWidget(m_doneButton, 0, Qt::AlignVCenter);
-    column->addLayout(row, 1);
-    column->addWidget(new Hairline);
-    header->setFixedHeight(heightFor(headerHeight, FontRole::callout));
+    header->row().addWidget(new Label(tr("Manage Recipes"), FontRole::headline), 1, Qt::AlignVCenter);
+    header->row().addWidget(m_doneButton, 0, Qt::AlignVCenter);
     return header;
 }
 
@@ -80,22 +73,7 @@ QWidget *ManageRecipesSheet::makeFooter() {
     menu->setObjectName(QStringLiteral("exportMenu"));
     connect(menu, &QMenu::aboutToShow, this, &ManageRecipesSheet::fillExportMenu);
     m_exportButton->setMenu(menu);
-
-    auto *footer = new QWidget;
-    auto *column = new QVBoxLayout(footer);
-    column->setSpacing(0);
-    column->setContentsMargins({});
-    auto *row = new QHBoxLayout;
-    row->setContentsMargins(footerInset, 0, footerInset, 0);
-    row->setSpacing(metrics::buttonGap);
-    // Aligned, the row takes all the height that the line leaves.
-    row->addWidget(importButton, 0, Qt::AlignVCenter);
-    row->addWidget(m_exportButton, 0, Qt::AlignVCenter);
-    row->addStretch();
-    column->addWidget(new Hairline);
-    column->addLayout(row, 1);
-    footer->setFixedHeight(heightFor(footerHeight, FontRole::callout));
-    return footer;
+    return makeButtonFooter({importButton, m_exportButton}, {});
 }
 
 void ManageRecipesSheet::fillExportMenu() {

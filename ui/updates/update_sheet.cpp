@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/updates/update_sheet.h"
 
-#include "ui/controls/hairline.h"
 #include "ui/controls/label.h"
 #include "ui/controls/push_button.h"
-#include "ui/results/symbol_chip.h"
+#include "ui/controls/sheet_edges.h"
 #include "ui/theme/metrics.h"
 #include "ui/updates/release_notes_view.h"
 
-#include <QHBoxLayout>
 #include <QLocale>
+#include <QVBoxLayout>
 
 #include <utility>
 
@@ -19,9 +18,6 @@ namespace lexivore {
 namespace {
 
 constexpr int sheetWidth = 500;
-constexpr int headerHeight = 68;
-constexpr int footerHeight = 56;
-constexpr int footerInset = 16;
 constexpr int notesHeight = 220;
 
 QString sizeText(qint64 bytes) { return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat); }
@@ -35,7 +31,7 @@ UpdateSheet::UpdateSheet(const AppcastItem &item, const QString &currentVersion,
     const QString details =
         tr("You have version %1. The download is %2 large.").arg(currentVersion, sizeText(item.length));
     setAccessibleDescription(title + ". " + details);
-    addAboveBody(makeHeader(title, details));
+    addAboveBody(makeSymbolHeader(QStringLiteral("arrow.down.doc"), title, details));
     addBelowBody(makeFooter());
 
     const int padding = metrics::sheetPadding;
@@ -54,32 +50,6 @@ UpdateSheet::UpdateSheet(const AppcastItem &item, const QString &currentVersion,
     body().addWidget(notes);
 }
 
-QWidget *UpdateSheet::makeHeader(const QString &title, const QString &details) {
-    auto *header = new QWidget;
-    auto *column = new QVBoxLayout(header);
-    column->setSpacing(0);
-    column->setContentsMargins({});
-    auto *row = new QHBoxLayout;
-    row->setContentsMargins(metrics::sheetPadding, 0, metrics::sheetPadding, 0);
-    row->setSpacing(12);
-    auto *texts = new QVBoxLayout;
-    texts->setSpacing(0);
-    texts->addStretch();
-    auto *titleLabel = new Label(title, FontRole::headline);
-    titleLabel->setObjectName(QStringLiteral("title"));
-    auto *detailsLabel = new Label(details, FontRole::caption, &Theme::text2);
-    detailsLabel->setObjectName(QStringLiteral("details"));
-    texts->addWidget(titleLabel);
-    texts->addWidget(detailsLabel);
-    texts->addStretch();
-    row->addWidget(new SymbolChip(QStringLiteral("arrow.down.doc")));
-    row->addLayout(texts, 1);
-    column->addLayout(row, 1);
-    column->addWidget(new Hairline);
-    header->setFixedHeight(heightFor(headerHeight, FontRole::body, 2));
-    return header;
-}
-
 QWidget *UpdateSheet::makeFooter() {
     const auto button = [this](const QString &text, const char *name, PushButton::Kind kind,
                                void (UpdateSheet::*choice)()) {
@@ -88,24 +58,11 @@ QWidget *UpdateSheet::makeFooter() {
         connect(made, &PushButton::clicked, this, [this, choice] { choose(choice); });
         return made;
     };
-    auto *footer = new QWidget;
-    auto *column = new QVBoxLayout(footer);
-    column->setSpacing(0);
-    column->setContentsMargins({});
-    auto *row = new QHBoxLayout;
-    row->setContentsMargins(footerInset, 0, footerInset, 0);
-    row->setSpacing(metrics::buttonGap);
     const auto plain = PushButton::Kind::plain;
-    // Aligned, the row takes all the height that the line leaves.
-    row->addWidget(button(tr("Skip This Version"), "skip", plain, &UpdateSheet::skipChosen), 0, Qt::AlignVCenter);
-    row->addStretch();
-    row->addWidget(button(tr("Remind Me Later"), "later", plain, &UpdateSheet::laterChosen), 0, Qt::AlignVCenter);
-    row->addWidget(button(tr("Install Update"), "install", PushButton::Kind::primary, &UpdateSheet::installChosen), 0,
-                   Qt::AlignVCenter);
-    column->addWidget(new Hairline);
-    column->addLayout(row, 1);
-    footer->setFixedHeight(heightFor(footerHeight, FontRole::callout));
-    return footer;
+    return makeButtonFooter(
+        {button(tr("Skip This Version"), "skip", plain, &UpdateSheet::skipChosen)},
+        {button(tr("Remind Me Later"), "later", plain, &UpdateSheet::laterChosen),
+         button(tr("Install Update"), "install", PushButton::Kind::primary, &UpdateSheet::installChosen)});
 }
 
 void UpdateSheet::takeFocus() {

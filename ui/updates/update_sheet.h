@@ -28,7 +28,6 @@ signals:
     void linkChosen(const QUrl &address);
 
 private:
-    [[nodiscard]] QWidget *makeHeader(const QString &title, const QString &details);
     [[nodiscard]] QWidget *makeFooter();
     void choose(void (UpdateSheet::*choice)());
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "ui/results/symbol_chip.h"
+#include "ui/controls/symbol_chip.h"
 
 #include "ui/controls/accessible_role.h"
 #include "ui/theme/drawing.h"
