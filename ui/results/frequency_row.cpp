@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <optional>
+
 namespace lexivore {
 
 namespace {
@@ -20,12 +22,50 @@ constexpr int characterColumn = 60;
 constexpr int besideBar = 100; ///< The column of the character and the place for the count.
 constexpr int countGap = 8;
 
+/// A character that leaves no ink, as a sign for the row and as words for assistive technology.
+struct Invisible {
+    QString character;
+    QString sign;
+    QString name;
+};
+
+std::optional<Invisible> invisible(const QString &character) {
+    const QString lineBreak = FrequencyRow::tr("Line break");
+    const Invisible known[] = {
+        {"\n", QString::fromUtf8("↵"), lineBreak},
+        {"\r\n", "CR LF", lineBreak + " (CR LF)"},
+        {"\r", "CR", lineBreak + " (CR)"},
+        {"\t", QString::fromUtf8("⇥"), FrequencyRow::tr("Tab")},
+    };
+    for (const Invisible &entry : known) {
+        if (entry.character == character) {
+            return entry;
+        }
+    }
+    const QList<uint> points = character.toUcs4();
+    if (points.size() != 1) {
+        return std::nullopt;
+    }
+    const QChar::Category category = QChar::category(points.front());
+    const bool hasInk = category != QChar::Other_Control && category != QChar::Other_Format;
+    if (hasInk && !QChar::isSpace(points.front())) {
+        return std::nullopt;
+    }
+    const QString number = QString("U+%1").arg(points.front(), 4, 16, QLatin1Char('0')).toUpper();
+    return Invisible{character, number, number};
+}
+
 } // namespace
 
 FrequencyRow::FrequencyRow(const QString &character, qint64 count, qint64 greatest, QWidget *parent)
     : QWidget(parent), m_character(onOneLine(character)), m_count(count), m_greatest(greatest) {
     setAccessibleRole(*this, QAccessible::ListItem);
     setAccessibleName(character);
+    if (const std::optional<Invisible> shown = invisible(character)) {
+        m_character = shown->sign;
+        setAccessibleName(shown->name);
+        setToolTip(shown->name);
+    }
     setAccessibleDescription(QString::number(count));
     setFixedHeight(heightFor(rowHeight, FontRole::body));
 }

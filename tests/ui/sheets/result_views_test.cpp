@@ -190,6 +190,23 @@ TEST_F(ResultViewsTest, FrequencyDrawsCharactersThatBreakLinesOrHaveNoShape) {
         EXPECT_EQ(row->height(), 24);
 }
 
+TEST_F(ResultViewsTest, FrequencyShowsASignForWhatLeavesNoInk) {
+    const auto shown = [](const char *character) {
+        const FrequencyRow row(QString::fromUtf8(character), 1, 1);
+        return row.shownCharacter() + "|" + row.accessibleName();
+    };
+    EXPECT_EQ(shown("\n"), QString::fromUtf8("\u21B5|Line break"));
+    EXPECT_EQ(shown("\r\n"), "CR LF|Line break (CR LF)");
+    EXPECT_EQ(shown("\r"), "CR|Line break (CR)");
+    EXPECT_EQ(shown("\t"), QString::fromUtf8("\u21E5|Tab"));
+    EXPECT_EQ(shown("\u00A0"), "U+00A0|U+00A0");
+    EXPECT_EQ(shown("\u200B"), "U+200B|U+200B");
+    EXPECT_EQ(shown("\u2028"), "U+2028|U+2028");
+    EXPECT_EQ(shown("\U000E0001"), "U+E0001|U+E0001");
+    for (const char *character : {"a", "Space", "\u0301", "\u05E9", "\U0001F600", "\U0001F469\u200D\U0001F467"})
+        EXPECT_EQ(shown(character), QString::fromUtf8(character) + "|" + QString::fromUtf8(character));
+}
+
 TEST_F(ResultViewsTest, ReadingTimeShowsBothDurations) {
     std::string text;
     for (int word = 0; word < 199; ++word)
