@@ -54,6 +54,9 @@ void RecipeMenu::addGroup(RecipeCategory category) {
             continue;
         }
         if (!hasTitle) {
+            if (!m_recipeActions.empty()) {
+                addSeparator();
+            }
             addSection(translated(rawValue(category)));
             hasTitle = true;
         }
