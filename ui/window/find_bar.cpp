@@ -11,18 +11,24 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
 
 namespace lexivore {
 
 namespace {
 
+using namespace std::chrono_literals;
+constexpr std::chrono::milliseconds recountAfter = 200ms;
 constexpr std::size_t longestSelection = 200; ///< Bytes of a selection that is worth looking for.
 
 } // namespace
 
 FindBar::FindBar(TextEditor &editor, QWidget *parent)
     : Surface(&Theme::chrome, parent), m_editor(editor), m_field(new Field(tr("Find in text"), this)),
-      m_count(new Label({}, FontRole::caption, &Theme::text2, Label::Lines::one, this)) {
+      m_count(new Label({}, FontRole::caption, &Theme::text2, Label::Lines::one, this)), m_recount(new QTimer(this)) {
     setObjectName("findBar");
     m_field->setObjectName("find");
     m_field->setPlaceholderText(tr("Find in text..."));
@@ -39,14 +45,26 @@ FindBar::FindBar(TextEditor &editor, QWidget *parent)
     row->setSpacing(8);
     row->addWidget(m_field, 1);
     row->addWidget(m_count);
+    auto *buttons = new QHBoxLayout;
+    buttons->setSpacing(2);
     for (ToolButton *button : {previous, next, done}) {
         button->setFocusPolicy(Qt::TabFocus);
-        row->addWidget(button);
+        buttons->addWidget(button);
     }
+    row->addLayout(buttons);
     connect(previous, &ToolButton::clicked, this, &FindBar::findPrevious);
     connect(next, &ToolButton::clicked, this, &FindBar::findNext);
     connect(done, &ToolButton::clicked, this, &FindBar::close);
     connect(m_field, &Field::textChanged, this, &FindBar::showCount);
+    // Counting walks the whole text, so it waits for a pause in typing.
+    m_recount->setSingleShot(true);
+    m_recount->setInterval(recountAfter);
+    connect(m_recount, &QTimer::timeout, this, &FindBar::showCount);
+    connect(&m_editor, &TextEditor::countsChanged, m_recount, [this] {
+        if (isVisible()) {
+            m_recount->start();
+        }
+    });
     hide();
 }
 
@@ -90,7 +108,24 @@ void FindBar::showCount() {
         return;
     }
     const std::size_t count = countMatches(m_editor.text(), needle());
+    if (const std::size_t selected = selectedMatch(); selected > 0) {
+        m_count->setText(tr("%1 of %2").arg(std::min(selected, count)).arg(count));
+        return;
+    }
     m_count->setText(count == 0 ? tr("No matches") : count == 1 ? tr("1 match") : tr("%1 matches").arg(count));
+}
+
+std::size_t FindBar::selectedMatch() const {
+    const TextDocument &document = m_editor.document();
+    if (!document.hasSelection()) {
+        return 0;
+    }
+    const TextMatch selection{document.selectionStart(), document.selectionEnd() - document.selectionStart()};
+    const Text &text = m_editor.text();
+    if (findForward(text.slice(0, document.selectionEnd()), needle(), selection.offset) != selection) {
+        return 0;
+    }
+    return countMatches(text.slice(0, selection.offset), needle()) + 1;
 }
 
 bool FindBar::eventFilter(QObject *watched, QEvent *event) {

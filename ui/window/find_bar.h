@@ -4,7 +4,10 @@
 
 #include "ui/window/surface.h"
 
+#include <cstddef>
 #include <string>
+
+class QTimer;
 
 namespace lexivore {
 
@@ -33,11 +36,14 @@ protected:
 private:
     void find(bool forward);
     void showCount();
+    /// Which match the editor's selection is, from 1; 0 when it is none.
+    [[nodiscard]] std::size_t selectedMatch() const;
     [[nodiscard]] std::string needle() const;
 
     TextEditor &m_editor;
     Field *m_field;
     Label *m_count;
+    QTimer *m_recount;
 };
 
 } // namespace lexivore

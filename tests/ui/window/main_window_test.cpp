@@ -317,11 +317,23 @@ TEST_F(MainWindow, FindCountsAndSelectsMatches) {
     type("one");
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "2 matches");
     press(Qt::Key_Return);
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "1 of 2");
     press(Qt::Key_Return);
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "2 of 2");
     EXPECT_EQ(find<StatusItem>("cursorPosition")->text(), "Ln 1, Col 12");
     press(Qt::Key_Escape);
     EXPECT_FALSE(isShown("findBar"));
     EXPECT_TRUE(find("editor")->hasFocus());
+}
+
+TEST_F(MainWindow, TheCountOfMatchesFollowsTheText) {
+    setText("one two One");
+    choose("Find");
+    type("one");
+    setText("one");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "1 match"; }));
+    setText("");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "No matches"; }));
 }
 
 TEST_F(MainWindow, AToolShowsItsResult) {
