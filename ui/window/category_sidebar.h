@@ -24,6 +24,9 @@ class CategorySidebar : public Surface {
 public:
     explicit CategorySidebar(WindowState &state, QWidget *parent = nullptr);
 
+    /// Wide enough for the longest category, as far as that is within the designed width.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 private:
     void createRows();
     void showSelection();

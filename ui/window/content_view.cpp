@@ -39,10 +39,10 @@ constexpr QSize initialSize(1280, 800);
 constexpr QSize smallestSize(900, 600);
 
 // Together with the lines between them, 1 px each.
-constexpr WindowColumns::Width sidebarWidth{183, 183, 183};
+constexpr WindowColumns::Width sidebarWidth{183, 183, 159};
 constexpr WindowColumns::Width listWidth{303, 239, 186};
-constexpr WindowColumns::Width editorWidth{504, 303, 248};
-constexpr WindowColumns::Width operationsWidth{287, 280, 280};
+constexpr WindowColumns::Width editorWidth{504, 303, 264};
+constexpr WindowColumns::Width operationsWidth{287, 280, 268};
 
 } // namespace
 

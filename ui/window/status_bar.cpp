@@ -15,7 +15,8 @@ namespace {
 constexpr int sideMargin = 16;
 constexpr int gearMargin = 6;
 constexpr int itemGap = 16;
-constexpr int smallestGap = 12;
+constexpr int smallGap = 12;
+constexpr int smallestGap = 6;
 constexpr ToolButton::Size gearSize{28, 18};
 
 } // namespace
@@ -80,7 +81,12 @@ void StatusBar::fit() {
             wanted += item->sizeHint().width();
         }
     }
-    const int gap = wanted + items * itemGap <= room ? itemGap : smallestGap;
+    int gap = itemGap;
+    for (const int narrower : {smallGap, smallestGap}) {
+        if (wanted + items * gap > room) {
+            gap = narrower;
+        }
+    }
     layout()->setSpacing(gap);
     int taken = 0;
     for (StatusItem *item : {m_position, m_characters, m_words, m_lines, m_lineEnding}) {

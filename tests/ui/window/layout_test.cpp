@@ -189,6 +189,26 @@ TEST_F(Layout, TheStatusBarLeavesOutFromTheRightWhatDoesNotFit) {
     EXPECT_TRUE(isShown("lineEnding"));
 }
 
+TEST_F(Layout, TheSmallestWindowHasRoomForAllFourFiguresOfAnOrdinaryText) {
+    resize(900, 600);
+    setText("one two\nthree");
+    QCoreApplication::processEvents();
+    for (const char *item : {"cursorPosition", "characterCount", "wordCount", "lineCount"}) {
+        ASSERT_TRUE(isShown(item)) << item;
+        EXPECT_GE(widthOf(item), find(item)->sizeHint().width()) << item;
+    }
+}
+
+TEST_F(Layout, InTheSmallestWindowTheFindBarLeavesRoomToType) {
+    resize(900, 600);
+    setText("one two");
+    choose("Find");
+    type("no such text");
+    QCoreApplication::processEvents();
+    EXPECT_GE(widthOf("find"), 64);
+    EXPECT_GE(widthOf("matchCount"), find("matchCount")->sizeHint().width());
+}
+
 TEST_F(Layout, AnItemOfTheStatusBarShowsItsWholeTextInTheSpaceThatItAsksFor) {
     for (const double points : {8.5, 9.0, 10.0, 11.3}) {
         useLetters(points);
