@@ -3,6 +3,7 @@
 #include "ui/window/category_sidebar.h"
 
 #include "ui/theme/motion.h"
+#include "ui/theme/typography.h"
 #include "ui/window/category_button.h"
 #include "ui/window/row_column.h"
 #include "ui/window/row_navigator.h"
@@ -13,6 +14,8 @@
 #include <QVBoxLayout>
 #include <QVariantAnimation>
 
+#include <algorithm>
+
 namespace lexivore {
 
 namespace {
@@ -21,6 +24,7 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds foldingTime = 200ms;
 constexpr int rowInset = 8;
 constexpr int rowGap = 2;
+constexpr int designedWidth = 183;
 
 } // namespace
 
@@ -58,17 +62,21 @@ CategorySidebar::CategorySidebar(WindowState &state, QWidget *parent)
     showSelection();
 }
 
+QSize CategorySidebar::minimumSizeHint() const {
+    int widest = 0;
+    for (const CategoryButton *button : m_buttons) {
+        widest = std::max(widest, button->sizeHint().width());
+    }
+    return {std::min(widest + 2 * rowInset, widthFor(designedWidth)), Surface::minimumSizeHint().height()};
+}
+
 void CategorySidebar::createRows() {
     auto *column = new QVBoxLayout(m_rows);
     column->setSpacing(rowGap);
     for (const TransformationCategory category : allTransformationCategories) {
         auto *button = new CategoryButton(category, m_rows);
         connect(button, &CategoryButton::clicked, this, [this, category] { m_state.setSelectedCategory(category); });
-        connect(button, &RowButton::focusChanged, this, [this, button](bool focused) {
-            if (focused) {
-                m_scroll->ensureWidgetVisible(button, 0, 0);
-            }
-        });
+        m_rows->showWhenFocused(*button);
         column->addWidget(button);
         m_buttons.push_back(button);
     }

@@ -3,6 +3,7 @@
 #include "ui/window/row_column.h"
 
 #include "ui/window/row_accessibility.h"
+#include "ui/window/row_button.h"
 
 #include <QEvent>
 #include <QLayout>
@@ -19,6 +20,7 @@ RowColumn::RowColumn(const QString &name, QWidget *parent) : QWidget(parent) {
 }
 
 void RowColumn::standIn(QScrollArea &area, const QMargins &margins) {
+    m_area = &area;
     m_scrollBar = area.verticalScrollBar();
     m_margins = margins;
     m_scrollBar->installEventFilter(this);
@@ -30,6 +32,14 @@ void RowColumn::standIn(QScrollArea &area, const QMargins &margins) {
     area.viewport()->setAutoFillBackground(false);
     setAutoFillBackground(false);
     placeRows();
+}
+
+void RowColumn::showWhenFocused(RowButton &row) {
+    connect(&row, &RowButton::focusChanged, this, [this, &row](bool focused) {
+        if (focused) {
+            m_area->ensureWidgetVisible(&row, 0, 0);
+        }
+    });
 }
 
 void RowColumn::placeRows() {

@@ -10,6 +10,8 @@ class QScrollBar;
 
 namespace lexivore {
 
+class RowButton;
+
 /// What the rows of a list stand in. To assistive technology it is a list of the rows that are shown.
 class RowColumn : public QWidget {
     Q_OBJECT
@@ -19,6 +21,8 @@ public:
 
     /// Stands in `area` with `margins` around the rows. The scroll bar takes its place out of the right one.
     void standIn(QScrollArea &area, const QMargins &margins);
+    /// Scrolls to the row whenever it gets the keyboard.
+    void showWhenFocused(RowButton &row);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -26,6 +30,7 @@ protected:
 private:
     void placeRows();
 
+    QScrollArea *m_area = nullptr;
     QScrollBar *m_scrollBar = nullptr;
     QMargins m_margins;
 };
