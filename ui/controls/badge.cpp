@@ -7,11 +7,13 @@
 #include "ui/theme/typography.h"
 
 #include <QPainter>
+#include <QPixmap>
 
 namespace lexivore {
 
-void drawBadge(QPainter &painter, const QRectF &rect, int number, const QColor &fill) {
-    painter.save();
+namespace {
+
+void drawOpaque(QPainter &painter, const QRectF &rect, int number, const QColor &fill) {
     fillRounded(painter, rect, qMin(rect.width(), rect.height()) / 2, fill);
     const QString digits = QString::number(number);
     QFont font = fontFor(FontRole::badge);
@@ -23,6 +25,26 @@ void drawBadge(QPainter &painter, const QRectF &rect, int number, const QColor &
     painter.setFont(font);
     painter.setPen(theme().onAccent);
     painter.drawText(rect, Qt::AlignCenter, digits);
+}
+
+} // namespace
+
+void drawBadge(QPainter &painter, const QRectF &rect, int number, const QColor &fill) {
+    painter.save();
+    if (painter.opacity() < 1) {
+        // Faded as one: white digits that are faded by themselves would vanish in the faded disc.
+        const double ratio = painter.device()->devicePixelRatioF();
+        QPixmap badge((rect.size() * ratio).toSize());
+        badge.setDevicePixelRatio(ratio);
+        badge.fill(Qt::transparent);
+        QPainter inner(&badge);
+        inner.setRenderHint(QPainter::Antialiasing);
+        drawOpaque(inner, QRectF(QPointF(), rect.size()), number, fill);
+        inner.end();
+        painter.drawPixmap(rect.topLeft(), badge);
+    } else {
+        drawOpaque(painter, rect, number, fill);
+    }
     painter.restore();
 }
 

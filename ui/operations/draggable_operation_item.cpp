@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDrag>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QPainter>
@@ -150,12 +151,26 @@ bool DraggableOperationItem::event(QEvent *event) {
         for (const QString &line : measureLines(measures())) {
             lines << line;
         }
-        setToolTip(plainToolTip(problem().isEmpty() ? lines.join('\n') : problem()));
+        if (badge().contains(static_cast<QHelpEvent *>(event)->pos())) {
+            lines = {m_operation.isEnabled ? tr("Click to disable") : tr("Click to enable")};
+        } else if (!problem().isEmpty()) {
+            lines = {problem()};
+        }
+        setToolTip(plainToolTip(lines.join('\n')));
     }
     return RowButton::event(event);
 }
 
 QRect DraggableOperationItem::body() const { return rect().adjusted(0, gapToNextRow / 2, 0, -gapToNextRow / 2); }
+
+QRect DraggableOperationItem::nameLine() const {
+    return {padding, body().top() + padding, width() - 2 * padding, nameHeight()};
+}
+
+QRect DraggableOperationItem::badge() const {
+    const QRect line = nameLine();
+    return {line.left() + handleSize + gap, line.top() + (line.height() - badgeSize) / 2, badgeSize, badgeSize};
+}
 
 QSize DraggableOperationItem::sizeHint() const {
     const int lines = static_cast<int>(m_operation.parameters.size());
@@ -173,22 +188,20 @@ void DraggableOperationItem::paintEvent(QPaintEvent *) {
         fillRounded(painter, body(), metrics::radius, theme().operationRowHover);
     }
     painter.setOpacity(opacity());
-    const QRect line(padding, body().top() + padding, width() - 2 * padding, nameHeight());
+    const QRect line = nameLine();
     painter.drawPixmap(line.left(), line.center().y() - handleSize / 2 + 1,
                        symbolPixmap("line.3.horizontal", handleSize, theme().text2, devicePixelRatioF()));
     paintTexts(painter, line);
-    paintBadge(painter, line);
+    paintBadge(painter);
     painter.setOpacity(1);
     paintMarks(painter);
 }
 
-void DraggableOperationItem::paintBadge(QPainter &painter, const QRect &line) const {
+void DraggableOperationItem::paintBadge(QPainter &painter) const {
     painter.save();
     painter.setOpacity(painter.opacity() * (m_operation.isEnabled ? 1.0 : 0.3));
-    const QRect badge(line.left() + handleSize + gap, line.top() + (line.height() - badgeSize) / 2, badgeSize,
-                      badgeSize);
     const bool isActive = m_state.operationsEnabled() && m_operation.isEnabled;
-    drawBadge(painter, badge, static_cast<int>(m_index) + 1, isActive ? theme().accent : theme().badgeOff);
+    drawBadge(painter, badge(), static_cast<int>(m_index) + 1, isActive ? theme().accent : theme().badgeOff);
     painter.restore();
 }
 
@@ -286,14 +299,25 @@ void DraggableOperationItem::contextMenuEvent(QContextMenuEvent *event) {
     auto *menu = new QMenu(this);
     menu->setObjectName("operationMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(menu->addAction(m_operation.isEnabled ? tr("Disable") : tr("Enable")), &QAction::triggered, this,
-            &DraggableOperationItem::toggled);
-    connect(menu->addAction(tr("Remove")), &QAction::triggered, this, &DraggableOperationItem::removed);
+    // The keys only show in the menu; they work on the row itself.
+    const auto add = [&](const QString &text, const QKeySequence &key, auto action) {
+        QAction *item = menu->addAction(text);
+        item->setShortcut(key);
+        item->setShortcutContext(Qt::WidgetShortcut);
+        connect(item, &QAction::triggered, this, action);
+        return item;
+    };
+    add(m_operation.isEnabled ? tr("Disable") : tr("Enable"), Qt::Key_Space, [this] { emit toggled(); });
+    add(tr("Remove"), Qt::Key_Delete, [this] { emit removed(); });
+    menu->addSeparator();
     if (!m_operation.parameters.empty()) {
-        menu->addSeparator();
-        connect(menu->addAction(tr("Edit Parameters...")), &QAction::triggered, this,
-                &DraggableOperationItem::editRequested);
+        add(tr("Edit Parameters..."), Qt::Key_Return, [this] { emit editRequested(); });
     }
+    const std::size_t last = m_manager.appliedOperations().size() - 1;
+    add(tr("Move Up"), Qt::ALT | Qt::Key_Up, [this] { emit moved(m_index, m_index - 1); })->setEnabled(m_index > 0);
+    add(tr("Move Down"), Qt::ALT | Qt::Key_Down, [this] {
+        emit moved(m_index, m_index + 1);
+    })->setEnabled(m_index < last);
     menu->popup(event->reason() == QContextMenuEvent::Mouse ? event->globalPos()
                                                             : mapToGlobal(QPoint(textLeft, height() / 2)));
 }
@@ -314,8 +338,19 @@ void DraggableOperationItem::mouseMoveEvent(QMouseEvent *event) {
     RowButton::mouseMoveEvent(event);
 }
 
+// A click anywhere else does nothing, so that the first one of a double click is harmless.
+void DraggableOperationItem::mouseReleaseEvent(QMouseEvent *event) {
+    const bool isClick = event->button() == Qt::LeftButton && isDown();
+    RowButton::mouseReleaseEvent(event);
+    if (isClick && badge().contains(m_pressPosition) && badge().contains(event->pos())) {
+        emit toggled();
+    }
+}
+
 void DraggableOperationItem::mouseDoubleClickEvent(QMouseEvent *event) {
-    if (event->button() == Qt::LeftButton) {
+    if (badge().contains(event->pos())) {
+        mousePressEvent(event); // two quick clicks
+    } else if (event->button() == Qt::LeftButton) {
         emit editRequested();
     }
 }

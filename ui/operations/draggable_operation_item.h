@@ -32,6 +32,8 @@ public:
     [[nodiscard]] std::size_t index() const { return m_index; }
     [[nodiscard]] DropMarks marks() const { return m_marks; }
 
+    /// Enables or disables the operation.
+    void activate() override { emit toggled(); }
     /// With what the operation did to the text.
     [[nodiscard]] QString description() const override;
     void addState(QAccessible::State &state) const override;
@@ -59,6 +61,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
@@ -74,7 +77,10 @@ private:
     [[nodiscard]] double opacity() const;
     void showOpacity();
     [[nodiscard]] QRect body() const;
-    void paintBadge(QPainter &painter, const QRect &line) const;
+    /// The line with the name on it, from the handle to the remove button.
+    [[nodiscard]] QRect nameLine() const;
+    [[nodiscard]] QRect badge() const;
+    void paintBadge(QPainter &painter) const;
     void paintTexts(QPainter &painter, const QRect &line) const;
     void paintMarks(QPainter &painter) const;
     void paintMeasure(QPainter &painter, const QRect &line) const;

@@ -169,9 +169,9 @@ void OperationsPanel::createRows() {
         connect(item, &RowButton::focusChanged, this, [this, item](bool focused) {
             if (focused) {
                 m_state.setSelectedOperationIndex(static_cast<int>(item->index()));
-                m_scroll->ensureWidgetVisible(item, 0, 0);
             }
         });
+        m_rows->showWhenFocused(*item);
         m_column->insertWidget(static_cast<int>(m_items.size()), item);
         // The layout would show it only later, and until then it could not take the focus.
         item->show();

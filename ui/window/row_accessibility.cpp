@@ -40,7 +40,7 @@ public:
 
     void doAction(const QString &name) override {
         if (name == pressAction()) {
-            row().click();
+            row().activate();
         } else {
             QAccessibleWidget::doAction(name);
         }

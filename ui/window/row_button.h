@@ -18,6 +18,8 @@ public:
     /// False for a row that is a button to assistive technology, not one of a list.
     [[nodiscard]] virtual bool isListItem() const { return true; }
     [[nodiscard]] bool isHovered() const { return m_isHovered; }
+    /// What assistive technology presses it for: a click, by itself.
+    virtual void activate() { click(); }
     /// What assistive technology reads after the name.
     [[nodiscard]] virtual QString description() const { return accessibleDescription(); }
     /// Adds what the row is at the moment to what every row is: by itself whether it is selected, if it is checkable.

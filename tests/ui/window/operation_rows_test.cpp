@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "tests/ui/still_style.h"
 #include "tests/ui/window/window_fixture.h"
 #include "ui/operations/draggable_operation_item.h"
 #include "ui/operations/operation_description.h"
@@ -14,7 +15,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
-#include <QProxyStyle>
 #include <QSplitter>
 
 namespace lexivore {
@@ -83,6 +83,22 @@ TEST_F(OperationRows, TheBadgeHasTheAccentUnlessPausedOrDisabled) {
     EXPECT_NEAR(badge(0).alphaF(), 0.6 * 0.3, 0.02);
     EXPECT_NEAR(badge(0).lightnessF(), theme().badgeOff.lightnessF(), 0.05);
     EXPECT_EQ(badge(1), theme().accent);
+}
+
+TEST_F(OperationRows, TheNumberOfADisabledRowStandsOutFromItsBadge) {
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    QImage picture(row(0)->size(), QImage::Format_RGB32);
+    picture.fill(theme().pane);
+    row(0)->render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+    const int disc = qGray(picture.pixel(32, picture.height() / 2));
+    int lightest = 0;
+    for (int x = 34; x < 44; ++x) {
+        for (int y = picture.height() / 2 - 5; y < picture.height() / 2 + 5; ++y) {
+            lightest = std::max(lightest, qGray(picture.pixel(x, y)));
+        }
+    }
+    EXPECT_GT(lightest - disc, 15);
 }
 
 TEST_F(OperationRows, ADisabledRowIsStruckOutAndPaleWithItsButton) {
@@ -231,8 +247,9 @@ TEST_F(OperationRows, DoubleClickAndTheContextMenuEditTheParameters) {
     QApplication::sendEvent(row(3), &event);
     auto *menu = row(3)->findChild<QMenu *>("operationMenu");
     ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->actions().last()->text(), "Edit Parameters...");
-    menu->actions().last()->trigger();
+    QAction *edit = menu->actions()[3];
+    EXPECT_EQ(edit->text(), "Edit Parameters...");
+    edit->trigger();
     delete menu;
     EXPECT_TRUE(isShown("parameterSheet"));
     EXPECT_EQ(find<QLineEdit>("parameter.prefix")->text(), "> ");
@@ -294,13 +311,7 @@ TEST_F(OperationRows, AChangeEndsTheSlide) {
 }
 
 TEST_F(OperationRows, NothingSlidesWhenTheStyleAllowsNoAnimations) {
-    class StillStyle : public QProxyStyle {
-    public:
-        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                      QStyleHintReturn *returned) const override {
-            return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
-        }
-    } still;
+    StillStyle still;
     find("operations")->setStyle(&still);
     const int places[] = {row(0)->y(), row(1)->y(), row(2)->y()};
     drop(2, 0);

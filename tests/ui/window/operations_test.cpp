@@ -106,6 +106,56 @@ TEST_F(Operations, TheContextMenuTogglesAndRemoves) {
     EXPECT_EQ(stack(), "reverse sort-words ");
 }
 
+TEST_F(Operations, AClickOnTheNumberDisablesAndEnablesAndOneBesideItDoesNot) {
+    const QPoint number(38, row(0)->height() / 2);
+    clickAt(row(0), {90, number.y()});
+    clickAt(row(0), {12, number.y()});
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ");
+    clickAt(row(0), number);
+    EXPECT_EQ(stack(), "uppercase- reverse sort-words ");
+    QTest::mouseDClick(row(0), Qt::LeftButton, {}, number);
+    EXPECT_EQ(stack(), "uppercase- reverse sort-words ") << "on and off again";
+    EXPECT_FALSE(isShown("parameterSheet"));
+    clickAt(row(0), number);
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ");
+    QTest::mousePress(row(0), Qt::LeftButton, {}, number);
+    QTest::mouseRelease(row(0), Qt::LeftButton, {}, {90, number.y()});
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ") << "the user thought better of it";
+}
+
+TEST_F(Operations, AssistiveTechnologyTogglesByPressing) {
+    QAccessibleActionInterface *actions = QAccessible::queryAccessibleInterface(row(1))->actionInterface();
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(stack(), "uppercase reverse- sort-words ");
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ");
+}
+
+TEST_F(Operations, TheContextMenuMovesARowAndShowsTheKeys) {
+    const auto choose = [this](int index, const QString &text, bool isPossible) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {10, 10}, row(index)->mapToGlobal(QPoint(10, 10)));
+        QApplication::sendEvent(row(index), &event);
+        auto *menu = row(index)->findChild<QMenu *>("operationMenu");
+        QStringList keys;
+        for (QAction *action : menu->actions()) {
+            keys << action->shortcut().toString();
+            if (action->text() == text) {
+                EXPECT_EQ(action->isEnabled(), isPossible) << qPrintable(text) << " " << index;
+                action->trigger();
+            }
+        }
+        EXPECT_EQ(keys, (QStringList{"Space", "Del", "", "Alt+Up", "Alt+Down"}));
+        delete menu;
+    };
+    choose(0, "Move Up", false);
+    choose(2, "Move Down", false);
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ");
+    choose(0, "Move Down", true);
+    EXPECT_EQ(stack(), "reverse uppercase sort-words ");
+    choose(2, "Move Up", true);
+    EXPECT_EQ(stack(), "reverse sort-words uppercase ");
+}
+
 TEST_F(Operations, PausingShowsTheBaseTextAndResumingRunsTheStackAgain) {
     const std::string result = text();
     click("pause");
