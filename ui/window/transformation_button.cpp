@@ -11,7 +11,9 @@
 #include "ui/window/hover_reveal.h"
 #include "ui/window/star_button.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QVariantAnimation>
 
@@ -71,6 +73,18 @@ void TransformationButton::setFavorite(bool favorite) {
     updateStar();
 }
 
+void TransformationButton::setPaused(bool paused) {
+    if (std::exchange(m_isPaused, paused) != paused) {
+        placeStar();
+        update();
+    }
+}
+
+void TransformationButton::addState(QAccessible::State &state) const {
+    RowButton::addState(state);
+    state.disabled = state.disabled || m_isPaused;
+}
+
 void TransformationButton::setShowFavorite(bool show) {
     m_showFavorite = show;
     updateStar();
@@ -83,7 +97,7 @@ void TransformationButton::updateStar() {
 }
 
 void TransformationButton::placeStar() {
-    const int centre = isHovered() ? starCentreBesideChevron : starCentreAlone;
+    const int centre = showsChevron() ? starCentreBesideChevron : starCentreAlone;
     const QSize size = m_star->sizeHint();
     m_star->setGeometry(width() - centre - size.width() / 2, (height() - size.height()) / 2, size.width(),
                         size.height());
@@ -95,7 +109,11 @@ void TransformationButton::updateToolTip() {
     const int room = textRight() - padding - symbolSize - iconGap;
     const bool isElided = QFontMetrics(nameFont()).horizontalAdvance(text()) > room ||
                           QFontMetrics(descriptionFont()).horizontalAdvance(accessibleDescription()) > room;
-    setToolTip(isElided ? text() + "\n" + accessibleDescription() : QString());
+    if (m_isPaused) {
+        setToolTip(tr("The operations are paused"));
+    } else {
+        setToolTip(isElided ? text() + "\n" + accessibleDescription() : QString());
+    }
 }
 
 void TransformationButton::moveChevron(bool hovered) {
@@ -120,16 +138,17 @@ int TransformationButton::textRight() const {
     if (m_star->isRevealed()) {
         return m_star->geometry().left() - 8;
     }
-    return width() - (isHovered() ? chevronCentre + chevronSize : padding);
+    return width() - (showsChevron() ? chevronCentre + chevronSize : padding);
 }
 
 void TransformationButton::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    if (isDown() || isHovered()) {
-        paintBackground(painter, isDown() ? theme().rowPress : theme().rowHover);
+    const Theme &colours = theme();
+    if (!m_isPaused && (isDown() || isHovered())) {
+        paintBackground(painter, isDown() ? colours.rowPress : colours.rowHover);
     }
     const QPixmap symbol = symbolPixmap(QAnyStringView(toQString(m_transformation->icon())), symbolSize,
-                                        theme().accentText, devicePixelRatioF());
+                                        m_isPaused ? colours.textOff : colours.accentText, devicePixelRatioF());
     painter.drawPixmap(padding, (height() - symbolSize) / 2, symbol);
 
     const QFontMetrics name(nameFont());
@@ -138,15 +157,15 @@ void TransformationButton::paintEvent(QPaintEvent *) {
     const int width = textRight() - left;
     const int top = (height() - name.height() - lineGap - description.height()) / 2;
     painter.setFont(nameFont());
-    painter.setPen(theme().text);
+    painter.setPen(m_isPaused ? colours.textOff : colours.text);
     painter.drawText(left, top + name.ascent(), name.elidedText(text(), Qt::ElideRight, width));
     painter.setFont(descriptionFont());
-    painter.setPen(theme().text2);
+    painter.setPen(m_isPaused ? colours.textOff : colours.text2);
     painter.drawText(left, top + name.height() + lineGap + description.ascent(),
                      description.elidedText(accessibleDescription(), Qt::ElideRight, width));
 
-    if (isHovered()) {
-        const QPixmap chevron = symbolPixmap("chevron.right", chevronSize, theme().text2, devicePixelRatioF());
+    if (showsChevron()) {
+        const QPixmap chevron = symbolPixmap("chevron.right", chevronSize, colours.text2, devicePixelRatioF());
         painter.drawPixmap(QPointF(this->width() - chevronCentre - chevronSize / 2.0 + m_chevronOffset,
                                    (height() - chevronSize) / 2.0),
                            chevron);
@@ -164,6 +183,16 @@ void TransformationButton::keyPressEvent(QKeyEvent *event) {
         return;
     }
     RowButton::keyPressEvent(event);
+}
+
+void TransformationButton::contextMenuEvent(QContextMenuEvent *event) {
+    auto *menu = new QMenu(this);
+    menu->setObjectName("transformationMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(m_star->toolTip()), &QAction::triggered, this, &TransformationButton::favoriteToggled);
+    menu->popup(event->reason() == QContextMenuEvent::Mouse
+                    ? event->globalPos()
+                    : mapToGlobal(QPoint(padding + symbolSize + iconGap, height() / 2)));
 }
 
 } // namespace lexivore

@@ -22,9 +22,12 @@ public:
     [[nodiscard]] const TransformationPointer &transformation() const { return m_transformation; }
     [[nodiscard]] bool isFavorite() const;
     void setFavorite(bool favorite);
+    /// While the operations are paused a press does nothing, and the row shows it. Its star can still be pressed.
+    void setPaused(bool paused);
     /// How far the chevron stands from its place at rest, in pixels.
     [[nodiscard]] qreal chevronOffset() const { return m_chevronOffset; }
 
+    void addState(QAccessible::State &state) const override;
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -35,6 +38,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     void setShowFavorite(bool show);
@@ -42,6 +46,7 @@ private:
     void moveChevron(bool hovered);
     void placeStar();
     void updateToolTip();
+    [[nodiscard]] bool showsChevron() const { return isHovered() && !m_isPaused; }
     [[nodiscard]] int textRight() const;
 
     TransformationPointer m_transformation;
@@ -49,6 +54,7 @@ private:
     QVariantAnimation *m_chevronAnimation;
     qreal m_chevronOffset = 0;
     bool m_showFavorite = false; ///< The pointer has rested on the row.
+    bool m_isPaused = false;
 };
 
 } // namespace lexivore

@@ -55,9 +55,15 @@ TransformationList::TransformationList(TransformationManager &manager, WindowSta
     connect(m_search, &QLineEdit::textChanged, &m_state, &WindowState::setSearchText);
     connect(m_search, &QLineEdit::returnPressed, this, &TransformationList::selectFirst);
     connect(m_navigator, &RowNavigator::leftAtTop, this, &TransformationList::focusSearch);
-    connect(&m_state, &WindowState::searchTextChanged, this, &TransformationList::showMatches);
-    connect(&m_state, &WindowState::selectedCategoryChanged, this, &TransformationList::showMatches);
+    for (const auto change : {&WindowState::searchTextChanged, &WindowState::selectedCategoryChanged}) {
+        connect(&m_state, change, this, [this] {
+            showMatches();
+            m_scroll->verticalScrollBar()->setValue(0);
+        });
+    }
+    connect(&m_state, &WindowState::operationsEnabledChanged, this, &TransformationList::showPause);
     connect(&m_manager, &TransformationManager::favoritesChanged, this, &TransformationList::showFavorites);
+    showPause();
     showFavorites();
 }
 
@@ -99,11 +105,7 @@ void TransformationList::createRows() {
                 [this, transformation] { emit transformationSelected(transformation); });
         connect(button, &TransformationButton::favoriteToggled, this,
                 [this, transformation] { emit favoriteToggled(transformation); });
-        connect(button, &RowButton::focusChanged, this, [this, button](bool focused) {
-            if (focused) {
-                m_scroll->ensureWidgetVisible(button, 0, 0);
-            }
-        });
+        m_rows->showWhenFocused(*button);
         column->addWidget(button);
         m_buttons.push_back(button);
     }
@@ -140,7 +142,6 @@ void TransformationList::showMatches() {
         isEmpty = isEmpty && !isShown;
     }
     m_scroll->setVisible(!isEmpty);
-    m_scroll->verticalScrollBar()->setValue(0);
     if (!isEmpty) {
         m_emptyState->hide();
     } else if (m_state.searchText().isEmpty() && !m_state.selectedCategory()) {
@@ -155,6 +156,12 @@ void TransformationList::showFavorites() {
         button->setFavorite(m_manager.favorites().contains(button->transformation()->id()));
     }
     showMatches();
+}
+
+void TransformationList::showPause() {
+    for (TransformationButton *button : m_buttons) {
+        button->setPaused(!m_state.operationsEnabled());
+    }
 }
 
 void TransformationList::focusSearch() {

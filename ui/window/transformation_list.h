@@ -46,6 +46,7 @@ private:
     void createRows();
     void showMatches();
     void showFavorites();
+    void showPause();
     [[nodiscard]] bool isListed(const TextTransformation &transformation) const;
     void selectFirst();
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "tests/ui/still_style.h"
 #include "tests/ui/window/window_fixture.h"
 #include "ui/theme/theme.h"
 #include "ui/window/category_button.h"
@@ -8,11 +9,15 @@
 #include "ui/window/star_button.h"
 #include "ui/window/transformation_button.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QImage>
 #include <QLineEdit>
-#include <QProxyStyle>
+#include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
 
 #include <chrono>
@@ -94,13 +99,7 @@ TEST_F(ListRows, ATransformationIsTintedWhileHoveredAndItsChevronRunsToAndFro) {
 }
 
 TEST_F(ListRows, TheChevronStaysStillWhenTheStyleAllowsNoAnimations) {
-    class StillStyle : public QProxyStyle {
-    public:
-        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                      QStyleHintReturn *returned) const override {
-            return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
-        }
-    } still;
+    StillStyle still;
     TransformationButton *button = row("lowercase");
     button->setStyle(&still);
     enter(button);
@@ -149,6 +148,57 @@ TEST_F(ListRows, AClickOnTheStarMarksAndDoesNotApply) {
     EXPECT_EQ(text(), "Kept");
     clickAt(star("lowercase"), star("lowercase")->rect().center());
     EXPECT_FALSE(manager().favorites().contains("lowercase"));
+}
+
+TEST_F(ListRows, MarkingAFavoriteLeavesTheListWhereItIs) {
+    window().resize(window().minimumSize());
+    click("category.Lines");
+    auto *bar = find<QScrollArea>("transformationScroll")->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->maximum() > 0; }));
+    bar->setValue(bar->maximum());
+    manager().toggleFavorite("wrap-lines");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar->value(), bar->maximum());
+    click("category.Sorting");
+    click("category.Lines");
+    EXPECT_EQ(bar->value(), 0) << "another category starts at its top";
+}
+
+TEST_F(ListRows, TheContextMenuMarksAFavoriteAndTakesTheMarkAway) {
+    setText("Kept");
+    for (const bool isMarked : {false, true}) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {10, 10}, row("lowercase")->mapToGlobal(QPoint(10, 10)));
+        QApplication::sendEvent(row("lowercase"), &event);
+        auto *menu = row("lowercase")->findChild<QMenu *>("transformationMenu");
+        ASSERT_NE(menu, nullptr);
+        ASSERT_EQ(menu->actions().size(), 1);
+        EXPECT_EQ(menu->actions()[0]->text(), isMarked ? "Remove from favorites" : "Add to favorites");
+        menu->actions()[0]->trigger();
+        delete menu;
+        EXPECT_EQ(manager().favorites().contains("lowercase"), !isMarked);
+    }
+    EXPECT_EQ(text(), "Kept");
+}
+
+TEST_F(ListRows, WhilePausedTheRowsShowThatTheyDoNothing) {
+    const auto isDisabled = [this] {
+        return QAccessible::queryAccessibleInterface(row("lowercase"))->state().disabled != 0;
+    };
+    enter(row("lowercase"));
+    const QColor hovered = background(row("lowercase"));
+    EXPECT_FALSE(isDisabled());
+    click("pause");
+    EXPECT_TRUE(isDisabled());
+    EXPECT_EQ(background(row("lowercase")).alpha(), 0);
+    EXPECT_EQ(row("lowercase")->toolTip(), "The operations are paused");
+    const QImage paused = pictureOf(row("uppercase"));
+    manager().toggleFavorite("lowercase");
+    EXPECT_TRUE(manager().favorites().contains("lowercase"));
+    click("pause");
+    EXPECT_FALSE(isDisabled());
+    EXPECT_EQ(background(row("lowercase")), hovered);
+    EXPECT_EQ(row("lowercase")->toolTip(), "");
+    EXPECT_NE(pictureOf(row("uppercase")), paused);
 }
 
 TEST_F(ListRows, AFavoriteKeepsAYellowStarAtRest) {
