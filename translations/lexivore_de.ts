@@ -1293,6 +1293,22 @@
         <source>Edit Parameters...</source>
         <translation>Parameter bearbeiten...</translation>
     </message>
+    <message>
+        <source>Click to disable</source>
+        <translation>Klick schaltet aus</translation>
+    </message>
+    <message>
+        <source>Click to enable</source>
+        <translation>Klick schaltet ein</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
+    </message>
 </context>
 <context>
     <name>lexivore::EditorPane</name>
@@ -1368,6 +1384,21 @@
     <message>
         <source>%1 matches</source>
         <translation>%1 Fundstellen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>lexivore::FrequencyRow</name>
+    <message>
+        <source>Line break</source>
+        <translation>Zeilenumbruch</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tabulator</translation>
     </message>
 </context>
 <context>
@@ -1819,6 +1850,13 @@ Formt reinen Text um.</translation>
     <message>
         <source>Done</source>
         <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>lexivore::TransformationButton</name>
+    <message>
+        <source>The operations are paused</source>
+        <translation>Die Schritte sind angehalten</translation>
     </message>
 </context>
 <context>
