@@ -10,29 +10,9 @@ import pathlib
 import sys
 import tempfile
 
+from kept_things import save_recipe
 from program import Display, Program, wait_for
-
-
-def choose_file(program, title, path):
-    """Types the path into the file dialog."""
-    program.find(name=title)
-    program.keys("ctrl+a")
-    program.type(str(path))
-    program.keys("Return")
-    wait_for(lambda: not program.is_there(name=title), f"the dialog {title!r} to close")
-    program.settle()
-
-
-def save_recipe(program, name):
-    program.click(program.find(name="Text"))
-    program.type("b\na")
-    program.click(program.find(name="UPPERCASE", under=program.find("list", "Transformations")))
-    wait_for(lambda: program.is_there("list", "Operations"), "the operation")
-    program.keys("ctrl+shift+s")
-    program.find("push button", "Save")
-    program.type(name)
-    program.keys("Return")
-    wait_for(lambda: not program.is_there("push button", "Save"), "the sheet to close")
+from real_file import choose_file
 
 
 def choose_command(program, menu, title):

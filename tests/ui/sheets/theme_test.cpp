@@ -3,6 +3,7 @@
 #include "ui/theme/theme.h"
 
 #include "tests/ui/sheets/sheet_fixture.h"
+#include "tests/ui/still_style.h"
 #include "ui/theme/motion.h"
 #include "ui/theme/style.h"
 #include "ui/theme/typography.h"
@@ -158,13 +159,7 @@ TEST_F(RunningThemeTest, ScrollBarsHaveA6PixelThumbAndNoArrows) {
 }
 
 TEST_F(RunningThemeTest, MovementsTakeNoTimeWhenTheStyleSaysSo) {
-    class StillStyle : public QProxyStyle {
-    public:
-        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                      QStyleHintReturn *returned) const override {
-            return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
-        }
-    } still;
+    StillStyle still;
     using namespace std::chrono_literals;
     QWidget widget;
     widget.setStyle(&still);
