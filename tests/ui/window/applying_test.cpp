@@ -1,11 +1,21 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
+#include "ui/flows/transformation_flow.h"
 
 namespace lexivore {
 namespace {
 
 using Applying = WindowTest;
+
+/// A programming error: both of its parameters have one key.
+struct AsksTwiceForTheSame : TextTransformation {
+    AsksTwiceForTheSame() : TextTransformation("twice", "Twice", "", TransformationCategory::lines, "number") {}
+    std::vector<TransformationParameter> parameters() const override {
+        return {{"width", "Width", "1", ""}, {"width", "Width again", "2", ""}};
+    }
+    TextBuffer apply(std::string_view, const ParameterMap &) const override { return {}; }
+};
 
 TEST_F(Applying, AClickAppliesATransformationWithoutParametersAtOnce) {
     setText("hello");
@@ -53,6 +63,13 @@ TEST_F(Applying, ANotificationWithoutAKnownIdIsIgnored) {
     center().post(notification::applyTransformation, 7);
     center().post(notification::applyTransformation, QString("no-such-id"));
     EXPECT_EQ(text(), "hello");
+}
+
+TEST_F(Applying, TwoParametersWithOneKeyStopTheProgram) {
+    auto *flow = window().findChild<TransformationFlow *>();
+    ASSERT_NE(flow, nullptr);
+    testing::FLAGS_gtest_death_test_style = "fast";
+    EXPECT_DEATH(flow->select(std::make_shared<AsksTwiceForTheSame>()), "Duplicate values for key: 'width");
 }
 
 } // namespace
