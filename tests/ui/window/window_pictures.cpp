@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-// Draws the main window in its states, light and dark, into one PNG each, to look at: window_pictures <folder>
+// Draws the main window in its states into one PNG each, to look at: light, dark, and with letters of 200 %.
+// window_pictures <folder>
 #include "manager/transformation_manager.h"
 #include "tests/support/memory_preferences.h"
 #include "ui/editor/text_editor.h"
@@ -141,5 +142,9 @@ int main(int argc, char *argv[]) {
     Pictures(argv[1], "light").take();
     QApplication::setPalette(paletteOf(darkTheme()));
     Pictures(argv[1], "dark").take();
+    font.setPointSizeF(20);
+    QApplication::setFont(font);
+    QApplication::setPalette(paletteOf(lightTheme()));
+    Pictures(argv[1], "large").take();
     return 0;
 }
