@@ -142,21 +142,26 @@ std::optional<OperationMeasures> DraggableOperationItem::measures() const {
     return m_manager.operationMeasures(m_operation.id);
 }
 
+QString DraggableOperationItem::toolTipAt(QPoint position) const {
+    if (badge().contains(position)) {
+        return m_operation.isEnabled ? tr("Click to disable") : tr("Click to enable");
+    }
+    if (!problem().isEmpty()) {
+        return problem();
+    }
+    QStringList lines = {text()};
+    for (const QString &line : parameterLines(m_operation)) {
+        lines << line;
+    }
+    for (const QString &line : measureLines(measures())) {
+        lines << line;
+    }
+    return lines.join('\n');
+}
+
 bool DraggableOperationItem::event(QEvent *event) {
     if (event->type() == QEvent::ToolTip) {
-        QStringList lines = {text()};
-        for (const QString &line : parameterLines(m_operation)) {
-            lines << line;
-        }
-        for (const QString &line : measureLines(measures())) {
-            lines << line;
-        }
-        if (badge().contains(static_cast<QHelpEvent *>(event)->pos())) {
-            lines = {m_operation.isEnabled ? tr("Click to disable") : tr("Click to enable")};
-        } else if (!problem().isEmpty()) {
-            lines = {problem()};
-        }
-        setToolTip(plainToolTip(lines.join('\n')));
+        setToolTip(plainToolTip(toolTipAt(static_cast<QHelpEvent *>(event)->pos())));
     }
     return RowButton::event(event);
 }

@@ -80,6 +80,7 @@ private:
     /// The line with the name on it, from the handle to the remove button.
     [[nodiscard]] QRect nameLine() const;
     [[nodiscard]] QRect badge() const;
+    [[nodiscard]] QString toolTipAt(QPoint position) const;
     void paintBadge(QPainter &painter) const;
     void paintTexts(QPainter &painter, const QRect &line) const;
     void paintMarks(QPainter &painter) const;

@@ -3,12 +3,15 @@
 #include "tests/ui/window/window_fixture.h"
 #include "ui/operations/draggable_operation_item.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDragEnterEvent>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QToolTip>
 
 namespace lexivore {
 namespace {
@@ -108,6 +111,10 @@ TEST_F(Operations, TheContextMenuTogglesAndRemoves) {
 
 TEST_F(Operations, AClickOnTheNumberDisablesAndEnablesAndOneBesideItDoesNot) {
     const QPoint number(38, row(0)->height() / 2);
+    QHelpEvent help(QEvent::ToolTip, number, row(0)->mapToGlobal(number));
+    QApplication::sendEvent(row(0), &help);
+    EXPECT_TRUE(QToolTip::text().contains("Click to disable"));
+    QToolTip::hideText();
     clickAt(row(0), {90, number.y()});
     clickAt(row(0), {12, number.y()});
     EXPECT_EQ(stack(), "uppercase reverse sort-words ");
