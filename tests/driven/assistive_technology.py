@@ -104,6 +104,8 @@ def actions_work(program):
     wait_for(lambda: program.is_there("list item", "Shuffle Lines"), "the category")
     press(program.find("list item", "Case Conversion"))
     wait_for(lambda: program.is_there("list item", "lowercase"), "the first category again")
+    press(rows(program, "Operations")[0])
+    wait_for(lambda: has(rows(program, "Operations")[0], "CHECKED"), "the operation to be enabled")
 
 
 def tab_follows_the_layout(program):
