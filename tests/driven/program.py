@@ -42,13 +42,18 @@ class Display:
         self.folder = tempfile.mkdtemp(prefix="lexivore-display-")
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write), "-screen", "0", self.size + "x24", "-nolisten", "tcp",
-             "-fbdir", self.folder], pass_fds=[write], stderr=subprocess.DEVNULL)
+             "-fbdir", self.folder, "-noreset"],  # or it begins anew, refusing clients, when the last one has gone
+            pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as number:
             self.name = ":" + number.readline().strip()
         os.environ["DISPLAY"] = self.name
         self.manager = subprocess.Popen(["openbox"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        wait_for(lambda: run("xdotool", "get_desktop"), "the window manager")
+        try:
+            wait_for(lambda: run("xdotool", "get_desktop"), "the window manager")
+        except AssertionError:
+            self.__exit__()
+            raise
         return self
 
     def __exit__(self, *_):
