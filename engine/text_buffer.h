@@ -38,6 +38,24 @@ inline void copyBytes(const char *from, std::size_t size, char *to) {
     }
 }
 
+/// How many bytes behind what it copies `copyInBlocks` may read and overwrite.
+inline constexpr std::size_t copySlack = 64;
+
+/// memcpy for pieces of all sizes from a larger text: it copies 64 bytes at a time, the last of which may be more than
+/// asked for, so that not every size takes a way of its own.
+inline void copyInBlocks(const char *from, std::size_t size, char *to) {
+    constexpr std::size_t worthACall = std::size_t{1} << 14;
+    if (size > worthACall) {
+        std::memcpy(to, from, size);
+        return;
+    }
+    std::size_t copied = 0;
+    do {
+        std::memcpy(to + copied, from + copied, copySlack);
+        copied += copySlack;
+    } while (copied < size);
+}
+
 /// The most bytes that a text may have. The views and what they stand on count in 32-bit numbers.
 inline constexpr std::size_t largestText = 0x7FFFFFFF;
 

@@ -13,6 +13,9 @@ namespace lexivore::kernels {
 /// Masks have one bit a byte, the first byte in the lowest bit.
 inline constexpr std::size_t blockSize = 64;
 
+/// The longest pattern that `markOccurrences` takes.
+inline constexpr std::size_t longestMarked = 16;
+
 /// Any set of ASCII characters. `rows[low nibble]` has a bit for each high nibble, so that membership of many bytes at
 /// once is two table look-ups in registers.
 struct AsciiSet {
@@ -27,6 +30,10 @@ struct AsciiSet {
     constexpr void add(char member) {
         const auto byte = static_cast<unsigned char>(member);
         rows[byte & 0x0FU] = static_cast<std::uint8_t>(rows[byte & 0x0FU] | 1U << (byte >> 4));
+    }
+    constexpr void remove(char member) {
+        const auto byte = static_cast<unsigned char>(member);
+        rows[byte & 0x0FU] = static_cast<std::uint8_t>(rows[byte & 0x0FU] & ~(1U << (byte >> 4)));
     }
     [[nodiscard]] constexpr bool contains(char member) const {
         const auto byte = static_cast<unsigned char>(member);
@@ -189,6 +196,9 @@ struct Kernels {
                              std::uint64_t seconds, const CasePages &secondPages, char *to);
     /// The number of set bits in all of `size` masks.
     std::size_t (*countBits)(const std::uint64_t *masks, std::size_t size);
+    /// Writes the index of every set bit, counted from the first mask on, in order, and returns how many there are; at
+    /// most 1024 masks. Up to 64 indices behind them are overwritten too.
+    std::size_t (*listBits)(const std::uint64_t *masks, std::size_t size, std::uint16_t *indices);
     /// Writes the bytes of `blocks` blocks whose bits are set in `keep` and returns how many. Up to 64 bytes behind
     /// them are overwritten too.
     std::size_t (*compress)(const char *from, std::size_t blocks, const std::uint64_t *keep, char *to);
@@ -216,6 +226,10 @@ struct Kernels {
     /// The first place of `pattern`, which has at least one byte, in `text`, or `size` when there is none. Gives up,
     /// and returns the place it has come to with `gaveUp` set, when too many places look right at first.
     std::size_t (*find)(const char *text, std::size_t size, const char *pattern, std::size_t patternSize, bool &gaveUp);
+    /// For `blocks` blocks of 64 bytes: at which bytes `pattern` stands, which has 1 to `longestMarked` bytes. Reads
+    /// the `patternSize - 1` bytes behind the blocks, too.
+    void (*markOccurrences)(const char *from, std::size_t blocks, const char *pattern, std::size_t patternSize,
+                            std::uint64_t *places);
     /// RFC 3629.
     bool (*isValidUtf8)(const char *text, std::size_t size);
     /// Two lowercase digits for each byte.

@@ -4,6 +4,7 @@
 
 #include "engine/primitives/utf8.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace lexivore {
@@ -45,7 +46,7 @@ bool MembershipScan::refill() {
     }
     const auto left = static_cast<std::size_t>(m_end - m_stretch);
     const std::size_t whole = left / kernels::blockSize;
-    m_blockCount = whole < blocksAtOnce ? whole : blocksAtOnce;
+    m_blockCount = whole < Stretch::mostBlocks ? whole : Stretch::mostBlocks;
     if (m_blockCount > 0) {
         kernels::best().classify(m_stretch, m_blockCount, m_byteClass, m_members, m_candidates);
     } else {
@@ -56,6 +57,27 @@ bool MembershipScan::refill() {
         m_members[0] &= inText;
         m_candidates[0] &= inText;
         m_blockCount = 1;
+    }
+    return true;
+}
+
+bool MembershipScan::next(Stretch &stretch) {
+    if (!refill()) {
+        return false;
+    }
+    const auto left = static_cast<std::size_t>(m_end - m_stretch);
+    stretch = {m_stretch, m_stretch + std::min(left, m_blockCount * kernels::blockSize), m_blockCount, m_members};
+    for (std::size_t i = 0; i < m_blockCount; ++i) {
+        if (m_candidates[i] == 0 && m_carried == 0) {
+            continue;
+        }
+        if (m_takesCandidates) {
+            m_members[i] |= m_candidates[i];
+        } else {
+            Block block{m_stretch + i * kernels::blockSize, 0, m_members[i]};
+            resolve(block, m_candidates[i]);
+            m_members[i] = block.members;
+        }
     }
     return true;
 }

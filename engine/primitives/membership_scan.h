@@ -5,6 +5,7 @@
 #include "engine/kernels/kernels.h"
 #include "engine/primitives/code_points.h"
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -14,6 +15,17 @@ namespace lexivore {
 
 /// What the kernels have to look for to find the members of `set`.
 [[nodiscard]] kernels::ByteClass byteClassOf(CodePointSet set);
+
+/// Some blocks of 64 bytes side by side, the last of which may be shorter.
+struct Stretch {
+    static constexpr std::size_t mostBlocks = 64;
+
+    const char *begin = nullptr;
+    const char *end = nullptr;
+    std::size_t blocks = 0;
+    /// One bit a byte of each block, the first in the lowest bit; none behind the end. Until the scan is asked again.
+    const std::uint64_t *members = nullptr;
+};
 
 /// Walks a text in blocks of 64 bytes and tells which of them belong to code points of a set: what words, lines and
 /// filters of whole texts stand on. ASCII costs a few instructions a block; other code points are looked up only where
@@ -38,6 +50,9 @@ public:
         m_takesCandidates = false;
     }
 
+    /// From now on the ASCII character is no member. To be said before the first block.
+    void ignore(char character) { m_byteClass.ascii.remove(character); }
+
     /// False when the text has no further block.
     [[nodiscard]] bool next(Block &block) {
         if (m_block == m_blockCount && !refill()) {
@@ -58,9 +73,10 @@ public:
         return true;
     }
 
-private:
-    static constexpr std::size_t blocksAtOnce = 64;
+    /// The same for as many blocks as are looked at together. Not to be mixed with the above.
+    [[nodiscard]] bool next(Stretch &stretch);
 
+private:
     bool refill();
     /// Adds the members that the candidates turn out to be.
     void resolve(Block &block, std::uint64_t candidates);
@@ -75,17 +91,27 @@ private:
     std::uint64_t m_carried = 0;         ///< Bits of the next block that a member of this one has.
     std::size_t m_block = 0;
     std::size_t m_blockCount = 0;
-    std::uint64_t m_members[blocksAtOnce];
-    std::uint64_t m_candidates[blocksAtOnce];
+    std::uint64_t m_members[Stretch::mostBlocks];
+    std::uint64_t m_candidates[Stretch::mostBlocks];
 };
 
-/// Calls `visit(const char *)` with the place of every member that `scan` finds, in order.
-template<typename Visit> void forEachMember(MembershipScan scan, Visit &&visit) {
-    for (MembershipScan::Block block; scan.next(block);) {
-        for (std::uint64_t left = block.members; left != 0; left &= left - 1) {
-            visit(block.begin + std::countr_zero(left));
+/// Where the bits of a stretch are.
+using Places = std::array<std::uint16_t, (Stretch::mostBlocks + 1) * kernels::blockSize>;
+
+/// Calls `visit(const char *)` with the place of every member that `scan` finds, in order, and `passed(const char *)`
+/// from time to time with a place before which there are no more.
+template<typename Scan, typename Visit, typename Passed> void forEachMember(Scan scan, Visit &&visit, Passed &&passed) {
+    Places places; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+    for (Stretch stretch; scan.next(stretch);) {
+        const std::size_t count = kernels::best().listBits(stretch.members, stretch.blocks, places.data());
+        for (std::size_t i = 0; i < count; ++i) {
+            visit(stretch.begin + places[i]);
         }
+        passed(stretch.end);
     }
+}
+template<typename Scan, typename Visit> void forEachMember(Scan scan, Visit &&visit) {
+    forEachMember(scan, visit, [](const char *) {});
 }
 
 /// Finds the members of an ASCII set from any place on, forwards only.

@@ -4,6 +4,7 @@
 
 #include "engine/primitives/byte_search.h"
 #include "engine/primitives/pattern_syntax.h"
+#include "engine/primitives/replacement.h"
 #include "engine/primitives/sequence_pattern.h"
 #include "engine/primitives/simple_pattern.h"
 #include "engine/primitives/utf8.h"
@@ -276,6 +277,11 @@ void requireRoomForAll(std::string_view text, const ReplacementTemplate &replace
 }
 
 TextBuffer replaceSimply(std::string_view text, const SimplePattern &pattern, const ReplacementTemplate &replacement) {
+    if (!pattern.literal.empty()) {
+        TextBuffer same; // for every match
+        replacement.append(same, [&](int group) { same.append(group == 0 ? pattern.literal : std::string_view()); });
+        return replaceAll(text, pattern.literal, same);
+    }
     requireRoomForAll(text, replacement, [&](auto visit) {
         forEachMatch(text, pattern, [&](std::string_view match) {
             visit(match.size(), replacement.sizeFor([&](int group) { return group == 0 ? match.size() : 0; }));

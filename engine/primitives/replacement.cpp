@@ -3,12 +3,15 @@
 #include "engine/primitives/replacement.h"
 
 #include "engine/primitives/byte_search.h"
+#include "engine/primitives/constant_replacer.h"
 #include "engine/primitives/membership_scan.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 
 namespace lexivore {
 
@@ -55,6 +58,13 @@ TextBuffer replaceAll(std::string_view text, std::string_view find, std::string_
         return TextBuffer(text);
     }
     requireRoomForAll(text, find, replacement.size());
+    if (find.size() <= OccurrenceScan::longestPattern) {
+        ConstantReplacer replacer(text, replacement);
+        forEachMember(
+            OccurrenceScan(text, find), [&](const char *place) { replacer.replace(place, find.size()); },
+            [&](const char *end) { replacer.copyUpTo(end); });
+        return replacer.take();
+    }
     TextBuffer result = TextBuffer::withCapacity(text.size());
     while (true) {
         const std::size_t found = findBytes(text, find);

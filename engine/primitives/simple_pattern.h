@@ -3,7 +3,6 @@
 #pragma once
 
 #include "engine/kernels/kernels.h"
-#include "engine/primitives/byte_search.h"
 #include "engine/primitives/membership_scan.h"
 
 #include <cstdint>
@@ -24,17 +23,8 @@ struct SimplePattern {
 /// Nothing for every pattern that is not as simple as that, malformed ones included.
 [[nodiscard]] std::optional<SimplePattern> simplePattern(std::string_view pattern);
 
-/// Calls `visit(std::string_view)` with every match in `text`, in order.
+/// Calls `visit(std::string_view)` with every match of a pattern that is no literal, in order.
 template<typename Visit> void forEachMatch(std::string_view text, const SimplePattern &pattern, Visit &&visit) {
-    if (!pattern.literal.empty()) {
-        std::size_t position = 0;
-        for (std::size_t found = 0;
-             (found = findBytes(text.substr(position), pattern.literal)) != std::string_view::npos;) {
-            visit(text.substr(position + found, pattern.literal.size()));
-            position += found + pattern.literal.size();
-        }
-        return;
-    }
     const char *runBegin = nullptr;
     const char *runEnd = nullptr;
     const auto visitRun = [&]() {

@@ -152,6 +152,57 @@ TEST(Kernels, RemoveMembersFindsAMemberAtEveryPlace) {
     });
 }
 
+TEST(Kernels, ListBitsGivesTheIndexOfEachInOrder) {
+    std::mt19937_64 random(seed);
+    for (std::size_t size = 0; size < 130; ++size) {
+        std::vector<std::uint64_t> masks;
+        std::vector<std::uint16_t> expected;
+        for (std::size_t i = 0; i < size; ++i) {
+            masks.push_back(random() % 8 == 0 ? ~std::uint64_t{0} : randomBits(random, 1U << random() % 7));
+            for (std::size_t bit = 0; bit < blockSize; ++bit) {
+                if ((masks[i] >> bit & 1U) != 0) {
+                    expected.push_back(static_cast<std::uint16_t>(i * blockSize + bit));
+                }
+            }
+        }
+        onAllKernels([&](const Kernels &kernels) {
+            std::vector<std::uint16_t> indices(expected.size() + blockSize);
+            indices.resize(kernels.listBits(masks.data(), masks.size(), indices.data()));
+            EXPECT_EQ(indices, expected);
+        });
+    }
+}
+
+TEST(Kernels, MarkOccurrencesMarksEveryPlaceOfThePattern) {
+    std::mt19937 random(seed);
+    const auto randomLetters = [&random](std::size_t size) { // two of them, so that much looks like the pattern
+        std::string text(size, 'a');
+        for (char &letter : text) {
+            letter = random() % 3 == 0 ? 'b' : 'a';
+        }
+        return text;
+    };
+    for (std::size_t patternSize = 1; patternSize <= longestMarked; ++patternSize) {
+        for (std::size_t offset = 0; offset < blockSize; ++offset) {
+            const std::size_t blocks = offset % 5;
+            std::string letters = randomLetters(blocks * blockSize + patternSize - 1);
+            const std::string pattern = randomLetters(patternSize);
+            for (std::size_t at = offset; at + patternSize <= letters.size(); at += 3 * patternSize + offset) {
+                letters.replace(at, patternSize, pattern);
+            }
+            const ExactCopy text(letters, offset);
+            onAllKernels([&](const Kernels &kernels) {
+                std::vector<std::uint64_t> places(blocks);
+                kernels.markOccurrences(text.data(), blocks, pattern.data(), pattern.size(), places.data());
+                for (std::size_t i = 0; i < blocks * blockSize; ++i) {
+                    EXPECT_EQ(places[i / blockSize] >> i % blockSize & 1U,
+                              text.view().substr(i).starts_with(pattern) ? 1U : 0U);
+                }
+            });
+        }
+    }
+}
+
 TEST(Kernels, CompressKeepsTheBytesOfSetBits) {
     std::mt19937_64 random(seed);
     onRandomBytes([&](const Kernels &kernels, std::string_view text) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -37,6 +38,32 @@ TEST(FindBytes, EqualsAPlainSearch) {
         const std::string pattern = "a" + randomText(round % 2 == 0 ? 4 : 40);
         ASSERT_EQ(findBytes(text, pattern), text.find(pattern)) << "seed " << seed << ", round " << round;
     }
+}
+
+TEST(OccurrenceFinder, FindsEveryPlaceFromAnyOtherOn) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 3'000; ++round) {
+        std::string text(random() % (round % 10 == 0 ? 9'000 : 300), '\0');
+        const std::size_t letters = 2 + random() % 20;
+        for (char &letter : text) {
+            letter = static_cast<char>(random() % letters); // NUL is what stands behind the text while it is searched
+        }
+        const std::size_t patternSize = 1 + random() % 20;
+        const std::string pattern = random() % 4 == 0 || text.size() < patternSize
+                                        ? std::string(patternSize, '\0')
+                                        : text.substr(random() % (text.size() - patternSize + 1), patternSize);
+        OccurrenceFinder finder(text, pattern);
+        for (std::size_t position = 0; position <= text.size();) {
+            const std::size_t expected = std::min(text.find(pattern, position), text.size());
+            ASSERT_EQ(finder.from(text.data() + position), text.data() + expected) << "round " << round;
+            position = expected + 1 + random() % 3;
+        }
+    }
+}
+
+TEST(OccurrenceFinder, FindsNothingInNoText) {
+    OccurrenceFinder finder({}, "a");
+    EXPECT_EQ(finder.from(nullptr), nullptr);
 }
 
 } // namespace

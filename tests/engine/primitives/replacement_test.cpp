@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 
 namespace lexivore {
@@ -36,6 +37,26 @@ TEST(ReplaceAll, MayGiveALongerAShorterOrAnEquallyLongText) {
                 ASSERT_EQ(replaceAll(text, find, replacement).view(), expected);
             }
         }
+    }
+}
+
+TEST(ReplaceAll, EqualsAPlainReplacement) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 3'000; ++round) {
+        std::string text(random() % (round % 10 == 0 ? 20'000 : 400), 'a');
+        for (char &letter : text) {
+            letter = static_cast<char>('a' + random() % (2 + round % 9));
+        }
+        const std::string find = std::string("abc").substr(random() % 3) + (round % 7 == 0 ? std::string(17, 'a') : "");
+        const std::string replacement(random() % 40, 'X');
+        std::string expected;
+        std::size_t position = 0;
+        for (std::size_t found = 0; (found = text.find(find, position)) != std::string::npos;) {
+            expected.append(text, position, found - position).append(replacement);
+            position = found + find.size();
+        }
+        expected.append(text, position);
+        ASSERT_EQ(replaceAll(text, find, replacement).view(), expected) << "round " << round;
     }
 }
 
