@@ -22,19 +22,7 @@ TextBuffer affixLines(std::string_view text, std::string_view prefix, std::strin
     std::string between(suffix);
     between += '\n';
     between += prefix;
-    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 8 + between.size());
-    result.append(prefix);
-    bool isFirst = true;
-    forEachLine(text, [&](std::string_view line) {
-        if (!isFirst) {
-            result.append(between);
-        }
-        isFirst = false;
-        result.append(line);
-    });
-    result.append(suffix);
-    result.shrink();
-    return result;
+    return joinLines(text, between, prefix, suffix);
 }
 
 /// Letters, numbers and whitespace, line breaks included.
@@ -83,18 +71,18 @@ TextBuffer RemoveEmptyLinesTransformation::apply(std::string_view text, const Pa
 }
 
 TextBuffer RemoveLineBreaksTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return trimAndJoinLines(text, " ");
+    return trimAndJoinLines(text, ' ');
 }
 
 TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
     const std::size_t mostDistinct = text.size() / 16; // a bound on the memory; there may be more
-    DistinctJoiner joiner("\n", text.size(), std::min(lineCount(text), mostDistinct));
+    DistinctJoiner joiner('\n', text, std::min(lineCount(text), mostDistinct));
     forEachLine(text, [&](std::string_view line) { joiner.add(line); });
     return joiner.take();
 }
 
 TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {
-    DistinctJoiner joiner(" ", text.size(), 0);
+    DistinctJoiner joiner(' ', text, 0);
     forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) { joiner.add(word); });
     return joiner.take();
 }

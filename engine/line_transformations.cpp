@@ -7,8 +7,9 @@
 #include "engine/primitives/line_mapping.h"
 #include "engine/primitives/words.h"
 
-#include <algorithm>
+#include <array>
 #include <charconv>
+#include <cstring>
 
 namespace lexivore {
 
@@ -21,24 +22,18 @@ std::vector<TransformationParameter> textToFindParameter(std::string placeholder
     return {{"text", "Text to find", "", std::move(placeholder)}};
 }
 
-/// Where `part` first stands in the text that ends at `end` and begins at `position`, or `end`.
-const char *findPart(const char *position, const char *end, std::string_view part) {
-    const std::size_t found = findBytes({position, static_cast<std::size_t>(end - position)}, part);
-    return found == std::string_view::npos ? end : position + found;
-}
-
 /// No line has a part that holds a newline character.
 bool canBeInALine(std::string_view part) { return lineCount(part) == 1; }
 
 /// The lines without `part`. The whole text is searched once, not each line.
 TextBuffer linesWithout(std::string_view text, std::string_view part) {
-    const char *const end = text.data() + text.size();
-    const char *match = canBeInALine(part) ? findPart(text.data(), end, part) : end;
+    OccurrenceFinder parts(text, part);
+    const char *match = canBeInALine(part) ? parts.from(text.data()) : text.data() + text.size();
     return filterLines(text, [&](std::string_view line) {
         const char *const lineEnd = line.data() + line.size();
         const bool contains = match < lineEnd;
         if (contains) {
-            match = findPart(lineEnd, end, part);
+            match = parts.from(lineEnd);
         }
         return !contains;
     });
@@ -46,24 +41,30 @@ TextBuffer linesWithout(std::string_view text, std::string_view part) {
 
 /// The lines with `part`. Those between them are not even looked for.
 TextBuffer linesWith(std::string_view text, std::string_view part) {
-    Joiner joiner("\n", 0);
+    Joiner joiner('\n', text, 0);
+    OccurrenceFinder parts(text, part);
     const char *const end = text.data() + text.size();
-    const char *match = canBeInALine(part) ? findPart(text.data(), end, part) : end;
+    const char *match = canBeInALine(part) ? parts.from(text.data()) : end;
     while (match != end) {
         const char *const lineBegin = lineBeginAt(text.data(), match);
         const NewlineMatch newline = findNewline(match + part.size(), end);
         joiner.add({lineBegin, static_cast<std::size_t>(newline.position - lineBegin)});
-        match = findPart(newline.position + newline.length, end, part);
+        match = parts.from(newline.position + newline.length);
     }
     return joiner.take();
+}
+
+bool beginsWith(std::string_view line, std::string_view part) {
+    return !line.empty() && line[0] == part[0] && line.starts_with(part); // the first byte tells most of them apart
 }
 
 /// The lines that begin with `part`: searched for as long as it seldom stands elsewhere, then looked at one by one.
 TextBuffer linesBeginningWith(std::string_view text, std::string_view part) {
     constexpr std::size_t bytesWorthAMiss = 256;
-    Joiner joiner("\n", 0);
+    Joiner joiner('\n', text, 0);
+    OccurrenceFinder parts(text, part);
     const char *const end = text.data() + text.size();
-    const char *match = canBeInALine(part) ? findPart(text.data(), end, part) : end;
+    const char *match = canBeInALine(part) ? parts.from(text.data()) : end;
     std::size_t misses = 0;
     while (match != end && misses * bytesWorthAMiss <= static_cast<std::size_t>(match - text.data()) + 4096) {
         const bool isHit = isLineBegin(text.data(), match);
@@ -72,12 +73,12 @@ TextBuffer linesBeginningWith(std::string_view text, std::string_view part) {
             joiner.add({match, static_cast<std::size_t>(newline.position - match)});
         }
         misses += isHit ? 0 : 1;
-        match = findPart(newline.position + newline.length, end, part);
+        match = parts.from(newline.position + newline.length);
     }
     if (match != end) {
         const char *const lineBegin = lineBeginAt(text.data(), match);
         forEachLine({lineBegin, static_cast<std::size_t>(end - lineBegin)}, [&](std::string_view line) {
-            if (line.starts_with(part)) {
+            if (beginsWith(line, part)) {
                 joiner.add(line);
             }
         });
@@ -113,31 +114,60 @@ TextBuffer linesBetween(std::string_view text, std::uint64_t first, std::uint64_
     return joinLines(rest.substr(0, static_cast<std::size_t>(lastEnd - begin)), "\n");
 }
 
-/// `count - most`, but at least 0.
-std::uint64_t less(std::uint64_t count, std::uint64_t most) { return count - std::min(count, most); }
-
 constexpr std::uint64_t noLimit = UINT64_MAX;
+
+/// Counts lines and writes their numbers. The last digits, as text, are counted up in a register.
+class LineNumber {
+public:
+    /// Writes the next number, ". " behind it, and returns the place behind that; 24 bytes may be overwritten.
+    char *writeNext(char *to) {
+        if (m_lastDigit == '9') {
+            m_number += 10; // as it stands in the text
+            m_digits = static_cast<std::size_t>(std::to_chars(m_text.data(), m_text.data() + longest, m_number).ptr -
+                                                m_text.data());
+            m_lastDigit = '0';
+        } else {
+            ++m_lastDigit;
+        }
+        std::memcpy(to, m_text.data(), m_text.size());
+        to += m_digits;
+        to[-1] = m_lastDigit;
+        to[0] = '.';
+        to[1] = ' ';
+        return to + 2;
+    }
+
+private:
+    static constexpr std::size_t longest = 20;
+
+    std::array<char, 24> m_text{'0'}; ///< The number with 0 as its last digit.
+    std::uint64_t m_number = 0;
+    std::size_t m_digits = 1;
+    char m_lastDigit = '0';
+};
 
 } // namespace
 
 TextBuffer TrimLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return trimAndJoinLines(text, "\n");
+    return trimAndJoinLines(text, '\n');
 }
 
 TextBuffer NumberLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 4);
-    std::uint64_t number = 0;
+    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 4 + 2 * copySlack);
+    LineNumber number;
+    const char *const end = text.data() + text.size();
     forEachLine(text, [&](std::string_view line) {
-        constexpr std::size_t longestNumber = 20;
-        char *to = result.room(1 + longestNumber + 2);
-        if (number > 0) {
+        char *to = result.room(line.size() + 2 * copySlack);
+        if (line.data() != text.data()) {
             *to++ = '\n';
         }
-        to = std::to_chars(to, to + longestNumber, ++number).ptr;
-        *to++ = '.';
-        *to++ = ' ';
-        result.commit(to);
-        result.append(line);
+        to = number.writeNext(to);
+        if (static_cast<std::size_t>(end - line.data()) >= line.size() + copySlack) {
+            copyInBlocks(line.data(), line.size(), to);
+        } else if (!line.empty()) {
+            std::memcpy(to, line.data(), line.size());
+        }
+        result.commit(to + line.size());
     });
     result.shrink();
     return result;
@@ -148,7 +178,7 @@ TextBuffer BreakAfterEveryWordTransformation::apply(std::string_view text, const
 }
 
 TextBuffer BreakAfterEverySentenceTransformation::apply(std::string_view text, const ParameterMap &) const {
-    Joiner joiner("\n", text.size());
+    Joiner joiner('\n', text, text.size());
     forEachSentencePiece(text, [&](std::string_view piece) {
         const std::string_view sentence = trimmed(piece);
         if (!sentence.empty()) {
@@ -159,10 +189,7 @@ TextBuffer BreakAfterEverySentenceTransformation::apply(std::string_view text, c
 }
 
 TextBuffer ReverseLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    const std::vector<std::string_view> lines = splitLines(text);
-    Joiner joiner("\n", text.size());
-    std::for_each(lines.rbegin(), lines.rend(), [&](std::string_view line) { joiner.add(line); });
-    return joiner.take();
+    return reverseLines(text);
 }
 
 std::vector<TransformationParameter> DeleteLinesContainingTransformation::parameters() const {
@@ -179,7 +206,7 @@ std::vector<TransformationParameter> DeleteLinesStartingWithTransformation::para
 
 TextBuffer DeleteLinesStartingWithTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
     const std::string_view part = textToFind(parameters);
-    return filterLines(text, [part](std::string_view line) { return !line.starts_with(part); });
+    return filterLines(text, [part](std::string_view line) { return !beginsWith(line, part); });
 }
 
 std::vector<TransformationParameter> KeepLinesContainingTransformation::parameters() const {
@@ -211,8 +238,8 @@ std::vector<TransformationParameter> DeleteLastNLinesTransformation::parameters(
 }
 
 TextBuffer DeleteLastNLinesTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    const std::uint64_t count = lineCountParameter(parameters);
-    return linesBetween(text, 0, less(lineCount(text), count));
+    const char *const end = findNewlineNumberFromEnd(text, lineCountParameter(parameters) - 1);
+    return end == nullptr ? TextBuffer() : joinLines({text.data(), static_cast<std::size_t>(end - text.data())}, "\n");
 }
 
 std::vector<TransformationParameter> KeepFirstNLinesTransformation::parameters() const {
@@ -228,8 +255,12 @@ std::vector<TransformationParameter> KeepLastNLinesTransformation::parameters() 
 }
 
 TextBuffer KeepLastNLinesTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    const std::uint64_t count = lineCountParameter(parameters);
-    return linesBetween(text, less(lineCount(text), count), noLimit);
+    const char *const newline = findNewlineNumberFromEnd(text, lineCountParameter(parameters) - 1);
+    if (newline == nullptr) {
+        return joinLines(text, "\n");
+    }
+    const char *const begin = newline + newlineLength(newline);
+    return joinLines({begin, static_cast<std::size_t>(text.data() + text.size() - begin)}, "\n");
 }
 
 std::vector<TransformationParameter> ExtractLinesByRangeTransformation::parameters() const {

@@ -18,9 +18,10 @@ namespace lexivore {
 
 namespace {
 
-TextBuffer join(const std::vector<std::string_view> &pieces, std::string_view separator, std::size_t expectedBytes) {
+/// All pieces are parts of `text`.
+TextBuffer join(const std::vector<std::string_view> &pieces, char separator, std::string_view text) {
     constexpr std::size_t ahead = 32; // pieces in a new order come from anywhere in the text
-    Joiner joiner(separator, expectedBytes);
+    Joiner joiner(separator, text, text.size());
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         if (i + ahead < pieces.size()) {
             __builtin_prefetch(pieces[i + ahead].data());
@@ -33,7 +34,7 @@ TextBuffer join(const std::vector<std::string_view> &pieces, std::string_view se
 TextBuffer sortLines(std::string_view text, SortDirection direction) {
     std::vector<std::string_view> lines = splitLines(text);
     sortByStringOrder(lines, direction);
-    return join(lines, "\n", text.size());
+    return join(lines, '\n', text);
 }
 
 /// `strings` in ascending order of the number that belongs to each; equal ones keep their order.
@@ -117,13 +118,13 @@ TextBuffer SortLinesByLengthTransformation::apply(std::string_view text, const P
         lines.push_back(line);
         lengths.push_back(characterCount(line));
     });
-    return join(sortedByNumber(lines, lengths), "\n", text.size());
+    return join(sortedByNumber(lines, lengths), '\n', text);
 }
 
 TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
     std::vector<std::string_view> lines = splitLines(text);
     std::shuffle(lines.begin(), lines.end(), makeRandomGenerator());
-    return join(lines, "\n", text.size());
+    return join(lines, '\n', text);
 }
 
 TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, const ParameterMap &) const {
@@ -132,7 +133,7 @@ TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, c
     }
     std::vector<std::string_view> words = splitPieces(text, whitespaceAndNewlines);
     sortByStringOrder(words, SortDirection::ascending);
-    return join(words, " ", text.size());
+    return join(words, ' ', text);
 }
 
 TextBuffer ReverseWordsInLineTransformation::apply(std::string_view text, const ParameterMap &) const {

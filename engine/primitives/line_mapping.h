@@ -11,56 +11,73 @@
 
 namespace lexivore {
 
-/// Builds a text of pieces, lent from one other text, with a separator between them. Pieces that stood side by side
-/// with that very separator between them already are copied as one, so that what changes nothing costs next to nothing.
+/// Builds a text of pieces of one other text with a separator between them. Pieces that stood side by side with that
+/// very separator between them already are copied as one, so that what changes nothing costs next to nothing.
 class Joiner {
 public:
-    Joiner(std::string_view separator, std::size_t expectedBytes)
-        : m_separator(separator), m_result(TextBuffer::withCapacity(expectedBytes)) {}
+    /// All pieces are parts of `text`.
+    Joiner(char separator, std::string_view text, std::size_t expectedBytes)
+        : m_separator(separator), m_textEnd(text.data() + text.size()),
+          m_result(TextBuffer::withCapacity(expectedBytes + (expectedBytes == 0 ? 0 : copySlack))) {}
 
     void add(std::string_view piece) {
         if (m_hasPiece) {
+            constexpr std::size_t worthCopying = std::size_t{1} << 14; // while it is in the caches
             const char *const previousEnd = m_pending.data() + m_pending.size();
-            if (m_separator.size() == 1 && piece.data() == previousEnd + 1 && *previousEnd == m_separator[0]) {
+            if (piece.data() == previousEnd + 1 && *previousEnd == m_separator && m_pending.size() < worthCopying) {
                 m_pending = {m_pending.data(), m_pending.size() + 1 + piece.size()};
                 return;
             }
-            m_result.append(m_pending);
+            copyPending();
             m_result.append(m_separator);
         }
         m_hasPiece = true;
         m_pending = piece;
     }
     [[nodiscard]] TextBuffer take() {
-        m_result.append(m_pending);
+        if (m_hasPiece) {
+            copyPending();
+        }
         m_result.shrink();
         return std::move(m_result);
     }
 
 private:
-    std::string_view m_separator;
+    void copyPending() {
+        const std::size_t size = m_pending.size();
+        if (static_cast<std::size_t>(m_textEnd - m_pending.data()) < size + copySlack) {
+            m_result.append(m_pending);
+            return;
+        }
+        char *const to = m_result.room(size + copySlack);
+        copyInBlocks(m_pending.data(), size, to);
+        m_result.commit(to + size);
+    }
+
+    char m_separator;
+    const char *m_textEnd;
     std::string_view m_pending; ///< Added but not copied yet.
     TextBuffer m_result;
     bool m_hasPiece = false;
 };
 
 /// Every line as `map(std::string_view) -> std::string_view` gives it, joined with `separator`.
-template<typename Map>
-[[nodiscard]] TextBuffer mapLines(std::string_view text, Map &&map, std::string_view separator = "\n") {
-    Joiner joiner(separator, text.size());
+template<typename Map> [[nodiscard]] TextBuffer mapLines(std::string_view text, Map &&map, char separator = '\n') {
+    Joiner joiner(separator, text, text.size());
     forEachLine(text, [&](std::string_view line) { joiner.add(map(line)); });
     return joiner.take();
 }
 
-/// Every line as it is, joined with `separator`.
-[[nodiscard]] inline TextBuffer joinLines(std::string_view text, std::string_view separator) {
-    return mapLines(
-        text, [](std::string_view line) { return line; }, separator);
-}
+/// Every line as it is, joined with `separator`; all of it between `before` and `behind`.
+[[nodiscard]] TextBuffer joinLines(std::string_view text, std::string_view separator, std::string_view before = {},
+                                   std::string_view behind = {});
+
+/// The lines in reverse order, joined with a line feed.
+[[nodiscard]] TextBuffer reverseLines(std::string_view text);
 
 /// The lines for which `keep(std::string_view)` is true, unchanged, joined with a line feed.
 template<typename Keep> [[nodiscard]] TextBuffer filterLines(std::string_view text, Keep &&keep) {
-    Joiner joiner("\n", text.size());
+    Joiner joiner('\n', text, text.size());
     forEachLine(text, [&](std::string_view line) {
         if (keep(line)) {
             joiner.add(line);
@@ -70,7 +87,7 @@ template<typename Keep> [[nodiscard]] TextBuffer filterLines(std::string_view te
 }
 
 /// Every line trimmed of spaces and tabs at both ends, empty lines kept, joined with `separator`.
-[[nodiscard]] inline TextBuffer trimAndJoinLines(std::string_view text, std::string_view separator) {
+[[nodiscard]] inline TextBuffer trimAndJoinLines(std::string_view text, char separator) {
     return mapLines(text, trimmed, separator);
 }
 

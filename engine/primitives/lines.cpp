@@ -5,6 +5,7 @@
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/words.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -30,6 +31,16 @@ NewlineMatch newlineAt(const char *position, const char *end) {
         return {position, 3};
     }
     return {position, 0};
+}
+
+/// How many bytes before `position` the code point begins that goes on there, if one does.
+std::ptrdiff_t bytesOfCodePointBefore(const char *begin, const char *position) {
+    for (std::ptrdiff_t bytes = 0; bytes <= std::min<std::ptrdiff_t>(3, position - begin); ++bytes) {
+        if (!isContinuationByte(position[-bytes])) {
+            return bytes;
+        }
+    }
+    return 0; // there is none that is so long
 }
 
 #ifdef __SSE2__
@@ -105,6 +116,23 @@ const char *findNewlineNumber(std::string_view text, std::uint64_t index) {
     return text.data() + text.size();
 }
 
+const char *findNewlineNumberFromEnd(std::string_view text, std::uint64_t index) {
+    constexpr std::size_t bytesAtOnce = 4096;
+    const char *const begin = text.data();
+    for (const char *end = begin + text.size(); end != begin;) {
+        const char *from = end - std::min(bytesAtOnce, static_cast<std::size_t>(end - begin));
+        from -= bytesOfCodePointBefore(begin, from);
+        const std::string_view part(from, static_cast<std::size_t>(end - from));
+        const std::size_t count = memberCount(part, newlines);
+        if (index < count) {
+            return findNewlineNumber(part, count - 1 - index);
+        }
+        index -= count;
+        end = from;
+    }
+    return nullptr;
+}
+
 std::vector<std::string_view> splitLines(std::string_view text) {
     std::vector<std::string_view> lines;
     lines.reserve(lineCount(text));
@@ -112,7 +140,7 @@ std::vector<std::string_view> splitLines(std::string_view text) {
     return lines;
 }
 
-std::string_view trimmed(std::string_view text) {
+std::string_view trimmedSlowly(std::string_view text) {
     const char *end = text.data() + text.size();
     const char *const begin = findNonMember(text.data(), end, whitespace);
     while (end != begin) {
@@ -125,7 +153,7 @@ std::string_view trimmed(std::string_view text) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-bool isBlank(std::string_view text) {
+bool isBlankSlowly(std::string_view text) {
     const char *const end = text.data() + text.size();
     return findNonMember(text.data(), end, whitespace) == end;
 }

@@ -49,13 +49,28 @@ template<typename Visit> void forEachLine(std::string_view text, Visit &&visit) 
 /// The place of the newline character with that index, or the end of `text` when it has no more than `index`.
 [[nodiscard]] const char *findNewlineNumber(std::string_view text, std::uint64_t index);
 
+/// The same counted from the end, the last one having the index 0; null when `text` has no more than `index`. Costs the
+/// length of what stands behind the place.
+[[nodiscard]] const char *findNewlineNumberFromEnd(std::string_view text, std::uint64_t index);
+
 /// All lines, lent from `text`.
 [[nodiscard]] std::vector<std::string_view> splitLines(std::string_view text);
 
+/// The two below for any text.
+[[nodiscard]] std::string_view trimmedSlowly(std::string_view text);
+[[nodiscard]] bool isBlankSlowly(std::string_view text);
+
+/// What most lines begin and end with: no space, and one look tells.
+[[nodiscard]] constexpr bool isVisibleAscii(char byte) { return static_cast<signed char>(byte) > ' '; }
+
 /// `text` without the spaces and tabs (the whitespace set, never line breaks) at both ends.
-[[nodiscard]] std::string_view trimmed(std::string_view text);
+[[nodiscard]] inline std::string_view trimmed(std::string_view text) {
+    return !text.empty() && isVisibleAscii(text.front()) && isVisibleAscii(text.back()) ? text : trimmedSlowly(text);
+}
 
 /// True when `text` holds nothing but spaces and tabs, or nothing at all.
-[[nodiscard]] bool isBlank(std::string_view text);
+[[nodiscard]] inline bool isBlank(std::string_view text) {
+    return text.empty() || (!isVisibleAscii(text.front()) && isBlankSlowly(text));
+}
 
 } // namespace lexivore

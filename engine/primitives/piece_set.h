@@ -66,8 +66,9 @@ private:
 /// Joins those of many pieces that were not there before, in order.
 class DistinctJoiner {
 public:
-    DistinctJoiner(std::string_view separator, std::size_t expectedBytes, std::size_t expectedPieces)
-        : m_seen(PieceSet::Counting::no, expectedPieces), m_joiner(separator, expectedBytes) {}
+    /// All pieces are parts of `text`.
+    DistinctJoiner(char separator, std::string_view text, std::size_t expectedPieces)
+        : m_seen(PieceSet::Counting::no, expectedPieces), m_joiner(separator, text, text.size()) {}
 
     void add(std::string_view piece) {
         const std::uint64_t hash = PieceSet::hashOf(piece);

@@ -36,6 +36,29 @@ TEST(Lines, FindNewlineNumberCountsFromZero) {
     EXPECT_EQ(findNewlineNumber(text, places.size()), text.data() + text.size());
     EXPECT_EQ(findNewlineNumber(text, UINT64_MAX), text.data() + text.size());
     EXPECT_EQ(findNewlineNumber({}, 0), nullptr);
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        EXPECT_EQ(findNewlineNumberFromEnd(text, index), text.data() + places[places.size() - 1 - index]) << index;
+    }
+    EXPECT_EQ(findNewlineNumberFromEnd(text, places.size()), nullptr);
+    EXPECT_EQ(findNewlineNumberFromEnd(text, UINT64_MAX), nullptr);
+    EXPECT_EQ(findNewlineNumberFromEnd({}, 0), nullptr);
+}
+
+TEST(Lines, FindNewlineNumberFromEndFindsThoseOfManyBytesAnywhere) {
+    // Around the borders of what is looked at together.
+    for (const std::string_view newline : newlineCharacters) {
+        for (std::size_t behind = 4080; behind < 4110; ++behind) {
+            for (const std::string_view filler : {"a", "\x80"}) {
+                std::string text = "ab";
+                text += newline;
+                for (std::size_t i = 0; i < behind; ++i) {
+                    text += filler;
+                }
+                ASSERT_EQ(findNewlineNumberFromEnd(text, 0), text.data() + 2) << behind;
+                ASSERT_EQ(findNewlineNumberFromEnd(text, 1), nullptr) << behind;
+            }
+        }
+    }
 }
 
 TEST(Lines, AreCutAtEveryNewlineCharacter) {
