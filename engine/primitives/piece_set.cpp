@@ -77,8 +77,8 @@ std::size_t PieceSet::countOf(std::string_view piece) const {
 }
 
 void PieceSet::grow() {
-    std::vector<Slot> larger(m_slots.size() * 2);
-    std::vector<std::size_t> largerCounts(m_counts.size() * 2);
+    HugeVector<Slot> larger(m_slots.size() * 2);
+    HugeVector<std::size_t> largerCounts(m_counts.size() * 2);
     const std::size_t mask = larger.size() - 1;
     for (std::size_t i = 0; i < m_slots.size(); ++i) {
         if (m_slots[i].data == nullptr) {

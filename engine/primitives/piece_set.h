@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "engine/primitives/huge_page_allocator.h"
 #include "engine/primitives/line_mapping.h"
 #include "engine/text_buffer.h"
 
@@ -58,8 +59,8 @@ private:
     [[nodiscard]] std::size_t slotOf(std::string_view piece, std::uint64_t hash) const;
     void grow();
 
-    std::vector<Slot> m_slots;
-    std::vector<std::size_t> m_counts; ///< As many as slots, or none.
+    HugeVector<Slot> m_slots;
+    HugeVector<std::size_t> m_counts; ///< As many as slots, or none.
     std::size_t m_size = 0;
 };
 
