@@ -3,6 +3,7 @@
 #include "engine/primitives/string_order.h"
 
 #include "engine/primitives/code_points.h"
+#include "engine/primitives/huge_page_allocator.h"
 #include "engine/primitives/utf8.h"
 
 #include <unicode/bytestream.h>
@@ -44,63 +45,81 @@ std::string composed(std::string_view text) {
 
 constexpr std::size_t prefixSize = 8;
 
-/// What is moved around: small, so that a pass over all of them stays in the caches for long.
+/// What is moved around.
 struct Entry {
     std::uint64_t prefix = 0; ///< Eight bytes of the key from the depth that is being sorted, zeros behind its end.
-    std::uint32_t index = 0;  ///< Of the string and its key.
+    const char *key = nullptr;
+    std::uint32_t size = 0;  ///< Of the key.
+    std::uint32_t index = 0; ///< Of the string.
+
     /// How much of the key lies behind the depth; everything longer than a prefix is the same.
-    std::uint32_t sizeBehind = 0;
+    [[nodiscard]] std::size_t sizeBehind(std::size_t depth) const {
+        return size <= depth ? 0 : std::min(size - depth, prefixSize + 1);
+    }
 };
 
-using Keys = std::vector<std::string_view>;
-
 /// Reads the prefix of the entry's key at `depth`.
-void readPrefix(Entry &entry, const Keys &keys, std::size_t depth) {
-    const std::string_view key = keys[entry.index];
-    const std::size_t behind = key.size() <= depth ? 0 : std::min(key.size() - depth, prefixSize + 1);
+void readPrefix(Entry &entry, std::size_t depth) {
+    constexpr bool isLittleEndian = std::endian::native == std::endian::little;
+    const std::size_t behind = entry.sizeBehind(depth);
     std::uint64_t bytes = 0;
     if (behind >= prefixSize) {
-        std::memcpy(&bytes, key.data() + depth, prefixSize);
+        std::memcpy(&bytes, entry.key + depth, prefixSize);
+    } else if (behind > 0 && isLittleEndian && entry.size >= prefixSize) { // as one number, without what stands before
+        std::memcpy(&bytes, entry.key + entry.size - prefixSize, prefixSize);
+        bytes >>= 8 * (prefixSize - behind);
     } else if (behind > 0) {
-        std::memcpy(&bytes, key.data() + depth, behind);
+        std::memcpy(&bytes, entry.key + depth, behind);
     }
-    entry.prefix = std::endian::native == std::endian::little ? __builtin_bswap64(bytes) : bytes;
-    entry.sizeBehind = static_cast<std::uint32_t>(behind);
+    entry.prefix = isLittleEndian ? __builtin_bswap64(bytes) : bytes;
 }
 
-using Entries = std::vector<Entry>;
+using Entries = HugeVector<Entry>;
 
-/// Sorts [begin, end) of `entries` by their prefixes, stably. `scratch` has the same size as `entries`.
-void sortByPrefix(Entries &entries, Entries &scratch, std::size_t begin, std::size_t end) {
-    constexpr std::size_t worthCounting = 256;
-    const auto byPrefix = [](const Entry &left, const Entry &right) { return left.prefix < right.prefix; };
-    if (end - begin < worthCounting) {
-        const auto first = entries.begin() + static_cast<std::ptrdiff_t>(begin);
-        const auto last = entries.begin() + static_cast<std::ptrdiff_t>(end);
-        if (end - begin <= 16) { // an insertion sort
-            for (auto place = first; place != last; ++place) {
-                const auto to = std::upper_bound(first, place, *place, byPrefix);
-                std::rotate(to, place, place + 1);
-            }
-        } else {
-            std::stable_sort(first, last, byPrefix);
+/// Sorts the few entries of [begin, end) stably.
+template<typename Precedes> void sortFew(Entries &entries, std::size_t begin, std::size_t end, Precedes precedes) {
+    for (std::size_t i = begin + 1; i < end; ++i) {
+        const Entry entry = entries[i];
+        std::size_t to = i;
+        for (; to > begin && precedes(entry, entries[to - 1]); --to) {
+            entries[to] = entries[to - 1];
         }
+        entries[to] = entry;
+    }
+}
+
+constexpr std::size_t few = 24;
+
+/// Sorts [begin, end) of `entries` by the lower `bytes` bytes of their prefixes, above which they are equal, stably.
+/// `scratch` has the same size as `entries`.
+void sortByPrefix(Entries &entries, Entries &scratch, std::size_t begin, std::size_t end,
+                  std::size_t bytes = prefixSize) {
+    constexpr std::size_t worthCounting = 256;
+    constexpr std::size_t worthDividing = std::size_t{1} << 14; // what is sorted at once should fit the caches
+    const auto byPrefix = [](const Entry &left, const Entry &right) { return left.prefix < right.prefix; };
+    const auto placeOf = [](std::size_t index) { return static_cast<std::ptrdiff_t>(index); };
+    if (end - begin <= few) {
+        sortFew(entries, begin, end, byPrefix);
+        return;
+    }
+    if (end - begin < worthCounting) {
+        std::stable_sort(entries.begin() + placeOf(begin), entries.begin() + placeOf(end), byPrefix);
         return;
     }
     std::array<std::array<std::uint32_t, 256>, prefixSize> counts{};
     for (std::size_t i = begin; i < end; ++i) {
-        for (std::size_t byte = 0; byte < prefixSize; ++byte) {
+        for (std::size_t byte = 0; byte < bytes; ++byte) {
             ++counts[byte][entries[i].prefix >> (8 * byte) & 0xFF];
         }
     }
     Entries *from = &entries;
     Entries *to = &scratch;
-    for (std::size_t byte = 0; byte < prefixSize; ++byte) {
+    std::array<std::size_t, 256> places{};
+    const auto distribute = [&](std::size_t byte) { // false when all have the same byte there
         const auto digit = [byte](const Entry &entry) { return entry.prefix >> (8 * byte) & 0xFF; };
         if (counts[byte][digit((*from)[begin])] == end - begin) {
-            continue; // the same byte everywhere
+            return false;
         }
-        std::array<std::size_t, 256> places{};
         std::size_t place = begin;
         for (std::size_t value = 0; value < 256; ++value) {
             places[value] = place;
@@ -110,73 +129,87 @@ void sortByPrefix(Entries &entries, Entries &scratch, std::size_t begin, std::si
             (*to)[places[digit((*from)[i])]++] = (*from)[i];
         }
         std::swap(from, to);
+        return true;
+    };
+    const auto copyBack = [&]() {
+        if (from != &entries) {
+            std::copy(from->begin() + placeOf(begin), from->begin() + placeOf(end), entries.begin() + placeOf(begin));
+        }
+    };
+    if (end - begin > worthDividing) { // by the first byte that differs, each part then by itself
+        while (bytes > 0 && !distribute(bytes - 1)) {
+            --bytes;
+        }
+        copyBack();
+        if (bytes > 1) {
+            std::size_t partBegin = begin;
+            for (const std::size_t partEnd : places) {
+                sortByPrefix(entries, scratch, partBegin, partEnd, bytes - 1);
+                partBegin = partEnd;
+            }
+        }
+        return;
     }
-    if (from != &entries) {
-        std::copy(from->begin() + static_cast<std::ptrdiff_t>(begin), from->begin() + static_cast<std::ptrdiff_t>(end),
-                  entries.begin() + static_cast<std::ptrdiff_t>(begin));
+    for (std::size_t byte = 0; byte < bytes; ++byte) {
+        (void)distribute(byte);
     }
+    copyBack();
 }
 
-/// Sorts the few entries of [begin, end) by their keys behind `depth`, stably.
-void sortByComparing(Entries &entries, const Keys &keys, std::size_t begin, std::size_t end, std::size_t depth) {
-    const auto precedes = [&keys, depth](const Entry &left, const Entry &right) {
-        return keys[left.index].substr(depth) < keys[right.index].substr(depth);
+struct Range {
+    std::size_t begin;
+    std::size_t end;
+};
+
+/// Of [begin, end), whose prefixes at `depth` are equal, puts the keys that end within the prefix first, the shorter
+/// before the longer: zeros stand for their ends, and a real NUL looks the same. Returns where the longer ones begin.
+std::size_t sortByEnds(Entries &entries, Range range, std::size_t depth) {
+    const auto bySize = [depth](const Entry &left, const Entry &right) {
+        return left.sizeBehind(depth) < right.sizeBehind(depth);
     };
-    const auto first = entries.begin() + static_cast<std::ptrdiff_t>(begin);
-    const auto last = entries.begin() + static_cast<std::ptrdiff_t>(end);
-    if (!std::is_sorted(first, last, precedes)) {
-        std::stable_sort(first, last, precedes);
+    const auto first = entries.begin() + static_cast<std::ptrdiff_t>(range.begin);
+    const auto last = entries.begin() + static_cast<std::ptrdiff_t>(range.end);
+    if (range.end - range.begin <= few) {
+        sortFew(entries, range.begin, range.end, bySize);
+    } else if (!std::is_sorted(first, last, bySize)) {
+        std::stable_sort(first, last, bySize);
     }
+    const auto longer =
+        std::find_if(first, last, [depth](const Entry &entry) { return entry.sizeBehind(depth) > prefixSize; });
+    return static_cast<std::size_t>(longer - entries.begin());
 }
 
 /// Sorts all entries by their keys, ascending and stably.
-void sortByKey(Entries &entries, const Keys &keys) {
-    struct Range {
-        std::size_t begin;
-        std::size_t end;
-        std::size_t depth; ///< All keys of the range are equal before it.
-    };
+void sortByKey(Entries &entries) {
     Entries scratch(entries.size());
-    std::vector<Range> ranges{{0, entries.size(), 0}}; // a stack of our own: keys can be as long as a text
-    while (!ranges.empty()) {
-        const auto [begin, end, depth] = ranges.back();
-        ranges.pop_back();
-        constexpr std::size_t ahead = 16; // what is sorted in part lies anywhere in the text
-        for (std::size_t i = begin; i < end; ++i) {
-            if (depth > 0 && i + ahead < end) {
-                __builtin_prefetch(keys[entries[i + ahead].index].data() + depth);
-            }
-            readPrefix(entries[i], keys, depth);
-        }
-        sortByPrefix(entries, scratch, begin, end);
-        for (std::size_t group = begin; group < end;) {
-            std::size_t groupEnd = group + 1;
-            while (groupEnd < end && entries[groupEnd].prefix == entries[group].prefix) {
-                ++groupEnd;
-            }
-            constexpr std::size_t worthDividing = 32;
-            if (groupEnd - group > worthDividing) {
-                // Keys that end within the prefix come first, the shorter before the longer: zeros stand for their
-                // ends, and a real NUL looks the same.
-                const auto first = entries.begin() + static_cast<std::ptrdiff_t>(group);
-                const auto last = entries.begin() + static_cast<std::ptrdiff_t>(groupEnd);
-                const auto bySize = [](const Entry &left, const Entry &right) {
-                    return left.sizeBehind < right.sizeBehind;
-                };
-                if (!std::is_sorted(first, last, bySize)) {
-                    std::stable_sort(first, last, bySize);
+    std::vector<Range> ranges{{0, entries.size()}}; // in order, whose keys are equal before the depth
+    std::vector<Range> deeper;
+    for (std::size_t depth = 0; !ranges.empty(); depth += prefixSize) {
+        for (const Range range : ranges) {
+            constexpr std::size_t ahead = 16; // the keys of neighbours lie anywhere in the text
+            for (std::size_t i = range.begin; i < range.end; ++i) {
+                if (depth > 0 && i + ahead < entries.size()) {
+                    __builtin_prefetch(entries[i + ahead].key + depth);
                 }
-                const auto longer =
-                    std::find_if(first, last, [](const Entry &entry) { return entry.sizeBehind > prefixSize; });
-                if (last - longer > 1) {
-                    ranges.push_back(
-                        {static_cast<std::size_t>(longer - entries.begin()), groupEnd, depth + prefixSize});
-                }
-            } else if (groupEnd - group > 1) {
-                sortByComparing(entries, keys, group, groupEnd, depth);
+                readPrefix(entries[i], depth);
             }
-            group = groupEnd;
+            sortByPrefix(entries, scratch, range.begin, range.end);
+            for (std::size_t group = range.begin; group < range.end;) {
+                std::size_t groupEnd = group + 1;
+                while (groupEnd < range.end && entries[groupEnd].prefix == entries[group].prefix) {
+                    ++groupEnd;
+                }
+                if (groupEnd - group > 1) {
+                    const std::size_t longer = sortByEnds(entries, {group, groupEnd}, depth);
+                    if (groupEnd - longer > 1) {
+                        deeper.push_back({longer, groupEnd});
+                    }
+                }
+                group = groupEnd;
+            }
         }
+        std::swap(ranges, deeper);
+        deeper.clear();
     }
 }
 
@@ -197,19 +230,19 @@ bool isOrderedByBytes(std::string_view text) {
 
 void sortByStringOrder(std::vector<std::string_view> &strings, SortDirection direction) {
     std::deque<std::string> composedForms; // a deque, so that views of its strings stay valid
-    Keys keys = strings;
     Entries entries(strings.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (!isOrderedByBytes(keys[i])) {
-            keys[i] = composedForms.emplace_back(composed(keys[i]));
+    for (std::size_t i = 0; i < strings.size(); ++i) {
+        std::string_view key = strings[i];
+        if (!isOrderedByBytes(key)) {
+            key = composedForms.emplace_back(composed(key));
         }
-        entries[i].index = static_cast<std::uint32_t>(i);
+        entries[i] = {0, key.data(), static_cast<std::uint32_t>(key.size()), static_cast<std::uint32_t>(i)};
     }
     // Reversed before and after, so that equal ones keep their order when the direction is reversed.
     if (direction == SortDirection::descending) {
         std::reverse(entries.begin(), entries.end());
     }
-    sortByKey(entries, keys);
+    sortByKey(entries);
     if (direction == SortDirection::descending) {
         std::reverse(entries.begin(), entries.end());
     }

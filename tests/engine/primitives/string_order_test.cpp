@@ -70,7 +70,7 @@ TEST(StringOrder, EqualsAStableSortOfTheBytes) {
                 for (std::string &text : texts) {
                     text.assign(random() % longest, 'a');
                     for (char &c : text) {
-                        c = static_cast<char>('a' + static_cast<char>(random() % letters));
+                        c = static_cast<char>((letters == 2 ? '\0' : 'a') + static_cast<char>(random() % letters));
                     }
                     if (random() % 4 == 0) {
                         text.insert(0, "a common beginning ");
