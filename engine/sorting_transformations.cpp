@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/sorting_transformations.h"
 
-#include "engine/primitives/characters.h"
+#include "engine/primitives/line_lengths.h"
 #include "engine/primitives/line_mapping.h"
 #include "engine/primitives/piece_set.h"
 #include "engine/primitives/string_order.h"
@@ -112,13 +112,7 @@ TextBuffer SortLinesReverseTransformation::apply(std::string_view text, const Pa
 }
 
 TextBuffer SortLinesByLengthTransformation::apply(std::string_view text, const ParameterMap &) const {
-    std::vector<std::string_view> lines;
-    std::vector<std::size_t> lengths;
-    forEachLine(text, [&](std::string_view line) {
-        lines.push_back(line);
-        lengths.push_back(characterCount(line));
-    });
-    return join(sortedByNumber(lines, lengths), '\n', text);
+    return join(sortedByNumber(splitLines(text), lineLengths(text)), '\n', text);
 }
 
 TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
