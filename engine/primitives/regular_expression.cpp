@@ -14,6 +14,7 @@
 #include <unicode/utf16.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <ctime>
 #include <limits>
@@ -155,6 +156,12 @@ public:
             }
         }
         m_parts.push_back({std::move(literal), noGroup});
+        for (const Part &part : m_parts) {
+            m_literalBytes += part.literal.size();
+            if (part.group != noGroup) {
+                ++m_uses[static_cast<std::size_t>(part.group)];
+            }
+        }
     }
 
     /// Appends the replacement of one match; `appendGroup(int)` appends what that group matched, if anything.
@@ -169,16 +176,15 @@ public:
 
     /// The bytes that take the place of a match; `sizeOf(int)` tells those of a group.
     template<typename SizeOf> [[nodiscard]] std::size_t sizeFor(SizeOf sizeOf) const {
-        std::size_t sum = 0;
-        for (const Part &part : m_parts) {
-            sum += part.literal.size() + (part.group == noGroup ? 0 : sizeOf(part.group));
+        std::size_t sum = m_literalBytes;
+        for (std::size_t group = 0; group < m_uses.size(); ++group) {
+            sum += m_uses[group] == 0 ? 0 : m_uses[group] * sizeOf(static_cast<int>(group));
         }
         return sum;
     }
     /// No text of `size` bytes becomes larger than this: its matches and their groups lie side by side.
     [[nodiscard]] std::size_t mostBytesFor(std::size_t size) const {
-        const std::size_t literals = sizeFor([](int) { return std::size_t{0}; });
-        return size * m_parts.size() + literals * (size + 1);
+        return size * m_parts.size() + m_literalBytes * (size + 1);
     }
 
 private:
@@ -188,6 +194,8 @@ private:
         int group;
     };
     std::vector<Part> m_parts;
+    std::size_t m_literalBytes = 0;       ///< Of all parts together.
+    std::array<std::size_t, 10> m_uses{}; ///< How many parts refer to each group: a template may have thousands.
 };
 
 std::unique_ptr<icu::RegexPattern> compile(std::string_view pattern) {
