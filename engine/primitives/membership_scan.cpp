@@ -106,8 +106,8 @@ void MembershipScan::resolve(Block &block, std::uint64_t candidates) {
 std::size_t memberCount(std::string_view text, CodePointSet set) {
     std::size_t count = 0;
     MembershipScan scan(text, set, MembershipScan::Mark::firstByte);
-    for (MembershipScan::Block block; scan.next(block);) {
-        count += static_cast<std::size_t>(std::popcount(block.members));
+    for (Stretch stretch; scan.next(stretch);) {
+        count += kernels::best().countBits(stretch.members, stretch.blocks);
     }
     return count;
 }

@@ -7,11 +7,9 @@
 #include "engine/primitives/membership_scan.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 
 namespace lexivore {
 
