@@ -32,9 +32,8 @@ MembershipScan::MembershipScan(std::string_view text, CodePointSet set, Mark mar
     : m_byteClass(byteClassOf(set)), m_set(set), m_mark(mark), m_stretch(text.data()),
       m_end(text.data() + text.size()) {}
 
-MembershipScan::MembershipScan(std::string_view text, const kernels::ByteClass &byteClass)
-    : m_byteClass(byteClass), m_set(0), m_mark(Mark::firstByte), m_takesCandidates(true), m_stretch(text.data()),
-      m_end(text.data() + text.size()) {}
+MembershipScan::MembershipScan(std::string_view text, const kernels::AsciiSet &set)
+    : m_byteClass{set}, m_set(0), m_mark(Mark::firstByte), m_stretch(text.data()), m_end(text.data() + text.size()) {}
 
 bool MembershipScan::refill() {
     m_stretch += m_blockCount * kernels::blockSize;

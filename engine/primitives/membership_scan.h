@@ -42,13 +42,8 @@ public:
     };
 
     MembershipScan(std::string_view text, CodePointSet set, Mark mark);
-    /// Looks for bytes: the members of an ASCII set and every candidate outside it.
-    MembershipScan(std::string_view text, const kernels::ByteClass &byteClass);
     /// Looks for ASCII characters alone.
-    MembershipScan(std::string_view text, const kernels::AsciiSet &set)
-        : MembershipScan(text, kernels::ByteClass{set}) {
-        m_takesCandidates = false;
-    }
+    MembershipScan(std::string_view text, const kernels::AsciiSet &set);
 
     /// From now on the ASCII character is no member. To be said before the first block.
     void ignore(char character) { m_byteClass.ascii.remove(character); }
@@ -63,11 +58,7 @@ public:
         block = {begin, left < kernels::blockSize ? left : kernels::blockSize, m_members[m_block]};
         const std::uint64_t candidates = m_candidates[m_block];
         if (candidates != 0 || m_carried != 0) {
-            if (m_takesCandidates) {
-                block.members |= candidates;
-            } else {
-                resolve(block, candidates);
-            }
+            resolve(block, candidates);
         }
         ++m_block;
         return true;
@@ -84,7 +75,6 @@ private:
     kernels::ByteClass m_byteClass;
     CodePointSet m_set;
     Mark m_mark;
-    bool m_takesCandidates = false; ///< Bytes count, not code points, so that every candidate is a member.
     const char *m_stretch;
     const char *m_end;
     const char *m_resolvedEnd = nullptr; ///< Bytes before it belong to a code point that was looked up already.
