@@ -16,7 +16,7 @@ namespace {
 /// Appends the text encoded in parts, each of them checked and encoded while it is in the cache. False when it is no
 /// valid UTF-8, which only the engine's interface can be handed.
 bool appendEncoded(TextBuffer &to, std::string_view text, void (&append)(TextBuffer &, std::string_view)) {
-    constexpr std::size_t partSize = 3 * 8192; // whole groups for Base64
+    constexpr std::size_t partSize = std::size_t{3} * 8192; // whole groups for Base64
     for (std::size_t begin = 0, checked = 0; begin < text.size(); begin += partSize) {
         const std::string_view part = text.substr(begin, partSize);
         std::size_t end = begin + part.size();

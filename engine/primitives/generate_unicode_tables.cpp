@@ -313,6 +313,7 @@ std::uint8_t commonEntry(const Prefix &prefix, const std::function<std::uint8_t(
 
 void writeCharacterPages(std::ostream &out) {
     std::vector<std::uint8_t> entries;
+    entries.reserve(codePointLimit);
     for (UChar32 c = 0; c < static_cast<UChar32>(codePointLimit); ++c) {
         entries.push_back(kernels::entryOf(kindOf(c), roleOf(c)));
     }
