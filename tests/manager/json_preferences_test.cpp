@@ -173,6 +173,17 @@ TEST_F(JsonPreferencesTest, KeepsWhatItDoesNotKnow) {
     EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});
 }
 
+TEST_F(JsonPreferencesTest, WhatIsRemovedIsGoneFromTheFileToo) {
+    put(R"({"skippedUpdateVersion": "2.0", "other": 1})");
+    EXPECT_EQ(elsewhere([](JsonPreferences &preferences) {
+                  preferences.remove(QStringLiteral("skippedUpdateVersion"));
+                  preferences.remove(QStringLiteral("never there"));
+                  return preferences.value(QStringLiteral("skippedUpdateVersion")).isValid() ? 1 : 0;
+              }),
+              0);
+    EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("other"), 1LL}}));
+}
+
 TEST_F(JsonPreferencesTest, SeesAndKeepsTheOtherCopysChanges) {
     JsonPreferences preferences(path());
     preferences.setValue(QStringLiteral("mine"), 1);

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 namespace lexivore {
@@ -57,6 +58,9 @@ TEST_F(RecipeFileTest, SaysWhyAFileCannotBeRead) {
     EXPECT_EQ(problemOfReading(path("text.json")),
               start + path("text.json").toStdString() + "”: It is not a list of recipes.");
 
+    // It opens, and its first bytes cannot be read.
+    EXPECT_EQ(problemOfReading(QStringLiteral("/proc/self/mem")), start + "/proc/self/mem”: Input/output error");
+
     QFile huge(path("huge.json"));
     ASSERT_TRUE(huge.open(QIODevice::WriteOnly));
     ASSERT_TRUE(huge.resize(qint64(65) * 1024 * 1024));
@@ -82,6 +86,16 @@ TEST_F(RecipeFileTest, AFailedWriteLeavesTheOldFileAndSaysWhy) {
     EXPECT_NE(problem, QString());
     EXPECT_FALSE(RecipeFile::write(QStringLiteral("/dev/null"), {}, problem));
     EXPECT_EQ(problem, QStringLiteral("The recipes could not be written to “/dev/null”: It is not a file."));
+}
+
+TEST_F(RecipeFileTest, ARecipeWithoutAValidTimeIsNotWritten) {
+    test::writeBytes(path("recipes.json"), "the old file");
+    std::vector<Recipe> recipes = makeRecipeTemplates();
+    recipes.back().createdAt.secondsSinceReferenceDate = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_FALSE(RecipeFile::write(path("recipes.json"), recipes, problem));
+    EXPECT_EQ(problem.toStdString(), "The recipes could not be written to “" + path("recipes.json").toStdString() +
+                                         "”: One of them has no valid time.");
+    EXPECT_EQ(test::bytesOf(path("recipes.json")), "the old file");
 }
 
 } // namespace

@@ -2,10 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "manager/text_history.h"
 
+#include "engine/catalog.h"
+#include "engine/text_transformation.h"
+
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 namespace lexivore {
 namespace {
@@ -62,6 +68,45 @@ TEST(TextHistory, HasNoMaximumDepth) {
     }
     EXPECT_EQ(history.undoStack().size(), 100'000U);
     EXPECT_EQ(std::get<HistoryToggle>(history.undoStack().front().action).index, 0U);
+}
+
+TEST(TextHistory, MakesForgottenTextsAgainAlsoWhereAStepFails) {
+    const Catalog catalog = makeCatalog();
+    const std::string transformations[] = {"uppercase", "no-such-transformation", "wrap-lines", "reverse", "lowercase"};
+    const ParameterMap refused{{"width", "0"}};
+    ASSERT_THROW((void)findTransformation(catalog, "wrap-lines")->apply("x", refused), TransformationError);
+
+    const Text origin(std::string_view("some text"));
+    const std::string texts[] = {"some text", "SOME TEXT", "SOME TEXT", "SOME TEXT", "TXET EMOS", "txet emos"};
+    std::vector<TextHistoryState> states;
+    TextHistoryState made = state("");
+    made.origin = TextOrigin{origin, 0};
+    for (std::size_t done = 0; true; ++done) {
+        made.text = done == 0 ? origin : Text(std::string_view(texts[done]));
+        states.push_back(made);
+        if (done == std::size(transformations)) {
+            break;
+        }
+        AppliedOperation operation;
+        operation.transformation = transformations[done];
+        operation.parameters = refused;
+        made.operations.push_back(operation);
+    }
+
+    TextHistory history(catalog, 0); // no room for any text that can be made again
+    for (std::size_t done = 0; done + 1 < states.size(); ++done) {
+        history.push(states[done], HistoryTransformation{});
+    }
+    EXPECT_TRUE(history.undoStack()[3].state.isTextForgotten); // the step before it failed
+    TextHistoryState current = states.back();
+    for (std::size_t left = states.size() - 1; left > 0; --left) {
+        current = history.undo(current);
+        EXPECT_EQ(current.text, Text(std::string_view(texts[left - 1]))) << left;
+    }
+    for (std::size_t done = 1; done < states.size(); ++done) {
+        current = history.redo(current);
+        EXPECT_EQ(current.text, Text(std::string_view(texts[done]))) << done;
+    }
 }
 
 } // namespace

@@ -66,6 +66,18 @@ TEST(OccurrenceFinder, FindsNothingInNoText) {
     EXPECT_EQ(finder.from(nullptr), nullptr);
 }
 
+TEST(FindBytes, StaysFastWhereEveryPlaceLooksLikeTheBeginning) {
+    // The first and the last byte of the pattern fit everywhere, the byte in the middle only where it is put.
+    std::string text(300'000, 'a');
+    const std::string half(700, 'a');
+    const std::string pattern = half + "b" + half;
+    EXPECT_EQ(findBytes(text, pattern), std::string_view::npos);
+    for (const std::size_t place : {text.size() - pattern.size(), std::size_t{200'000}, std::size_t{10}}) {
+        text.replace(place, pattern.size(), pattern);
+        EXPECT_EQ(findBytes(text, pattern), place);
+    }
+}
+
 } // namespace
 
 } // namespace lexivore

@@ -166,6 +166,14 @@ TEST(PatternDifferential, SequencesAreTheseAlone) {
     }
 }
 
+TEST(PatternDifferential, SequencesHaveAtMostSixtyFourItems) {
+    const std::string sixtyFour(64, 'a');
+    EXPECT_TRUE(isSequence(sixtyFour));
+    EXPECT_FALSE(isSequence(sixtyFour + "b"));
+    EXPECT_EQ(marked(sixtyFour + sixtyFour + "b", sixtyFour + "b"),
+              markedByIcu(sixtyFour + sixtyFour + "b", sixtyFour + "b"));
+}
+
 TEST(PatternDifferential, RequiredLiteralsAreInEveryMatch) {
     const auto required = [](std::string_view pattern) {
         const auto tokens = readPattern(pattern);

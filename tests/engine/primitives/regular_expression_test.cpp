@@ -119,6 +119,27 @@ TEST(RegularExpression, HasTheStackForAGroupRepeatedOverALongLine) {
     EXPECT_EQ(replaced(std::string(400'000, 'a') + "c", "(a|b)*", ""), "c");
 }
 
+TEST(RegularExpression, RefusesWhatWouldBeTooLargeBeforeItWritesIt) {
+    std::string text(std::size_t{1} << 20U, 'a');
+    const std::string literal(4096, 'b');
+    // Looked for as bytes and as a sequence.
+    for (const char *pattern : {"a", "(a)"}) {
+        for (const std::string_view group : {"", "$0", "$1"}) {
+            const std::string replacement = literal + std::string(group);
+            EXPECT_THROW((void)replaceMatches(text, pattern, replacement), TextTooLarge) << pattern << group;
+        }
+    }
+    // As much text, but with little in it to replace.
+    text.replace(1000, 2, "xx");
+    const std::string rest(text.size() - 1002, 'a');
+    for (const char *pattern : {"x", "(x)"}) {
+        const std::string once = literal + (pattern[0] == 'x' ? "" : "x");
+        EXPECT_EQ(replaced(text, pattern, literal + (pattern[0] == 'x' ? "" : "$1")),
+                  std::string(1000, 'a') + once + once + rest)
+            << pattern;
+    }
+}
+
 } // namespace
 
 } // namespace lexivore

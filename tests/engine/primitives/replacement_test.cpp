@@ -60,6 +60,16 @@ TEST(ReplaceAll, EqualsAPlainReplacement) {
     }
 }
 
+TEST(ReplaceAll, RefusesWhatWouldBeTooLargeBeforeItWritesIt) {
+    std::string text(std::size_t{1} << 20U, 'a');
+    const std::string replacement(4096, 'b');
+    EXPECT_THROW((void)replaceAll(text, "a", replacement), TextTooLarge);
+    // As much text, but with little in it to replace.
+    text.replace(1000, 2, "xx");
+    EXPECT_EQ(replaceAll(text, "x", replacement).view(),
+              std::string(1000, 'a') + replacement + replacement + std::string(text.size() - 1002, 'a'));
+}
+
 constexpr kernels::AsciiSet spaceAndDigit(" 1");
 
 TEST(RemoveCharacters, DropsTheMembersAlone) {
