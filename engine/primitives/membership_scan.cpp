@@ -70,13 +70,9 @@ bool MembershipScan::next(Stretch &stretch) {
         if (m_candidates[i] == 0 && m_carried == 0) {
             continue;
         }
-        if (m_takesCandidates) {
-            m_members[i] |= m_candidates[i];
-        } else {
-            Block block{m_stretch + i * kernels::blockSize, 0, m_members[i]};
-            resolve(block, m_candidates[i]);
-            m_members[i] = block.members;
-        }
+        Block block{m_stretch + i * kernels::blockSize, 0, m_members[i]};
+        resolve(block, m_candidates[i]);
+        m_members[i] = block.members;
     }
     return true;
 }
