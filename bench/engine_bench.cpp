@@ -3,14 +3,14 @@
 
 // The engine's side of the benchmark, a program that bench/engine.py talks to:
 //   engine_bench make FOLDER BYTES    writes the corpora A, B and C and what is decoded from them
-//   engine_bench serve FOLDER         answers each line "OPERATION CORPUS MILLISECONDS [KEY VALUE]..." (tabs between
-//   the
-//                                     fields) with the seconds of the processor that one run took on
+//   engine_bench serve FOLDER         answers each line "OPERATION CORPUS MILLISECONDS [KEY VALUE]...", with tabs
+//                                     between the fields, with the seconds of the processor that one run took on
 //                                     average over that time
 // OPERATION is an id of the catalog, or one of the others in `makeOperations`.
 
 #include "bench/corpora.h"
 #include "engine/catalog.h"
+#include "engine/primitives/characters.h"
 #include "tools/character_frequency_tool.h"
 #include "tools/statistics_tool.h"
 
@@ -71,6 +71,7 @@ std::map<std::string, Operation> makeOperations() {
     std::map<std::string, Operation> operations = {
         {"memcpy", copy},
         {"ten-step-stack", stack},
+        {"count-characters", [](std::string_view text, const ParameterMap &) { return characterCount(text); }},
         {"statistics", [](std::string_view text,
                           const ParameterMap &) { return static_cast<std::size_t>(textStatistics(text).characters); }},
         {"character-frequency",

@@ -287,6 +287,7 @@ def rows():
         Row("hex-decode", [
             ("python3 fromhex", "py", lambda t: bytes.fromhex(t).decode(), ALL),
             ("node Buffer", "node", "Buffer.from(t, 'hex').toString()", ALL)], reads=".hex"),
+        Row("count-characters", [(r"perl \X", "perlu", r"$r = () = $t =~ /\X/g", ALL)]),
         Row("statistics", [
             ("python3 str", "py", counts, ALL), ("wc -lwm", "sh", "env LC_ALL=C.UTF-8 wc -lwm", ALL)]),
         Row("character-frequency", [
