@@ -19,6 +19,7 @@ import tempfile
 import time
 
 import marked_tables
+import measured_rows
 
 MOST_SECONDS_PER_ACTION = 10
 MOST_SECONDS_PER_TEXT = 40
@@ -162,25 +163,16 @@ def main():
     arguments.add_argument("program")
     arguments.add_argument("--quick", action="store_true", help="every action 40 times instead of 200")
     arguments.add_argument("--cpu", action="store_true", help="the processor's time, for a machine that is busy")
-    arguments.add_argument("--json", metavar="FILE", help="write the rows there, too")
-    arguments.add_argument("--docs", action="store_true", help="write the tables of docs/benchmarks.md and README.md")
-    arguments.add_argument("--from", metavar="FILE", dest="measured", help="measure nothing: take the rows from there")
+    measured_rows.add_options(arguments)
     arguments.add_argument("texts", nargs="*", help="measure only texts whose name holds one of these")
     given = arguments.parse_intermixed_args()
     if given.docs and given.texts:
         arguments.error("the tables of the documents are of all texts")
-    if given.measured:
-        with open(given.measured, encoding="utf-8") as file:
-            results = json.load(file)
-    else:
-        results = measure_all(given)
-    if given.json:
-        with open(given.json, "w", encoding="utf-8") as file:
-            json.dump(results, file, indent=1)
+    rows = measured_rows.rows(given, measure_all)
     if given.docs:
-        marked_tables.replace_table("docs/benchmarks.md", "editor", full_table(results))
-        marked_tables.replace_table("README.md", "editor", short_table(results))
-    sys.exit(any(row["value"] > row["limit"] for row in results))
+        marked_tables.replace_table("docs/benchmarks.md", "editor", full_table(rows))
+        marked_tables.replace_table("README.md", "editor", short_table(rows))
+    sys.exit(any(row["value"] > row["limit"] for row in rows))
 
 
 if __name__ == "__main__":

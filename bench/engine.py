@@ -10,7 +10,6 @@ timed by the clock: it works in several threads).
 """
 
 import argparse
-import json
 import os
 import shutil
 import statistics
@@ -21,6 +20,7 @@ import time
 
 import engine_peers
 import engine_table
+import measured_rows
 
 PERL = r"""
 use strict; use warnings; no warnings 'void'; use Time::HiRes 'clock'; use Encode 'decode';
@@ -195,23 +195,14 @@ def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("program")
     arguments.add_argument("--quick", action="store_true", help="smaller corpora: done within 50 seconds")
-    arguments.add_argument("--json", metavar="FILE", help="write the rows there, too")
-    arguments.add_argument("--docs", action="store_true", help="write the tables of docs/benchmarks.md and README.md")
-    arguments.add_argument("--from", metavar="FILE", dest="measured", help="measure nothing: take the rows from there")
+    measured_rows.add_options(arguments)
     arguments.add_argument("operations", nargs="*", help="measure only these")
     given = arguments.parse_intermixed_args()
     if given.docs and (given.quick or given.operations):
         arguments.error("the tables of the documents are of all operations on the large texts")
-    if given.measured:
-        with open(given.measured, encoding="utf-8") as file:
-            results = json.load(file)
-    else:
-        results = measure_all(given)
-    if given.json:
-        with open(given.json, "w", encoding="utf-8") as file:
-            json.dump(results, file, indent=1)
+    rows = measured_rows.rows(given, measure_all)
     if given.docs:
-        engine_table.write_docs(results)
+        engine_table.write_docs(rows)
 
 
 if __name__ == "__main__":
