@@ -76,7 +76,8 @@ protected:
         const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begin;
         const std::size_t steps = manager.appliedOperations().size();
         std::cout << id << " on " << textSize() / megabyte << " MB: " << steps << " times, then \"" << failure
-                  << "\" after " << time.count() << " s; at most " << kilobytesOf("VmHWM:") / 1024 << " MB\n";
+                  << "\" after " << time.count() << " s; at most " << kilobytesOf("VmHWM:") / 1024 << " MB"
+                  << std::endl; // the child will not do it
         if (failure.empty() || manager.currentText().size() != sizeBefore) {
             return 1;
         }
