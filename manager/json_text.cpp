@@ -23,7 +23,7 @@ QJsonDocument readJson(const QByteArray &json, QJsonParseError *error) {
     // The mark before everything else is no part of a text.
     const QByteArray front = json.startsWith(byteOrderMark) ? byteOrderMark : QByteArray();
     if (json.indexOf(byteOrderMark, front.size()) >= 0) {
-        const QJsonDocument document = QJsonDocument::fromJson(withMarksEscaped(json.mid(front.size())));
+        QJsonDocument document = QJsonDocument::fromJson(withMarksEscaped(json.mid(front.size())));
         if (!document.isNull()) {
             if (error != nullptr) {
                 *error = QJsonParseError();

@@ -174,7 +174,7 @@ TEST(ShuffleLines, GivesEveryOrderEquallyOften) {
     EXPECT_EQ(counts.size(), 6U);
     for (const auto &[order, count] : counts) {
         // Seven standard deviations: one honest run in four hundred thousand million is farther off.
-        EXPECT_NEAR(count, runs / 6, 7 * 29) << order;
+        EXPECT_NEAR(count, runs / 6.0, 7 * 29) << order;
     }
 }
 

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <iterator>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -41,6 +42,7 @@ inline void PrintTo(const Rule &rule, std::ostream *out) { *out << rule.transfor
 /// The cases of a table, or of anything else that can be walked, for the transformation with this id.
 template<typename Cases> [[nodiscard]] auto rulesOf(const std::string &id, const Cases &cases) {
     std::vector<Rule> rules;
+    rules.reserve(std::size(cases));
     for (const Case &row : cases) {
         rules.push_back({id, row});
     }

@@ -185,6 +185,7 @@ private:
 
 std::vector<ModelOperation> operationsOf(const std::vector<AppliedOperation> &operations) {
     std::vector<ModelOperation> plain;
+    plain.reserve(operations.size());
     for (const AppliedOperation &operation : operations) {
         plain.push_back({operation.transformation, operation.parameters, operation.isEnabled});
     }

@@ -33,9 +33,9 @@ protected:
     std::vector<Recipe> stored() { return TransformationManager(preferences).recipes(); }
     std::size_t undoCount() const { return manager.history().undoStack().size(); }
 
-    static Recipe recipe(std::vector<std::pair<std::string, ParameterMap>> steps) {
+    static Recipe recipe(const std::vector<std::pair<std::string, ParameterMap>> &steps) {
         Recipe made;
-        for (auto &[id, parameters] : steps) {
+        for (const auto &[id, parameters] : steps) {
             AppliedOperation &operation = made.operations.emplace_back();
             operation.transformation = id;
             operation.parameters = parameters;

@@ -16,6 +16,14 @@ namespace {
 
 /// A session bus that can start the probe.
 class DesktopActivationTest : public DesktopProbeTest {
+public:
+    ~DesktopActivationTest() override {
+        QDBusConnection::disconnectFromBus("test");
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+        signalPrimary(SIGKILL);
+    }
+
 protected:
     DesktopActivationTest() {
         QDir(m_folder.path()).mkdir("services");
@@ -32,13 +40,6 @@ protected:
         m_daemon.start("dbus-daemon",
                        {"--config-file=" + path("bus.conf"), "--nofork", "--nopidfile", "--print-address"});
         EXPECT_TRUE(m_daemon.waitForReadyRead(patience)) << "no session bus";
-    }
-
-    ~DesktopActivationTest() override {
-        QDBusConnection::disconnectFromBus("test");
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-        signalPrimary(SIGKILL);
     }
 
     [[nodiscard]] QString address() const { return "unix:path=" + path("bus"); }

@@ -103,6 +103,7 @@ TEST_F(SingleInstanceTest, AFileInTheSocketsPlaceBlocksNoStart) {
 TEST_F(SingleInstanceTest, StartsAtTheSameInstantGiveOneInstance) {
     for (int round = 0; round < 5; ++round) {
         std::vector<std::unique_ptr<QProcess>> processes;
+        processes.reserve(6);
         for (int i = 0; i < 6; ++i) {
             processes.push_back(start());
         }

@@ -18,7 +18,7 @@ namespace lexivore {
 
 namespace {
 
-constexpr std::size_t windowBytes = 256 * 1024;
+constexpr std::size_t windowBytes = std::size_t{256} * 1024;
 
 /// Finds the needle in runs of bytes.
 class Finder {

@@ -23,13 +23,13 @@ namespace lexivore {
 
 namespace {
 
-void describe(QApplication &application, const QVariantMap &information) {
-    application.setApplicationName("lexivore");
-    application.setApplicationDisplayName("Lexivore");
-    application.setApplicationVersion(information.value(bundle_key::version).toString());
-    application.setDesktopFileName(DesktopActivation::serviceName);
+void describe(const QVariantMap &information) {
+    QApplication::setApplicationName("lexivore");
+    QApplication::setApplicationDisplayName("Lexivore");
+    QApplication::setApplicationVersion(information.value(bundle_key::version).toString());
+    QApplication::setDesktopFileName(DesktopActivation::serviceName);
     // Closing the window hides the program; starting it again brings it back.
-    application.setQuitOnLastWindowClosed(false);
+    QApplication::setQuitOnLastWindowClosed(false);
 }
 
 /// What this start asks for: the files that it was given, and the token with which it may take the keyboard.
@@ -46,7 +46,7 @@ SingleInstance::Request requestOfThisStart() {
 } // namespace
 
 int runProgram(QApplication &application, const QVariantMap &information) {
-    describe(application, information);
+    describe(information);
     const SingleInstance::Request request = requestOfThisStart();
     SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
     if (instance.start(request) == SingleInstance::Role::secondary) {
@@ -59,7 +59,7 @@ int runProgram(QApplication &application, const QVariantMap &information) {
     installTranslations(application, QLocale().uiLanguages());
     Style::install(application);
     followSystemAppearance(application);
-    application.setWindowIcon(applicationIcon());
+    QApplication::setWindowIcon(applicationIcon());
     JsonPreferences preferences;
     LexivoreApp app(preferences, nullptr, information);
     TrayIcon tray;

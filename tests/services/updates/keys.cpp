@@ -19,7 +19,7 @@ using Bio = std::unique_ptr<BIO, Release<BIO_free_all>>;
 
 constexpr std::size_t keySize = 32;
 constexpr std::size_t signatureSize = 64;
-constexpr long oneDay = 24 * 60 * 60; // seconds
+constexpr long oneDay = 24L * 60 * 60; // seconds
 
 uchar *bytesOf(QByteArray &bytes) { return reinterpret_cast<uchar *>(bytes.data()); }
 
