@@ -55,9 +55,7 @@ std::variant<TextBuffer, Failure> readAll(QFile &file, std::size_t maximum) {
     }
 }
 
-} // namespace
-
-std::variant<Text, NotUtf8, Failure> read(const QString &path, std::size_t maximum) {
+std::variant<Text, NotUtf8, Failure> readFile(const QString &path, std::size_t maximum) {
     const QFileInfo info(path);
     if (info.isDir()) {
         return cannotOpen(path, Words::tr("it is a folder"));
@@ -70,16 +68,22 @@ std::variant<Text, NotUtf8, Failure> read(const QString &path, std::size_t maxim
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return cannotOpen(path, file.errorString());
     }
+    std::variant<TextBuffer, Failure> bytes = readAll(file, maximum);
+    if (auto *failure = std::get_if<Failure>(&bytes)) {
+        return std::move(*failure);
+    }
+    auto &buffer = std::get<TextBuffer>(bytes);
+    if (!isValidUtf8(buffer)) {
+        return NotUtf8{cannotOpen(path, Words::tr("it is not a text in UTF-8")).message};
+    }
+    return Text(std::move(buffer));
+}
+
+} // namespace
+
+std::variant<Text, NotUtf8, Failure> read(const QString &path, std::size_t maximum) {
     try {
-        std::variant<TextBuffer, Failure> bytes = readAll(file, maximum);
-        if (auto *failure = std::get_if<Failure>(&bytes)) {
-            return std::move(*failure);
-        }
-        auto &buffer = std::get<TextBuffer>(bytes);
-        if (!isValidUtf8(buffer)) {
-            return NotUtf8{cannotOpen(path, Words::tr("it is not a text in UTF-8")).message};
-        }
-        return Text(std::move(buffer));
+        return readFile(path, maximum);
     } catch (const std::bad_alloc &) {
         return cannotOpen(path, Words::tr("there is not enough memory"));
     }
