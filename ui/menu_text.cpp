@@ -9,13 +9,13 @@ namespace lexivore {
 
 namespace {
 
-constexpr int longestText = 60;
+constexpr qsizetype longestText = 60;
 
 } // namespace
 
 QString menuText(const QString &name) {
     // So much of a very long name is more than is shown.
-    QString text = name.left(qsizetype{100} * longestText).simplified();
+    QString text = name.left(100 * longestText).simplified();
     if (text.size() > longestText) {
         QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
         characters.setPosition(longestText);

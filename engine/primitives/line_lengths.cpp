@@ -41,8 +41,8 @@ public:
 
     void addBlock(const CharacterBlock &block) {
         std::uint64_t left = block.boundaries;
-        for (std::uint64_t newlines = block.members; newlines != 0; newlines &= newlines - 1) {
-            const std::uint64_t before = (newlines & (0 - newlines)) - 1;
+        for (std::uint64_t ends = block.members; ends != 0; ends &= ends - 1) {
+            const std::uint64_t before = (ends & (0 - ends)) - 1;
             addCharacters(static_cast<std::size_t>(std::popcount(left & before)));
             endLine();
             left &= ~(before << 1 | 1U);

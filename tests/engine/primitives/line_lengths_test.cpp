@@ -21,7 +21,8 @@ std::vector<std::size_t> lengthsOfEach(std::string_view text) {
 TEST(LineLengths, CountCharactersWithoutTheNewlines) {
     EXPECT_EQ(lineLengths(""), (std::vector<std::size_t>{0}));
     EXPECT_EQ(lineLengths("\n"), (std::vector<std::size_t>{0, 0}));
-    EXPECT_EQ(lineLengths("abc\r\ne\u0301\u2028👨‍👩‍👧\u0085\v"), (std::vector<std::size_t>{3, 0, 1, 1, 0, 0}));
+    EXPECT_EQ(lineLengths("abc\r\ne\u0301\u2028👨‍👩‍👧\u0085\v"),
+              (std::vector<std::size_t>{3, 0, 1, 1, 0, 0}));
     // A mark at the beginning of a line belongs to nothing before it.
     EXPECT_EQ(lineLengths("a\n\u0301b\n"), (std::vector<std::size_t>{1, 2, 0}));
 }

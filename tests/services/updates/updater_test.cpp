@@ -244,7 +244,7 @@ TEST_F(ScheduledTest, WaitsForADayToPass) {
 }
 
 TEST_F(ScheduledTest, AClockThatWasSetBackIsNoReasonToWaitForYears) {
-    setLastCheck(-365 * 24 * 60 * 60);
+    setLastCheck(qint64{-365} * 24 * 60 * 60);
     updater().start();
     EXPECT_TRUE(hears("found unasked 2.0"));
     EXPECT_EQ(preferences.value(preference::lastUpdateCheck).toLongLong(), now.toSecsSinceEpoch());

@@ -387,8 +387,8 @@ void LongRunActions::answerSheets() {
 
 void LongRunActions::playWith(QWidget &sheet) {
     for (auto *const field : sheet.findChildren<QLineEdit *>()) {
-        static constexpr const char *values[] = {"2", "o", "> ", "", "abc", "(\\w)o", "é", "7", "x: ", "10"};
         if (field->isVisible() && below(3) > 0) {
+            static constexpr const char *values[] = {"2", "o", "> ", "", "abc", "(\\w)o", "é", "7", "x: ", "10"};
             field->setText(oneOf(values));
         }
     }
