@@ -4,6 +4,7 @@
 
 #include "engine/primitives/codecs.h"
 #include "engine/primitives/replacement.h"
+#include "engine/primitives/staged_text.h"
 #include "engine/primitives/utf8.h"
 
 #include <optional>
@@ -16,7 +17,8 @@ namespace {
 /// Appends the text encoded in parts, each of them checked and encoded while it is in the cache. False when it is no
 /// valid UTF-8, which only the engine's interface can be handed.
 bool appendEncoded(TextBuffer &to, std::string_view text, void (&append)(TextBuffer &, std::string_view)) {
-    constexpr std::size_t partSize = std::size_t{3} * 8192; // whole groups for Base64
+    constexpr std::size_t partSize = StagedText::stretch / 3 * 3; // whole groups for Base64
+    StagedText staged(to, text.size());
     for (std::size_t begin = 0, checked = 0; begin < text.size(); begin += partSize) {
         const std::string_view part = text.substr(begin, partSize);
         std::size_t end = begin + part.size();
@@ -28,7 +30,8 @@ bool appendEncoded(TextBuffer &to, std::string_view text, void (&append)(TextBuf
             return false;
         }
         checked = end;
-        append(to, part);
+        append(staged.part(), part);
+        staged.endPart();
     }
     return true;
 }

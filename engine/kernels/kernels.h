@@ -205,6 +205,9 @@ struct Kernels {
     /// As above, with `replacement` in place of every byte that is kept and has its bit in `replaced` set.
     std::size_t (*compressReplacing)(const char *from, std::size_t blocks, const std::uint64_t *keep,
                                      const std::uint64_t *replaced, char replacement, char *to);
+    /// Copies bytes to memory that nobody reads soon, and which therefore takes no place in the cache. `to` is other
+    /// memory. Another thread may see the bytes late.
+    void (*copyPastCache)(const char *from, std::size_t size, char *to);
     /// Writes all bytes but the members of the set and returns how many. Up to 64 bytes behind them are overwritten
     /// too.
     std::size_t (*removeMembers)(const char *from, std::size_t size, const AsciiSet &set, char *to);
@@ -248,7 +251,7 @@ struct Kernels {
     /// Base64 digits of as many groups of three bytes as it takes at once; returns how many bytes it read.
     std::size_t (*encodeBase64)(const char *from, std::size_t size, char *to);
     /// The bytes of as many groups of four Base64 digits as it takes at once, all of them valid; returns how many
-    /// digits it read. Up to 8 bytes behind what it writes are overwritten too.
+    /// digits it read. Up to 16 bytes behind what it writes are overwritten too.
     std::size_t (*decodeBase64)(const char *from, std::size_t size, char *to);
 };
 

@@ -104,7 +104,7 @@ std::optional<TextBuffer> decodeBase64(std::string_view text) {
         ++padding;
     }
     TextBuffer result;
-    constexpr std::size_t scratch = 8;
+    constexpr std::size_t scratch = 16;
     char *to = result.room(text.size() / 4 * 3 + scratch);
     const std::size_t decoded = kernels::best().decodeBase64(text.data(), text.size(), to);
     to += decoded / 4 * 3;

@@ -265,7 +265,7 @@ Outcome applied(std::string_view id, std::string_view text) {
 }
 
 // The encoders check and encode a long text in parts of this size.
-constexpr std::size_t partSize = 24'576;
+constexpr std::size_t partSize = 4'095;
 
 TEST(LongTexts, MayHaveCharactersOverTheEndsOfParts) {
     for (std::size_t before = partSize - 5; before <= partSize + 1; ++before) {
@@ -274,6 +274,26 @@ TEST(LongTexts, MayHaveCharactersOverTheEndsOfParts) {
             const Outcome encoded = applied(coding + "-encode", text);
             ASSERT_FALSE(encoded.failed) << coding << " of " << before;
             EXPECT_TRUE(applied(coding + "-decode", encoded.text) == text) << coding << " of " << before;
+        }
+    }
+}
+
+TEST(LongTexts, AreEncodedAsTheirPartsAreHoweverLong) {
+    // Of which every encoder makes whole groups.
+    constexpr std::string_view piece = "Zürich – 漢~\n!";
+    static_assert(piece.size() % 3 == 0);
+    for (const std::size_t pieces : {std::size_t{1'000}, std::size_t{250'001}}) { // the last are over 4 MB
+        std::string text;
+        for (std::size_t i = 0; i < pieces; ++i) {
+            text.append(piece);
+        }
+        for (const std::string coding : {"base64", "url", "hex"}) {
+            const std::string once = applied(coding + "-encode", piece).text;
+            std::string expected;
+            for (std::size_t i = 0; i < pieces; ++i) {
+                expected += once;
+            }
+            EXPECT_TRUE(applied(coding + "-encode", text).text == expected) << coding << " of " << pieces;
         }
     }
 }

@@ -273,7 +273,7 @@ TEST(CodecKernels, Base64DigitsOfWholeGroups) {
         EXPECT_EQ(digits.view().substr(0, read / 3 * 4), expected.substr(0, read / 3 * 4));
 
         const ExactCopy encoded(expected, random() % blockSize);
-        std::string bytes(expected.size() / 4 * 3 + 8, '#');
+        std::string bytes(expected.size() / 4 * 3 + 16, '#');
         const std::size_t decoded = kernels.decodeBase64(encoded.data(), expected.size(), bytes.data());
         EXPECT_EQ(decoded % 4, 0U);
         EXPECT_EQ(bytes.substr(0, decoded / 4 * 3), text.substr(0, decoded / 4 * 3));

@@ -119,6 +119,22 @@ TEST(Kernels, CountBitsCountsAllOfThem) {
     }
 }
 
+TEST(Kernels, CopyPastCacheCopiesToEveryPlaceOfALine) {
+    std::mt19937 random(seed);
+    onAllKernels([&](const Kernels &kernels) {
+        for (std::size_t place = 0; place < blockSize; ++place) {
+            for (const std::size_t size : {0U, 1U, 63U, 64U, 65U, 127U, 128U, 191U, 320U, 1000U}) {
+                std::string text(size, ' ');
+                std::generate(text.begin(), text.end(), [&]() { return static_cast<char>(random()); });
+                const ExactCopy from(text, random() % blockSize);
+                const ExactCopy to(std::string(size, '#'), place);
+                kernels.copyPastCache(from.data(), size, to.data());
+                ASSERT_EQ(to.view(), text) << kernels.name << " at " << place;
+            }
+        }
+    });
+}
+
 TEST(Kernels, RemoveMembersKeepsEverythingElse) {
     // One that hardly ever occurs, one that often does, some of every row, and all of ASCII.
     std::string everyCharacter;
