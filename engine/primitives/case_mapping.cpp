@@ -23,6 +23,9 @@ using unicode_tables::uppercase;
 
 namespace {
 
+/// How much of a text is looked at before it is worked on: it is still in the cache then.
+constexpr std::ptrdiff_t stretch = 16'384;
+
 constexpr bool isAsciiLetter(char byte) { return static_cast<unsigned char>((byte | 0x20) - 'a') < 26; }
 
 bool changes(const CaseTables &tables, char32_t codePoint) {
@@ -48,7 +51,6 @@ template<typename Write> char *writeOne(const char *&position, const char *end, 
 template<typename Correct, typename Write>
 void appendMapped(TextBuffer &result, std::string_view text, const kernels::CasePages &pages, Correct correct,
                   Write write) {
-    constexpr std::ptrdiff_t stretch = 16'384;
     constexpr std::size_t codePointsAtOnce = 8; // what the kernel stops at seldom stands alone
     constexpr std::size_t scratch = std::max(kernels::blockSize, codePointsAtOnce * longestMapping);
     const char *position = text.data();
@@ -142,7 +144,7 @@ private:
 
     void appendAscii(TextBuffer &result) {
         const char *position = m_blocks.position();
-        const char *const runEnd = asciiRunEnd(position, m_end);
+        const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, m_end - position));
         const auto length = static_cast<std::size_t>(runEnd - position);
         char *to = result.room(length);
         if (!character_breaks::transition(m_blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {

@@ -21,6 +21,9 @@ using character_breaks::Transition;
 
 namespace {
 
+/// How much of a run of ASCII is looked at before it is worked on: it is still in the cache then.
+constexpr std::ptrdiff_t stretch = 16'384;
+
 std::size_t crLfCount(std::string_view text) {
     std::size_t count = 0;
     std::size_t position = text.find('\r');
@@ -174,7 +177,7 @@ TextBuffer filterCharacters(std::string_view text, CharacterFilter filter) {
     const char *const end = text.data() + text.size();
     while (!blocks.isAtEnd()) {
         if (const char *position = blocks.position(); isAscii(*position)) {
-            const char *const runEnd = asciiRunEnd(position, end);
+            const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, end - position));
             if (!character_breaks::transition(blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {
                 *to = *position++;
                 to += isKept ? 1 : 0;
@@ -285,7 +288,6 @@ TextBuffer reverseCharacters(std::string_view text) {
     TextBuffer result;
     char *const resultEnd = result.room(text.size()) + text.size();
     result.commit(resultEnd);
-    constexpr std::ptrdiff_t stretch = 16'384; // is still in the cache when it is looked at again
     ReverseWriter writer(text, resultEnd);
     CharacterBlocks blocks(text);
     const char *const end = text.data() + text.size();
