@@ -4,6 +4,7 @@
 
 #include "engine/primitives/character_blocks.h"
 #include "engine/primitives/character_breaks.h"
+#include "engine/primitives/membership_scan.h"
 #include "engine/primitives/utf8.h"
 #include "tools/number_text.h"
 #include "tools/tool_view_factory.h"
@@ -14,6 +15,7 @@
 #include <cstdint>
 #include <cstring>
 #include <unordered_map>
+#include <utility>
 
 namespace lexivore {
 
@@ -25,85 +27,143 @@ struct Entry {
     std::int64_t count = 0;
 };
 
-/// Counts ASCII bytes that are each a character.
+/// Counts ASCII bytes that are each a character, in the order of the text.
 class ByteTable {
 public:
     void add(const char *byte) {
-        const auto index = static_cast<unsigned char>(*byte);
-        if (m_counts[index]++ == 0) {
-            m_firstAppearances[index] = byte;
-        }
+        ++m_counts[static_cast<unsigned char>(*byte)];
+        note(byte);
     }
-    /// Adds what another table has counted further on in the same text, or in turn with this one.
-    void add(const ByteTable &other) {
-        for (std::size_t byte = 0; byte < m_counts.size(); ++byte) {
-            if (other.m_counts[byte] == 0) {
-                continue;
+    void add(std::string_view bytes) {
+        if (bytes.size() < worthPairs) {
+            for (const char &byte : bytes) {
+                add(&byte);
             }
-            const bool isFirst = m_counts[byte] == 0 || other.m_firstAppearances[byte] < m_firstAppearances[byte];
-            m_firstAppearances[byte] = isFirst ? other.m_firstAppearances[byte] : m_firstAppearances[byte];
-            m_counts[byte] += other.m_counts[byte];
+            return;
         }
+        forEachMember(MembershipScan(bytes, m_unseen), [this](const char *byte) { note(byte); });
+        // Two at once take half the steps.
+        m_pairCounts.resize(pairs);
+        const char *position = bytes.data();
+        for (std::size_t left = bytes.size() / 2; left > 0; --left) {
+            std::uint16_t pair = 0;
+            std::memcpy(&pair, position, sizeof pair);
+            ++m_pairCounts[pair];
+            position += sizeof pair;
+        }
+        m_counts[static_cast<unsigned char>(bytes.back())] += bytes.size() % 2 != 0 ? 1 : 0;
     }
     void appendTo(std::vector<Entry> &entries) const {
-        for (std::size_t byte = 0; byte < m_counts.size(); ++byte) {
-            if (m_counts[byte] > 0) {
-                entries.push_back({{m_firstAppearances[byte], 1}, m_counts[byte]});
+        std::array<std::int64_t, 128> counts = m_counts;
+        for (std::size_t pair = 0; pair < m_pairCounts.size(); ++pair) {
+            counts[pair & 0x7F] += m_pairCounts[pair];
+            counts[pair >> 8] += m_pairCounts[pair];
+        }
+        for (std::size_t byte = 0; byte < counts.size(); ++byte) {
+            if (counts[byte] > 0) {
+                entries.push_back({{m_firstAppearances[byte], 1}, counts[byte]});
             }
         }
     }
 
 private:
+    static constexpr std::size_t pairs = 0x8000; ///< Those of two ASCII bytes are below it, whichever comes first.
+    static constexpr std::size_t worthPairs = 64;
+
+    static constexpr kernels::AsciiSet allOfAscii() {
+        kernels::AsciiSet set;
+        for (std::uint8_t &row : set.rows) {
+            row = 0xFF;
+        }
+        return set;
+    }
+
+    void note(const char *byte) {
+        const char *&first = m_firstAppearances[static_cast<unsigned char>(*byte)];
+        if (first == nullptr) {
+            first = byte;
+            m_unseen.remove(*byte);
+        }
+    }
+
     std::array<std::int64_t, 128> m_counts{};
     std::array<const char *, 128> m_firstAppearances{};
+    kernels::AsciiSet m_unseen = allOfAscii();
+    std::vector<std::uint32_t> m_pairCounts; ///< A text has fewer bytes than these can count.
+};
+
+/// Counts characters of several code points. Those of few bytes are found without looking at their bytes one by one.
+class SequenceTable {
+public:
+    void add(std::string_view sequence) {
+        if (sequence.size() > sizeof(std::uint64_t)) {
+            ++m_counts.try_emplace(sequence, 0).first->second;
+            return;
+        }
+        std::uint64_t bytes = 0; // never only zeros: NUL is a character by itself
+        std::memcpy(&bytes, sequence.data(), sequence.size());
+        Recent &recent = m_recent[bytes * 0x9E3779B97F4A7C15U >> (64 - recentBits)];
+        if (recent.bytes != bytes) {
+            recent = {bytes, &m_counts.try_emplace(sequence, 0).first->second};
+        }
+        ++*recent.count;
+    }
+    void appendTo(std::vector<Entry> &entries) const {
+        for (const auto &[sequence, count] : m_counts) {
+            entries.push_back({sequence, count});
+        }
+    }
+
+private:
+    static constexpr unsigned recentBits = 10;
+    struct Recent {
+        std::uint64_t bytes = 0;
+        std::int64_t *count = nullptr;
+    };
+
+    std::unordered_map<std::string_view, std::int64_t> m_counts;
+    std::array<Recent, std::size_t{1} << recentBits> m_recent{};
 };
 
 /// Counts characters of any kind. Lends their bytes from the text.
 class FrequencyTable {
 public:
     /// Counts ASCII bytes that are each a character.
-    void addBytes(const char *position, const char *end) {
-        for (; end - position >= static_cast<std::ptrdiff_t>(m_bytes.size()); position += m_bytes.size()) {
-            for (std::size_t i = 0; i < m_bytes.size(); ++i) {
-                m_bytes[i].add(position + i);
-            }
-        }
-        for (; position != end; ++position) {
-            m_bytes[0].add(position);
-        }
-    }
+    void addBytes(std::string_view bytes) { m_bytes.add(bytes); }
     void addCharacter(std::string_view character) {
         const DecodedCodePoint first = decode(character.data(), character.data() + character.size());
         if (first.length < character.size() || first.value == replacementCharacter) {
-            add(character, m_bySequence.try_emplace(character, 0).first->second);
+            m_sequences.add(character);
         } else if (first.length == 1) {
-            m_bytes[0].add(character.data());
+            m_bytes.add(character.data());
         } else {
-            m_byCodePoint.resize(0x110000);
-            add(character, m_byCodePoint[first.value]);
+            addCodePoint(character, first.value);
         }
     }
     /// Everything that was counted, in no order.
-    [[nodiscard]] std::vector<Entry> take() {
-        std::for_each(m_bytes.begin() + 1, m_bytes.end(), [this](const ByteTable &table) { m_bytes[0].add(table); });
-        m_bytes[0].appendTo(m_entries);
-        return std::move(m_entries);
+    [[nodiscard]] std::vector<Entry> entries() const {
+        std::vector<Entry> entries;
+        for (const auto &[character, codePoint] : m_codePoints) {
+            entries.push_back({character, m_codePointCounts[codePoint]});
+        }
+        m_bytes.appendTo(entries);
+        m_sequences.appendTo(entries);
+        return entries;
     }
 
 private:
-    /// `place` is one more than the character's index among the entries, or 0 when it is new.
-    void add(std::string_view character, std::size_t &place) {
-        if (place == 0) {
-            m_entries.push_back({character, 0});
-            place = m_entries.size();
+    void addCodePoint(std::string_view character, char32_t codePoint) {
+        constexpr std::size_t codePoints = 0x110000;
+        m_codePointCounts.resize(codePoints);
+        if (m_codePointCounts[codePoint]++ == 0) {
+            m_codePoints.emplace_back(character, codePoint);
         }
-        ++m_entries[place - 1].count;
     }
 
-    std::array<ByteTable, 4> m_bytes; ///< Used in turn, so that equal bytes in a row need not wait for each other.
-    std::vector<Entry> m_entries;     ///< Of everything else.
-    std::vector<std::size_t> m_byCodePoint;                         ///< The places of characters of one code point.
-    std::unordered_map<std::string_view, std::size_t> m_bySequence; ///< The places of all others.
+    ByteTable m_bytes;
+    std::vector<std::uint32_t> m_codePointCounts;                    ///< Of characters of one code point.
+    std::vector<std::pair<std::string_view, char32_t>> m_codePoints; ///< Those that occur.
+    SequenceTable m_sequences;
 };
 
 /// Counts the ASCII characters in [position, end), which does not end between the halves of a CR LF.
@@ -111,7 +171,7 @@ void addAscii(FrequencyTable &table, const char *position, const char *end) {
     while (position != end) {
         const void *const found = std::memchr(position, '\r', static_cast<std::size_t>(end - position));
         const char *const carriageReturn = found != nullptr ? static_cast<const char *>(found) : end;
-        table.addBytes(position, carriageReturn);
+        table.addBytes({position, static_cast<std::size_t>(carriageReturn - position)});
         position = carriageReturn;
         if (position != end) {
             const std::size_t length = end - position > 1 && position[1] == '\n' ? 2 : 1;
@@ -160,7 +220,7 @@ void addText(FrequencyTable &table, std::string_view text) {
 std::vector<CharacterFrequency> characterFrequencies(std::string_view text) {
     FrequencyTable table;
     addText(table, text);
-    std::vector<Entry> entries = table.take();
+    std::vector<Entry> entries = table.entries();
     std::sort(entries.begin(), entries.end(), [](const Entry &left, const Entry &right) {
         return left.count != right.count ? left.count > right.count
                                          : left.firstAppearance.data() < right.firstAppearance.data();

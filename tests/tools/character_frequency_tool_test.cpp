@@ -68,6 +68,38 @@ TEST(CharacterFrequencies, EqualThePlainOnesOnLongText) {
     }
 }
 
+TEST(CharacterFrequencies, EqualThePlainOnesOnLinesOfAscii) {
+    std::mt19937 random(sampleSeed);
+    for (int round = 0; round < 60; ++round) {
+        // Runs of any length round those that are counted in pairs, and longer than those that are looked at at once.
+        const std::string lineEnd = round % 3 == 0 ? "\n" : round % 3 == 1 ? "\r\n" : "";
+        const unsigned mostCharacters = round % 2 == 0 ? 150 : 40'000;
+        std::string text;
+        while (text.size() < 50'000) {
+            for (auto left = random() % mostCharacters; left > 0; --left) {
+                text += static_cast<char>(random() % 128);
+            }
+            text += lineEnd;
+        }
+        text += round % 5 == 0 ? "e\xCC\x81" : "";
+        ASSERT_EQ(characterFrequencies(text), plainFrequencies(text)) << "round " << round;
+    }
+}
+
+TEST(CharacterFrequencies, TellApartWhatBeginsOrEndsAlike) {
+    // Letters with one to six marks, more of them than a table of the latest holds.
+    std::mt19937 random(sampleSeed);
+    const std::string marks[] = {"\xCC\x81", "\xCC\x88", "\xCD\x82"};
+    std::string text;
+    for (int i = 0; i < 20'000; ++i) {
+        text += static_cast<char>('a' + random() % 26);
+        for (auto left = 1 + random() % 6; left > 0; --left) {
+            text += marks[random() % 3];
+        }
+    }
+    EXPECT_EQ(characterFrequencies(text), plainFrequencies(text));
+}
+
 TEST(CharacterFrequencies, AddUpToTheWholeTextOnAnyBytes) {
     std::mt19937 random(sampleSeed);
     std::vector<std::string> texts = hostileTexts();
