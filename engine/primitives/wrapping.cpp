@@ -185,7 +185,7 @@ private:
     static std::size_t charactersIn(const char *begin, const char *end) {
         auto count = static_cast<std::size_t>(end - begin);
         for (const char *place = begin + 1; place < end; ++place) {
-            count -= (place[-1] == '\r') & (*place == '\n') ? 1U : 0U;
+            count -= ((place[-1] == '\r') & (*place == '\n')) ? 1U : 0U;
         }
         return count;
     }
