@@ -40,7 +40,7 @@ double processorSeconds() {
 
 /// How long the search of a whole text may take: a fixed time, and what a harmless pattern may need for its size.
 double secondsAllowed(std::size_t bytes) {
-    constexpr double fixedSeconds = 1.5;
+    constexpr double fixedSeconds = 1.25;
     constexpr double bytesPerSecond = 25e6;
     return fixedSeconds + static_cast<double>(bytes) / bytesPerSecond;
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/engine/transformation_rule.h"
 
-#include <chrono>
+#include <ctime>
 
 namespace lexivore::test {
 
@@ -177,11 +177,11 @@ INSTANTIATE_TEST_SUITE_P(RegexErrors, TransformationRule, rulesOf("replace-regex
 
 TEST(ReplaceWithRegex, GivesUpOnAPatternOfExponentialTime) {
     const TransformationPointer replaceRegex = findTransformation(makeCatalog(), "replace-regex");
-    const auto begin = std::chrono::steady_clock::now();
+    const std::clock_t begin = std::clock();
     EXPECT_EQ(outcomeOf(*replaceRegex, std::string(60, 'a') + "!", {{"pattern", "(a+)+$"}}),
               failsToCompile("U_REGEX_TIME_OUT"));
-    // About two seconds; the bound leaves room for a busy machine.
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(8));
+    // Of the processor, about a second and a quarter; more is left for a busy machine.
+    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 4);
 }
 
 const Case reverseText[] = {
