@@ -8,6 +8,7 @@
 #include "ui/editor/text_editor.h"
 #include "ui/editor/text_search.h"
 #include "ui/text_conversion.h"
+#include "ui/theme/typography.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -22,6 +23,7 @@ namespace {
 
 using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds recountAfter = 200ms;
+constexpr int leastRoomToType = 48;
 constexpr std::size_t longestSelection = 200; ///< Bytes of a selection that is worth looking for.
 
 } // namespace
@@ -32,6 +34,7 @@ FindBar::FindBar(TextEditor &editor, QWidget *parent)
     setObjectName("findBar");
     m_field->setObjectName("find");
     m_field->setPlaceholderText(tr("Find in text..."));
+    m_field->setMinimumWidth(widthFor(leastRoomToType)); // the count is cut off rather
     m_field->installEventFilter(this);
     m_count->setObjectName("matchCount");
     auto *previous = new ToolButton("arrow.up.to.line", tr("Previous match"), ToolButton::row, this);

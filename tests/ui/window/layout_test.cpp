@@ -25,6 +25,18 @@ protected:
         QApplication::setFont(font);
         restart();
     }
+    /// Letters no wider than those that the window was designed with: a system's own may be.
+    void useDesignedLetters() {
+        constexpr double designedWidth = 139; // in Inter of 10 points
+        double points = 10;
+        for (QFont font = m_before; points > 6; points -= 0.25) {
+            font.setPointSizeF(points);
+            if (QFontMetricsF(font).horizontalAdvance("Ln 7, Col 33 702 94 20") <= designedWidth) {
+                break;
+            }
+        }
+        useLetters(points);
+    }
     void resize(int width, int height) {
         window().resize(width, height);
         QCoreApplication::processEvents();
@@ -190,6 +202,7 @@ TEST_F(Layout, TheStatusBarLeavesOutFromTheRightWhatDoesNotFit) {
 }
 
 TEST_F(Layout, TheSmallestWindowHasRoomForAllFourFiguresOfAnOrdinaryText) {
+    useDesignedLetters();
     resize(900, 600);
     setText("one two\nthree");
     QCoreApplication::processEvents();
@@ -206,6 +219,16 @@ TEST_F(Layout, InTheSmallestWindowTheFindBarLeavesRoomToType) {
     type("no such text");
     QCoreApplication::processEvents();
     EXPECT_GE(widthOf("find"), 48);
+    EXPECT_TRUE(placeOf("findBar").contains(placeOf("closeFind")));
+}
+
+TEST_F(Layout, InTheSmallestWindowTheFindBarTellsTheWholeCount) {
+    useDesignedLetters();
+    resize(900, 600);
+    setText("one two");
+    choose("Find");
+    type("no such text");
+    QCoreApplication::processEvents();
     EXPECT_GE(widthOf("matchCount"), find("matchCount")->sizeHint().width());
 }
 
