@@ -73,8 +73,8 @@ void addErrors(Texts &texts) {
         ParameterMap words;
         ParameterMap wrongOrder;
         for (const TransformationParameter &parameter : transformation->parameters()) {
-            words[parameter.id] = "(";
-            wrongOrder[parameter.id] = parameter.id == "start" ? "9" : "1";
+            words.emplace(parameter.id, "(");
+            wrongOrder.emplace(parameter.id, parameter.id == "start" ? "9" : "1");
         }
         for (const ParameterMap &parameters : {nothing, words, wrongOrder}) {
             for (const std::string &text :
