@@ -16,13 +16,14 @@ namespace lexivore {
 namespace {
 
 class TextEditorPaintingTest : public TextEditorTest {
-protected:
+public:
     TextEditorPaintingTest() : flashTime(QApplication::cursorFlashTime()) {
         QApplication::setCursorFlashTime(0);
         paintWhatIsAskedFor();
     }
     ~TextEditorPaintingTest() override { QApplication::setCursorFlashTime(flashTime); }
 
+protected:
     void paintWhatIsAskedFor() {
         QApplication::sendPostedEvents();
         QEvent request(QEvent::UpdateRequest);
