@@ -15,10 +15,11 @@ namespace {
 
 /// Where things stand, in letters of 10 points unless a test takes others.
 class Layout : public WindowTest {
-protected:
+public:
     Layout() { useLetters(10); }
     ~Layout() override { QApplication::setFont(m_before); }
 
+protected:
     void useLetters(double points) {
         QFont font = m_before;
         font.setPointSizeF(points);

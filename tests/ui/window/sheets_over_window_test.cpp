@@ -29,7 +29,7 @@ const Opening openings[] = {
 };
 
 class SheetsOverTheWindow : public WindowTest {
-protected:
+public:
     SheetsOverTheWindow() {
         setText("The first line. And the second!\nHow many are there?\n");
         manager().applyTransformation(*manager().findTransformation("uppercase"), {});
@@ -37,6 +37,7 @@ protected:
     }
     ~SheetsOverTheWindow() override { QApplication::setFont(m_font); }
 
+protected:
     void open(const Opening &opening) {
         center().post(opening.notification, opening.object);
         ASSERT_TRUE(isShown(opening.name)) << opening.name;

@@ -21,12 +21,13 @@ namespace {
 constexpr std::size_t megabyte = std::size_t{1} << 20U;
 
 class Shortage : public WindowTest {
-protected:
+public:
     ~Shortage() override {
         const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
         ::setrlimit(RLIMIT_DATA, &none);
     }
 
+protected:
     /// From now on the program gets no more than this beside what it has.
     static void limitMemoryTo(std::size_t bytes) {
         std::ifstream status("/proc/self/status");

@@ -59,10 +59,11 @@ private:
 
 /// The program with its window shown, driven by mouse and keyboard on widgets found by name.
 class WindowTest : public testing::Test {
-protected:
+public:
     WindowTest();
     ~WindowTest() override;
 
+protected:
     void restart();
 
     [[nodiscard]] TransformationManager &manager() { return m_app->transformationManager(); }
