@@ -29,14 +29,12 @@ protected:
     /// Letters no wider than those that the window was designed with: a system's own may be.
     void useDesignedLetters() {
         constexpr double designedWidth = 139; // in Inter of 10 points
-        double points = 10;
-        for (QFont font = m_before; points > 6; points -= 0.25) {
-            font.setPointSizeF(points);
-            if (QFontMetricsF(font).horizontalAdvance("Ln 7, Col 33 702 94 20") <= designedWidth) {
-                break;
-            }
-        }
-        useLetters(points);
+        QFont font = m_before;
+        int quarters = 40; // of a point
+        do {
+            font.setPointSizeF(quarters / 4.0);
+        } while (QFontMetricsF(font).horizontalAdvance("Ln 7, Col 33 702 94 20") > designedWidth && --quarters > 24);
+        useLetters(quarters / 4.0);
     }
     void resize(int width, int height) {
         window().resize(width, height);
