@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/text_buffer.h"
 
+#include "engine/primitives/huge_page_allocator.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -13,6 +15,15 @@ namespace lexivore {
 namespace {
 
 constexpr std::size_t smallestCapacity = 64;
+
+/// realloc; null when the memory cannot be had. Huge pages make fresh memory cheaper, and writing it.
+char *resized(char *bytes, std::size_t capacity) {
+    auto *const result = static_cast<char *>(std::realloc(bytes, capacity));
+    if (result != nullptr && isWorthHugePages(capacity)) {
+        wishForHugePages(result, capacity);
+    }
+    return result;
+}
 
 /// One block of memory that waits to be used again. None under AddressSanitizer, which would not see mistakes in it.
 class SpareBlock {
@@ -38,7 +49,7 @@ public:
             return nullptr;
         }
         if (m_capacity < bytes) {
-            auto *const larger = static_cast<char *>(std::realloc(m_bytes, bytes));
+            char *const larger = resized(m_bytes, bytes);
             if (larger == nullptr) {
                 return nullptr;
             }
@@ -123,7 +134,7 @@ void TextBuffer::reallocate(std::size_t capacity) {
             return;
         }
     }
-    auto *const bytes = static_cast<char *>(std::realloc(m_bytes, capacity));
+    char *const bytes = resized(m_bytes, capacity);
     if (bytes == nullptr) {
         throw std::bad_alloc();
     }

@@ -14,7 +14,24 @@
 
 namespace lexivore {
 
-/// Asks for large pages where it allocates megabytes: tables that are read and written in no order need far fewer
+inline constexpr std::size_t hugePageSize = std::size_t{1} << 21;
+
+/// Whether memory of that size should have huge pages.
+[[nodiscard]] constexpr bool isWorthHugePages(std::size_t bytes) { return bytes >= 2 * hugePageSize; }
+
+/// Asks for huge pages where those from `memory` on are not in use yet. A wish: without it everything is the same but
+/// slower. The small page that `memory` lies in is included, for an allocator that keeps its own bytes before it could
+/// not move memory of two kinds at once.
+inline void wishForHugePages([[maybe_unused]] void *memory, [[maybe_unused]] std::size_t bytes) {
+#ifdef MADV_HUGEPAGE
+    constexpr std::uintptr_t smallPageSize = 4096;
+    const auto address = reinterpret_cast<std::uintptr_t>(memory);
+    const std::uintptr_t before = address % smallPageSize;
+    (void)madvise(static_cast<char *>(memory) - before, bytes + before, MADV_HUGEPAGE);
+#endif
+}
+
+/// Takes huge pages where it allocates megabytes: tables that are read and written in no order need far fewer
 /// entries of the processor's page cache with them, and fresh memory is had in a few steps.
 template<typename T> class HugePageAllocator {
 public:
@@ -28,31 +45,25 @@ public:
             throw std::bad_array_new_length();
         }
         const std::size_t bytes = count * sizeof(T);
-        if (!isWorthIt(bytes)) {
+        if (!isWorthHugePages(bytes)) {
             return static_cast<T *>(::operator new(bytes));
         }
-        const std::size_t rounded = (bytes + pageSize - 1) / pageSize * pageSize;
-        void *const memory = std::aligned_alloc(pageSize, rounded);
+        const std::size_t rounded = (bytes + hugePageSize - 1) / hugePageSize * hugePageSize;
+        void *const memory = std::aligned_alloc(hugePageSize, rounded);
         if (memory == nullptr) {
             throw std::bad_alloc();
         }
-#ifdef MADV_HUGEPAGE
-        (void)madvise(memory, rounded, MADV_HUGEPAGE); // a wish: without it everything is the same but slower
-#endif
+        wishForHugePages(memory, rounded);
         return static_cast<T *>(memory);
     }
     void deallocate(T *memory, std::size_t count) {
-        if (isWorthIt(count * sizeof(T))) {
+        if (isWorthHugePages(count * sizeof(T))) {
             std::free(memory);
         } else {
             ::operator delete(memory);
         }
     }
     friend bool operator==(const HugePageAllocator &, const HugePageAllocator &) { return true; }
-
-private:
-    static constexpr std::size_t pageSize = std::size_t{1} << 21;
-    static constexpr bool isWorthIt(std::size_t bytes) { return bytes >= 2 * pageSize; }
 };
 
 template<typename T> using HugeVector = std::vector<T, HugePageAllocator<T>>;
