@@ -17,9 +17,7 @@ TextBuffer joinLines(std::string_view text, std::string_view separator, std::str
     if (separator.size() == 1) {
         scan.ignore(separator[0]); // it stands where it should already
     }
-    forEachMember(
-        scan, [&](const char *newline) { replacer.replace(newline, newlineLength(newline)); },
-        [&](const char *end) { replacer.copyUpTo(end); });
+    replacer.replaceAll(scan, newlineLength);
     return replacer.take(behind);
 }
 

@@ -58,9 +58,7 @@ TextBuffer replaceAll(std::string_view text, std::string_view find, std::string_
     requireRoomForAll(text, find, replacement.size());
     if (find.size() <= OccurrenceScan::longestPattern) {
         ConstantReplacer replacer(text, replacement);
-        forEachMember(
-            OccurrenceScan(text, find), [&](const char *place) { replacer.replace(place, find.size()); },
-            [&](const char *end) { replacer.copyUpTo(end); });
+        replacer.replaceAll(OccurrenceScan(text, find), [size = find.size()](const char *) { return size; });
         return replacer.take();
     }
     TextBuffer result = TextBuffer::withCapacity(text.size());
