@@ -3,8 +3,8 @@
 #include "engine/line_transformations.h"
 
 #include "engine/parameters.h"
-#include "engine/primitives/byte_search.h"
 #include "engine/primitives/line_mapping.h"
+#include "engine/primitives/line_search.h"
 #include "engine/primitives/words.h"
 
 #include <array>
@@ -20,70 +20,6 @@ std::string_view textToFind(const ParameterMap &given) { return requiredNonEmpty
 
 std::vector<TransformationParameter> textToFindParameter(std::string placeholder) {
     return {{"text", "Text to find", "", std::move(placeholder)}};
-}
-
-/// No line has a part that holds a newline character.
-bool canBeInALine(std::string_view part) { return lineCount(part) == 1; }
-
-/// The lines without `part`. The whole text is searched once, not each line.
-TextBuffer linesWithout(std::string_view text, std::string_view part) {
-    OccurrenceFinder parts(text, part);
-    const char *match = canBeInALine(part) ? parts.from(text.data()) : text.data() + text.size();
-    return filterLines(text, [&](std::string_view line) {
-        const char *const lineEnd = line.data() + line.size();
-        const bool contains = match < lineEnd;
-        if (contains) {
-            match = parts.from(lineEnd);
-        }
-        return !contains;
-    });
-}
-
-/// The lines with `part`. Those between them are not even looked for.
-TextBuffer linesWith(std::string_view text, std::string_view part) {
-    Joiner joiner('\n', text, 0);
-    OccurrenceFinder parts(text, part);
-    const char *const end = text.data() + text.size();
-    const char *match = canBeInALine(part) ? parts.from(text.data()) : end;
-    while (match != end) {
-        const char *const lineBegin = lineBeginAt(text.data(), match);
-        const NewlineMatch newline = findNewline(match + part.size(), end);
-        joiner.add({lineBegin, static_cast<std::size_t>(newline.position - lineBegin)});
-        match = parts.from(newline.position + newline.length);
-    }
-    return joiner.take();
-}
-
-bool beginsWith(std::string_view line, std::string_view part) {
-    return !line.empty() && line[0] == part[0] && line.starts_with(part); // the first byte tells most of them apart
-}
-
-/// The lines that begin with `part`: searched for as long as it seldom stands elsewhere, then looked at one by one.
-TextBuffer linesBeginningWith(std::string_view text, std::string_view part) {
-    constexpr std::size_t bytesWorthAMiss = 256;
-    Joiner joiner('\n', text, 0);
-    OccurrenceFinder parts(text, part);
-    const char *const end = text.data() + text.size();
-    const char *match = canBeInALine(part) ? parts.from(text.data()) : end;
-    std::size_t misses = 0;
-    while (match != end && misses * bytesWorthAMiss <= static_cast<std::size_t>(match - text.data()) + 4096) {
-        const bool isHit = isLineBegin(text.data(), match);
-        const NewlineMatch newline = findNewline(match + part.size(), end);
-        if (isHit) {
-            joiner.add({match, static_cast<std::size_t>(newline.position - match)});
-        }
-        misses += isHit ? 0 : 1;
-        match = parts.from(newline.position + newline.length);
-    }
-    if (match != end) {
-        const char *const lineBegin = lineBeginAt(text.data(), match);
-        forEachLine({lineBegin, static_cast<std::size_t>(end - lineBegin)}, [&](std::string_view line) {
-            if (beginsWith(line, part)) {
-                joiner.add(line);
-            }
-        });
-    }
-    return joiner.take();
 }
 
 /// The value of "count", which four transformations read.
@@ -197,7 +133,7 @@ std::vector<TransformationParameter> DeleteLinesContainingTransformation::parame
 }
 
 TextBuffer DeleteLinesContainingTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    return linesWithout(text, textToFind(parameters));
+    return linesNotContaining(text, textToFind(parameters));
 }
 
 std::vector<TransformationParameter> DeleteLinesStartingWithTransformation::parameters() const {
@@ -205,8 +141,7 @@ std::vector<TransformationParameter> DeleteLinesStartingWithTransformation::para
 }
 
 TextBuffer DeleteLinesStartingWithTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    const std::string_view part = textToFind(parameters);
-    return filterLines(text, [part](std::string_view line) { return !beginsWith(line, part); });
+    return linesNotStartingWith(text, textToFind(parameters));
 }
 
 std::vector<TransformationParameter> KeepLinesContainingTransformation::parameters() const {
@@ -214,7 +149,7 @@ std::vector<TransformationParameter> KeepLinesContainingTransformation::paramete
 }
 
 TextBuffer KeepLinesContainingTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    return linesWith(text, textToFind(parameters));
+    return linesContaining(text, textToFind(parameters));
 }
 
 std::vector<TransformationParameter> KeepLinesStartingWithTransformation::parameters() const {
@@ -222,7 +157,7 @@ std::vector<TransformationParameter> KeepLinesStartingWithTransformation::parame
 }
 
 TextBuffer KeepLinesStartingWithTransformation::apply(std::string_view text, const ParameterMap &parameters) const {
-    return linesBeginningWith(text, textToFind(parameters));
+    return linesStartingWith(text, textToFind(parameters));
 }
 
 std::vector<TransformationParameter> DeleteFirstNLinesTransformation::parameters() const {

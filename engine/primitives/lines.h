@@ -65,7 +65,10 @@ template<typename Visit> void forEachLine(std::string_view text, Visit &&visit) 
 
 /// `text` without the spaces and tabs (the whitespace set, never line breaks) at both ends.
 [[nodiscard]] inline std::string_view trimmed(std::string_view text) {
-    return !text.empty() && isVisibleAscii(text.front()) && isVisibleAscii(text.back()) ? text : trimmedSlowly(text);
+    // One space before is as common: it stands behind every sentence.
+    const std::size_t begin = text.size() > 1 && text[0] == ' ' ? 1 : 0;
+    return !text.empty() && isVisibleAscii(text[begin]) && isVisibleAscii(text.back()) ? text.substr(begin)
+                                                                                       : trimmedSlowly(text);
 }
 
 /// True when `text` holds nothing but spaces and tabs, or nothing at all.
