@@ -189,7 +189,9 @@ TEST_F(Layout, TheStatusBarLeavesOutFromTheRightWhatDoesNotFit) {
         EXPECT_TRUE(isShown(item)) << item;
     }
     EXPECT_EQ(placeOf("characterCount").left() - placeOf("cursorPosition").right() - 1, 16);
-    setText(std::string(12'345'678, 'x') + "\r\n");
+    std::string longText;
+    longText.append(12'345'678, 'x').append("\r\n");
+    setText(longText);
     resize(900, 600);
     QCoreApplication::processEvents();
     EXPECT_TRUE(isShown("cursorPosition"));

@@ -36,8 +36,8 @@ protected:
 private:
     struct Kind {
         const char *name;
-        unsigned weight;
         void (LongRunActions::*act)();
+        unsigned weight;
         bool runsStackAgain = false; ///< When it changes the stack at all.
     };
     static const Kind kinds[];
