@@ -31,10 +31,17 @@ TextBuffer join(const std::vector<std::string_view> &pieces, char separator, std
     return joiner.take();
 }
 
+/// The parts of `text` in order with a separator between them.
+TextBuffer join(StringSorter &sorter, char separator, std::string_view text) {
+    Joiner joiner(separator, text, text.size());
+    sorter.forEachInOrder([&joiner](std::string_view part) { joiner.add(part); });
+    return joiner.take();
+}
+
 TextBuffer sortLines(std::string_view text, SortDirection direction) {
-    std::vector<std::string_view> lines = splitLines(text);
-    sortByStringOrder(lines, direction);
-    return join(lines, '\n', text);
+    StringSorter sorter(text, direction, lineCount(text));
+    forEachLine(text, [&sorter](std::string_view line) { sorter.add(line); });
+    return join(sorter, '\n', text);
 }
 
 /// `strings` in ascending order of the number that belongs to each; equal ones keep their order.
@@ -79,16 +86,18 @@ std::optional<PieceSet> countedWords(std::string_view text) {
 }
 
 /// The words in order, each as often as it was counted, with a space between them.
-TextBuffer joinCounted(const PieceSet &counted, std::size_t expectedBytes) {
-    std::vector<std::string_view> words = counted.pieces();
-    sortByStringOrder(words, SortDirection::ascending);
-    TextBuffer result = TextBuffer::withCapacity(expectedBytes);
-    for (const std::string_view word : words) {
+TextBuffer joinCounted(const PieceSet &counted, std::string_view text) {
+    StringSorter sorter(text, SortDirection::ascending, counted.size());
+    for (const std::string_view word : counted.pieces()) {
+        sorter.add(word);
+    }
+    TextBuffer result = TextBuffer::withCapacity(text.size());
+    sorter.forEachInOrder([&](std::string_view word) {
         for (std::size_t left = counted.countOf(word); left > 0; --left) {
             result.append(word);
             result.append(' ');
         }
-    }
+    });
     result.truncate(result.empty() ? 0 : result.size() - 1);
     result.shrink();
     return result;
@@ -123,11 +132,11 @@ TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const Parame
 
 TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, const ParameterMap &) const {
     if (const std::optional<PieceSet> counted = countedWords(text)) {
-        return joinCounted(*counted, text.size());
+        return joinCounted(*counted, text);
     }
-    std::vector<std::string_view> words = splitPieces(text, whitespaceAndNewlines);
-    sortByStringOrder(words, SortDirection::ascending);
-    return join(words, ' ', text);
+    StringSorter sorter(text, SortDirection::ascending);
+    forEachPiece(text, whitespaceAndNewlines, [&sorter](std::string_view word) { sorter.add(word); });
+    return join(sorter, ' ', text);
 }
 
 TextBuffer ReverseWordsInLineTransformation::apply(std::string_view text, const ParameterMap &) const {

@@ -16,6 +16,16 @@ inline constexpr std::size_t blockSize = 64;
 /// The longest pattern that `markOccurrences` takes.
 inline constexpr std::size_t longestMarked = 16;
 
+/// How many parts `sortFew` takes.
+inline constexpr std::size_t mostSortedAtOnce = 32;
+
+/// A part of a text and the number that it is sorted by.
+struct KeyedPart {
+    std::uint64_t key;
+    std::uint32_t offset; ///< In bytes, as the size.
+    std::uint32_t size;
+};
+
 /// Any set of ASCII characters. `rows[low nibble]` has a bit for each high nibble, so that membership of many bytes at
 /// once is two table look-ups in registers.
 struct AsciiSet {
@@ -253,6 +263,9 @@ struct Kernels {
     /// The bytes of as many groups of four Base64 digits as it takes at once, all of them valid; returns how many
     /// digits it read. Up to 16 bytes behind what it writes are overwritten too.
     std::size_t (*decodeBase64)(const char *from, std::size_t size, char *to);
+    /// Sorts `count` parts, at most `mostSortedAtOnce`, by their keys, ascending and stably. The lowest five bits of
+    /// each key are 0. `to` is what is read or other memory.
+    void (*sortFew)(const KeyedPart *from, std::size_t count, KeyedPart *to);
 };
 
 /// The best for this processor.

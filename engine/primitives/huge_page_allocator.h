@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <new>
+#include <type_traits>
 #include <vector>
 
 #ifdef __linux__
@@ -67,5 +68,22 @@ public:
 };
 
 template<typename T> using HugeVector = std::vector<T, HugePageAllocator<T>>;
+
+/// Room for a fixed number of values, which are not set before they are written.
+template<typename T> class HugeScratch {
+public:
+    static_assert(std::is_trivially_copyable_v<T>);
+
+    explicit HugeScratch(std::size_t count) : m_values(HugePageAllocator<T>().allocate(count)), m_count(count) {}
+    HugeScratch(const HugeScratch &) = delete;
+    HugeScratch &operator=(const HugeScratch &) = delete;
+    ~HugeScratch() { HugePageAllocator<T>().deallocate(m_values, m_count); }
+
+    [[nodiscard]] T *data() const { return m_values; }
+
+private:
+    T *m_values;
+    std::size_t m_count;
+};
 
 } // namespace lexivore

@@ -3,7 +3,6 @@
 #include "engine/primitives/string_order.h"
 
 #include "engine/primitives/code_points.h"
-#include "engine/primitives/huge_page_allocator.h"
 #include "engine/primitives/utf8.h"
 
 #include <unicode/bytestream.h>
@@ -14,13 +13,14 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <cstring>
-#include <deque>
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
-// Strings are sorted by eight bytes of their keys at a time, read as one number: UTF-8 bytes order as their code points
-// do. A radix sort puts the numbers in order; strings whose numbers are equal are then sorted by the next eight bytes.
+// A radix sort on the numbers that the beginnings of the strings are read as; strings whose numbers are equal are then
+// sorted by the bytes behind those. From the first bits on that differ the entries are distributed into ever smaller
+// parts, and the last few of them are put in order all at once.
 
 namespace lexivore {
 
@@ -43,175 +43,147 @@ std::string composed(std::string_view text) {
     return U_SUCCESS(status) ? result : std::string(text);
 }
 
-constexpr std::size_t prefixSize = 8;
+using Entry = StringKeys::Entry;
 
-/// What is moved around.
-struct Entry {
-    std::uint64_t prefix = 0; ///< Eight bytes of the key from the depth that is being sorted, zeros behind its end.
-    const char *key = nullptr;
-    std::uint32_t size = 0;  ///< Of the key.
-    std::uint32_t index = 0; ///< Of the string.
+/// Some bits of a key.
+struct Digit {
+    static constexpr int mostBits = 10;
 
-    /// How much of the key lies behind the depth; everything longer than a prefix is the same.
-    [[nodiscard]] std::size_t sizeBehind(std::size_t depth) const {
-        return size <= depth ? 0 : std::min(size - depth, prefixSize + 1);
-    }
+    int shift;
+    std::uint64_t mask;
+
+    [[nodiscard]] std::size_t of(const Entry &entry) const { return entry.key >> shift & mask; }
 };
 
-/// Reads the prefix of the entry's key at `depth`.
-void readPrefix(Entry &entry, std::size_t depth) {
-    constexpr bool isLittleEndian = std::endian::native == std::endian::little;
-    const std::size_t behind = entry.sizeBehind(depth);
-    std::uint64_t bytes = 0;
-    if (behind >= prefixSize) {
-        std::memcpy(&bytes, entry.key + depth, prefixSize);
-    } else if (behind > 0 && isLittleEndian && entry.size >= prefixSize) { // as one number, without what stands before
-        std::memcpy(&bytes, entry.key + entry.size - prefixSize, prefixSize);
-        bytes >>= 8 * (prefixSize - behind);
-    } else if (behind > 0) {
-        std::memcpy(&bytes, entry.key + depth, behind);
-    }
-    entry.prefix = isLittleEndian ? __builtin_bswap64(bytes) : bytes;
+/// The bits to sort `count` entries by first: from the first bit on that is not the same in all keys, as many as leave
+/// a few entries for each value. `differences` has a bit set for each that is not the same, and is not 0.
+Digit firstDigit(std::uint64_t differences, std::size_t count) {
+    const int bits = std::clamp(static_cast<int>(std::bit_width(count)) - 3, 4, Digit::mostBits);
+    return {std::max(0, static_cast<int>(std::bit_width(differences)) - bits), (std::uint64_t{1} << bits) - 1};
 }
 
-using Entries = HugeVector<Entry>;
+/// The bits that are not the same in all keys.
+std::uint64_t differencesOf(std::span<const Entry> entries) {
+    std::uint64_t differences = 0;
+    for (const Entry &entry : entries) {
+        differences |= entry.key ^ entries[0].key;
+    }
+    return differences;
+}
 
-/// Sorts the few entries of [begin, end) stably.
-template<typename Precedes> void sortFew(Entries &entries, std::size_t begin, std::size_t end, Precedes precedes) {
-    for (std::size_t i = begin + 1; i < end; ++i) {
-        const Entry entry = entries[i];
-        std::size_t to = i;
-        for (; to > begin && precedes(entry, entries[to - 1]); --to) {
-            entries[to] = entries[to - 1];
-        }
-        entries[to] = entry;
+/// Where the entries with each value of a digit end.
+using Ends = std::array<std::uint32_t, std::size_t{1} << Digit::mostBits>;
+
+/// Sorts `entries` into `to` by the digit, stably.
+void distribute(std::span<const Entry> entries, Digit digit, Entry *to, Ends &ends) {
+    std::fill_n(ends.begin(), digit.mask + 1, 0U);
+    for (const Entry &entry : entries) {
+        ++ends[digit.of(entry)];
+    }
+    std::uint32_t place = 0;
+    for (std::size_t value = 0; value <= digit.mask; ++value) {
+        place += std::exchange(ends[value], place);
+    }
+    for (const Entry &entry : entries) {
+        to[ends[digit.of(entry)]++] = entry;
     }
 }
 
-constexpr std::size_t few = 24;
+/// Sorts `entries` by their keys, stably; into `scratch`, which is as large, or where they are.
+void sortByKey(std::span<Entry> entries, Entry *scratch, bool intoScratch, std::uint64_t differences) {
+    if (entries.size() <= kernels::mostSortedAtOnce) {
+        kernels::best().sortFew(entries.data(), entries.size(), intoScratch ? scratch : entries.data());
+        return;
+    }
+    if (differences == 0) {
+        if (intoScratch) {
+            std::copy(entries.begin(), entries.end(), scratch);
+        }
+        return;
+    }
+    const Digit digit = firstDigit(differences, entries.size());
+    Ends ends; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+    distribute(entries, digit, scratch, ends);
+    std::size_t begin = 0;
+    for (std::size_t value = 0; value <= digit.mask; ++value) {
+        const std::span<Entry> same(scratch + begin, ends[value] - begin);
+        if (digit.shift > 0 && same.size() > 1) {
+            sortByKey(same, entries.data() + begin, !intoScratch, differencesOf(same));
+        } else if (!intoScratch) {
+            std::copy(same.begin(), same.end(), entries.begin() + static_cast<std::ptrdiff_t>(begin));
+        }
+        begin = ends[value];
+    }
+}
 
-/// Sorts [begin, end) of `entries` by the lower `bytes` bytes of their prefixes, above which they are equal, stably.
-/// `scratch` has the same size as `entries`.
-void sortByPrefix(Entries &entries, Entries &scratch, std::size_t begin, std::size_t end,
-                  std::size_t bytes = prefixSize) {
-    constexpr std::size_t worthCounting = 256;
-    constexpr std::size_t worthDividing = std::size_t{1} << 14; // what is sorted at once should fit the caches
-    const auto byPrefix = [](const Entry &left, const Entry &right) { return left.prefix < right.prefix; };
-    const auto placeOf = [](std::size_t index) { return static_cast<std::ptrdiff_t>(index); };
-    if (end - begin <= few) {
-        sortFew(entries, begin, end, byPrefix);
-        return;
-    }
-    if (end - begin < worthCounting) {
-        std::stable_sort(entries.begin() + placeOf(begin), entries.begin() + placeOf(end), byPrefix);
-        return;
-    }
-    std::array<std::array<std::uint32_t, 256>, prefixSize> counts{};
-    for (std::size_t i = begin; i < end; ++i) {
-        for (std::size_t byte = 0; byte < bytes; ++byte) {
-            ++counts[byte][entries[i].prefix >> (8 * byte) & 0xFF];
-        }
-    }
-    Entries *from = &entries;
-    Entries *to = &scratch;
-    std::array<std::size_t, 256> places{};
-    const auto distribute = [&](std::size_t byte) { // false when all have the same byte there
-        const auto digit = [byte](const Entry &entry) { return entry.prefix >> (8 * byte) & 0xFF; };
-        if (counts[byte][digit((*from)[begin])] == end - begin) {
-            return false;
-        }
-        std::size_t place = begin;
-        for (std::size_t value = 0; value < 256; ++value) {
-            places[value] = place;
-            place += counts[byte][value];
-        }
-        for (std::size_t i = begin; i < end; ++i) {
-            (*to)[places[digit((*from)[i])]++] = (*from)[i];
-        }
-        std::swap(from, to);
-        return true;
-    };
-    const auto copyBack = [&]() {
-        if (from != &entries) {
-            std::copy(from->begin() + placeOf(begin), from->begin() + placeOf(end), entries.begin() + placeOf(begin));
-        }
-    };
-    if (end - begin > worthDividing) { // by the first byte that differs, each part then by itself
-        while (bytes > 0 && !distribute(bytes - 1)) {
-            --bytes;
-        }
-        copyBack();
-        if (bytes > 1) {
-            std::size_t partBegin = begin;
-            for (const std::size_t partEnd : places) {
-                sortByPrefix(entries, scratch, partBegin, partEnd, bytes - 1);
-                partBegin = partEnd;
+/// Sorts as many entries as fit the caches together with what they stand for.
+class BlockSorter {
+public:
+    explicit BlockSorter(const StringKeys &keys) : m_keys(keys) {}
+
+    /// `entries` have the keys of `depth`, before which all strings are equal. `scratch` is as large.
+    void sort(std::span<Entry> entries, Entry *scratch, std::size_t depth) {
+        sortByKey(entries, scratch, false, differencesOf(entries));
+        m_ties.clear();
+        findTies(entries, 0, entries.size(), depth, m_ties);
+        while (!m_ties.empty()) {
+            depth += StringKeys::bytesInKey;
+            m_deeperTies.clear();
+            for (const Range tie : m_ties) {
+                const std::span<Entry> tied = entries.subspan(tie.begin, tie.end - tie.begin);
+                if (tied.size() == 2) {
+                    sortPair(tied, depth);
+                    continue;
+                }
+                for (Entry &entry : tied) {
+                    entry.key = m_keys.keyAt(entry, depth);
+                }
+                if (const std::uint64_t differences = differencesOf(tied); differences != 0) {
+                    sortByKey(tied, scratch + tie.begin, false, differences);
+                }
+                findTies(entries, tie.begin, tie.end, depth, m_deeperTies);
             }
+            std::swap(m_ties, m_deeperTies);
         }
-        return;
     }
-    for (std::size_t byte = 0; byte < bytes; ++byte) {
-        (void)distribute(byte);
-    }
-    copyBack();
-}
 
-struct Range {
-    std::size_t begin;
-    std::size_t end;
+private:
+    struct Range {
+        std::size_t begin;
+        std::size_t end;
+    };
+
+    /// Adds the ranges of [begin, end) whose keys of `depth` are equal and do not tell all.
+    void findTies(std::span<const Entry> entries, std::size_t begin, std::size_t end, std::size_t depth,
+                  std::vector<Range> &ties) const {
+        while (begin != end) {
+            const std::uint64_t key = entries[begin].key;
+            std::size_t tieEnd = begin + 1;
+            while (tieEnd != end && entries[tieEnd].key == key) {
+                ++tieEnd;
+            }
+            if (tieEnd - begin > 1 && m_keys.goesOn(key)) {
+                for (std::size_t i = begin; i < tieEnd; ++i) {
+                    m_keys.prefetch(entries[i], depth + StringKeys::bytesInKey);
+                }
+                ties.push_back({begin, tieEnd});
+            }
+            begin = tieEnd;
+        }
+    }
+
+    /// Two strings are compared as they are, which ends it at once.
+    void sortPair(std::span<Entry> pair, std::size_t depth) const {
+        const auto behind = [&](const Entry &entry) { return m_keys.stringOf(entry).substr(depth); };
+        if (m_keys.precedes(behind(pair[1]), behind(pair[0]))) {
+            std::swap(pair[0], pair[1]);
+        }
+    }
+
+    const StringKeys &m_keys;
+    std::vector<Range> m_ties; ///< In order.
+    std::vector<Range> m_deeperTies;
 };
-
-/// Of [begin, end), whose prefixes at `depth` are equal, puts the keys that end within the prefix first, the shorter
-/// before the longer: zeros stand for their ends, and a real NUL looks the same. Returns where the longer ones begin.
-std::size_t sortByEnds(Entries &entries, Range range, std::size_t depth) {
-    const auto bySize = [depth](const Entry &left, const Entry &right) {
-        return left.sizeBehind(depth) < right.sizeBehind(depth);
-    };
-    const auto first = entries.begin() + static_cast<std::ptrdiff_t>(range.begin);
-    const auto last = entries.begin() + static_cast<std::ptrdiff_t>(range.end);
-    if (range.end - range.begin <= few) {
-        sortFew(entries, range.begin, range.end, bySize);
-    } else if (!std::is_sorted(first, last, bySize)) {
-        std::stable_sort(first, last, bySize);
-    }
-    const auto longer =
-        std::find_if(first, last, [depth](const Entry &entry) { return entry.sizeBehind(depth) > prefixSize; });
-    return static_cast<std::size_t>(longer - entries.begin());
-}
-
-/// Sorts all entries by their keys, ascending and stably.
-void sortByKey(Entries &entries) {
-    Entries scratch(entries.size());
-    std::vector<Range> ranges{{0, entries.size()}}; // in order, whose keys are equal before the depth
-    std::vector<Range> deeper;
-    for (std::size_t depth = 0; !ranges.empty(); depth += prefixSize) {
-        for (const Range range : ranges) {
-            constexpr std::size_t ahead = 16; // the keys of neighbours lie anywhere in the text
-            for (std::size_t i = range.begin; i < range.end; ++i) {
-                if (depth > 0 && i + ahead < entries.size()) {
-                    __builtin_prefetch(entries[i + ahead].key + depth);
-                }
-                readPrefix(entries[i], depth);
-            }
-            sortByPrefix(entries, scratch, range.begin, range.end);
-            for (std::size_t group = range.begin; group < range.end;) {
-                std::size_t groupEnd = group + 1;
-                while (groupEnd < range.end && entries[groupEnd].prefix == entries[group].prefix) {
-                    ++groupEnd;
-                }
-                if (groupEnd - group > 1) {
-                    const std::size_t longer = sortByEnds(entries, {group, groupEnd}, depth);
-                    if (groupEnd - longer > 1) {
-                        deeper.push_back({longer, groupEnd});
-                    }
-                }
-                group = groupEnd;
-            }
-        }
-        std::swap(ranges, deeper);
-        deeper.clear();
-    }
-}
 
 } // namespace
 
@@ -228,27 +200,56 @@ bool isOrderedByBytes(std::string_view text) {
     return true;
 }
 
-void sortByStringOrder(std::vector<std::string_view> &strings, SortDirection direction) {
-    std::deque<std::string> composedForms; // a deque, so that views of its strings stay valid
-    Entries entries(strings.size());
-    for (std::size_t i = 0; i < strings.size(); ++i) {
-        std::string_view key = strings[i];
-        if (!isOrderedByBytes(key)) {
-            key = composedForms.emplace_back(composed(key));
+StringSorter::StringSorter(std::string_view text, SortDirection direction, std::size_t expectedParts)
+    : m_keys(text, direction), m_areOrderedByBytes(isOrderedByBytes(text)) {
+    m_entries.reserve(expectedParts);
+}
+
+void StringSorter::addComposed(std::string_view part) { m_entries.push_back(m_keys.entryOf(part, composed(part))); }
+
+void StringSorter::sort(const std::function<void(std::span<const Entry>)> &visit) {
+    constexpr std::size_t entriesInBlock = 4096;
+    const HugeScratch<Entry> scratch(m_entries.size());
+    const std::array<Entry *, 2> arrays = {m_entries.data(), scratch.data()};
+    struct Range {
+        std::size_t begin;
+        std::size_t size;
+        std::size_t depth; ///< Before which the strings are equal.
+        std::size_t array; ///< The one that they are in.
+    };
+    std::vector<Range> waiting{{0, m_entries.size(), 0, 0}}; // the last one comes first
+    BlockSorter blockSorter(m_keys);
+    Ends ends; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+    while (!waiting.empty()) {
+        const Range range = waiting.back();
+        waiting.pop_back();
+        const std::span<Entry> entries(arrays[range.array] + range.begin, range.size);
+        Entry *const other = arrays[1 - range.array] + range.begin;
+        if (entries.size() <= entriesInBlock) {
+            blockSorter.sort(entries, other, range.depth);
+            visit(entries);
+            continue;
         }
-        entries[i] = {0, key.data(), static_cast<std::uint32_t>(key.size()), static_cast<std::uint32_t>(i)};
+        const std::uint64_t differences = differencesOf(entries);
+        if (differences == 0 && !m_keys.goesOn(entries[0].key)) {
+            visit(entries);
+        } else if (differences == 0) {
+            const std::size_t depth = range.depth + StringKeys::bytesInKey;
+            for (Entry &entry : entries) {
+                entry.key = m_keys.keyAt(entry, depth);
+            }
+            waiting.push_back({range.begin, range.size, depth, range.array});
+        } else {
+            const Digit digit = firstDigit(differences, entries.size());
+            distribute(entries, digit, other, ends);
+            for (std::size_t value = digit.mask + 1; value > 0; --value) {
+                const std::size_t begin = value == 1 ? 0 : ends[value - 2];
+                if (begin != ends[value - 1]) {
+                    waiting.push_back({range.begin + begin, ends[value - 1] - begin, range.depth, 1 - range.array});
+                }
+            }
+        }
     }
-    // Reversed before and after, so that equal ones keep their order when the direction is reversed.
-    if (direction == SortDirection::descending) {
-        std::reverse(entries.begin(), entries.end());
-    }
-    sortByKey(entries);
-    if (direction == SortDirection::descending) {
-        std::reverse(entries.begin(), entries.end());
-    }
-    const std::vector<std::string_view> unsorted = strings;
-    std::transform(entries.begin(), entries.end(), strings.begin(),
-                   [&unsorted](const Entry &entry) { return unsorted[entry.index]; });
 }
 
 } // namespace lexivore

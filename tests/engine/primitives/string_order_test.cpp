@@ -3,21 +3,82 @@
 #include "engine/primitives/string_order.h"
 
 #include <gtest/gtest.h>
+#include <unicode/bytestream.h>
+#include <unicode/normalizer2.h>
+#include <unicode/stringpiece.h>
 
 #include <algorithm>
-#include <functional>
+#include <map>
+#include <numeric>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace lexivore {
 
 namespace {
 
 using Strings = std::vector<std::string_view>;
+using Places = std::vector<std::size_t>;
 
-Strings sorted(Strings strings, SortDirection direction = SortDirection::ascending) {
-    sortByStringOrder(strings, direction);
-    return strings;
+/// Where each of the strings, as parts of one text, comes from when they are in order. The text ends where its memory
+/// does.
+Places placesOf(const Strings &strings, SortDirection direction = SortDirection::ascending) {
+    std::string joined;
+    std::map<std::size_t, std::size_t> placeOfOffset;
+    for (const std::string_view string : strings) {
+        joined += '|';
+        placeOfOffset[joined.size()] = placeOfOffset.size();
+        joined += string;
+    }
+    const std::vector<char> memory(joined.begin(), joined.end());
+    const std::string_view text(memory.data(), memory.size());
+    StringSorter sorter(text, direction, strings.size() / 2);
+    for (const auto &[offset, place] : placeOfOffset) {
+        sorter.add(text.substr(offset, strings[place].size()));
+    }
+    Places places;
+    sorter.forEachInOrder([&](std::string_view part) {
+        places.push_back(placeOfOffset.at(static_cast<std::size_t>(part.data() - text.data())));
+        EXPECT_EQ(part, strings[places.back()]);
+    });
+    return places;
+}
+
+Strings sorted(const Strings &strings, SortDirection direction = SortDirection::ascending) {
+    Strings result;
+    for (const std::size_t place : placesOf(strings, direction)) {
+        result.push_back(strings[place]);
+    }
+    return result;
+}
+
+/// What a standard sort of the composed forms gives.
+Places expectedPlaces(const Strings &strings, SortDirection direction) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2 *const nfc = icu::Normalizer2::getNFCInstance(status);
+    std::vector<std::string> composed;
+    for (const std::string_view string : strings) {
+        icu::StringByteSink<std::string> sink(&composed.emplace_back());
+        nfc->normalizeUTF8(0, icu::StringPiece(string.data(), static_cast<std::int32_t>(string.size())), sink, nullptr,
+                           status);
+    }
+    EXPECT_TRUE(U_SUCCESS(status));
+    Places places(strings.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::stable_sort(places.begin(), places.end(), [&](std::size_t left, std::size_t right) {
+        return direction == SortDirection::ascending ? composed[left] < composed[right]
+                                                     : composed[right] < composed[left];
+    });
+    return places;
+}
+
+void expectSorted(const std::vector<std::string> &texts) {
+    const Strings strings(texts.begin(), texts.end());
+    for (const SortDirection direction : {SortDirection::ascending, SortDirection::descending}) {
+        ASSERT_EQ(placesOf(strings, direction), expectedPlaces(strings, direction))
+            << (direction == SortDirection::ascending ? "ascending" : "descending");
+    }
 }
 
 TEST(StringOrder, IsThatOfCodePoints) {
@@ -46,54 +107,76 @@ TEST(StringOrder, LeavesEquivalentStringsInTheirOrder) {
 }
 
 TEST(StringOrder, LeavesEqualStringsInTheirOrder) {
-    // The same letters at different places, so that a place tells which string is which.
-    const std::string letters = "abababab";
-    Strings strings;
-    for (std::size_t i = 0; i < letters.size(); ++i) {
-        strings.push_back(std::string_view(letters).substr(i, 1));
-    }
-    for (const SortDirection direction : {SortDirection::ascending, SortDirection::descending}) {
-        const Strings result = sorted(strings, direction);
-        for (std::size_t i = 1; i < result.size(); ++i) {
-            EXPECT_TRUE(result[i] != result[i - 1] || result[i].data() > result[i - 1].data());
+    const Strings strings = {"a", "b", "a", "b", "a", "b", "a", "b"};
+    EXPECT_EQ(placesOf(strings), (Places{0, 2, 4, 6, 1, 3, 5, 7}));
+    EXPECT_EQ(placesOf(strings, SortDirection::descending), (Places{1, 3, 5, 7, 0, 2, 4, 6}));
+}
+
+TEST(StringOrder, EqualsAStandardSortOfTheComposedForms) {
+    constexpr unsigned seed = 1;
+    std::mt19937 random(seed);
+    using namespace std::string_literals;
+    // Few letters give many ties, beginnings of one another and strings that end in NULs.
+    const std::vector<std::string> alphabets[] = {
+        {"a"},
+        {"\0"s, "a"},
+        {"\0"s, "\x01", "\x7f", "a", "b", "\xC3\xA9"},
+        {"a", "e\u0301", "\u00E9", "\u0301", "\u212B", "A\u030A", "\u1100", "\u1161", "\uAC00", "\U0001F600"},
+        {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m", "n", "o", "p", "q", "r", "s", "t", " "},
+    };
+    for (const std::vector<std::string> &alphabet : alphabets) {
+        for (const unsigned longest : {3U, 9U, 40U}) {
+            for (const std::size_t count : {2U, 10U, 31U, 33U, 100U, 1000U, 20'000U}) {
+                std::vector<std::string> texts(count);
+                for (std::string &text : texts) {
+                    if (random() % 4 == 0) {
+                        text = "a common beginning ";
+                    }
+                    for (std::size_t letters = random() % longest; letters > 0; --letters) {
+                        text += alphabet[random() % alphabet.size()];
+                    }
+                }
+                SCOPED_TRACE("seed " + std::to_string(seed) + ", " + std::to_string(count) + " strings");
+                expectSorted(texts);
+            }
         }
     }
 }
 
-TEST(StringOrder, EqualsAStableSortOfTheBytes) {
-    constexpr unsigned seed = 1;
-    std::mt19937 random(seed);
-    for (const std::size_t count : {2U, 10U, 100U, 1000U, 20'000U}) {
-        for (const unsigned letters : {1U, 2U, 26U}) {
-            for (const unsigned longest : {3U, 9U, 40U}) {
-                std::vector<std::string> texts(count);
-                for (std::string &text : texts) {
-                    text.assign(random() % longest, 'a');
-                    for (char &c : text) {
-                        c = static_cast<char>((letters == 2 ? '\0' : 'a') + static_cast<char>(random() % letters));
-                    }
-                    if (random() % 4 == 0) {
-                        text.insert(0, "a common beginning ");
-                    }
-                }
-                const Strings strings(texts.begin(), texts.end());
-                Strings expected = strings;
-                std::stable_sort(expected.begin(), expected.end());
-                const auto places = [](const Strings &of) {
-                    std::vector<const char *> result;
-                    for (const std::string_view string : of) {
-                        result.push_back(string.data());
-                    }
-                    return result;
-                };
-                ASSERT_EQ(places(sorted(strings)), places(expected)) << "seed " << seed << ", " << count << " strings";
-                Strings descending = strings;
-                std::stable_sort(descending.begin(), descending.end(), std::greater<>());
-                ASSERT_EQ(places(sorted(strings, SortDirection::descending)), places(descending))
-                    << "seed " << seed << ", " << count << " strings";
-            }
+TEST(StringOrder, SortsManyStringsWithALongCommonBeginning) {
+    std::mt19937 random(1);
+    std::vector<std::string> texts(10'000, std::string(100, 'x'));
+    for (std::string &text : texts) {
+        text += std::to_string(random() % 5000);
+    }
+    expectSorted(texts);
+}
+
+TEST(StringOrder, SortsManyEqualStrings) {
+    for (const std::size_t size : {0U, 3U, 7U, 8U, 14U, 50U}) {
+        std::vector<std::string> texts(10'000, std::string(size, 'x'));
+        texts[7000] += '\0';
+        texts[8000] += '!';
+        expectSorted(texts);
+    }
+}
+
+TEST(StringOrder, SortsBeginningsOfOneAnother) {
+    std::vector<std::string> texts;
+    for (std::size_t size = 6000; size > 0; --size) {
+        texts.emplace_back(size % 300, size % 2 == 0 ? 'a' : '\0');
+    }
+    expectSorted(texts);
+}
+
+TEST(StringOrder, TakesTheWholeOfAByteForItsKey) {
+    std::vector<std::string> texts;
+    for (int byte = 0; byte < 0x80; ++byte) {
+        for (const char *end : {"", "a", "abcdefg"}) {
+            texts.insert(texts.begin(), std::string(1, static_cast<char>(byte)) + end);
         }
     }
+    expectSorted(texts);
 }
 
 TEST(StringOrder, SortsLongStringsByTheirEnds) {
