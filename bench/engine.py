@@ -3,11 +3,12 @@
 """Measures every operation of the engine beside memcpy and the alternatives that people have for it.
 
 Usage: engine.py ENGINE_BENCH [--quick] [--json FILE] [--docs] [OPERATION...]
-Every row is the median of five rounds in which the contestants run in turn, after a round that does
-not count; a peer that was over four times slower than the best of them in that round is not asked again. In its turn
-each of them works in warm caches, as memcpy does: its first run is not counted unless it takes long. MB/s are
-megabytes of input. Times are those of the processor, so that what else runs on the machine matters less (node alone is
-timed by the clock: it works in several threads).
+Every row is the median of five rounds after one that does not count. In each round all contestants run in turn, row
+after row, so that what disturbs the machine for a while disturbs one round of many rows rather than all rounds of one.
+A peer that was over three times slower than the best of a row in the first round is not asked again. In its turn each
+works in warm caches, as memcpy does: its first run is not counted unless it takes long. MB/s are megabytes of input.
+Times are those of the processor, so that what else runs on the machine matters less (node alone is timed by the clock:
+it works in several threads).
 """
 
 import argparse
@@ -56,14 +57,8 @@ require('readline').createInterface({input: process.stdin}).on('line', line => {
 });
 """
 
-# Seconds from which on the first run of a turn is counted.
-LONG = 0.05
 
-
-def warm_seconds(run):
-    """What `run`, which returns the seconds that it took, takes in warm caches."""
-    seconds = run()
-    return run() if seconds < LONG else seconds
+ROUNDS = 5
 
 
 class Server:
@@ -89,12 +84,13 @@ class Bench:
     def __init__(self, program, folder, quick):
         self.folder = folder
         self.milliseconds = 3 if quick else 20
-        self.rounds = 5
+        self.hopeless = 2 if quick else 3  # times slower than the best: not asked again
+        self.long = 0.01 if quick else 0.05  # seconds from which on the first run of a turn is counted
         self.engine = Server(program, "serve", folder)
         self.servers = {}
         for kind, command in (("perl", ["perl", "-e", PERL]), ("node", ["node", "-e", NODE])):
             if shutil.which(kind):
-                self.servers[kind] = Server(*command[:-1], command[-1].replace("LONG", str(LONG)))
+                self.servers[kind] = Server(*command[:-1], command[-1].replace("LONG", str(self.long)))
         self.texts = {}
         self.missing = set()
 
@@ -123,6 +119,11 @@ class Bench:
             process.returncode = 0
             return usage.ru_utime + usage.ru_stime
 
+    def warm_seconds(self, run):
+        """What `run`, which returns the seconds that it took, takes in warm caches."""
+        seconds = run()
+        return run() if seconds < self.long else seconds
+
     def python_seconds(self, function, text):
         begin = time.process_time()
         runs = 0
@@ -134,14 +135,14 @@ class Bench:
     def peer_seconds(self, kind, code, name, corpus):
         """One run, or None when the peer is not installed."""
         if kind in ("py", "pyb"):
-            return warm_seconds(lambda: self.python_seconds(code, self.text(name, kind)))
+            return self.warm_seconds(lambda: self.python_seconds(code, self.text(name, kind)))
         if kind in ("sh", "part"):
             tool = code.removeprefix("env LC_ALL=C.UTF-8 ").split()[0]
             if not shutil.which(tool):
                 self.missing.add(tool)
                 return None
             command = code.replace("HALF", self.half(corpus))
-            elapsed = warm_seconds(lambda: self.command_seconds(command, self.path(name)))
+            elapsed = self.warm_seconds(lambda: self.command_seconds(command, self.path(name)))
             if kind == "part":
                 return max(elapsed - self.command_seconds(code.replace("HALF", "1"), os.devnull), elapsed / 3)
             # Less a process that reads and writes and does nothing else. On small corpora little is left and uncertain:
@@ -153,38 +154,62 @@ class Bench:
             return None
         return server.ask(self.path(name), kind, code)
 
-    def measure(self, row, corpus):
-        name = corpus + row.reads
-        size = os.path.getsize(self.path(name)) / 1e6
-        parameters = []
+    def end(self):
+        for server in (self.engine, *self.servers.values()):
+            server.end()
+
+
+class Measurement:
+    """A row of the table in the making: an operation on a corpus, beside its peers."""
+
+    def __init__(self, bench, row, corpus):
+        self.bench = bench
+        self.row = row
+        self.corpus = corpus
+        self.name = corpus + row.reads
+        self.parameters = []
         for key, value in row.parameters.items():
-            parameters += [key, self.half(corpus) if value == "HALF" else value]
-        peers = [peer for peer in row.peers if corpus in peer[3]]
-        seconds = {"ours": [], "memcpy": []}
-        for round_number in range(1 + self.rounds):
-            seconds["ours"].append(self.engine.ask(row.operation, name, str(self.milliseconds), *parameters))
-            seconds["memcpy"].append(self.engine.ask("memcpy", name, str(self.milliseconds)))
-            for peer, kind, code, _corpora in peers:
-                elapsed = self.peer_seconds(kind, code, name, corpus)
-                if elapsed is not None:
-                    seconds.setdefault(peer, []).append(max(elapsed, 1e-6))
-            if round_number == 0:
-                first = {peer: seconds[peer][0] for peer, *_rest in peers if peer in seconds}
-                peers = [peer for peer in peers if peer[0] in first and first[peer[0]] < 4 * min(first.values())]
-        speed = {contestant: size / statistics.median(times[1:] or times) for contestant, times in seconds.items()}
+            self.parameters += [key, bench.half(corpus) if value == "HALF" else value]
+        self.peers = [peer for peer in row.peers if corpus in peer[3]]
+        self.seconds = {"ours": [], "memcpy": []}
+
+    def run_round(self):
+        bench = self.bench
+        milliseconds = str(bench.milliseconds)
+        self.seconds["ours"].append(bench.engine.ask(self.row.operation, self.name, milliseconds, *self.parameters))
+        self.seconds["memcpy"].append(bench.engine.ask("memcpy", self.name, milliseconds))
+        for peer, kind, code, _corpora in self.peers:
+            elapsed = bench.peer_seconds(kind, code, self.name, self.corpus)
+            if elapsed is not None:
+                self.seconds.setdefault(peer, []).append(max(elapsed, 1e-6))
+
+    def leave_out_hopeless_peers(self):
+        first = {peer: self.seconds[peer][0] for peer, *_rest in self.peers if peer in self.seconds}
+        self.peers = [peer for peer in self.peers
+                      if peer[0] in first and first[peer[0]] < self.bench.hopeless * min(first.values())]
+
+    def result(self):
+        size = os.path.getsize(self.bench.path(self.name)) / 1e6
+        speed = {contestant: size / statistics.median(times[1:] or times)
+                 for contestant, times in self.seconds.items()}
         ours = speed.pop("ours")
         fraction = ours / speed.pop("memcpy")
         best = max(speed, key=speed.get) if speed else ""
         return {
-            "operation": row.label, "corpus": corpus, "ours_mb_s": round(ours, 1), "peer": best,
+            "operation": self.row.label, "corpus": self.corpus, "ours_mb_s": round(ours, 1), "peer": best,
             "peer_mb_s": round(speed[best], 1) if best else None,
             "ratio": round(ours / speed[best], 2) if best else None, "memcpy_fraction": round(fraction, 3),
             "others": {peer: round(value, 1) for peer, value in speed.items() if peer != best},
         }
 
-    def end(self):
-        for server in (self.engine, *self.servers.values()):
-            server.end()
+
+def show(results):
+    print(f"{'operation':32} corpus {'ours':>7} {'memcpy':>6} {'ratio':>7} {'peer':>7}  (MB/s; memcpy is 1)")
+    for result in results:
+        others = ", ".join(f"{peer} {speed:.0f}" for peer, speed in result["others"].items())
+        print(f"{result['operation']:32} {result['corpus']}      {result['ours_mb_s']:7.0f} "
+              f"{result['memcpy_fraction']:6.3f} {result['ratio'] or 0:7.1f} {result['peer_mb_s'] or 0:7.0f}"
+              f"  {result['peer']}" + (f" ({others})" if others else ""))
 
 
 def measure_all(given):
@@ -192,18 +217,17 @@ def measure_all(given):
         megabytes = 1.25 if given.quick else 20
         subprocess.run([given.program, "make", folder, str(int(megabytes * 1_000_000))], check=True)
         bench = Bench(given.program, folder, given.quick)
-        results = []
-        print(f"{'operation':32} corpus {'ours':>7} {'memcpy':>6} {'ratio':>7} {'peer':>7}  (MB/s; memcpy is 1)")
-        for row in engine_peers.rows():
-            if given.operations and row.operation not in given.operations:
-                continue
-            for corpus in "ABC":
-                result = bench.measure(row, corpus)
-                results.append(result)
-                others = ", ".join(f"{peer} {speed:.0f}" for peer, speed in result["others"].items())
-                print(f"{result['operation']:32} {corpus}      {result['ours_mb_s']:7.0f} "
-                      f"{result['memcpy_fraction']:6.3f} {result['ratio'] or 0:7.1f} {result['peer_mb_s'] or 0:7.0f}"
-                      f"  {result['peer']}" + (f" ({others})" if others else ""), flush=True)
+        measurements = [Measurement(bench, row, corpus) for row in engine_peers.rows()
+                        if not given.operations or row.operation in given.operations for corpus in "ABC"]
+        for measurement in measurements:
+            measurement.run_round()
+            measurement.leave_out_hopeless_peers()
+        for number in range(1, ROUNDS + 1):
+            print(f"round {number} of {ROUNDS}", file=sys.stderr, flush=True)
+            for measurement in measurements:
+                measurement.run_round()
+        results = [measurement.result() for measurement in measurements]
+        show(results)
         if bench.missing:
             print("Not installed and so left out: " + ", ".join(sorted(bench.missing)))
         bench.end()

@@ -9,7 +9,7 @@ A peer is (name, kind, code, corpora). Kinds:
   node  a JavaScript expression of t, a string ("nodeb": a Buffer)
   sh    a command that reads the text from standard input, run under LC_ALL=C; what cat takes for it is subtracted
   part  the same of a command that reads only what it needs: its start alone is subtracted
-Peers that know bytes only are left out where that would give another result, hence the corpora.
+Peers that know bytes or code points only are left out where that would give another result, hence the corpora.
 """
 
 import base64
@@ -291,7 +291,7 @@ def rows():
         Row("statistics", [
             ("python3 str", "py", counts, ALL), ("wc -lwm", "sh", "env LC_ALL=C.UTF-8 wc -lwm", ALL)]),
         Row("character-frequency", [
-            ("python3 Counter", "py", lambda t: collections.Counter(t).most_common(), ALL),
+            ("python3 Counter", "py", lambda t: collections.Counter(t).most_common(), ASCII),
             (r"perl \X", "perlu", r"my %c; $c{$_}++ for $t =~ /\X/g; $r = %c", ALL)]),
         Row("ten-step-stack", [("python3 bytes", "pyb", stack, ALL)]),
     ]
