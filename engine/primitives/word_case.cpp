@@ -46,7 +46,7 @@ public:
                 // The kernel looks at one byte more than it writes.
                 m_position +=
                     kernels::best().caseWords(m_position, std::min(bytesLeft(), length + 1), m_rules, m_state, m_to);
-                if (!writeBlocks()) {
+                if (m_position < stretchEnd && !writeBlocks()) {
                     writeSlowly(std::min(bytesLeft(), kernels::blockSize));
                 }
             }
