@@ -7,7 +7,7 @@
 #include "engine/primitives/line_mapping.h"
 #include "engine/primitives/piece_set.h"
 #include "engine/primitives/replacement.h"
-#include "engine/primitives/words.h"
+#include "engine/primitives/word_set.h"
 #include "engine/primitives/wrapping.h"
 
 #include <algorithm>
@@ -82,8 +82,11 @@ TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, cons
 }
 
 TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {
-    DistinctJoiner joiner(' ', text, 0);
-    forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) { joiner.add(word); });
+    Joiner joiner(' ', text, text.size());
+    WordSet(text).addWords([&joiner](std::string_view word) {
+        joiner.add(word);
+        return true;
+    });
     return joiner.take();
 }
 

@@ -4,15 +4,17 @@
 
 #include "engine/primitives/line_lengths.h"
 #include "engine/primitives/line_mapping.h"
-#include "engine/primitives/piece_set.h"
 #include "engine/primitives/string_order.h"
+#include "engine/primitives/word_set.h"
 #include "engine/primitives/words.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
 #include <numeric>
-#include <optional>
 #include <random>
-#include <utility>
+#include <string>
 
 namespace lexivore {
 
@@ -69,35 +71,65 @@ std::vector<std::string_view> sortedByNumber(const std::vector<std::string_view>
     return sorted;
 }
 
-/// The different words and how often each occurs: a text of a language has few, and only they need sorting. Nothing
-/// when most of the words are different, or when different ones could be equal in the order and must keep their places.
-std::optional<PieceSet> countedWords(std::string_view text) {
+/// Counts the different words: a text of a language has few, and only they need sorting. False when most of the words
+/// are different, or when different ones could be equal in the order and must keep their places.
+bool countWords(WordSet &words, std::string_view text) {
     constexpr std::size_t fewWords = 4096;
-    PieceSet words(PieceSet::Counting::yes);
-    std::size_t wordCount = 0;
-    bool isWorthIt = true;
-    forEachPiece(text, whitespaceAndNewlines, [&](std::string_view word) {
-        if (isWorthIt) {
-            isWorthIt = !words.insert(word) || (isOrderedByBytes(word) && words.size() < fewWords + wordCount / 2);
-            ++wordCount;
-        }
-    });
-    return isWorthIt ? std::optional(std::move(words)) : std::nullopt;
+    bool isWorthIt = isOrderedByBytes(text);
+    if (isWorthIt) {
+        words.addWords([&](std::string_view) {
+            isWorthIt = words.size() < fewWords + words.addedCount() / 2;
+            return isWorthIt;
+        });
+    }
+    return isWorthIt;
 }
 
-/// The words in order, each as often as it was counted, with a space between them.
-TextBuffer joinCounted(const PieceSet &counted, std::string_view text) {
-    StringSorter sorter(text, SortDirection::ascending, counted.size());
-    for (const std::string_view word : counted.pieces()) {
-        sorter.add(word);
-    }
-    TextBuffer result = TextBuffer::withCapacity(text.size());
-    sorter.forEachInOrder([&](std::string_view word) {
-        for (std::size_t left = counted.countOf(word); left > 0; --left) {
+/// Appends the word that many times, with a space behind each.
+void appendTimes(TextBuffer &result, std::uint32_t times, std::string_view word) {
+    std::array<char, 32> shortWord; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+    if (word.size() >= shortWord.size()) {
+        for (; times > 0; --times) {
             result.append(word);
             result.append(' ');
         }
+        return;
+    }
+    copyBytes(word.data(), word.size(), shortWord.data());
+    shortWord[word.size()] = ' ';
+    char *to = result.room(times * (word.size() + 1) + shortWord.size());
+    for (; times > 0; --times) {
+        std::memcpy(to, shortWord.data(), shortWord.size()); // too much, which the next one overwrites
+        to += word.size() + 1;
+    }
+    result.commit(to);
+}
+
+/// The words in order, each as often as it was counted, with a space between them. `bytes` is the size of all that.
+TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
+    struct Record {
+        std::uint32_t count;
+        std::uint32_t size;
+    };
+    std::string records; // with the word behind each: what is needed together lies together
+    words.forEach([&records](std::string_view word, std::uint32_t count) {
+        const Record record{count, static_cast<std::uint32_t>(word.size())};
+        records.append(reinterpret_cast<const char *>(&record), sizeof record);
+        records += word;
     });
+    const auto recordBefore = [](const char *word) {
+        Record record{};
+        std::memcpy(&record, word - sizeof record, sizeof record);
+        return record;
+    };
+    StringSorter sorter(records, SortDirection::ascending, words.size());
+    for (std::size_t place = sizeof(Record); place < records.size(); place += sizeof(Record)) {
+        const std::size_t size = recordBefore(records.data() + place).size;
+        sorter.add({records.data() + place, size});
+        place += size;
+    }
+    TextBuffer result = TextBuffer::withCapacity(bytes + copySlack);
+    sorter.forEachInOrder([&](std::string_view word) { appendTimes(result, recordBefore(word.data()).count, word); });
     result.truncate(result.empty() ? 0 : result.size() - 1);
     result.shrink();
     return result;
@@ -131,8 +163,8 @@ TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const Parame
 }
 
 TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, const ParameterMap &) const {
-    if (const std::optional<PieceSet> counted = countedWords(text)) {
-        return joinCounted(*counted, text);
+    if (WordSet words(text); countWords(words, text)) {
+        return joinCounted(words, text.size());
     }
     StringSorter sorter(text, SortDirection::ascending);
     forEachPiece(text, whitespaceAndNewlines, [&sorter](std::string_view word) { sorter.add(word); });

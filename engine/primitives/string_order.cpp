@@ -26,20 +26,32 @@ namespace lexivore {
 
 namespace {
 
+/// ICU's normaliser, or null, which it is only for want of memory or data: then the text's own order is the best there
+/// is. So it is for a single string of more bytes than ICU counts.
+const icu::Normalizer2 *normalizerFor(std::string_view text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2 *const nfc = icu::Normalizer2::getNFCInstance(status);
+    const bool isTooLarge = text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max());
+    return U_SUCCESS(status) && !isTooLarge ? nfc : nullptr;
+}
+
+icu::StringPiece stringPiece(std::string_view text) { return {text.data(), static_cast<std::int32_t>(text.size())}; }
+
+bool isComposed(std::string_view text) {
+    const icu::Normalizer2 *const nfc = normalizerFor(text);
+    UErrorCode status = U_ZERO_ERROR;
+    return nfc != nullptr && nfc->isNormalizedUTF8(stringPiece(text), status) != 0 && U_SUCCESS(status);
+}
+
 std::string composed(std::string_view text) {
-    // ICU counts in 32 bits; a single string of that size keeps its own order.
-    if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
+    const icu::Normalizer2 *const nfc = normalizerFor(text);
+    if (nfc == nullptr) {
         return std::string(text);
     }
     UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2 *const nfc = icu::Normalizer2::getNFCInstance(status);
     std::string result;
-    if (U_SUCCESS(status)) {
-        icu::StringByteSink<std::string> sink(&result);
-        nfc->normalizeUTF8(0, icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())), sink, nullptr,
-                           status);
-    }
-    // ICU refuses only for want of memory or data, and then the text's own order is the best there is.
+    icu::StringByteSink<std::string> sink(&result);
+    nfc->normalizeUTF8(0, stringPiece(text), sink, nullptr, status);
     return U_SUCCESS(status) ? result : std::string(text);
 }
 
@@ -193,7 +205,9 @@ bool isOrderedByBytes(std::string_view text) {
     while ((position = asciiRunEnd(position, end)) != end) {
         const DecodedCodePoint decoded = decode(position, end);
         if (isIn(property::mayChangeInComposing, decoded.value)) {
-            return false;
+            const bool isFirst = position == text.data(); // it may compose with the one before it
+            const std::size_t before = isFirst ? 0 : decodeBefore(text.data(), position).length;
+            return isComposed({position - before, static_cast<std::size_t>(end - position) + before});
         }
         position += decoded.length;
     }

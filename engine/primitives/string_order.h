@@ -13,7 +13,8 @@
 
 namespace lexivore {
 
-/// True when `text` is certain to be its own composed form: strings of which this is true are ordered by their bytes.
+/// True when `text` is its own composed form: strings of which this is true are ordered by their bytes. So are all
+/// parts of it then.
 [[nodiscard]] bool isOrderedByBytes(std::string_view text);
 
 /// Sorts parts of a text by the code points of the canonically composed form (NFC), not by locale and with letter case

@@ -7,6 +7,7 @@
 #include "engine/primitives/utf8.h"
 #include "engine/text_buffer.h"
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -22,22 +23,30 @@ namespace lexivore {
 /// at every separator, empty pieces dropped.
 template<typename Visit> void forEachPiece(std::string_view text, CodePointSet separators, Visit &&visit) {
     MembershipScan scan(text, separators, MembershipScan::Mark::everyByte);
-    const char *pieceBegin = nullptr;
     std::uint64_t before = 1; // what stands before the text separates
-    for (MembershipScan::Block block; scan.next(block);) {
-        std::uint64_t changes = block.members ^ (block.members << 1 | before);
-        before = block.members >> (kernels::blockSize - 1);
-        if (block.size < kernels::blockSize) {
-            changes &= (std::uint64_t{1} << block.size) - 1;
+    std::array<std::uint64_t, Stretch::mostBlocks> changes;
+    Places places; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+    const char *pieceBegin = nullptr;
+    for (Stretch stretch; scan.next(stretch);) {
+        for (std::size_t i = 0; i < stretch.blocks; ++i) {
+            changes[i] = stretch.members[i] ^ (stretch.members[i] << 1 | before);
+            before = stretch.members[i] >> (kernels::blockSize - 1);
         }
-        for (; changes != 0; changes &= changes - 1) {
-            const char *const place = block.begin + std::countr_zero(changes);
-            if (pieceBegin == nullptr) {
-                pieceBegin = place;
-            } else {
-                visit(std::string_view(pieceBegin, static_cast<std::size_t>(place - pieceBegin)));
-                pieceBegin = nullptr;
-            }
+        if (const auto size = static_cast<std::size_t>(stretch.end - stretch.begin); size < kernels::blockSize) {
+            changes[0] &= (std::uint64_t{1} << size) - 1;
+        }
+        const std::size_t count = kernels::best().listBits(changes.data(), stretch.blocks, places.data());
+        std::size_t i = 0;
+        if (pieceBegin != nullptr && count > 0) {
+            const char *const end = stretch.begin + places[i++];
+            visit(std::string_view(pieceBegin, static_cast<std::size_t>(end - pieceBegin)));
+            pieceBegin = nullptr;
+        }
+        for (; i + 1 < count; i += 2) {
+            visit(std::string_view(stretch.begin + places[i], std::size_t{places[i + 1]} - places[i]));
+        }
+        if (i < count) {
+            pieceBegin = stretch.begin + places[i];
         }
     }
     if (pieceBegin != nullptr) {

@@ -3,9 +3,11 @@
 #include "tests/engine/transformation_rule.h"
 
 #include "engine/primitives/lines.h"
+#include "engine/primitives/words.h"
 
 #include <algorithm>
 #include <map>
+#include <random>
 #include <set>
 
 namespace lexivore::test {
@@ -107,6 +109,30 @@ const Case sortWords[] = {
     {"NUL separates nothing", "b\0a b a"s, {}, "a b b\0a"s},
 };
 INSTANTIATE_TEST_SUITE_P(SortWords, TransformationRule, rulesOf("sort-words", sortWords), ruleAsName);
+
+TEST(SortWords, EqualsASortOfAllWords) {
+    std::mt19937 random(1);
+    // Few and many different ones, short and long, in texts with something to compose and without.
+    for (const unsigned differentWords : {3U, 500U, 100'000U}) {
+        for (const char *composable : {"", "e\u0301 ", "\u00E9 e\u0301 \u00E9 "}) {
+            std::string text = composable;
+            for (int i = 0; i < 20'000; ++i) {
+                text += std::to_string(random() % differentWords) + std::string(random() % 40, 'x') + "\n";
+            }
+            std::vector<std::string_view> words = splitPieces(text, whitespaceAndNewlines);
+            std::stable_sort(words.begin(), words.end(), [](std::string_view left, std::string_view right) {
+                const auto key = [](std::string_view word) { return word == "e\u0301" ? "\u00E9" : word; };
+                return key(left) < key(right);
+            });
+            std::string expected;
+            for (const std::string_view word : words) {
+                expected += (expected.empty() ? "" : " ") + std::string(word);
+            }
+            const TransformationPointer sorting = findTransformation(makeCatalog(), "sort-words");
+            ASSERT_EQ(sorting->apply(text, {}), expected);
+        }
+    }
+}
 
 const Case reverseWords[] = {
     {"each line for itself", "one two\nthree four", {}, "two one\nfour three"},

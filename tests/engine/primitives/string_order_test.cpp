@@ -98,6 +98,15 @@ TEST(StringOrder, ComparesTheComposedForms) {
     EXPECT_EQ(sorted({"\u1100\u1161\u11A8", "가", "각a"}), (Strings{"가", "\u1100\u1161\u11A8", "각a"}));
 }
 
+TEST(StringOrder, IsThatOfTheBytesWhereNothingIsToBeComposed) {
+    for (const char *text : {"", "abc", "é漢😀", "x́", "́", "नि", "क्", "\xCC", "각a", "가ᇃ"}) {
+        EXPECT_TRUE(isOrderedByBytes(text)) << text;
+    }
+    for (const char *text : {"é", "abc é", "ééḍ̇", "Å", "각", "가", "ạ́", "क़", "̈́"}) {
+        EXPECT_FALSE(isOrderedByBytes(text)) << text;
+    }
+}
+
 TEST(StringOrder, LeavesEquivalentStringsInTheirOrder) {
     const Strings forms = {"\u212B", "A\u030A", "\u00C5"};
     for (const SortDirection direction : {SortDirection::ascending, SortDirection::descending}) {

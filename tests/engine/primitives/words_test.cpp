@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
 
 namespace lexivore {
@@ -44,6 +46,26 @@ TEST(Pieces, AreFoundWhereverTheyStand) {
                     << before << " before " << testing::PrintToString(separator) << " and " << word;
                 ASSERT_EQ(pieceCount(text, whitespaceAndNewlines), pieces.size());
             }
+        }
+    }
+}
+
+TEST(Pieces, EqualThoseFoundByteByByte) {
+    std::mt19937 random(1);
+    for (const unsigned longest : {2U, 12U, 300U, 10'000U}) { // shorter and longer than what is looked at at once
+        for (std::size_t size = 0; size < 30'000; size = size * 3 + 1 + random() % 100) {
+            std::string text;
+            while (text.size() < size) {
+                text += std::string(random() % longest, 'a') + std::string(random() % 3, ' ');
+            }
+            text.resize(size);
+            Pieces expected;
+            for (std::size_t begin = 0; (begin = text.find('a', begin)) != std::string::npos;) {
+                const std::size_t end = std::min(text.find(' ', begin), text.size());
+                expected.push_back(std::string_view(text).substr(begin, end - begin));
+                begin = end;
+            }
+            ASSERT_EQ(splitPieces(text, whitespaceAndNewlines), expected);
         }
     }
 }
