@@ -131,6 +131,17 @@ struct MappedBlock {
     std::uint64_t capitalSigmas;
 };
 
+/// The same entries in two forms.
+struct CodePointTables {
+    CodePointPages pages;
+    // By number, those of the code points below 0x10000, surrogates included, and in two stages those of the others.
+    static constexpr std::uint32_t firstWide = 0x10000;
+    static constexpr unsigned wideBlockBits = 7;
+    const std::uint8_t *basicEntries;
+    const std::uint16_t *wideBlocks; ///< For every 128 code points the block of 128 entries that is theirs.
+    const std::uint8_t *wideEntries;
+};
+
 /// What a code point is, as far as anything looks for it: no code point is two of these.
 enum class Kind : std::uint8_t { other, letter, mark, number, punctuation, horizontalSpace, newline };
 
@@ -167,10 +178,9 @@ struct CodePointBlock {
     std::uint64_t starts;
     std::uint64_t first;  ///< Of the first set of kinds.
     std::uint64_t second; ///< Of the second.
+    std::uint64_t crLfs;  ///< Line feeds behind a carriage return.
     // The rest, but for the size, only when the roles are wanted.
     std::uint64_t controls;
-    std::uint64_t crLfs; ///< Line feeds behind a carriage return.
-    // Of each role.
     std::uint64_t syllables;
     std::uint64_t consonants;
     std::uint64_t pictographics;
@@ -183,6 +193,11 @@ struct CodePointBlock {
     bool isComplex;     ///< It has complex roles.
 };
 
+/// The most blocks that `findCodePoints` fills.
+inline constexpr std::size_t mostBlocksFound = 16;
+/// How many code points it may write.
+inline constexpr std::size_t roomForUnits = (mostBlocksFound + 1) * blockSize;
+
 struct Kernels {
     const char *name;
     /// The length of the longest prefix of `size` bytes that is ASCII.
@@ -192,10 +207,12 @@ struct Kernels {
                      std::uint64_t *candidates);
     /// For `blocks` blocks of 64 bytes.
     void (*findCounted)(const char *from, std::size_t blocks, CountedBytes *found);
-    /// Finds the code points from `from` on, in up to `limit` blocks, and returns how many blocks it filled. Ends
-    /// before a block of ASCII, before what is no UTF-8 and where `size` ends.
-    std::size_t (*findCodePoints)(const char *from, std::size_t size, const CodePointPages &pages, KindSets kinds,
-                                  CodePointBlock *blocks, std::size_t limit);
+    /// Finds the code points from `from` on, in up to `limit` blocks, which is at most `mostBlocksFound`, and returns
+    /// how many blocks it filled. Ends before a block of ASCII, before what is no UTF-8 and where `size` ends. Unless
+    /// `units` is null, it also writes all these code points one after the other, where there is room for
+    /// `roomForUnits`: those of four bytes are of no meaning, and neither is what stands behind the last.
+    std::size_t (*findCodePoints)(const char *from, std::size_t size, const CodePointTables &tables, KindSets kinds,
+                                  CodePointBlock *blocks, std::size_t limit, std::uint16_t *units);
     /// Maps code points from `from` on, up to the first that needs the full mapping or is no UTF-8. Up to 64 bytes
     /// behind what it writes are overwritten too.
     MappedCase (*mapCase)(const char *from, std::size_t size, const CasePages &pages, char *to);

@@ -83,7 +83,8 @@ CharacterBlocks::CharacterBlocks(std::string_view text, CodePointSet set)
 bool CharacterBlocks::refill() {
     m_next = 0;
     m_count = kernels::best().findCodePoints(m_position, static_cast<std::size_t>(m_end - m_position),
-                                             unicode_tables::characterPages, m_kinds, m_found.data(), m_found.size());
+                                             unicode_tables::characterTables, m_kinds, m_found.data(), m_found.size(),
+                                             nullptr);
     return m_count > 0 || (m_position != m_end && !isAscii(*m_position));
 }
 

@@ -49,15 +49,15 @@ void writeArray(std::ostream &out, const std::string &type, const std::string &n
     out << "\n};\n";
 }
 
-/// Writes both stages of the table that `entryOf` describes.
+/// Writes both stages of the table that `entryOf` describes, for the code points from `begin` on.
 void writeTable(std::ostream &out, const std::string &blocksName, const std::string &entriesName,
-                const std::function<std::uint8_t(UChar32)> &entryOf) {
+                const std::function<std::uint8_t(UChar32)> &entryOf, UChar32 begin = 0) {
     using Block = std::array<std::uint8_t, blockSize>;
     std::map<Block, std::uint16_t> known;
     std::vector<std::uint16_t> blocks;
     std::vector<std::uint8_t> entries;
     entries.reserve(codePointLimit);
-    for (UChar32 first = 0; first < static_cast<UChar32>(codePointLimit); first += blockSize) {
+    for (UChar32 first = begin; first < static_cast<UChar32>(codePointLimit); first += blockSize) {
         Block block;
         for (std::size_t i = 0; i < blockSize; ++i) {
             block[i] = entryOf(first + static_cast<UChar32>(i));
@@ -311,7 +311,7 @@ std::uint8_t commonEntry(const Prefix &prefix, const std::function<std::uint8_t(
     return entry;
 }
 
-void writeCharacterPages(std::ostream &out) {
+void writeCharacterTables(std::ostream &out) {
     std::vector<std::uint8_t> entries;
     entries.reserve(codePointLimit);
     for (UChar32 c = 0; c < static_cast<UChar32>(codePointLimit); ++c) {
@@ -323,8 +323,15 @@ void writeCharacterPages(std::ostream &out) {
             kernels::entryOf(kernels::Kind::other, kernels::Role::illFormed));
     });
     const std::string initializer = pages.write(out, "characterPages");
-    out << "extern const kernels::CodePointPages characterPages;\nconst kernels::CodePointPages characterPages = "
-        << initializer << ";\n";
+    using kernels::CodePointTables;
+    static_assert(CodePointTables::wideBlockBits == blockBits);
+    writeTable(
+        out, "wideBlocks", "wideEntries", [&entries](UChar32 c) { return entries[static_cast<std::size_t>(c)]; },
+        CodePointTables::firstWide);
+    entries.resize(CodePointTables::firstWide);
+    writeArray(out, "std::uint8_t", "basicEntries", entries);
+    out << "extern const kernels::CodePointTables characterTables;\nconst kernels::CodePointTables characterTables = {"
+        << initializer << ", basicEntries, wideBlocks, wideEntries};\n";
 }
 
 using MapCase = std::function<icu::UnicodeString(const icu::UnicodeString &)>;
@@ -455,7 +462,7 @@ int main(int argc, char **argv) {
         << "#include \"engine/primitives/unicode_tables.h\"\nnamespace lexivore::unicode_tables {\n";
     writeTable(out, "propertyBlocks", "properties", propertiesOf);
     writeTable(out, "traitBlocks", "traits", traitsOf);
-    writeCharacterPages(out);
+    writeCharacterTables(out);
     const icu::Locale &root = icu::Locale::getRoot();
     writeCaseTables(out, "uppercase", [&](icu::UnicodeString text) { return text.toUpper(root); });
     writeCaseTables(out, "lowercase", [&](icu::UnicodeString text) { return text.toLower(root); });

@@ -56,7 +56,7 @@ extern const std::uint16_t traitBlocks[];
 extern const std::uint8_t traits[]; ///< BreakClass, cased and caseIgnorable.
 
 /// Kind and role of each code point.
-extern const kernels::CodePointPages characterPages;
+extern const kernels::CodePointTables characterTables;
 
 // Case mappings: for each code point the index of what is added to it.
 inline constexpr std::uint8_t specialMapping = 0xFF; ///< Not one code point: look in the list of special mappings.

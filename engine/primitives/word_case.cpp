@@ -73,7 +73,7 @@ private:
         static const kernels::KindSets kinds{kindsOf(alphanumerics), kindsOf(property::letter), false};
         kernels::CodePointBlock blocks[blocksAtOnce];
         const std::size_t count = kernels::best().findCodePoints(
-            m_position, bytesLeft(), unicode_tables::characterPages, kinds, blocks, blocksAtOnce);
+            m_position, bytesLeft(), unicode_tables::characterTables, kinds, blocks, blocksAtOnce, nullptr);
         for (std::size_t i = 0; i < count; ++i) {
             writeBlock(blocks[i]);
         }
