@@ -273,8 +273,9 @@ struct Kernels {
     /// it wrote. Not valid when there is a "%" without digits. Up to 64 bytes behind what it writes are overwritten
     /// too.
     std::size_t (*decodePercent)(const char *from, std::size_t size, char *to, bool &isValid);
-    /// The bytes in reverse order; `to` is other memory. True when there is a carriage return among them.
-    bool (*reverse)(const char *from, std::size_t size, char *to);
+    /// Writes the longest prefix that is ASCII in reverse order before `toEnd`, which is in other memory, and returns
+    /// its length. Tells whether there is a carriage return in it.
+    std::size_t (*reverseAscii)(const char *from, std::size_t size, char *toEnd, bool &hasCarriageReturn);
     /// Base64 digits of as many groups of three bytes as it takes at once; returns how many bytes it read.
     std::size_t (*encodeBase64)(const char *from, std::size_t size, char *to);
     /// The bytes of as many groups of four Base64 digits as it takes at once, all of them valid; returns how many

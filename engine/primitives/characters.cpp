@@ -217,18 +217,23 @@ public:
         m_characterBegin = characterEnd;
     }
 
-    /// Writes the characters of an ASCII run but the last, to which marks may be joined. One begins at `position`.
-    void writeAscii(const char *position, const char *runEnd) {
+    /// Writes the characters of the ASCII that stands before `limit` but the last, to which marks may be joined, and
+    /// returns the end of it. A character begins at `position`, which is ASCII.
+    const char *writeAscii(const char *position, const char *limit) {
         endCharacter(position);
+        bool hasCarriageReturn = false;
+        const char *const runEnd =
+            position +
+            kernels::best().reverseAscii(position, static_cast<std::size_t>(limit - position), m_to, hasCarriageReturn);
         const char *last = runEnd - 1;
         last -= last != position && last[-1] == '\r' && *last == '\n' ? 1 : 0;
-        const auto length = static_cast<std::size_t>(last - position);
         char *const runTo = m_to;
-        m_to -= length;
-        if (kernels::best().reverse(position, length, m_to)) {
+        m_to -= last - position; // what was written of the last one is overwritten
+        if (hasCarriageReturn) {
             turnCrLfsBack(m_to, runTo);
         }
         m_characterBegin = last;
+        return runEnd;
     }
 
     /// Writes the characters that end in the block.
@@ -293,14 +298,12 @@ TextBuffer reverseCharacters(std::string_view text) {
     const char *const end = text.data() + text.size();
     while (!blocks.isAtEnd()) {
         if (const char *position = blocks.position(); isAscii(*position)) {
-            const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, end - position));
+            const char *const limit = position + std::min(stretch, end - position);
             if (!character_breaks::transition(blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {
                 ++position;
             }
-            if (position != runEnd) {
-                writer.writeAscii(position, runEnd);
-            }
-            blocks.passAscii(runEnd);
+            const bool hasMore = position != limit && isAscii(*position);
+            blocks.passAscii(hasMore ? writer.writeAscii(position, limit) : position);
         }
         for (CharacterBlock block; blocks.next(block);) {
             writer.write(block);

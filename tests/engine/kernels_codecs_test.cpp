@@ -302,12 +302,23 @@ TEST(CodecKernels, Base64DecodingStopsBeforeEveryOtherByte) {
     }
 }
 
-TEST(CodecKernels, ReverseTurnsEveryByte) {
-    onRandomBytes([](const Kernels &kernels, std::string_view text) {
+TEST(CodecKernels, ReverseTurnsEveryByteBeforeTheFirstThatIsNotAscii) {
+    std::mt19937 random(17);
+    onRandomBytes([&random](const Kernels &kernels, std::string_view bytes) {
+        std::string text(bytes);
+        std::transform(text.begin(), text.end(), text.begin(),
+                       [](char byte) { return static_cast<char>(byte & 0x7F); });
+        std::size_t size = text.size();
+        if (size > 0 && random() % 2 == 0) {
+            size = random() % size;
+            text[size] = static_cast<char>(text[size] | 0x80);
+        }
+        const std::string_view prefix = std::string_view(text).substr(0, size);
         const ExactCopy result(std::string(text.size(), '#'), (text.size() + 5) % blockSize);
-        const bool hasReturn = kernels.reverse(text.data(), text.size(), result.data());
-        EXPECT_EQ(hasReturn, text.find('\r') != std::string_view::npos);
-        EXPECT_EQ(result.view(), std::string(text.rbegin(), text.rend()));
+        bool hasReturn = false;
+        ASSERT_EQ(kernels.reverseAscii(text.data(), text.size(), result.data() + text.size(), hasReturn), size);
+        EXPECT_EQ(hasReturn, prefix.find('\r') != std::string_view::npos);
+        EXPECT_EQ(result.view(), std::string(text.size() - size, '#') + std::string(prefix.rbegin(), prefix.rend()));
     });
 }
 
