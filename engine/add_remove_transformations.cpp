@@ -4,8 +4,8 @@
 
 #include "engine/parameters.h"
 #include "engine/primitives/characters.h"
+#include "engine/primitives/distinct_lines.h"
 #include "engine/primitives/line_mapping.h"
-#include "engine/primitives/piece_set.h"
 #include "engine/primitives/replacement.h"
 #include "engine/primitives/word_set.h"
 #include "engine/primitives/wrapping.h"
@@ -75,10 +75,7 @@ TextBuffer RemoveLineBreaksTransformation::apply(std::string_view text, const Pa
 }
 
 TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    const std::size_t mostDistinct = text.size() / 16; // a bound on the memory; there may be more
-    DistinctJoiner joiner('\n', text, std::min(lineCount(text), mostDistinct));
-    forEachLine(text, [&](std::string_view line) { joiner.add(line); });
-    return joiner.take();
+    return distinctLines(text);
 }
 
 TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {

@@ -166,7 +166,7 @@ TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, c
     if (WordSet words(text); countWords(words, text)) {
         return joinCounted(words, text.size());
     }
-    StringSorter sorter(text, SortDirection::ascending);
+    StringSorter sorter(text, SortDirection::ascending, pieceCount(text, whitespaceAndNewlines));
     forEachPiece(text, whitespaceAndNewlines, [&sorter](std::string_view word) { sorter.add(word); });
     return join(sorter, ' ', text);
 }

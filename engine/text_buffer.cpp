@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "engine/text_buffer.h"
 
-#include "engine/primitives/huge_page_allocator.h"
+#include "engine/primitives/huge_pages.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <new>
@@ -25,62 +26,87 @@ char *resized(char *bytes, std::size_t capacity) {
     return result;
 }
 
-/// One block of memory that waits to be used again. None under AddressSanitizer, which would not see mistakes in it.
-class SpareBlock {
+/// Blocks of memory that wait to be used again, two of them: a transformation may need as much for itself as for what
+/// it writes. None under AddressSanitizer, which would not see mistakes in them.
+class SpareBlocks {
 public:
-    SpareBlock() = default;
-    SpareBlock(const SpareBlock &) = delete;
-    SpareBlock &operator=(const SpareBlock &) = delete;
-    ~SpareBlock() { std::free(m_bytes); }
+    SpareBlocks() = default;
+    SpareBlocks(const SpareBlocks &) = delete;
+    SpareBlocks &operator=(const SpareBlocks &) = delete;
+    ~SpareBlocks() { release(); }
 
     /// Takes the block over, in place of a smaller one, or frees it.
     void offer(char *bytes, std::size_t capacity) {
-        if (isWorthKeeping(capacity) && capacity > m_capacity) {
-            std::swap(bytes, m_bytes);
-            m_capacity = capacity;
+        Block &smaller = m_blocks[m_blocks[0].capacity <= m_blocks[1].capacity ? 0 : 1];
+        Block &larger = m_blocks[&smaller == &m_blocks[0] ? 1 : 0];
+        Block offered{bytes, capacity};
+        if (isWorthKeeping(capacity) && capacity > smaller.capacity) {
+            std::swap(offered, smaller);
+            if (smaller.capacity + larger.capacity > mostBytes) {
+                free(capacity > larger.capacity ? larger : smaller);
+            }
         }
-        std::free(bytes);
+        free(offered);
     }
 
-    /// The block, if it is about as large as `bytes`; one that is smaller is enlarged, which moves its pages and leaves
-    /// only the rest to be fresh. `capacity` becomes its size.
+    /// One that is about as large as `bytes`; one that is smaller is enlarged, which moves its pages and leaves only
+    /// the rest to be fresh. `capacity` becomes its size.
     char *take(std::size_t bytes, std::size_t &capacity) {
-        if (m_bytes == nullptr || m_capacity / 2 > bytes || m_capacity < bytes / 2) {
+        Block *best = nullptr;
+        for (Block &block : m_blocks) {
+            const bool fits = block.bytes != nullptr && block.capacity / 2 <= bytes && block.capacity >= bytes / 2;
+            if (fits && (best == nullptr || distance(block.capacity, bytes) < distance(best->capacity, bytes))) {
+                best = &block;
+            }
+        }
+        if (best == nullptr) {
             return nullptr;
         }
-        if (m_capacity < bytes) {
-            char *const larger = resized(m_bytes, bytes);
+        if (best->capacity < bytes) {
+            char *const larger = resized(best->bytes, bytes);
             if (larger == nullptr) {
                 return nullptr;
             }
-            m_bytes = larger;
-            m_capacity = bytes;
+            *best = {larger, bytes};
         }
-        capacity = std::exchange(m_capacity, 0);
-        return std::exchange(m_bytes, nullptr);
+        capacity = best->capacity;
+        return std::exchange(*best, {}).bytes;
     }
 
     void release() {
-        std::free(std::exchange(m_bytes, nullptr));
-        m_capacity = 0;
+        for (Block &block : m_blocks) {
+            free(block);
+        }
     }
 
 private:
+    static constexpr std::size_t mostBytes = std::size_t{1} << 26; ///< What the program may hold without need.
+
+    struct Block {
+        char *bytes = nullptr;
+        std::size_t capacity = 0;
+    };
+
+    static void free(Block &block) {
+        std::free(block.bytes);
+        block = {};
+    }
     static constexpr bool isWorthKeeping(std::size_t capacity) {
 #ifdef __SANITIZE_ADDRESS__
         return capacity == 0;
 #else
         constexpr std::size_t smallest = std::size_t{1} << 20;
-        constexpr std::size_t largest = std::size_t{1} << 26; // what the program may hold without need
-        return capacity >= smallest && capacity <= largest;
+        return capacity >= smallest && capacity <= mostBytes;
 #endif
     }
+    static constexpr std::size_t distance(std::size_t left, std::size_t right) {
+        return left < right ? right - left : left - right;
+    }
 
-    char *m_bytes = nullptr;
-    std::size_t m_capacity = 0;
+    std::array<Block, 2> m_blocks;
 };
 
-thread_local SpareBlock spareBlock;
+thread_local SpareBlocks spareBlocks;
 
 } // namespace
 
@@ -97,7 +123,7 @@ TextBuffer &TextBuffer::operator=(TextBuffer &&other) noexcept {
 
 TextBuffer::~TextBuffer() {
     if (m_bytes != nullptr) {
-        spareBlock.offer(m_bytes, m_capacity);
+        spareBlocks.offer(m_bytes, m_capacity);
     }
 }
 
@@ -117,7 +143,7 @@ void TextBuffer::shrink() {
     }
 }
 
-void TextBuffer::releaseSpareMemory() { spareBlock.release(); }
+void TextBuffer::releaseSpareMemory() { spareBlocks.release(); }
 
 void TextBuffer::grow(std::size_t bytes) {
     if (m_size > largestText || bytes > SIZE_MAX / 2) {
@@ -129,7 +155,7 @@ void TextBuffer::grow(std::size_t bytes) {
 
 void TextBuffer::reallocate(std::size_t capacity) {
     if (m_bytes == nullptr) {
-        m_bytes = spareBlock.take(capacity, m_capacity);
+        m_bytes = spareBlocks.take(capacity, m_capacity);
         if (m_bytes != nullptr) {
             return;
         }

@@ -69,8 +69,8 @@ public:
 /// Unlike std::string it never clears the room that is about to be written, and growing a large one moves pages
 /// instead of copying bytes. Throws std::bad_alloc when the memory cannot be had, and TextTooLarge, at the latest when
 /// it grows again, when it has more bytes than a text may have.
-/// The memory of the last large one that was given up is kept for the next, for fresh pages cost several times what
-/// writing them does.
+/// The memory of the last two large ones that were given up is kept for the next, for fresh pages cost several times
+/// what writing them does.
 class TextBuffer {
 public:
     TextBuffer() = default;

@@ -214,24 +214,24 @@ bool isOrderedByBytes(std::string_view text) {
     return true;
 }
 
-StringSorter::StringSorter(std::string_view text, SortDirection direction, std::size_t expectedParts)
-    : m_keys(text, direction), m_areOrderedByBytes(isOrderedByBytes(text)) {
-    m_entries.reserve(expectedParts);
-}
+StringSorter::StringSorter(std::string_view text, SortDirection direction, std::size_t mostParts)
+    : m_keys(text, direction), m_entries(2 * mostParts), m_mostParts(mostParts),
+      m_areOrderedByBytes(isOrderedByBytes(text)) {}
 
-void StringSorter::addComposed(std::string_view part) { m_entries.push_back(m_keys.entryOf(part, composed(part))); }
+StringSorter::Entry StringSorter::composedEntryOf(std::string_view part) {
+    return m_keys.entryOf(part, composed(part));
+}
 
 void StringSorter::sort(const std::function<void(std::span<const Entry>)> &visit) {
     constexpr std::size_t entriesInBlock = 4096;
-    const HugeScratch<Entry> scratch(m_entries.size());
-    const std::array<Entry *, 2> arrays = {m_entries.data(), scratch.data()};
+    const std::array<Entry *, 2> arrays = {m_entries.data(), m_entries.data() + m_size};
     struct Range {
         std::size_t begin;
         std::size_t size;
         std::size_t depth; ///< Before which the strings are equal.
         std::size_t array; ///< The one that they are in.
     };
-    std::vector<Range> waiting{{0, m_entries.size(), 0, 0}}; // the last one comes first
+    std::vector<Range> waiting{{0, m_size, 0, 0}}; // the last one comes first
     BlockSorter blockSorter(m_keys);
     Ends ends; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
     while (!waiting.empty()) {

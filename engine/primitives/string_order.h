@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "engine/primitives/huge_page_allocator.h"
+#include "engine/primitives/scratch.h"
 #include "engine/primitives/string_keys.h"
 
+#include <cassert>
 #include <cstddef>
 #include <functional>
 #include <span>
@@ -21,15 +22,14 @@ namespace lexivore {
 /// distinct. Stable in both directions: different parts with the same composed form keep the order they were added in.
 class StringSorter {
 public:
-    /// All parts will be of `text`, which must outlive the sorter. Throws TextTooLarge from 4 GB on.
-    StringSorter(std::string_view text, SortDirection direction, std::size_t expectedParts = 0);
+    /// All parts will be of `text`, which must outlive the sorter, and be no more than `mostParts`. Throws TextTooLarge
+    /// from 4 GB on.
+    StringSorter(std::string_view text, SortDirection direction, std::size_t mostParts);
 
     void add(std::string_view part) {
-        if (m_areOrderedByBytes || isOrderedByBytes(part)) {
-            m_entries.push_back(m_keys.entryOf(part));
-        } else {
-            addComposed(part);
-        }
+        assert(m_size < m_mostParts);
+        m_entries[m_size++] =
+            m_areOrderedByBytes || isOrderedByBytes(part) ? m_keys.entryOf(part) : composedEntryOf(part);
     }
 
     /// Calls `visit(std::string_view)` with all parts in order. Once, when all have been added.
@@ -48,12 +48,14 @@ public:
 private:
     using Entry = StringKeys::Entry;
 
-    void addComposed(std::string_view part);
+    [[nodiscard]] Entry composedEntryOf(std::string_view part);
     /// Calls `visit` with some entries at a time, while what they stand for is in the cache.
     void sort(const std::function<void(std::span<const Entry>)> &visit);
 
     StringKeys m_keys;
-    HugeVector<Entry> m_entries;
+    Scratch<Entry> m_entries; ///< And as much room behind them, which sorting needs.
+    std::size_t m_mostParts;
+    std::size_t m_size = 0;
     bool m_areOrderedByBytes; ///< All parts, because the text is.
 };
 

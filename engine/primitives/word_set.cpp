@@ -30,7 +30,8 @@ const WordSet::Seeds &WordSet::seeds() {
 }
 
 WordSet::WordSet(std::string_view text)
-    : m_text(text), m_seeds(seeds()), m_slots(std::size_t{1} << firstBits), m_shift(bitsInHash - firstBits) {
+    : m_text(text), m_seeds(seeds()), m_slotCount(std::size_t{1} << firstBits), m_slots(freeSlots(m_slotCount)),
+      m_shift(bitsInHash - firstBits) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
         throw TextTooLarge();
     }
@@ -50,13 +51,19 @@ WordSet::Word WordSet::wordOfSlowly(std::string_view word) const {
     return {first, second, word.data(), static_cast<std::uint32_t>(word.size()), 1};
 }
 
+Scratch<WordSet::Word> WordSet::freeSlots(std::size_t count) {
+    Scratch<Word> slots(count);
+    std::memset(static_cast<void *>(slots.data()), 0, count * sizeof(Word));
+    return slots;
+}
+
 void WordSet::grow() {
-    HugeVector<Word> words(m_slots.size() * 4);
-    std::swap(words, m_slots);
+    const Scratch<Word> words = std::exchange(m_slots, freeSlots(4 * m_slotCount));
+    const std::size_t count = std::exchange(m_slotCount, 4 * m_slotCount);
     m_shift -= 2;
-    for (const Word &word : words) {
-        if (word.size != 0) {
-            m_slots[find(word)] = word;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (words[i].size != 0) {
+            m_slots[find(words[i])] = words[i];
         }
     }
 }

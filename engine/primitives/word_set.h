@@ -3,7 +3,7 @@
 #pragma once
 
 #include "engine/primitives/code_points.h"
-#include "engine/primitives/huge_page_allocator.h"
+#include "engine/primitives/scratch.h"
 #include "engine/primitives/words.h"
 
 #include <algorithm>
@@ -59,9 +59,9 @@ public:
     /// Calls `visit(std::string_view, std::uint32_t)` with each of the words, at its first place, and how often it was
     /// added, in no order that means anything.
     template<typename Visit> void forEach(Visit &&visit) const {
-        for (const Word &slot : m_slots) {
-            if (slot.size != 0) {
-                visit(slot.view(), slot.count);
+        for (std::size_t i = 0; i < m_slotCount; ++i) {
+            if (m_slots[i].size != 0) {
+                visit(m_slots[i].view(), m_slots[i].count);
             }
         }
     }
@@ -118,7 +118,7 @@ private:
     }
     /// The slot that holds the word, or the free one where it belongs.
     [[nodiscard]] std::size_t find(const Word &word) const {
-        const std::size_t mask = m_slots.size() - 1;
+        const std::size_t mask = m_slotCount - 1;
         std::size_t index = slotOf(word);
         while (m_slots[index].size != 0 && !isSame(m_slots[index], word)) {
             index = (index + 1) & mask;
@@ -138,16 +138,18 @@ private:
             return false;
         }
         slot = word;
-        if (++m_size * 2 > m_slots.size()) {
+        if (++m_size * 2 > m_slotCount) {
             grow();
         }
         return true;
     }
     void grow();
+    [[nodiscard]] static Scratch<Word> freeSlots(std::size_t count);
 
     std::string_view m_text;
     Seeds m_seeds;
-    HugeVector<Word> m_slots;
+    std::size_t m_slotCount;
+    Scratch<Word> m_slots;
     int m_shift; ///< Leaves as many bits of a hash as tell the slots.
     std::size_t m_size = 0;
     std::size_t m_addedCount = 0;

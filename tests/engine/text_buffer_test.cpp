@@ -122,6 +122,30 @@ TEST(TextBuffer, KeepsLargeTextsApart) {
     EXPECT_EQ(first.view(), std::string(large, 'c'));
 }
 
+TEST(TextBuffer, HasTheRoomThatIsAskedForWhenTwoWereGivenUp) {
+    const std::size_t sizes[] = {large / 8, large, large * 3 / 2, 3 * large, 100 * large};
+    for (const std::size_t first : sizes) {
+        for (const std::size_t second : sizes) {
+            for (const std::size_t asked : sizes) {
+                TextBuffer::releaseSpareMemory();
+                {
+                    const TextBuffer one = TextBuffer::withCapacity(first);
+                    const TextBuffer other = TextBuffer::withCapacity(second);
+                }
+                TextBuffer buffer = TextBuffer::withCapacity(asked);
+                TextBuffer another = TextBuffer::withCapacity(asked);
+                EXPECT_NE(buffer.data(), another.data());
+                for (const TextBuffer *const taken : {&buffer, &another}) {
+                    EXPECT_TRUE(taken->empty());
+                    EXPECT_GE(taken->capacity(), asked);
+                    EXPECT_LE(taken->capacity(), 2 * asked + 1);
+                }
+            }
+        }
+    }
+    TextBuffer::releaseSpareMemory();
+}
+
 TEST(TextBuffer, HasTheRoomThatIsAskedForWhateverWasGivenUp) {
     for (const std::size_t given : {large / 4, large, large * 5 / 4, 4 * large}) {
         for (const std::size_t asked : {large / 4, large, large * 5 / 4, 4 * large}) {

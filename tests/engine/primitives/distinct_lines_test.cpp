@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "engine/primitives/distinct_lines.h"
+
+#include "engine/primitives/lines.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace lexivore {
+
+namespace {
+
+using namespace std::string_literals;
+
+/// Compares with a standard set. The memory of the text ends where it does.
+void expectDistinct(const std::string &text) {
+    const std::vector<char> memory(text.begin(), text.end());
+    std::set<std::string_view> seen;
+    std::string expected;
+    for (const std::string_view line : splitLines(text)) {
+        if (seen.insert(line).second) {
+            expected += (seen.size() == 1 ? "" : "\n") + std::string(line);
+        }
+    }
+    ASSERT_EQ(distinctLines({memory.data(), memory.size()}), expected);
+}
+
+TEST(DistinctLines, AreTheFirstOfTheirKind) {
+    EXPECT_EQ(distinctLines("a\nb\na\nab\nb"), "a\nb\nab");
+    EXPECT_EQ(distinctLines("a\r\nb\r\na"), "a\n\nb");
+    EXPECT_EQ(distinctLines(""), "");
+    EXPECT_EQ(distinctLines("\n\n"), "");
+    EXPECT_EQ(distinctLines("a\n"), "a\n");
+}
+
+TEST(DistinctLines, AreToldFromTheirBeginnings) {
+    std::string text;
+    for (std::size_t size = 0; size < 100; ++size) {
+        text += std::string(size, 'x') + "\n" + std::string(100 - size, '\0') + "\n";
+    }
+    expectDistinct(text + text);
+    expectDistinct("abc\nab");
+    expectDistinct("ab\nabc\nab");
+    expectDistinct("\xC3\xA9\n\xC3\nx\xC3\xA9\nx\xC3"); // what is no UTF-8, too
+}
+
+TEST(DistinctLines, AreEqualWhateverEndsThem) {
+    expectDistinct("a\na\ra\va\fa\u0085a\u2028a\u2029a");
+    expectDistinct("a\u0085a\u0086\na\u2028a\u2027\na");
+}
+
+TEST(DistinctLines, EqualThoseOfAStandardSetOnRandomLines) {
+    constexpr unsigned seed = 1;
+    std::mt19937 random(seed);
+    for (const unsigned differentLines : {1U, 10U, 3000U, 100'000U}) {
+        for (const unsigned longest : {1U, 30U, 200U}) { // short ones are many for the size of the text
+            std::string text;
+            for (int i = 0; i < 60'000; ++i) {
+                text += std::to_string(random() % differentLines);
+                text += i % 50 == 0 ? std::string(random() % longest, 'x') : "";
+                text += random() % 9 == 0 ? "\u2028" : "\n";
+            }
+            SCOPED_TRACE("seed " + std::to_string(seed));
+            expectDistinct(text);
+        }
+    }
+}
+
+} // namespace
+
+} // namespace lexivore
