@@ -5,6 +5,8 @@
 #include "engine/parameters.h"
 #include "engine/primitives/line_mapping.h"
 #include "engine/primitives/line_search.h"
+#include "engine/primitives/membership_scan.h"
+#include "engine/primitives/part_replacer.h"
 #include "engine/primitives/words.h"
 
 #include <array>
@@ -55,7 +57,10 @@ constexpr std::uint64_t noLimit = UINT64_MAX;
 /// Counts lines and writes their numbers. The last digits, as text, are counted up in a register.
 class LineNumber {
 public:
-    /// Writes the next number, ". " behind it, and returns the place behind that; 24 bytes may be overwritten.
+    /// How many bytes a number may overwrite.
+    static constexpr std::size_t mostBytes = 24;
+
+    /// Writes the next number, ". " behind it, and returns the place behind that.
     char *writeNext(char *to) {
         if (m_lastDigit == '9') {
             m_number += 10; // as it stands in the text
@@ -76,7 +81,7 @@ public:
 private:
     static constexpr std::size_t longest = 20;
 
-    std::array<char, 24> m_text{'0'}; ///< The number with 0 as its last digit.
+    std::array<char, mostBytes> m_text{'0'}; ///< The number with 0 as its last digit.
     std::uint64_t m_number = 0;
     std::size_t m_digits = 1;
     char m_lastDigit = '0';
@@ -89,24 +94,16 @@ TextBuffer TrimLinesTransformation::apply(std::string_view text, const Parameter
 }
 
 TextBuffer NumberLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 4 + 2 * copySlack);
     LineNumber number;
-    const char *const end = text.data() + text.size();
-    forEachLine(text, [&](std::string_view line) {
-        char *to = result.room(line.size() + 2 * copySlack);
-        if (line.data() != text.data()) {
-            *to++ = '\n';
-        }
-        to = number.writeNext(to);
-        if (static_cast<std::size_t>(end - line.data()) >= line.size() + copySlack) {
-            copyInBlocks(line.data(), line.size(), to);
-        } else if (!line.empty()) {
-            std::memcpy(to, line.data(), line.size());
-        }
-        result.commit(to + line.size());
-    });
-    result.shrink();
-    return result;
+    char first[LineNumber::mostBytes];
+    const std::string_view firstNumber(first, static_cast<std::size_t>(number.writeNext(first) - first));
+    PartReplacer replacer(text, text.size() + text.size() / 4, firstNumber);
+    replacer.replaceAll(MembershipScan(text, newlines, MembershipScan::Mark::firstByte), newlineLength,
+                        1 + LineNumber::mostBytes, [&number](char *to) {
+                            *to = '\n';
+                            return number.writeNext(to + 1);
+                        });
+    return replacer.take();
 }
 
 TextBuffer BreakAfterEveryWordTransformation::apply(std::string_view text, const ParameterMap &) const {

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/line_mapping.h"
 
-#include "engine/primitives/constant_replacer.h"
 #include "engine/primitives/membership_scan.h"
+#include "engine/primitives/part_replacer.h"
 
 #include <algorithm>
 #include <cstring>
@@ -12,12 +12,12 @@ namespace lexivore {
 
 TextBuffer joinLines(std::string_view text, std::string_view separator, std::string_view before,
                      std::string_view behind) {
-    ConstantReplacer replacer(text, separator, before);
+    PartReplacer replacer(text, text.size() + text.size() / 8, before);
     MembershipScan scan(text, newlines, MembershipScan::Mark::firstByte);
     if (separator.size() == 1) {
         scan.ignore(separator[0]); // it stands where it should already
     }
-    replacer.replaceAll(scan, newlineLength);
+    replacer.replaceAll(scan, newlineLength, separator);
     return replacer.take(behind);
 }
 

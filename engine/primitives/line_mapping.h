@@ -61,11 +61,44 @@ private:
     bool m_hasPiece = false;
 };
 
-/// Every line as `map(std::string_view) -> std::string_view` gives it, joined with `separator`.
+/// Builds a text of parts of the lines of another, in their order. No result is longer than that text, so that nothing
+/// has to be asked for each part.
+class LineWriter {
+public:
+    explicit LineWriter(std::string_view text)
+        : m_textEnd(text.data() + text.size()), m_to(m_result.room(text.size() + copySlack)) {}
+
+    void add(char separator) { *m_to++ = separator; }
+    void add(std::string_view part) {
+        if (static_cast<std::size_t>(m_textEnd - part.data()) >= part.size() + copySlack) {
+            copyInBlocks(part.data(), part.size(), m_to);
+        } else {
+            copyBytes(part.data(), part.size(), m_to);
+        }
+        m_to += part.size();
+    }
+    [[nodiscard]] TextBuffer take() {
+        m_result.commit(m_to);
+        m_result.shrink();
+        return std::move(m_result);
+    }
+
+private:
+    const char *m_textEnd;
+    TextBuffer m_result;
+    char *m_to;
+};
+
+/// Every line as `map(std::string_view) -> std::string_view` gives it, a part of it, joined with `separator`.
 template<typename Map> [[nodiscard]] TextBuffer mapLines(std::string_view text, Map &&map, char separator = '\n') {
-    Joiner joiner(separator, text, text.size());
-    forEachLine(text, [&](std::string_view line) { joiner.add(map(line)); });
-    return joiner.take();
+    LineWriter writer(text);
+    forEachLine(text, [&](std::string_view line) {
+        if (line.data() != text.data()) {
+            writer.add(separator);
+        }
+        writer.add(map(line));
+    });
+    return writer.take();
 }
 
 /// Every line as it is, joined with `separator`; all of it between `before` and `behind`.
@@ -77,18 +110,24 @@ template<typename Map> [[nodiscard]] TextBuffer mapLines(std::string_view text, 
 
 /// The lines for which `keep(std::string_view)` is true, unchanged, joined with a line feed.
 template<typename Keep> [[nodiscard]] TextBuffer filterLines(std::string_view text, Keep &&keep) {
-    Joiner joiner('\n', text, text.size());
+    LineWriter writer(text);
+    bool isFirst = true;
     forEachLine(text, [&](std::string_view line) {
         if (keep(line)) {
-            joiner.add(line);
+            if (!isFirst) {
+                writer.add('\n');
+            }
+            isFirst = false;
+            writer.add(line);
         }
     });
-    return joiner.take();
+    return writer.take();
 }
 
 /// Every line trimmed of spaces and tabs at both ends, empty lines kept, joined with `separator`.
 [[nodiscard]] inline TextBuffer trimAndJoinLines(std::string_view text, char separator) {
-    return mapLines(text, trimmed, separator);
+    return mapLines(
+        text, [](std::string_view line) { return trimmed(line); }, separator);
 }
 
 } // namespace lexivore

@@ -3,8 +3,8 @@
 #include "engine/primitives/replacement.h"
 
 #include "engine/primitives/byte_search.h"
-#include "engine/primitives/constant_replacer.h"
 #include "engine/primitives/membership_scan.h"
+#include "engine/primitives/part_replacer.h"
 
 #include <algorithm>
 #include <bit>
@@ -57,8 +57,9 @@ TextBuffer replaceAll(std::string_view text, std::string_view find, std::string_
     }
     requireRoomForAll(text, find, replacement.size());
     if (find.size() <= OccurrenceScan::longestPattern) {
-        ConstantReplacer replacer(text, replacement);
-        replacer.replaceAll(OccurrenceScan(text, find), [size = find.size()](const char *) { return size; });
+        PartReplacer replacer(text, text.size() + text.size() / 8);
+        replacer.replaceAll(
+            OccurrenceScan(text, find), [size = find.size()](const char *) { return size; }, replacement);
         return replacer.take();
     }
     TextBuffer result = TextBuffer::withCapacity(text.size());

@@ -26,11 +26,10 @@ TEST(OpeningFaults, AreToldAndTheFileCanBeOpenedAfterwards) {
     test::writeBytes(path, QByteArray::fromStdString(bytes));
     std::size_t failures = 0;
     for (std::size_t successful = 0; successful < 1000; ++successful) {
-        std::variant<Text, textFile::NotUtf8, textFile::Failure> content = textFile::NotUtf8{};
-        {
+        const auto content = [&path, successful] {
             const FailingAllocations failing(successful);
-            content = textFile::read(path);
-        }
+            return textFile::read(path);
+        }();
         if (const auto *const failure = std::get_if<textFile::Failure>(&content)) {
             EXPECT_TRUE(failure->message.endsWith("there is not enough memory")) << qPrintable(failure->message);
             ++failures;

@@ -14,33 +14,57 @@
 
 namespace lexivore {
 
-/// Copies a text with the same replacement in place of many of its parts, each for a few instructions.
-class ConstantReplacer {
+/// Copies a text with something else in place of many of its parts, each for a few instructions.
+class PartReplacer {
 public:
-    /// `text` and `replacement` must outlive it. `before` is written first.
-    ConstantReplacer(std::string_view text, std::string_view replacement, std::string_view before = {})
-        : m_position(text.data()), m_end(text.data() + text.size()), m_replacement(replacement),
-          m_result(TextBuffer::withCapacity(text.size() + text.size() / 8 + before.size() + roomBehind)) {
-        std::copy_n(replacement.data(), std::min(replacement.size(), m_shortReplacement.size()),
-                    m_shortReplacement.data());
+    /// `text` must outlive it. Room for `expectedBytes` is asked for at once; `before` is written first.
+    PartReplacer(std::string_view text, std::size_t expectedBytes, std::string_view before = {})
+        : m_position(text.data()), m_end(text.data() + text.size()),
+          m_result(TextBuffer::withCapacity(expectedBytes + before.size() + roomBehind)) {
         m_result.append(before);
         setRoom();
     }
 
     /// The parts begin at the places that `scan` finds in the text, and `sizeOf(const char *)` is their size. One that
-    /// begins within the part before it is none.
-    template<typename Scan, typename SizeOf> void replaceAll(Scan scan, SizeOf sizeOf) {
+    /// begins within the part before it is none. `write(char *)` writes what stands in their place and returns the end
+    /// of it; it may overwrite `longest` bytes.
+    template<typename Scan, typename SizeOf, typename Write>
+    void replaceAll(Scan scan, SizeOf sizeOf, std::size_t longest, Write write) {
         Places places; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
         for (Stretch stretch; scan.next(stretch);) {
             const std::size_t count = kernels::best().listBits(stretch.members, stretch.blocks, places.data());
-            if (m_replacement.size() <= m_shortReplacement.size() && m_end - stretch.end >= slack) {
-                replaceShort(stretch, places, count, sizeOf);
+            if (longest <= copySlack && m_end - stretch.end >= slack) {
+                replaceShort(stretch, places, count, sizeOf, longest, write);
             } else {
                 for (std::size_t i = 0; i < count; ++i) {
-                    replace(stretch.begin + places[i], sizeOf(stretch.begin + places[i]));
+                    const char *const place = stretch.begin + places[i];
+                    if (place >= m_position) {
+                        copyUpTo(place);
+                        ensureRoom(longest);
+                        m_to = write(m_to);
+                        m_position = place + sizeOf(place);
+                    }
                 }
             }
             copyUpTo(stretch.end); // while it is in the caches
+        }
+    }
+
+    /// The same with `replacement` in place of every part.
+    template<typename Scan, typename SizeOf> void replaceAll(Scan scan, SizeOf sizeOf, std::string_view replacement) {
+        std::array<char, 16> bytes{};
+        const std::size_t size = replacement.size();
+        if (size <= bytes.size()) {
+            std::copy(replacement.begin(), replacement.end(), bytes.begin());
+            replaceAll(scan, sizeOf, bytes.size(), [bytes, size](char *to) {
+                std::memcpy(to, bytes.data(), bytes.size()); // all of them at once, whatever the size
+                return to + size;
+            });
+        } else {
+            replaceAll(scan, sizeOf, size, [replacement](char *to) {
+                std::memcpy(to, replacement.data(), replacement.size());
+                return to + replacement.size();
+            });
         }
     }
 
@@ -58,16 +82,15 @@ private:
     static constexpr std::ptrdiff_t slack = 3 * copySlack;
     static constexpr std::size_t roomBehind = Stretch::mostBlocks * kernels::blockSize + slack;
 
-    /// What `replace` does with each place, without asking about room each time, and in registers.
-    template<typename SizeOf>
-    void replaceShort(const Stretch &stretch, const Places &places, std::size_t count, SizeOf sizeOf) {
+    /// Without asking about room for each part, and in registers.
+    template<typename SizeOf, typename Write>
+    void replaceShort(const Stretch &stretch, const Places &places, std::size_t count, SizeOf sizeOf,
+                      std::size_t longest, Write &write) {
         const auto size = static_cast<std::size_t>(stretch.end - stretch.begin);
-        ensureRoom(size + count * m_replacement.size() + slack);
+        ensureRoom(size + count * longest + slack);
         // Where the parts stand about a block apart, whether one block is to be copied between them or two is hard to
         // foresee for the processor: copying two is faster than asking.
         const std::size_t leastCopied = size / (count + 1) > copySlack / 2 ? 2 * copySlack : copySlack;
-        const std::array<char, 16> replacement = m_shortReplacement;
-        const std::size_t replacementSize = m_replacement.size();
         const char *position = m_position;
         char *to = m_to;
         for (std::size_t i = 0; i < count; ++i) {
@@ -77,26 +100,13 @@ private:
             }
             const auto before = static_cast<std::size_t>(place - position);
             copyInBlocks(position, std::max(before, leastCopied), to);
-            std::memcpy(to + before, replacement.data(), replacement.size());
-            to += before + replacementSize;
+            to = write(to + before);
             position = place + sizeOf(place);
         }
         m_position = position;
         m_to = to;
     }
 
-    void replace(const char *place, std::size_t size) {
-        if (place < m_position) {
-            return;
-        }
-        copyUpTo(place);
-        ensureRoom(m_replacement.size());
-        if (!m_replacement.empty()) { // nothing to copy may stand nowhere
-            std::memcpy(m_to, m_replacement.data(), m_replacement.size());
-        }
-        m_to += m_replacement.size();
-        m_position = place + size;
-    }
     void copyUpTo(const char *place) {
         if (place <= m_position) {
             return;
@@ -125,8 +135,6 @@ private:
 
     const char *m_position; ///< Everything before it is copied or replaced.
     const char *m_end;
-    std::string_view m_replacement;
-    std::array<char, 16> m_shortReplacement{}; ///< Its beginning, to be copied at once whatever its size.
     TextBuffer m_result;
     char *m_to = nullptr;          ///< Where the result goes on...
     const char *m_limit = nullptr; ///< ... and where its room ends.
