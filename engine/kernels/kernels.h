@@ -150,6 +150,7 @@ enum class Role : std::uint8_t {
     none,
     control,
     syllable, ///< A whole one of Hangul.
+    regionalIndicator,
     consonant,
     pictographic,
     extend,
@@ -182,6 +183,7 @@ struct CodePointBlock {
     // The rest, but for the size, only when the roles are wanted.
     std::uint64_t controls;
     std::uint64_t syllables;
+    std::uint64_t regionalIndicators;
     std::uint64_t consonants;
     std::uint64_t pictographics;
     std::uint64_t extends;
@@ -197,6 +199,14 @@ struct CodePointBlock {
 inline constexpr std::size_t mostBlocksFound = 16;
 /// How many code points it may write.
 inline constexpr std::size_t roomForUnits = (mostBlocksFound + 1) * blockSize;
+/// What it writes for a code point of four bytes: no code point at all.
+inline constexpr std::uint16_t wideUnit = 0xD800;
+
+/// Characters of one code point, in a block.
+struct SingleUnits {
+    std::uint64_t places; ///< Their first bytes.
+    std::size_t count;
+};
 
 struct Kernels {
     const char *name;
@@ -209,10 +219,15 @@ struct Kernels {
     void (*findCounted)(const char *from, std::size_t blocks, CountedBytes *found);
     /// Finds the code points from `from` on, in up to `limit` blocks, which is at most `mostBlocksFound`, and returns
     /// how many blocks it filled. Ends before a block of ASCII, before what is no UTF-8 and where `size` ends. Unless
-    /// `units` is null, it also writes all these code points one after the other, where there is room for
-    /// `roomForUnits`: those of four bytes are of no meaning, and neither is what stands behind the last.
+    /// `units` is null, it also writes all these code points one after the other, `wideUnit` for those of four bytes,
+    /// and may overwrite everything behind them that there is room for.
     std::size_t (*findCodePoints)(const char *from, std::size_t size, const CodePointTables &tables, KindSets kinds,
                                   CodePointBlock *blocks, std::size_t limit, std::uint16_t *units);
+    /// Writes the code points in `units`, which begin at `starts`, of those characters that consist of one of them, but
+    /// for those of four bytes. `isFollowedByBoundary` tells whether the last character ends with the block. Up to 64
+    /// units behind what it writes are overwritten too, and as many are read.
+    SingleUnits (*selectSingles)(std::uint64_t starts, std::uint64_t boundaries, bool isFollowedByBoundary,
+                                 const std::uint16_t *units, std::uint16_t *to);
     /// Maps code points from `from` on, up to the first that needs the full mapping or is no UTF-8. Up to 64 bytes
     /// behind what it writes are overwritten too.
     MappedCase (*mapCase)(const char *from, std::size_t size, const CasePages &pages, char *to);

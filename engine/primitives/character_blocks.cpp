@@ -54,10 +54,23 @@ std::uint64_t joinedPictographics(const CodePointBlock &block, State state) {
     return block.pictographics & (following(joiners, block.starts) | firstBitIf(state == State::pictographicJoiner));
 }
 
+/// The regional indicators that are joined to the one before them (rules GB12 and GB13).
+std::uint64_t secondIndicators(const CodePointBlock &block, State state) {
+    constexpr unsigned bytesOfOne = 4;
+    std::uint64_t seconds = 0;
+    std::uint64_t due = firstBitIf(state == State::regionalIndicator); // where one would be the second
+    for (std::uint64_t left = block.regionalIndicators; left != 0; left &= left - 1) {
+        const std::uint64_t indicator = left & (0 - left);
+        seconds |= indicator & due;
+        due = indicator == due ? 0 : indicator << bytesOfOne;
+    }
+    return seconds;
+}
+
 /// True when what follows depends on more than the code points that join everything.
 constexpr bool isParticular(State state) {
     return state == State::afterCarriageReturn || state == State::prepend || state == State::hangulL ||
-           state == State::hangulV || state == State::hangulT || state == State::regionalIndicator;
+           state == State::hangulV || state == State::hangulT;
 }
 
 } // namespace
@@ -76,15 +89,22 @@ std::uint8_t kindsOf(CodePointSet set) {
     return static_cast<std::uint8_t>(kinds);
 }
 
-CharacterBlocks::CharacterBlocks(std::string_view text, CodePointSet set)
-    : m_position(text.data()), m_end(text.data() + text.size()), m_set(set), m_kinds{kindsOf(set), 0} {
+CharacterBlocks::CharacterBlocks(std::string_view text, CodePointSet set, Units units)
+    : m_position(text.data()), m_end(text.data() + text.size()), m_set(set), m_kinds{kindsOf(set), 0},
+      m_wantsUnits(units == Units::wanted) {
 } // NOLINT(cppcoreguidelines-pro-type-member-init): only blocks that were found are read
 
 bool CharacterBlocks::refill() {
     m_next = 0;
-    m_count = kernels::best().findCodePoints(m_position, static_cast<std::size_t>(m_end - m_position),
-                                             unicode_tables::characterTables, m_kinds, m_found.data(), m_found.size(),
-                                             nullptr);
+    std::uint16_t *units = nullptr;
+    if (m_wantsUnits) {
+        m_isSecondUnits = !m_isSecondUnits;
+        units = m_units[m_isSecondUnits ? 1 : 0].data();
+    }
+    m_nextUnit = units;
+    m_count =
+        kernels::best().findCodePoints(m_position, static_cast<std::size_t>(m_end - m_position),
+                                       unicode_tables::characterTables, m_kinds, m_found.data(), m_found.size(), units);
     return m_count > 0 || (m_position != m_end && !isAscii(*m_position));
 }
 
@@ -94,8 +114,13 @@ void CharacterBlocks::read(CharacterBlock &block) {
         return;
     }
     const CodePointBlock &found = m_found[m_next++];
+    const std::uint16_t *const units = m_nextUnit;
+    if (units != nullptr) {
+        m_nextUnit += std::popcount(found.starts);
+    }
     if (found.isComplex) {
         readSlowly(block, found.size);
+        block.units = units;
         return;
     }
     const std::uint64_t joining =
@@ -109,18 +134,23 @@ void CharacterBlocks::read(CharacterBlock &block) {
     if (found.zeroWidthJoiners != 0 || m_state == State::pictographicJoiner) {
         boundaries &= ~joinedPictographics(found, m_state);
     }
+    std::uint64_t seconds = 0;
+    if (found.regionalIndicators != 0) {
+        seconds = secondIndicators(found, m_state);
+        boundaries &= ~seconds;
+    }
     if (isParticular(m_state)) {
         const bool isBoundary = character_breaks::transition(m_state, decode(m_position, m_end).value).isBoundary;
         boundaries = (boundaries & ~std::uint64_t{1}) | firstBitIf(isBoundary);
     }
-    block = {m_position, found.size, boundaries, found.starts, found.first};
-    moveState(found, joining);
+    block = {m_position, found.size, boundaries, found.starts, found.first, units};
+    moveState(found, joining, seconds);
     m_position += found.size;
 }
 
-void CharacterBlocks::moveState(const CodePointBlock &found, std::uint64_t joining) {
+void CharacterBlocks::moveState(const CodePointBlock &found, std::uint64_t joining, std::uint64_t secondIndicators) {
     const std::uint64_t last = std::bit_floor(found.starts);
-    if (((joining | found.controls | found.syllables) & last) == 0) {
+    if (((joining | found.controls | found.syllables | found.regionalIndicators) & last) == 0) {
         m_state = (found.consonants & last) != 0      ? State::consonant
                   : (found.pictographics & last) != 0 ? State::pictographic
                                                       : State::other;
@@ -130,7 +160,7 @@ void CharacterBlocks::moveState(const CodePointBlock &found, std::uint64_t joini
     const char *position = m_position;
     if (const std::uint64_t settling = found.starts & ~joining; settling != 0) {
         position += std::bit_width(settling) - 1;
-        m_state = State::begin;
+        m_state = (std::bit_floor(settling) & secondIndicators) != 0 ? State::regionalIndicator : State::begin;
     }
     for (const char *const end = m_position + found.size; position != end;) {
         const DecodedCodePoint decoded = decode(position, end);
@@ -140,7 +170,7 @@ void CharacterBlocks::moveState(const CodePointBlock &found, std::uint64_t joini
 }
 
 void CharacterBlocks::readSlowly(CharacterBlock &block, std::size_t size) {
-    block = {m_position, 0, 0, 0, 0};
+    block = {m_position, 0, 0, 0, 0, nullptr};
     while (m_position != m_end) {
         const DecodedCodePoint decoded = decode(m_position, m_end);
         if (block.size + decoded.length > size) {

@@ -23,6 +23,9 @@ struct CharacterBlock {
     std::uint64_t boundaries = 0; ///< The first bytes of characters.
     std::uint64_t starts = 0;     ///< The first bytes of code points.
     std::uint64_t members = 0;    ///< The first bytes of code points of the set.
+    /// The code points, `kernels::wideUnit` for those of four bytes, and more that may be read. Null when they are not
+    /// wanted, and where there is no UTF-8. They are there up to the next block but one.
+    const std::uint16_t *units = nullptr;
 };
 
 /// Walks the characters of a text in blocks of up to 64 bytes: what counts, filters and reverses texts outside ASCII.
@@ -31,8 +34,10 @@ class CharacterBlocks {
 public:
     using State = character_breaks::State;
 
+    enum class Units : bool { unwanted, wanted };
+
     /// `set` holds no property of composing.
-    explicit CharacterBlocks(std::string_view text, CodePointSet set = 0);
+    explicit CharacterBlocks(std::string_view text, CodePointSet set = 0, Units units = Units::unwanted);
 
     /// False at the end of the text, and where nothing but ASCII follows for 64 bytes or up to the end.
     [[nodiscard]] bool next(CharacterBlock &block) {
@@ -51,14 +56,14 @@ public:
     void passAscii(const char *runEnd);
 
 private:
-    static constexpr std::size_t blocksAtOnce = 16;
+    static constexpr std::size_t blocksAtOnce = kernels::mostBlocksFound;
 
     bool refill();
     void read(CharacterBlock &block);
     /// Reads up to `size` bytes, one code point at a time.
     void readSlowly(CharacterBlock &block, std::size_t size);
     /// Moves the state behind the block that begins at the position.
-    void moveState(const kernels::CodePointBlock &found, std::uint64_t joining);
+    void moveState(const kernels::CodePointBlock &found, std::uint64_t joining, std::uint64_t secondIndicators);
 
     const char *m_position;
     const char *m_end;
@@ -68,6 +73,11 @@ private:
     std::size_t m_next = 0;
     std::size_t m_count = 0;
     std::array<kernels::CodePointBlock, blocksAtOnce> m_found; ///< Ahead, those from `m_next` on.
+    bool m_wantsUnits;
+    bool m_isSecondUnits = false;
+    const std::uint16_t *m_nextUnit = nullptr; ///< Those of the next block begin there.
+    /// Filled in turn, for the block before may be in use.
+    std::array<std::array<std::uint16_t, kernels::roomForUnits>, 2> m_units;
 };
 
 /// The bits of all bytes of the characters whose first bytes are in `firsts`, a part of the boundaries of `block`, and

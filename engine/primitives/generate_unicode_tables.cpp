@@ -191,6 +191,8 @@ kernels::Role roleOf(UChar32 c) {
     case BreakClass::hangulLV:
     case BreakClass::hangulLVT:
         return Role::syllable;
+    case BreakClass::regionalIndicator:
+        return Role::regionalIndicator;
     case BreakClass::linkingConsonant:
         return Role::consonant;
     case BreakClass::extendedPictographic:

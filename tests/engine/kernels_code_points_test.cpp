@@ -9,8 +9,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace lexivore::kernels {
 namespace {
@@ -36,6 +38,9 @@ void addTo(CodePointBlock &block, char32_t codePoint, std::uint64_t bit, bool is
     case BreakClass::hangulLV:
     case BreakClass::hangulLVT:
         block.syllables |= bit;
+        break;
+    case BreakClass::regionalIndicator:
+        block.regionalIndicators |= bit;
         break;
     case BreakClass::linkingConsonant:
         block.consonants |= bit;
@@ -94,6 +99,7 @@ void expectEqualRoles(const CodePointBlock &block, const CodePointBlock &expecte
     EXPECT_EQ(block.controls, expected.controls);
     EXPECT_EQ(block.crLfs, expected.crLfs);
     EXPECT_EQ(block.syllables, expected.syllables);
+    EXPECT_EQ(block.regionalIndicators, expected.regionalIndicators);
     EXPECT_EQ(block.consonants, expected.consonants);
     EXPECT_EQ(block.pictographics, expected.pictographics);
     EXPECT_EQ(block.extends, expected.extends);
@@ -109,7 +115,7 @@ const std::uint16_t *expectUnits(const std::uint16_t *unit, std::string_view tex
     const char *const end = text.data() + text.size();
     for (const char *position = text.data(); position != end; ++unit) {
         const DecodedCodePoint decoded = decode(position, end);
-        EXPECT_TRUE(decoded.length == 4 || *unit == decoded.value);
+        EXPECT_EQ(*unit, decoded.length == 4 ? wideUnit : decoded.value);
         position += decoded.length;
     }
     return unit;
@@ -159,6 +165,44 @@ TEST(Kernels, FindCodePointsEqualsThePlainLoop) {
         const ExactCopy copy(text, offset++ % blockSize);
         onAllKernels([&](const Kernels &kernels) { expectPlainBlocks(kernels, copy.view()); });
     });
+}
+
+TEST(Kernels, SelectSinglesTakesTheCharactersOfOneCodePoint) {
+    std::mt19937_64 random(seed);
+    for (std::size_t round = 0; round < 20'000; ++round) {
+        const std::uint64_t starts = randomBits(random, 1U << random() % 3) | 1U;
+        const std::uint64_t boundaries = starts & (round % 3 == 0 ? ~std::uint64_t{0} : ~randomBits(random, 8));
+        const bool isFollowed = random() % 2 == 0;
+        std::uint16_t units[blockSize];
+        for (std::uint16_t &unit : units) {
+            unit = random() % 8 == 0 ? wideUnit : static_cast<std::uint16_t>(random() % 0x10000);
+        }
+        std::uint64_t places = 0;
+        std::vector<std::uint16_t> expected;
+        std::size_t index = 0;
+        for (std::size_t place = 0; place < blockSize; ++place) {
+            if ((starts >> place & 1U) == 0) {
+                continue;
+            }
+            std::size_t next = place + 1;
+            while (next < blockSize && (starts >> next & 1U) == 0) {
+                ++next;
+            }
+            const bool isEnd = next < blockSize ? (boundaries >> next & 1U) != 0 : isFollowed;
+            if ((boundaries >> place & 1U) != 0 && isEnd && units[index] != wideUnit) {
+                places |= std::uint64_t{1} << place;
+                expected.push_back(units[index]);
+            }
+            ++index;
+        }
+        onAllKernels([&](const Kernels &kernels) {
+            std::vector<std::uint16_t> singles(2 * blockSize);
+            const SingleUnits found = kernels.selectSingles(starts, boundaries, isFollowed, units, singles.data());
+            singles.resize(found.count);
+            EXPECT_EQ(found.places, places);
+            EXPECT_EQ(singles, expected);
+        });
+    }
 }
 
 TEST(Kernels, FindCodePointsStopsAtAnyBytesThatAreNoUtf8) {
