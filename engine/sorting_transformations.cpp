@@ -4,7 +4,9 @@
 
 #include "engine/primitives/line_lengths.h"
 #include "engine/primitives/line_mapping.h"
+#include "engine/primitives/line_order.h"
 #include "engine/primitives/string_order.h"
+#include "engine/primitives/utf8.h"
 #include "engine/primitives/word_set.h"
 #include "engine/primitives/words.h"
 
@@ -12,26 +14,13 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
-#include <numeric>
 #include <random>
 #include <string>
+#include <vector>
 
 namespace lexivore {
 
 namespace {
-
-/// All pieces are parts of `text`.
-TextBuffer join(const std::vector<std::string_view> &pieces, char separator, std::string_view text) {
-    constexpr std::size_t ahead = 32; // pieces in a new order come from anywhere in the text
-    Joiner joiner(separator, text, text.size());
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        if (i + ahead < pieces.size()) {
-            __builtin_prefetch(pieces[i + ahead].data());
-        }
-        joiner.add(pieces[i]);
-    }
-    return joiner.take();
-}
 
 /// The parts of `text` in order with a separator between them.
 TextBuffer join(StringSorter &sorter, char separator, std::string_view text) {
@@ -44,31 +33,6 @@ TextBuffer sortLines(std::string_view text, SortDirection direction) {
     StringSorter sorter(text, direction, lineCount(text));
     forEachLine(text, [&sorter](std::string_view line) { sorter.add(line); });
     return join(sorter, '\n', text);
-}
-
-/// `strings` in ascending order of the number that belongs to each; equal ones keep their order.
-std::vector<std::string_view> sortedByNumber(const std::vector<std::string_view> &strings,
-                                             const std::vector<std::size_t> &numbers) {
-    std::vector<std::string_view> sorted(strings.size());
-    const std::size_t largest = numbers.empty() ? 0 : *std::max_element(numbers.begin(), numbers.end());
-    if (largest < 2 * numbers.size() + 1024) { // few enough different numbers to count each
-        std::vector<std::size_t> places(largest + 2);
-        for (const std::size_t number : numbers) {
-            ++places[number + 1];
-        }
-        std::partial_sum(places.begin(), places.end(), places.begin());
-        for (std::size_t i = 0; i < strings.size(); ++i) {
-            sorted[places[numbers[i]]++] = strings[i];
-        }
-        return sorted;
-    }
-    std::vector<std::size_t> order(strings.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(),
-                     [&numbers](std::size_t left, std::size_t right) { return numbers[left] < numbers[right]; });
-    std::transform(order.begin(), order.end(), sorted.begin(),
-                   [&strings](std::size_t index) { return strings[index]; });
-    return sorted;
 }
 
 /// Counts the different words: a text of a language has few, and only they need sorting. False when most of the words
@@ -135,11 +99,38 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
     return result;
 }
 
+bool isAscii(std::string_view text) {
+    const char *const end = text.data() + text.size();
+    return asciiRunEnd(text.data(), end) == end;
+}
+
 /// Numbers from the system's random source, so that no state outlives a call.
 std::mt19937_64 makeRandomGenerator() {
     std::random_device source;
     std::seed_seq seed{source(), source(), source(), source(), source(), source(), source(), source()};
     return std::mt19937_64(seed);
+}
+
+/// Appends the words of a line, the last one first, with a space between them. The text that they are parts of ends at
+/// `textEnd`.
+void appendReversed(TextBuffer &result, const std::vector<std::string_view> &words, const char *textEnd) {
+    if (words.empty()) {
+        return;
+    }
+    const auto lineBytes = static_cast<std::size_t>(words.back().data() + words.back().size() - words.front().data());
+    char *to = result.room(lineBytes + shortCopySlack + 1);
+    const bool isFarFromEnd = static_cast<std::size_t>(textEnd - words.front().data()) >= lineBytes + shortCopySlack;
+    for (std::size_t left = words.size(); left > 0; --left) {
+        const std::string_view word = words[left - 1];
+        if (isFarFromEnd) {
+            copyInShortBlocks(word.data(), word.size(), to);
+        } else {
+            copyBytes(word.data(), word.size(), to);
+        }
+        to += word.size();
+        *to++ = ' ';
+    }
+    result.commit(to - 1);
 }
 
 } // namespace
@@ -153,13 +144,20 @@ TextBuffer SortLinesReverseTransformation::apply(std::string_view text, const Pa
 }
 
 TextBuffer SortLinesByLengthTransformation::apply(std::string_view text, const ParameterMap &) const {
-    return join(sortedByNumber(splitLines(text), lineLengths(text)), '\n', text);
+    LineOrder lines(text);
+    if (isAscii(text)) {
+        lines.sortByNumber([&lines](std::size_t index) { return std::size_t{lines[index].size}; });
+    } else {
+        const std::vector<std::size_t> lengths = lineLengths(text);
+        lines.sortByNumber([&lengths](std::size_t index) { return lengths[index]; });
+    }
+    return lines.join();
 }
 
 TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
-    std::vector<std::string_view> lines = splitLines(text);
+    LineOrder lines(text);
     std::shuffle(lines.begin(), lines.end(), makeRandomGenerator());
-    return join(lines, '\n', text);
+    return lines.join();
 }
 
 TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, const ParameterMap &) const {
@@ -172,36 +170,31 @@ TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, c
 }
 
 TextBuffer ReverseWordsInLineTransformation::apply(std::string_view text, const ParameterMap &) const {
-    TextBuffer result = TextBuffer::withCapacity(text.size());
+    const char *const end = text.data() + text.size();
+    TextBuffer result = TextBuffer::withCapacity(text.size() + 2 * copySlack);
     std::vector<std::string_view> words; // of the line
-    const auto addWord = [&words](const char *begin, const char *end) {
-        if (begin != end) {
-            words.emplace_back(begin, static_cast<std::size_t>(end - begin));
+    const char *wordBegin = text.data();
+    const auto endWord = [&](const char *wordEnd) {
+        if (wordBegin != wordEnd) {
+            words.emplace_back(wordBegin, static_cast<std::size_t>(wordEnd - wordBegin));
         }
     };
-    const auto appendReversed = [&]() {
-        for (std::size_t left = words.size(); left > 0; --left) {
-            result.append(words[left - 1]);
-            if (left > 1) {
-                result.append(' ');
-            }
-        }
+    const auto endLine = [&]() {
+        appendReversed(result, words, end);
         words.clear();
     };
-    const char *const end = text.data() + text.size();
-    const char *wordBegin = text.data();
     forEachMember(MembershipScan(text, whitespaceAndNewlines, MembershipScan::Mark::firstByte),
                   [&](const char *separator) {
+                      endWord(separator);
                       const DecodedCodePoint decoded = decode(separator, end);
-                      addWord(wordBegin, separator);
                       wordBegin = separator + decoded.length;
                       if (isIn(newlines, decoded.value)) {
-                          appendReversed();
+                          endLine();
                           result.append('\n');
                       }
                   });
-    addWord(wordBegin, end);
-    appendReversed();
+    endWord(end);
+    endLine();
     result.shrink();
     return result;
 }

@@ -56,6 +56,16 @@ inline void copyInBlocks(const char *from, std::size_t size, char *to) {
     } while (copied < size);
 }
 
+/// The same for words, sixteen bytes at a time.
+inline constexpr std::size_t shortCopySlack = 16;
+inline void copyInShortBlocks(const char *from, std::size_t size, char *to) {
+    std::size_t copied = 0;
+    do {
+        std::memcpy(to + copied, from + copied, shortCopySlack);
+        copied += shortCopySlack;
+    } while (copied < size);
+}
+
 /// The most bytes that a text may have. The views and what they stand on count in 32-bit numbers.
 inline constexpr std::size_t largestText = 0x7FFFFFFF;
 

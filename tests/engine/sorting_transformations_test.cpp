@@ -156,6 +156,54 @@ const Case reverseWords[] = {
 };
 INSTANTIATE_TEST_SUITE_P(ReverseWords, TransformationRule, rulesOf("reverse-words-in-line", reverseWords), ruleAsName);
 
+TEST(ReverseWords, EqualsAReversalWordByWord) {
+    std::mt19937 random(1);
+    const TransformationPointer reversing = findTransformation(makeCatalog(), "reverse-words-in-line");
+    for (int run = 0; run < 300; ++run) { // words longer and shorter than what is copied at once, up to the text's end
+        std::string text;
+        std::string expected;
+        for (std::size_t lines = random() % 20; lines > 0; --lines) {
+            std::string reversed;
+            for (std::size_t words = random() % 6; words > 0; --words) {
+                const std::string word(1 + random() % (run % 3 == 0 ? 5 : 50), static_cast<char>('a' + random() % 26));
+                text += std::string(random() % 3 + 1, ' ') + word;
+                reversed = word + (reversed.empty() ? "" : " ") + reversed;
+            }
+            expected += reversed;
+            if (lines > 1) {
+                text += '\n';
+                expected += '\n';
+            }
+        }
+        const std::vector<char> memory(text.begin(), text.end());
+        ASSERT_EQ(reversing->apply({memory.data(), memory.size()}, {}), expected) << text;
+    }
+}
+
+TEST(SortLinesByLength, TakesAsciiAndOtherTextsAlike) {
+    std::mt19937 random(1);
+    const TransformationPointer sorting = findTransformation(makeCatalog(), "sort-lines-length");
+    for (const char *letter : {"a", "\u00E9"}) {
+        std::string text = "x"; // the first of its length
+        std::map<std::size_t, std::string> linesOfLength = {{1, "x\n"}};
+        for (int i = 0; i < 1000; ++i) {
+            std::string line = std::to_string(i % 7);
+            const std::size_t length = 1 + random() % 100;
+            while (line.size() < 1 + (length - 1) * std::string_view(letter).size()) {
+                line += letter;
+            }
+            text += "\n" + line;
+            linesOfLength[length] += line + "\n";
+        }
+        std::string expected;
+        for (const auto &[length, lines] : linesOfLength) {
+            expected += lines;
+        }
+        expected.pop_back();
+        ASSERT_EQ(sorting->apply(text, {}), expected);
+    }
+}
+
 const Case shuffleOfOneLine[] = {
     {"empty", "", {}, ""},
     {"one character", "a", {}, "a"},
