@@ -31,11 +31,14 @@ public:
         std::size_t count = 0;
         bool goesOn = true;
         const auto lookUp = [&]() {
-            for (std::size_t i = 0; i < count && goesOn; ++i) {
-                if (insert(waiting[i])) {
-                    goesOn = visitNew(waiting[i].view());
+            std::size_t added = 0;
+            while (added < count && goesOn) {
+                const Word &word = waiting[added++];
+                if (insert(word)) {
+                    goesOn = visitNew(word.view());
                 }
             }
+            m_addedCount += added;
             count = 0;
         };
         forEachPiece(m_text, whitespaceAndNewlines, [&](std::string_view word) {
@@ -53,15 +56,15 @@ public:
     /// The number of different words.
     [[nodiscard]] std::size_t size() const { return m_size; }
 
-    /// How many words have been added, equal ones too.
+    /// How many words have been added, equal ones too. While they are, some of the last may be missing.
     [[nodiscard]] std::size_t addedCount() const { return m_addedCount; }
 
-    /// Calls `visit(std::string_view, std::uint32_t)` with each of the words, at its first place, and how often it was
-    /// added, in no order that means anything.
+    /// Calls `visit(std::string_view, std::uint32_t)` with each of the words, for as long as the set stays as it is,
+    /// and how often it was added, in no order that means anything.
     template<typename Visit> void forEach(Visit &&visit) const {
         for (std::size_t i = 0; i < m_slotCount; ++i) {
             if (m_slots[i].size != 0) {
-                visit(m_slots[i].view(), m_slots[i].count);
+                visit(m_slots[i].heldView(), m_slots[i].count);
             }
         }
     }
@@ -77,6 +80,11 @@ private:
         std::uint32_t count;
 
         [[nodiscard]] std::string_view view() const { return {data, size}; }
+        /// The same bytes, which need no look at the text when the word is held wholly.
+        [[nodiscard]] std::string_view heldView() const {
+            static_assert(offsetof(Word, first) == 0 && offsetof(Word, second) == sizeof first);
+            return size > bytesInWord ? view() : std::string_view(reinterpret_cast<const char *>(this), size);
+        }
     };
 
     /// Numbers that no text can know.
@@ -93,8 +101,8 @@ private:
         if (size > bytesInWord || !hasRoom) {
             return wordOfSlowly(word);
         }
-        const std::uint64_t first = eightBytes(word.data()) & maskOf(size);
-        const std::uint64_t second = eightBytes(word.data() + 8) & maskOf(std::max<std::size_t>(size, 8) - 8);
+        const std::uint64_t first = eightBytes(word.data()) & masks[size][0];
+        const std::uint64_t second = eightBytes(word.data() + 8) & masks[size][1];
         return {first, second, word.data(), static_cast<std::uint32_t>(size), 1};
     }
     [[nodiscard]] static std::uint64_t eightBytes(const char *from) {
@@ -102,14 +110,17 @@ private:
         std::memcpy(&bytes, from, sizeof bytes);
         return bytes;
     }
-    /// That many bytes of a number, the first ones in memory.
-    [[nodiscard]] static std::uint64_t maskOf(std::size_t bytes) {
-        constexpr std::uint64_t all = ~std::uint64_t{0};
-        const std::size_t missing = sizeof all - std::min(bytes, sizeof all);
-        // The shift by all bits is divided in two.
-        return std::endian::native == std::endian::little ? all >> (4 * missing) >> (4 * missing)
-                                                          : all << (4 * missing) << (4 * missing);
-    }
+    /// For each size of a word that is held wholly, all bits of its bytes.
+    static constexpr auto masks = [] {
+        std::array<std::array<std::uint64_t, 2>, bytesInWord + 1> result{};
+        for (std::size_t size = 0; size < result.size(); ++size) {
+            for (std::size_t byte = 0; byte < size; ++byte) {
+                constexpr bool isLittleEndian = std::endian::native == std::endian::little;
+                result[size][byte / 8] |= std::uint64_t{0xFF} << (isLittleEndian ? byte % 8 * 8 : 56 - byte % 8 * 8);
+            }
+        }
+        return result;
+    }();
     [[nodiscard]] Word wordOfSlowly(std::string_view word) const;
 
     /// Where the word is looked for first: two different words meet there as seldom as chance has it.
@@ -131,7 +142,6 @@ private:
     }
     /// True when the word was not in the set before.
     bool insert(const Word &word) {
-        ++m_addedCount;
         Word &slot = m_slots[find(word)];
         if (slot.size != 0) {
             ++slot.count;
