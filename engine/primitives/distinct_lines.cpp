@@ -26,6 +26,7 @@ struct Line {
     std::uint32_t offset; ///< In the text, in bytes.
     std::uint32_t size;
     std::uint32_t hash; ///< Seeded anew in each run of the program, so that no text can be made to collide.
+    std::uint32_t slot; ///< Where to look for it, if that is known yet.
 };
 
 /// A set of lines of a text: a flat table that is at most three quarters full. A slot knows all of the hash, so that
@@ -43,31 +44,36 @@ public:
 
     [[nodiscard]] Line lineOf(std::string_view line) const {
         return {static_cast<std::uint32_t>(line.data() - m_text.data()), static_cast<std::uint32_t>(line.size()),
-                static_cast<std::uint32_t>(XXH3_64bits_withSeed(line.data(), line.size(), m_seed))};
+                static_cast<std::uint32_t>(XXH3_64bits_withSeed(line.data(), line.size(), m_seed)), 0};
     }
     [[nodiscard]] std::string_view viewOf(const Line &line) const { return {m_text.data() + line.offset, line.size}; }
 
-    // For many lines in turn the memory can be asked for ahead.
+    // Lines are looked for some at a time, in steps between which the memory comes into the cache: prefetchSlot of
+    // each, makeRoom for all, findSlot of each, insert each.
     void prefetchSlot(const Line &line) const { __builtin_prefetch(m_slots.data() + firstSlot(line.hash)); }
-    void prefetchText(const Line &line) const {
-        const Slot &slot = m_slots[firstSlot(line.hash)];
-        if (slot.hash == line.hash && slot.place != 0) {
-            __builtin_prefetch(m_text.data() + slot.place - 1);
+    void makeRoom(std::size_t lines) {
+        while (m_size + lines > slotCount() / 4 * 3) {
+            grow();
         }
     }
-
+    void findSlot(Line &line) const {
+        std::size_t index = firstSlot(line.hash);
+        while (m_slots[index].place != 0 && m_slots[index].hash != line.hash) {
+            index = slotBehind(index);
+        }
+        line.slot = static_cast<std::uint32_t>(index);
+        __builtin_prefetch(m_text.data() + m_slots[index].place);
+    }
     /// True when the line was not in the set before. Lines are inserted in their order in the text.
     bool insert(const Line &line) {
-        std::size_t index = firstSlot(line.hash);
+        std::size_t index = line.slot;
         for (; m_slots[index].place != 0; index = slotBehind(index)) {
             if (m_slots[index].hash == line.hash && isSame(m_slots[index], line)) {
                 return false;
             }
         }
         m_slots[index] = {line.hash, line.offset + 1};
-        if (++m_size > slotCount() / 4 * 3) {
-            grow();
-        }
+        ++m_size;
         return true;
     }
 
@@ -138,8 +144,9 @@ TextBuffer distinctLines(std::string_view text) {
     std::array<Line, 64> waiting; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
     std::size_t waitingCount = 0;
     const auto lookUp = [&]() {
+        seen.makeRoom(waitingCount);
         for (std::size_t i = 0; i < waitingCount; ++i) {
-            seen.prefetchText(waiting[i]);
+            seen.findSlot(waiting[i]);
         }
         for (std::size_t i = 0; i < waitingCount; ++i) {
             if (seen.insert(waiting[i])) {
