@@ -15,7 +15,7 @@
 #include <unordered_map>
 #include <utility>
 
-// Nearly all characters are one code point, for which there is a count each; where a text is ASCII, it is counted two
+// Nearly all characters are one code point, for which there is a count each; where a text is ASCII, it is counted many
 // bytes at a time. Only what consists of several code points, or of one that takes four bytes, is looked for by its
 // bytes.
 namespace lexivore {
@@ -26,35 +26,36 @@ namespace {
 class ByteTable {
 public:
     void add(std::string_view bytes) {
-        if (bytes.size() < worthPairs) {
-            for (const char &byte : bytes) {
-                ++m_counts[static_cast<unsigned char>(byte)];
-                note(&byte);
-            }
-            return;
+        if (bytes.size() >= worthPairs) {
+            addPairs(bytes);
+        } else {
+            addEach(bytes);
         }
-        forEachMember(MembershipScan(bytes, m_unseen), [this](const char *byte) { note(byte); });
-        // Two at once take half the steps.
-        m_pairCounts.resize(pairs);
-        const char *position = bytes.data();
-        for (std::size_t left = bytes.size() / 2; left > 0; --left) {
-            std::uint16_t pair = 0;
-            std::memcpy(&pair, position, sizeof pair);
-            ++m_pairCounts[pair];
-            position += sizeof pair;
-        }
-        m_counts[static_cast<unsigned char>(bytes.back())] += bytes.size() % 2 != 0 ? 1 : 0;
     }
+    /// Counts bytes that `text` begins with, which are ASCII, and returns how many: none where there are few. Which of
+    /// them are no characters is to be told with `take`, and then `note` is to be called with the rest of them.
+    [[nodiscard]] std::size_t addMany(std::string_view text) {
+        return text.size() < worthMany ? 0 : kernels::best().countAscii(text.data(), text.size(), m_counts);
+    }
+    void take(char byte, std::size_t count) { m_counts.counts[static_cast<unsigned char>(byte)] -= count; }
+    void note(std::string_view bytes) {
+        for (std::size_t byte = 0; byte < m_firstAppearances.size(); ++byte) {
+            if (m_counts.counts[byte] != 0 && m_firstAppearances[byte] == nullptr) {
+                note(firstOf(static_cast<char>(byte), bytes));
+            }
+        }
+    }
+    [[nodiscard]] std::uint64_t countOf(char byte) const { return m_counts.counts[static_cast<unsigned char>(byte)]; }
     /// Calls `visit(const char *firstAppearance, std::int64_t count)` with every byte that occurs.
     template<typename Visit> void forEach(Visit visit) const {
-        std::array<std::int64_t, 128> counts = m_counts;
+        std::array<std::uint64_t, 128> counts = std::to_array(m_counts.counts);
         for (std::size_t pair = 0; pair < m_pairCounts.size(); ++pair) {
             counts[pair & 0x7F] += m_pairCounts[pair];
             counts[pair >> 8] += m_pairCounts[pair];
         }
         for (std::size_t byte = 0; byte < counts.size(); ++byte) {
             if (counts[byte] > 0) {
-                visit(m_firstAppearances[byte], counts[byte]);
+                visit(m_firstAppearances[byte], static_cast<std::int64_t>(counts[byte]));
             }
         }
     }
@@ -62,6 +63,7 @@ public:
 private:
     static constexpr std::size_t pairs = 0x8000; ///< Those of two ASCII bytes are below it, whichever comes first.
     static constexpr std::size_t worthPairs = 64;
+    static constexpr std::size_t worthMany = 2048;
 
     static constexpr kernels::AsciiSet allOfAscii() {
         kernels::AsciiSet set;
@@ -79,7 +81,38 @@ private:
         }
     }
 
-    std::array<std::int64_t, 128> m_counts{};
+    void addEach(std::string_view bytes) {
+        for (const char &byte : bytes) {
+            ++m_counts.counts[static_cast<unsigned char>(byte)];
+            note(&byte);
+        }
+    }
+    /// Two at once take half the steps.
+    void addPairs(std::string_view bytes) {
+        forEachMember(MembershipScan(bytes, m_unseen), [this](const char *byte) { note(byte); });
+        m_pairCounts.resize(pairs);
+        const char *position = bytes.data();
+        for (std::size_t left = bytes.size() / 2; left > 0; --left) {
+            std::uint16_t pair = 0;
+            std::memcpy(&pair, position, sizeof pair);
+            ++m_pairCounts[pair];
+            position += sizeof pair;
+        }
+        if (bytes.size() % 2 != 0) {
+            ++m_counts.counts[static_cast<unsigned char>(bytes.back())];
+        }
+    }
+    /// Where `byte` first stands in `bytes` without being half of a CR LF.
+    static const char *firstOf(char byte, std::string_view bytes) {
+        std::size_t place = bytes.find(byte);
+        while ((byte == '\n' && place > 0 && bytes[place - 1] == '\r') ||
+               (byte == '\r' && bytes.substr(place + 1, 1) == "\n")) {
+            place = bytes.find(byte, place + 1);
+        }
+        return bytes.data() + place;
+    }
+
+    kernels::AsciiCounts m_counts;
     std::array<const char *, 128> m_firstAppearances{};
     kernels::AsciiSet m_unseen = allOfAscii();
     std::vector<std::uint32_t> m_pairCounts; ///< A text has fewer bytes than these can count.
@@ -91,7 +124,7 @@ class SequenceTable {
 public:
     explicit SequenceTable(const char *textEnd) : m_textEnd(textEnd) {}
 
-    void add(std::string_view sequence) {
+    void add(std::string_view sequence, std::size_t count = 1) {
         // Of up to eight bytes it is these, and never only zeros, for NUL is a character by itself.
         const std::uint64_t key = keyOf(sequence);
         Recent &recent = m_recent[key * 0x9E3779B97F4A7C15U >> (64 - recentBits)];
@@ -100,7 +133,7 @@ public:
             (!isShort && recent.sequence != sequence)) {
             recent = {key, sequence, &m_counts.try_emplace(sequence, 0).first->second};
         }
-        ++*recent.count;
+        *recent.count += static_cast<std::int64_t>(count);
     }
     void appendTo(std::vector<TalliedCharacter> &characters) const {
         for (const auto &[sequence, count] : m_counts) {
@@ -303,7 +336,9 @@ private:
     }
 
     void addAsciiRun() {
-        constexpr std::ptrdiff_t stretch = 16'384; // is still in the cache when it is counted
+        if (isBoundaryBeforeAscii() && addManyBytes()) {
+            return;
+        }
         const char *position = m_blocks.position();
         const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, m_end - position));
         position += isBoundaryBeforeAscii() ? 0 : 1;
@@ -314,6 +349,43 @@ private:
             addAscii(position, m_begin);
         }
         m_blocks.passAscii(runEnd);
+    }
+
+    /// Counts the ASCII bytes from the position on, where a character begins, if there are many. False if not.
+    bool addManyBytes() {
+        const char *const begin = m_blocks.position();
+        const std::uint64_t returnsBefore = m_bytes.countOf('\r');
+        const std::size_t counted =
+            m_bytes.addMany({begin, static_cast<std::size_t>(std::min(stretch, m_end - begin))});
+        if (counted == 0) {
+            return false;
+        }
+        endCharacter(begin);
+        const char *const end = begin + counted;
+        m_begin = end - (end[-2] == '\r' && end[-1] == '\n' ? 2 : 1); // a mark may follow, or the other half of a CR LF
+        if (m_bytes.countOf('\r') != returnsBefore) {
+            takeCrLfs({begin, static_cast<std::size_t>(m_begin - begin)});
+        }
+        for (const char *taken = m_begin; taken != end; ++taken) {
+            m_bytes.take(*taken, 1);
+        }
+        m_bytes.note({begin, static_cast<std::size_t>(m_begin - begin)});
+        m_blocks.passAscii(end);
+        return true;
+    }
+    /// Each CR LF of `bytes` was counted as two characters.
+    void takeCrLfs(std::string_view bytes) {
+        constexpr std::string_view crLf = "\r\n";
+        std::size_t count = 0;
+        const std::size_t first = bytes.find(crLf);
+        for (std::size_t place = first; place != std::string_view::npos; place = bytes.find(crLf, place + 2)) {
+            ++count;
+        }
+        if (count > 0) {
+            m_bytes.take('\r', count);
+            m_bytes.take('\n', count);
+            m_sequences.add(bytes.substr(first, crLf.size()), count);
+        }
     }
 
     /// Counts the ASCII characters in [position, end), which does not end between the halves of a CR LF.
@@ -330,6 +402,8 @@ private:
             }
         }
     }
+
+    static constexpr std::ptrdiff_t stretch = 65'536; ///< Is still in the cache when it is counted.
 
     const char *m_end;
     const char *m_begin; ///< Of the character that was not counted yet.

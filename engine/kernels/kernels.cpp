@@ -25,7 +25,8 @@ struct Choice {
             kernels[count++] = &avx2Kernels;
         }
         if (__builtin_cpu_supports("avx512bw") != 0 && __builtin_cpu_supports("avx512vl") != 0 &&
-            __builtin_cpu_supports("avx512vbmi") != 0 && __builtin_cpu_supports("avx512vbmi2") != 0) {
+            __builtin_cpu_supports("avx512vbmi") != 0 && __builtin_cpu_supports("avx512vbmi2") != 0 &&
+            __builtin_cpu_supports("avx512vpopcntdq") != 0 && __builtin_cpu_supports("gfni") != 0) {
             kernels[count++] = &avx512Kernels;
         }
 #endif

@@ -91,6 +91,13 @@ struct CountedBytes {
     std::uint64_t spaceLeads = 0; ///< Bytes that spaces and newlines outside ASCII begin with.
 };
 
+/// How often each ASCII character occurs.
+struct AsciiCounts {
+    std::uint64_t counts[128] = {};
+    /// Bit n tells that much of the text so far were characters from 16n to 16n + 15, which are counted accordingly.
+    std::uint8_t frequentRows = 0xFF;
+};
+
 /// One byte for each code point, in pages of 64 entries, found by the bytes of its UTF-8. Pages 0 and 1 belong to the
 /// ASCII characters, page 2 to the first bytes from 0xC0 on; each byte that follows has its lower six bits looked up in
 /// a page of its own. In a page whose bytes are not the last ones, an entry with its highest bit set is not the answer
@@ -215,6 +222,8 @@ struct Kernels {
     /// For `blocks` blocks of 64 bytes: which bytes are in the ASCII set, and which are candidates outside it.
     void (*classify)(const char *from, std::size_t blocks, const ByteClass &byteClass, std::uint64_t *members,
                      std::uint64_t *candidates);
+    /// Counts bytes, as many as it takes at once of those before the first that is not ASCII, and returns how many.
+    std::size_t (*countAscii)(const char *from, std::size_t size, AsciiCounts &counts);
     /// For `blocks` blocks of 64 bytes.
     void (*findCounted)(const char *from, std::size_t blocks, CountedBytes *found);
     /// Finds the code points from `from` on, in up to `limit` blocks, which is at most `mostBlocksFound`, and returns

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "engine/primitives/utf8.h"
 #include "tests/reference/tools_reference.h"
 #include "tests/tools/printing.h"
 #include "tests/tools/sample_texts.h"
@@ -84,6 +85,33 @@ TEST(CharacterFrequencies, EqualThePlainOnesOnLinesOfAscii) {
         text += round % 5 == 0 ? "e\xCC\x81" : "";
         ASSERT_EQ(characterFrequencies(text), plainFrequencies(text)) << "round " << round;
     }
+}
+
+TEST(CharacterFrequencies, KnowHalvesOfCrLfByThemselvesInLongText) {
+    // At every place of the pieces that are counted together, which end at powers of two.
+    for (std::size_t shift = 0; shift < 4; ++shift) {
+        std::string text(shift, 'a');
+        while (text.size() < 140'000) {
+            text += "ab\r\n";
+        }
+        text += "\n\r";
+        ASSERT_EQ(characterFrequencies(text), plainFrequencies(text)) << shift;
+        text += "\r\n\xCC\x81" + text + "\xCC\x81";
+        ASSERT_EQ(characterFrequencies(text), plainFrequencies(text)) << shift;
+    }
+}
+
+TEST(CharacterFrequencies, KeepManyCodePointsInTheOrderOfAppearance) {
+    std::mt19937 random(sampleSeed);
+    std::string text;
+    for (int i = 0; i < 30'000; ++i) {
+        char bytes[4];
+        const auto codePoint =
+            static_cast<char32_t>(random() % 5 == 0 ? 0x300 + random() % 0x50 : 0x3400 + random() % 0x6000);
+        text.append(bytes, encode(codePoint, bytes));
+        text += random() % 50 == 0 ? "\U0001F600" : random() % 50 == 0 ? "\uFFFD" : "";
+    }
+    EXPECT_EQ(characterFrequencies(text), plainFrequencies(text));
 }
 
 TEST(CharacterFrequencies, TellApartWhatBeginsOrEndsAlike) {
