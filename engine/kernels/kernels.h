@@ -300,6 +300,10 @@ struct Kernels {
     /// Writes the longest prefix that is ASCII in reverse order before `toEnd`, which is in other memory, and returns
     /// its length. Tells whether there is a carriage return in it.
     std::size_t (*reverseAscii)(const char *from, std::size_t size, char *toEnd, bool &hasCarriageReturn);
+    /// Writes some bytes, 1 to 64 of them, so that they end at `toEnd`: the parts that begin at the bits in `begins`,
+    /// the lowest of which is set, in reverse order, each part whole. `left` bytes can be read from `from` on, and 64
+    /// before `toEnd` are overwritten.
+    void (*reverseParts)(const char *from, std::size_t left, std::uint64_t begins, std::size_t size, char *toEnd);
     /// Base64 digits of as many groups of three bytes as it takes at once; returns how many bytes it read.
     std::size_t (*encodeBase64)(const char *from, std::size_t size, char *to);
     /// The bytes of as many groups of four Base64 digits as it takes at once, all of them valid; returns how many

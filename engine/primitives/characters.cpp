@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 namespace lexivore {
@@ -207,7 +208,7 @@ namespace {
 class ReverseWriter {
 public:
     ReverseWriter(std::string_view text, char *to)
-        : m_to(to), m_characterBegin(text.data()), m_textEnd(text.data() + text.size()) {}
+        : m_begin(to - text.size()), m_to(to), m_characterBegin(text.data()), m_textEnd(text.data() + text.size()) {}
 
     /// Writes what was not written yet of the text before `characterEnd`: one character.
     void endCharacter(const char *characterEnd) {
@@ -241,29 +242,24 @@ public:
         if (block.boundaries == 0) {
             return;
         }
-        endCharacter(block.begin + std::countr_zero(block.boundaries));
-        // From the last character back to the first, each with a copy that may reach into what follows it.
-        constexpr std::ptrdiff_t reach = 16;
-        char reversed[kernels::blockSize + reach];
-        char *place = reversed;
-        auto end = std::bit_width(block.boundaries) - 1;
-        const char *const last = block.begin + end;
-        for (std::uint64_t left = block.boundaries ^ std::uint64_t{1} << end; left != 0;) {
-            const auto begin = std::bit_width(left) - 1;
-            const char *const character = block.begin + begin;
-            const auto length = static_cast<std::size_t>(end - begin);
-            if (length <= reach && m_textEnd - character >= reach) {
-                std::memcpy(place, character, reach);
+        const auto first = static_cast<std::size_t>(std::countr_zero(block.boundaries));
+        const auto last = static_cast<std::size_t>(std::bit_width(block.boundaries)) - 1;
+        const char *const begin = block.begin + first;
+        endCharacter(begin);
+        if (const std::size_t size = last - first; size > 0) {
+            const std::uint64_t begins = block.boundaries >> first;
+            const auto left = static_cast<std::size_t>(m_textEnd - begin);
+            const auto room = static_cast<std::size_t>(m_to - m_begin);
+            if (room >= kernels::blockSize) {
+                kernels::best().reverseParts(begin, left, begins, size, m_to);
             } else {
-                copyBytes(character, length, place);
+                char reversed[kernels::blockSize];
+                kernels::best().reverseParts(begin, left, begins, size, std::end(reversed));
+                copyBytes(std::end(reversed) - size, size, m_to - size);
             }
-            place += length;
-            left ^= std::uint64_t{1} << begin;
-            end = begin;
+            m_to -= size;
         }
-        m_to -= place - reversed;
-        copyBytes(reversed, static_cast<std::size_t>(place - reversed), m_to);
-        m_characterBegin = last;
+        m_characterBegin = block.begin + last;
     }
 
 private:
@@ -282,6 +278,7 @@ private:
         }
     }
 
+    char *m_begin;                ///< Of the room.
     char *m_to;                   ///< The beginning of what was written.
     const char *m_characterBegin; ///< The end of what was written of the text.
     const char *m_textEnd;

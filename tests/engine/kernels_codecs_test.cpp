@@ -322,5 +322,32 @@ TEST(CodecKernels, ReverseTurnsEveryByteBeforeTheFirstThatIsNotAscii) {
     });
 }
 
+TEST(CodecKernels, ReversePartsKeepsEachPartWhole) {
+    std::mt19937_64 random(seed);
+    for (std::size_t round = 0; round < 20'000; ++round) {
+        const std::size_t size = 1 + random() % blockSize;
+        const std::uint64_t begins = randomBits(random, 1U << random() % 7) | 1U;
+        std::string bytes;
+        for (std::size_t left = size + random() % (round % 2 == 0 ? 3 : 100); left > 0; --left) {
+            bytes += static_cast<char>(random());
+        }
+        std::string expected;
+        for (std::size_t end = size; end > 0;) {
+            std::size_t begin = end - 1;
+            while ((begins >> begin & 1U) == 0) {
+                --begin;
+            }
+            expected += bytes.substr(begin, end - begin);
+            end = begin;
+        }
+        const ExactCopy text(bytes, round % blockSize);
+        onAllKernels([&](const Kernels &kernels) {
+            const ExactCopy result(std::string(blockSize, '#'), round * 7 % blockSize);
+            kernels.reverseParts(text.data(), text.view().size(), begins, size, result.data() + blockSize);
+            EXPECT_EQ(result.view().substr(blockSize - size), expected);
+        });
+    }
+}
+
 } // namespace
 } // namespace lexivore::kernels
