@@ -37,13 +37,14 @@ public:
 
     /// Takes the block over, in place of a smaller one, or frees it.
     void offer(char *bytes, std::size_t capacity) {
-        Block &smaller = m_blocks[m_blocks[0].capacity <= m_blocks[1].capacity ? 0 : 1];
-        Block &larger = m_blocks[&smaller == &m_blocks[0] ? 1 : 0];
-        Block offered{bytes, capacity};
-        if (isWorthKeeping(capacity) && capacity > smaller.capacity) {
-            std::swap(offered, smaller);
-            if (smaller.capacity + larger.capacity > mostBytes) {
-                free(capacity > larger.capacity ? larger : smaller);
+        const std::size_t smaller = m_blocks[0].capacity <= m_blocks[1].capacity ? 0 : 1;
+        Block offered;
+        offered.bytes = bytes;
+        offered.capacity = capacity;
+        if (isWorthKeeping(capacity) && capacity > m_blocks[smaller].capacity) {
+            std::swap(offered, m_blocks[smaller]);
+            if (m_blocks[0].capacity + m_blocks[1].capacity > mostBytes) {
+                free(m_blocks[m_blocks[0].capacity <= m_blocks[1].capacity ? 0 : 1]);
             }
         }
         free(offered);

@@ -22,6 +22,14 @@ namespace lexivore {
 
 namespace {
 
+std::uint64_t hashSeed() {
+    static const std::uint64_t seed = [] {
+        std::random_device source;
+        return std::uint64_t{source()} << 32 | source();
+    }();
+    return seed;
+}
+
 struct Line {
     std::uint32_t offset; ///< In the text, in bytes.
     std::uint32_t size;
@@ -86,14 +94,6 @@ private:
     static constexpr int fewestBits = 10;
     static constexpr std::size_t usualLineSize = 64;
 
-    static std::uint64_t seed() {
-        static const std::uint64_t made = [] {
-            std::random_device source;
-            return std::uint64_t{source()} << 32 | source();
-        }();
-        return made;
-    }
-
     [[nodiscard]] std::size_t slotCount() const { return std::size_t{1} << m_bits; }
     [[nodiscard]] Scratch<Slot> freeSlots() const {
         Scratch<Slot> slots(slotCount());
@@ -130,7 +130,7 @@ private:
     }
 
     std::string_view m_text;
-    std::uint64_t m_seed = seed();
+    std::uint64_t m_seed = hashSeed();
     int m_bits; ///< Of a hash that lead to its slot.
     Scratch<Slot> m_slots;
     std::size_t m_size = 0;

@@ -72,6 +72,21 @@ public:
 private:
     static constexpr std::size_t bytesInWord = 16;
 
+    /// For each size of a word that is held wholly, all bits of its bytes.
+    struct Masks {
+        std::uint64_t ofSize[bytesInWord + 1][2] = {};
+        constexpr Masks() {
+            for (std::size_t size = 1; size <= bytesInWord; ++size) {
+                for (std::size_t byte = 0; byte < size; ++byte) {
+                    constexpr bool isLittleEndian = std::endian::native == std::endian::little;
+                    const std::size_t place = isLittleEndian ? byte % 8 : 7 - byte % 8;
+                    ofSize[size][byte / 8] |= std::uint64_t{0xFF} << (8 * place);
+                }
+            }
+        }
+    };
+    static const Masks masks;
+
     struct Word {
         std::uint64_t first; ///< The first eight bytes, zeros behind the end, or a hash of a word of more than sixteen.
         std::uint64_t second; ///< The next eight of them.
@@ -101,8 +116,8 @@ private:
         if (size > bytesInWord || !hasRoom) {
             return wordOfSlowly(word);
         }
-        const std::uint64_t first = eightBytes(word.data()) & masks[size][0];
-        const std::uint64_t second = eightBytes(word.data() + 8) & masks[size][1];
+        const std::uint64_t first = eightBytes(word.data()) & masks.ofSize[size][0];
+        const std::uint64_t second = eightBytes(word.data() + 8) & masks.ofSize[size][1];
         return {first, second, word.data(), static_cast<std::uint32_t>(size), 1};
     }
     [[nodiscard]] static std::uint64_t eightBytes(const char *from) {
@@ -110,17 +125,6 @@ private:
         std::memcpy(&bytes, from, sizeof bytes);
         return bytes;
     }
-    /// For each size of a word that is held wholly, all bits of its bytes.
-    static constexpr auto masks = [] {
-        std::array<std::array<std::uint64_t, 2>, bytesInWord + 1> result{};
-        for (std::size_t size = 0; size < result.size(); ++size) {
-            for (std::size_t byte = 0; byte < size; ++byte) {
-                constexpr bool isLittleEndian = std::endian::native == std::endian::little;
-                result[size][byte / 8] |= std::uint64_t{0xFF} << (isLittleEndian ? byte % 8 * 8 : 56 - byte % 8 * 8);
-            }
-        }
-        return result;
-    }();
     [[nodiscard]] Word wordOfSlowly(std::string_view word) const;
 
     /// Where the word is looked for first: two different words meet there as seldom as chance has it.
@@ -164,5 +168,7 @@ private:
     std::size_t m_size = 0;
     std::size_t m_addedCount = 0;
 };
+
+inline constexpr WordSet::Masks WordSet::masks;
 
 } // namespace lexivore

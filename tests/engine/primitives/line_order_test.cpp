@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <numeric>
 #include <random>
 #include <string>
@@ -58,9 +59,8 @@ TEST(LineOrder, EqualsAStandardSortByNumbers) {
             std::stable_sort(order.begin(), order.end(),
                              [&](std::size_t left, std::size_t right) { return numbers[left] < numbers[right]; });
             std::vector<std::string_view> expected;
-            for (const std::size_t index : order) {
-                expected.push_back(lines[index]);
-            }
+            std::transform(order.begin(), order.end(), std::back_inserter(expected),
+                           [&lines](std::size_t index) { return lines[index]; });
             LineOrder sorted(text);
             sorted.sortByNumber([&numbers](std::size_t index) { return numbers[index]; });
             ASSERT_EQ(sorted.join(), joined(expected)) << "seed " << seed;

@@ -29,8 +29,8 @@ TEST(Scratch, HasRoomForAllItsValues) {
 }
 
 TEST(Scratch, RefusesWhatNoMemoryHolds) {
-    EXPECT_THROW(Scratch<std::uint64_t>(SIZE_MAX), std::bad_alloc);
-    EXPECT_THROW(Scratch<std::uint64_t>(SIZE_MAX / 16), std::bad_alloc);
+    EXPECT_THROW({ const Scratch<std::uint64_t> refused(SIZE_MAX); }, std::bad_alloc);
+    EXPECT_THROW({ const Scratch<std::uint64_t> refused(SIZE_MAX / 16); }, std::bad_alloc);
 }
 
 } // namespace
