@@ -133,13 +133,6 @@ const char *findNewlineNumberFromEnd(std::string_view text, std::uint64_t index)
     return nullptr;
 }
 
-std::vector<std::string_view> splitLines(std::string_view text) {
-    std::vector<std::string_view> lines;
-    lines.reserve(lineCount(text));
-    forEachLine(text, [&lines](std::string_view line) { lines.push_back(line); });
-    return lines;
-}
-
 std::string_view trimmedSlowly(std::string_view text) {
     const char *end = text.data() + text.size();
     const char *const begin = findNonMember(text.data(), end, whitespace);

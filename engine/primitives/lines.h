@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 namespace lexivore {
 
@@ -52,9 +51,6 @@ template<typename Visit> void forEachLine(std::string_view text, Visit &&visit) 
 /// The same counted from the end, the last one having the index 0; null when `text` has no more than `index`. Costs the
 /// length of what stands behind the place.
 [[nodiscard]] const char *findNewlineNumberFromEnd(std::string_view text, std::uint64_t index);
-
-/// All lines, lent from `text`.
-[[nodiscard]] std::vector<std::string_view> splitLines(std::string_view text);
 
 /// The two below for any text.
 [[nodiscard]] std::string_view trimmedSlowly(std::string_view text);

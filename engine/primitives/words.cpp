@@ -66,10 +66,4 @@ std::size_t pieceCount(std::string_view text, CodePointSet separators) {
     return count;
 }
 
-std::vector<std::string_view> splitPieces(std::string_view text, CodePointSet separators) {
-    std::vector<std::string_view> pieces;
-    forEachPiece(text, separators, [&pieces](std::string_view piece) { pieces.push_back(piece); });
-    return pieces;
-}
-
 } // namespace lexivore

@@ -10,7 +10,6 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 namespace lexivore {
 
@@ -59,9 +58,6 @@ template<typename Visit> void forEachPiece(std::string_view text, CodePointSet s
 
 /// The number of pieces that `forEachPiece` visits.
 [[nodiscard]] std::size_t pieceCount(std::string_view text, CodePointSet separators);
-
-/// The pieces as a list, lent from `text`.
-[[nodiscard]] std::vector<std::string_view> splitPieces(std::string_view text, CodePointSet separators);
 
 /// Calls `visit(std::string_view)` with what stands between the sentence terminators ".", "!" and "?": every piece,
 /// empty ones included, not trimmed.

@@ -1,9 +1,7 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "tests/engine/split_texts.h"
 #include "tests/engine/transformation_rule.h"
-
-#include "engine/primitives/lines.h"
-#include "engine/primitives/words.h"
 
 #include <algorithm>
 #include <map>

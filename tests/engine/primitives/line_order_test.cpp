@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/line_order.h"
 
-#include "engine/primitives/lines.h"
+#include "tests/engine/split_texts.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/lines.h"
 
+#include "tests/engine/split_texts.h"
+
 #include <gtest/gtest.h>
 
 #include <string>

@@ -5,6 +5,7 @@
 #include "engine/primitives/characters.h"
 #include "engine/primitives/lines.h"
 #include "engine/primitives/words.h"
+#include "tests/engine/split_texts.h"
 
 #include <gtest/gtest.h>
 

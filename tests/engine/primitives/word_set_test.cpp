@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/word_set.h"
 
-#include "engine/text_buffer.h"
+#include "tests/engine/split_texts.h"
 
 #include <gtest/gtest.h>
 
