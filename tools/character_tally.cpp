@@ -22,6 +22,14 @@ namespace lexivore {
 
 namespace {
 
+constexpr kernels::AsciiSet allOfAscii() {
+    kernels::AsciiSet set;
+    for (std::uint8_t &row : set.rows) {
+        row = 0xFF;
+    }
+    return set;
+}
+
 /// Counts ASCII bytes that are each a character, in the order of the text.
 class ByteTable {
 public:
@@ -64,14 +72,6 @@ private:
     static constexpr std::size_t pairs = 0x8000; ///< Those of two ASCII bytes are below it, whichever comes first.
     static constexpr std::size_t worthPairs = 64;
     static constexpr std::size_t worthMany = 2048;
-
-    static constexpr kernels::AsciiSet allOfAscii() {
-        kernels::AsciiSet set;
-        for (std::uint8_t &row : set.rows) {
-            row = 0xFF;
-        }
-        return set;
-    }
 
     void note(const char *byte) {
         const char *&first = m_firstAppearances[static_cast<unsigned char>(*byte)];
