@@ -21,8 +21,8 @@ std::string average(std::int64_t numerator, std::int64_t denominator) {
 } // namespace
 
 TextStatistics textStatistics(std::string_view text) {
-    const std::size_t characters = characterCount(text);
-    const TextCounts counts = countText(text);
+    const auto [characters, mayTakeInSpaces] = countCharacters(text);
+    const TextCounts counts = countText(text, mayTakeInSpaces ? Spaces::mayBeTakenIn : Spaces::standAlone);
     return {
         .characters = static_cast<std::int64_t>(characters),
         .charactersNoSpaces = static_cast<std::int64_t>(characters - counts.whitespaceCharacters),

@@ -170,6 +170,7 @@ void CharacterBlocks::moveState(const CodePointBlock &found, std::uint64_t joini
 }
 
 void CharacterBlocks::readSlowly(CharacterBlock &block, std::size_t size) {
+    m_hasReadSlowly = true;
     block = {m_position, 0, 0, 0, 0, nullptr};
     while (m_position != m_end) {
         const DecodedCodePoint decoded = decode(m_position, m_end);

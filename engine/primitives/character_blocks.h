@@ -52,6 +52,9 @@ public:
     [[nodiscard]] const char *position() const { return m_position; }
     [[nodiscard]] bool isAtEnd() const { return m_position == m_end; }
     [[nodiscard]] State state() const { return m_state; }
+    /// True when there was anything whose boundaries are not found for a whole block at once: what takes in the code
+    /// point behind it (UAX #29, Prepend), parts of Hangul syllables, bytes that are no UTF-8.
+    [[nodiscard]] bool hasReadSlowly() const { return m_hasReadSlowly; }
     /// Goes on at `runEnd`. Everything from the position up to it, at least one byte, is ASCII.
     void passAscii(const char *runEnd);
 
@@ -73,6 +76,7 @@ private:
     std::size_t m_next = 0;
     std::size_t m_count = 0;
     std::array<kernels::CodePointBlock, blocksAtOnce> m_found; ///< Ahead, those from `m_next` on.
+    bool m_hasReadSlowly = false;
     bool m_wantsUnits;
     bool m_isSecondUnits = false;
     const std::uint16_t *m_nextUnit = nullptr; ///< Those of the next block begin there.

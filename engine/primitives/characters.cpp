@@ -41,7 +41,7 @@ std::string_view textBetween(const char *begin, const char *end) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-std::size_t countCharacters(std::string_view text) {
+CharacterCount countInBlocks(std::string_view text) {
     std::size_t count = 0;
     BitTally boundaries;
     CharacterBlocks blocks(text);
@@ -60,7 +60,7 @@ std::size_t countCharacters(std::string_view text) {
             boundaries.add(block.boundaries);
         }
     }
-    return count + boundaries.count();
+    return {count + boundaries.count(), blocks.hasReadSlowly()};
 }
 
 /// Filters stretches of ASCII, in which every byte is judged by itself.
@@ -114,12 +114,14 @@ char *copyBytesOf(const char *begin, std::uint64_t bytes, const char *end, char 
 
 } // namespace
 
-std::size_t characterCount(std::string_view text) {
+CharacterCount countCharacters(std::string_view text) {
     if (asciiRunEnd(text.data(), text.data() + text.size()) == text.data() + text.size()) {
-        return text.size() - crLfCount(text);
+        return {text.size() - crLfCount(text), false};
     }
-    return countCharacters(text);
+    return countInBlocks(text);
 }
+
+std::size_t characterCount(std::string_view text) { return countCharacters(text).characters; }
 
 bool joinsSpaceBefore(std::string_view text) {
     State state = State::other;

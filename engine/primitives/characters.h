@@ -15,6 +15,14 @@ namespace lexivore {
 /// ICU has them): a family emoji counts 1, "e" with a combining acute counts 1, CR LF counts 1. One pass.
 [[nodiscard]] std::size_t characterCount(std::string_view text);
 
+/// How many characters there are, and what is found out by the way.
+struct CharacterCount {
+    std::size_t characters = 0;
+    /// False when no character takes in a space that follows it: no text but those with rare code points has any.
+    bool mayTakeInSpaces = false;
+};
+[[nodiscard]] CharacterCount countCharacters(std::string_view text);
+
 /// True when the first code point of `text`, which is not empty, joins a space that stands before it.
 [[nodiscard]] bool joinsSpaceBefore(std::string_view text);
 

@@ -161,7 +161,7 @@ template<typename Visit> void forEachBlock(std::string_view text, Visit &&visit)
 /// character before them takes in.
 class WhitespaceCounter {
 public:
-    explicit WhitespaceCounter(const char *textBegin) : m_textBegin(textBegin) {}
+    WhitespaceCounter(const char *textBegin, Spaces spaces) : m_textBegin(textBegin), m_spaces(spaces) {}
 
     void add(const Block &block) {
         const std::uint64_t crLfs =
@@ -170,6 +170,9 @@ public:
         const std::uint64_t blanks = block.blanks & ~block.laterBytes;
         m_tally.add((blanks | (block.newlines & ~block.laterBytes)) & ~crLfs);
 
+        if (m_spaces == Spaces::standAlone) {
+            return;
+        }
         const std::uint64_t behindNonAscii = block.ascii.nonAscii << 1 | m_isBehindNonAscii;
         m_isBehindNonAscii = block.ascii.nonAscii >> lastBit;
         for (std::uint64_t left = blanks & behindNonAscii; left != 0; left &= left - 1) {
@@ -186,6 +189,7 @@ private:
     }
 
     const char *m_textBegin;
+    Spaces m_spaces;
     BitTally m_tally;
     std::size_t m_taken = 0;
     std::uint64_t m_isBehindCarriageReturn = 0;
@@ -194,8 +198,8 @@ private:
 
 } // namespace
 
-TextCounts countText(std::string_view text) {
-    WhitespaceCounter whitespaceCharacters(text.data());
+TextCounts countText(std::string_view text, Spaces spaces) {
+    WhitespaceCounter whitespaceCharacters(text.data(), spaces);
     PieceCounter words;
     BitTally newlineCharacters;
     NonBlankPieceCounter lines;

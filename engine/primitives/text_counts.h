@@ -18,7 +18,10 @@ struct TextCounts {
     std::size_t nonBlankParagraphs = 0; ///< Of the pieces between "\n\n", found from the start without overlaps.
 };
 
+/// Whether a space may belong to the character before it, as countCharacters tells.
+enum class Spaces : bool { standAlone, mayBeTakenIn };
+
 /// One pass. Bytes that are no UTF-8 count as replacement characters.
-[[nodiscard]] TextCounts countText(std::string_view text);
+[[nodiscard]] TextCounts countText(std::string_view text, Spaces spaces = Spaces::mayBeTakenIn);
 
 } // namespace lexivore

@@ -102,7 +102,18 @@ TEST(TextCounts, EqualThePlainOnesOnRandomPieces) {
             text += pieces[(first + random() % kinds) % std::size(pieces)];
         }
         ASSERT_EQ(countText(text), plainCounts(text)) << "seed " << seed << ": " << testing::PrintToString(text);
+        if (!countCharacters(text).mayTakeInSpaces) {
+            ASSERT_EQ(countText(text, Spaces::standAlone), plainCounts(text)) << testing::PrintToString(text);
+        }
     }
+}
+
+TEST(TextCounts, KnowWhenEverySpaceStandsAlone) {
+    for (const std::string text : {"", "abc def\r\n", "é ल 漢 😀 \u0301 🇩🇪 "}) {
+        EXPECT_FALSE(countCharacters(text).mayTakeInSpaces) << text;
+        EXPECT_EQ(countText(text, Spaces::standAlone), plainCounts(text)) << text;
+    }
+    EXPECT_TRUE(countCharacters(std::string(300, 'a') + "\u0600" + std::string(300, ' ')).mayTakeInSpaces);
 }
 
 } // namespace
