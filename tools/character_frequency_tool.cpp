@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/character_frequency_tool.h"
 
-#include "tools/character_tally.h"
+#include "engine/primitives/character_tally.h"
 #include "tools/number_text.h"
 #include "tools/tool_view_factory.h"
 

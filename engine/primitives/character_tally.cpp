@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "tools/character_tally.h"
+#include "engine/primitives/character_tally.h"
 
 #include "engine/primitives/character_blocks.h"
 #include "engine/primitives/character_breaks.h"
