@@ -106,6 +106,7 @@ TEST_F(DesktopActivationTest, IsStartedByTheBusAndGetsWhatItWasStartedFor) {
 TEST_F(DesktopActivationTest, AKilledProgramIsStartedAgain) {
     const auto process = start();
     waitForName();
+    waitForLog("primary"); // it may have the name before it says so
     process->kill();
     process->waitForFinished(patience);
     EXPECT_EQ(answer(call("Activate", {QVariantMap()})).type(), QDBusMessage::ReplyMessage);
