@@ -28,13 +28,13 @@ PERL = r"""
 use strict; use warnings; no warnings 'void'; use Time::HiRes 'clock'; use Encode 'decode';
 $| = 1; my (%texts, %code);
 while (my $line = <STDIN>) {
-    chomp $line; my ($path, $kind, $source) = split /\t/, $line, 3;
+    chomp $line; my ($path, $kind, $long, $source) = split /\t/, $line, 4;
     $texts{"$kind$path"} //= do { open my $f, '<:raw', $path or die; local $/; my $b = <$f>;
                                   $kind eq 'perlu' ? decode('UTF-8', $b) : $b };
     my $run = $code{$source} //= eval "sub { my \$t = \$_[0]; my \$r; my \$begin = clock; $source; clock() - \$begin }";
     die $@ unless $run;
     my $seconds = $run->($texts{"$kind$path"});
-    $seconds = $run->($texts{"$kind$path"}) if $seconds < LONG;
+    $seconds = $run->($texts{"$kind$path"}) if $seconds < $long;
     print $seconds, "\n";
 }
 """
@@ -42,7 +42,7 @@ while (my $line = <STDIN>) {
 NODE = r"""
 const fs = require('fs'), texts = {}, code = {};
 require('readline').createInterface({input: process.stdin}).on('line', line => {
-    const [path, kind, source] = line.split('\t');
+    const [path, kind, long, source] = line.split('\t');
     const bytes = fs.readFileSync(path);
     texts[kind + path] ??= kind == 'node' ? bytes.toString() : bytes;
     code[source] ??= new Function('t', 'return ' + source);
@@ -53,7 +53,7 @@ require('readline').createInterface({input: process.stdin}).on('line', line => {
         return Number(process.hrtime.bigint() - begin) / 1e9;
     };
     const seconds = run();
-    console.log(seconds < LONG ? run() : seconds);
+    console.log(seconds < Number(long) ? run() : seconds);
 });
 """
 
@@ -85,12 +85,12 @@ class Bench:
         self.folder = folder
         self.milliseconds = 3 if quick else 20
         self.hopeless = 2 if quick else 3  # times slower than the best: not asked again
-        self.long = 0.01 if quick else 0.05  # seconds from which on the first run of a turn is counted
+        self.long = 1000  # seconds from which on the first run of a turn is counted: of the very first, none
         self.engine = Server(program, "serve", folder)
         self.servers = {}
         for kind, command in (("perl", ["perl", "-e", PERL]), ("node", ["node", "-e", NODE])):
             if shutil.which(kind):
-                self.servers[kind] = Server(*command[:-1], command[-1].replace("LONG", str(self.long)))
+                self.servers[kind] = Server(*command)
         self.texts = {}
         self.missing = set()
 
@@ -152,7 +152,7 @@ class Bench:
         if server is None:
             self.missing.add(kind[:4])
             return None
-        return server.ask(self.path(name), kind, code)
+        return server.ask(self.path(name), kind, str(self.long), code)
 
     def end(self):
         for server in (self.engine, *self.servers.values()):
@@ -214,7 +214,7 @@ def show(results):
 
 def measure_all(given):
     with tempfile.TemporaryDirectory() as folder:
-        megabytes = 1.25 if given.quick else 20
+        megabytes = 1 if given.quick else 20
         subprocess.run([given.program, "make", folder, str(int(megabytes * 1_000_000))], check=True)
         bench = Bench(given.program, folder, given.quick)
         measurements = [Measurement(bench, row, corpus) for row in engine_peers.rows()
@@ -222,6 +222,7 @@ def measure_all(given):
         for measurement in measurements:
             measurement.run_round()
             measurement.leave_out_hopeless_peers()
+        bench.long = 0.01 if given.quick else 0.05
         for number in range(1, ROUNDS + 1):
             print(f"round {number} of {ROUNDS}", file=sys.stderr, flush=True)
             for measurement in measurements:
