@@ -10,26 +10,85 @@
 #include "engine/primitives/utf8.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 namespace lexivore {
 
 namespace {
 
-/// True for printable ASCII and line feeds alone, where every byte is a character.
-bool isPlain(std::string_view text) {
-    if (!text.empty() && !isAscii(text[0])) {
-        return false;
+/// How much of a run of ASCII is looked at before it is worked on: it is still in the cache then.
+constexpr std::ptrdiff_t stretch = 16'384;
+
+/// Some plain text: printable ASCII, line feeds and tabs, where every byte is a character. Its tabs are spaces.
+class PlainText {
+public:
+    static constexpr std::size_t mostBytes = 64 * kernels::blockSize;
+    /// What `copy` may overwrite behind the text.
+    static constexpr std::size_t scratchBytes = kernels::blockSize;
+    static constexpr std::size_t none = SIZE_MAX;
+
+    /// Copies as much of the beginning of `text` as is plain, up to `mostBytes`, and returns its size.
+    std::size_t copy(std::string_view text, char *to) {
+        m_size = kernels::best().copyPlain(text.data(), std::min(text.size(), mostBytes), &m_spaces[1], to);
+        return m_size;
     }
-    std::uint8_t others = 0;
-    for (const char byte : text) { // to its end, as vector code does it
-        const bool isOther = (static_cast<std::uint8_t>(byte - 0x20) >= 0x5F) & (byte != '\n');
-        others = static_cast<std::uint8_t>(others | static_cast<std::uint8_t>(isOther));
+
+    [[nodiscard]] bool isSpace(std::size_t place) const {
+        return (m_spaces[place / kernels::blockSize + 1] >> place % kernels::blockSize & 1U) != 0;
     }
-    return others == 0;
-}
+    /// The end of the spaces that begin at `place`.
+    [[nodiscard]] std::size_t spacesEnd(std::size_t place) const {
+        while (place < m_size && isSpace(place)) {
+            ++place;
+        }
+        return place;
+    }
+    /// The space where the line ends that begins at `begin`: the last one up to `width` bytes behind it, which are in
+    /// the text, else the first one behind these, else none.
+    [[nodiscard]] std::size_t lineEnd(std::size_t begin, std::size_t width) const {
+        const std::size_t last = lastSpace(begin, begin + width);
+        return last != none ? last : nextSpace(begin + width);
+    }
+
+private:
+    [[nodiscard]] std::size_t lastSpace(std::size_t first, std::size_t last) const {
+        while (true) {
+            const std::size_t block = last / kernels::blockSize;
+            const std::size_t place = last % kernels::blockSize;
+            // The highest bit is that of `last`.
+            const std::uint64_t spaces =
+                m_spaces[block + 1] << (kernels::blockSize - 1 - place) | m_spaces[block] >> 1 >> place;
+            if (spaces != 0) {
+                const std::size_t found = last - static_cast<std::size_t>(std::countl_zero(spaces));
+                return found >= first ? found : none;
+            }
+            if (last < first + kernels::blockSize) {
+                return none;
+            }
+            last -= kernels::blockSize;
+        }
+    }
+    [[nodiscard]] std::size_t nextSpace(std::size_t first) const {
+        std::size_t block = first / kernels::blockSize;
+        std::uint64_t spaces = m_spaces[block + 1] & ~std::uint64_t{0} << first % kernels::blockSize;
+        while (spaces == 0) {
+            ++block;
+            if (block * kernels::blockSize >= m_size) {
+                return none;
+            }
+            spaces = m_spaces[block + 1];
+        }
+        return block * kernels::blockSize + static_cast<std::size_t>(std::countr_zero(spaces));
+    }
+
+    std::size_t m_size = 0;
+    /// One bit for each byte, behind 64 that stand for what is before the text.
+    std::array<std::uint64_t, 1 + mostBytes / kernels::blockSize> m_spaces{};
+};
 
 /// What stands between two members of the whitespace set.
 struct Piece {
@@ -93,21 +152,31 @@ private:
     }
 
     /// Writes whole lines of plain text, the first of which begins with a piece at `position`, and returns where the
-    /// next line begins. In plain text a line ends at the last space that leaves it no wider than it may be.
+    /// next line begins. In plain text a line ends at the last space that leaves it no wider than it may be, or else at
+    /// the first one: the text is copied, and line feeds take the place of these spaces.
     const char *fillPlainLines(const char *position) {
-        while (static_cast<std::size_t>(m_textEnd - position) > m_width) {
-            const std::string_view line(position, m_width + 1);
-            const std::size_t lastSpace = line.rfind(' ');
-            if (lastSpace == std::string_view::npos || lastSpace == 0 || !isPlain(line)) {
-                break;
+        std::size_t filled = 0;
+        do {
+            char *to = m_result.room(PlainText::mostBytes + PlainText::scratchBytes);
+            const std::size_t size = m_plain.copy({position, static_cast<std::size_t>(m_textEnd - position)}, to);
+            for (filled = 0; size - filled > m_width;) {
+                if (m_plain.isSpace(filled)) { // no line begins with empty pieces
+                    const std::size_t next = m_plain.spacesEnd(filled);
+                    std::memmove(to + filled, to + next, size - next);
+                    to -= next - filled;
+                    filled = next;
+                    continue;
+                }
+                const std::size_t space = m_plain.lineEnd(filled, m_width);
+                if (space == PlainText::none) {
+                    break;
+                }
+                to[space] = '\n';
+                filled = space + 1;
             }
-            m_result.append(line.substr(0, lastSpace));
-            m_result.append('\n');
-            position += lastSpace + 1;
-            while (position != m_textEnd && *position == ' ') { // no line begins with empty pieces
-                ++position;
-            }
-        }
+            m_result.commit(to + filled);
+            position += filled;
+        } while (filled != 0);
         return position;
     }
 
@@ -126,6 +195,7 @@ private:
     const char *m_textEnd;
     TextBuffer m_result;
     const char *m_filledEnd;
+    PlainText m_plain;
     std::string_view m_pending;      ///< The end of the line, not copied yet.
     std::size_t m_length = 0;        ///< Of the line in characters, counted on the whole of it.
     bool m_joinsSpaceBehind = false; ///< The last code point of the line does.
@@ -153,7 +223,8 @@ public:
             if (space != end) {
                 endAt(space, isBoundary);
                 // What the filler has written already need not be looked at.
-                place = m_begin = std::max(m_begin, std::min(m_filler.filledEnd(), end));
+                m_begin = std::max(m_begin, m_filler.filledEnd());
+                place = std::min(m_begin, end);
                 isBoundary = true;
             }
         }
@@ -238,10 +309,10 @@ TextBuffer wrapText(std::string_view text, std::size_t width) {
     const char *const end = text.data() + text.size();
     while (!blocks.isAtEnd()) {
         if (const char *const position = blocks.position(); isAscii(*position)) {
-            const char *const runEnd = asciiRunEnd(position, end);
+            const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, end - position));
             const auto first = static_cast<unsigned char>(*position);
             cutter.addAscii(position, runEnd, character_breaks::transition(blocks.state(), first).isBoundary);
-            blocks.passAscii(runEnd);
+            blocks.passAscii(std::max(runEnd, filler.filledEnd()));
         }
         for (CharacterBlock block; blocks.next(block);) {
             cutter.add(block);

@@ -119,6 +119,38 @@ TEST(Kernels, CountBitsCountsAllOfThem) {
     }
 }
 
+TEST(Kernels, CopyPlainEndsAtWhatIsNotPlainAndMarksTheSpaces) {
+    const auto check = [](const Kernels &kernels, std::string_view text) {
+        std::string expected;
+        for (const char byte : text) {
+            if (byte != '\t' && byte != '\n' && (byte < ' ' || byte > '~')) {
+                break;
+            }
+            expected += byte == '\t' ? ' ' : byte;
+        }
+        const ExactCopy to(std::string(expected.size() + blockSize, '#'), text.size() % blockSize);
+        std::vector<std::uint64_t> spaces(text.size() / blockSize + 1, ~std::uint64_t{0});
+        ASSERT_EQ(kernels.copyPlain(text.data(), text.size(), spaces.data(), to.data()), expected.size());
+        EXPECT_EQ(to.view().substr(0, expected.size()), expected);
+        const std::size_t blocks = (expected.size() + blockSize - 1) / blockSize;
+        for (std::size_t i = 0; i < blocks * blockSize; ++i) {
+            const bool isSpace = i < expected.size() && expected[i] == ' ';
+            EXPECT_EQ(spaces[i / blockSize] >> i % blockSize & 1U, isSpace ? 1U : 0U) << i;
+        }
+    };
+    onRandomBytes(check);
+    // Every byte at every place of a block, behind one that is plain.
+    std::mt19937 random(seed);
+    for (int byte = 0; byte < 256; ++byte) {
+        std::string text;
+        for (std::size_t i = 0; i < 3 * blockSize; ++i) {
+            text += " \tabc\n~!"[random() % 8];
+        }
+        text[blockSize + static_cast<std::size_t>(byte) % blockSize] = static_cast<char>(byte);
+        onAllKernels([&](const Kernels &kernels) { check(kernels, text); });
+    }
+}
+
 TEST(Kernels, CopyPastCacheCopiesToEveryPlaceOfALine) {
     std::mt19937 random(seed);
     onAllKernels([&](const Kernels &kernels) {

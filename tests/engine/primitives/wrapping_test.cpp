@@ -74,5 +74,35 @@ TEST(Wrapping, CountsEachLineOnTheWholeOfIt) {
     }
 }
 
+TEST(Wrapping, FillsLongPlainTextsAsItFillsAnyOther) {
+    // Texts that are longer than what is copied at once, of words that are shorter and longer than a line, with runs of
+    // spaces, and now and then something that is not plain.
+    std::mt19937 random(12);
+    const auto below = [&random](std::size_t limit) { return static_cast<std::size_t>(random()) % limit; };
+    const std::string_view others[] = {"\u0301", "\u00E9", "\r\n", "\x7F", "\u0600"};
+    for (const std::size_t width : {1U, 2U, 7U, 40U, 62U, 63U, 64U, 65U, 80U, 127U, 128U, 129U, 300U, 5'000U}) {
+        for (const std::size_t otherEvery : {0U, 2'000U, 50U}) {
+            for (const std::size_t longestWord : {3U, 12U, 100U, 6'000U}) {
+                std::string text;
+                while (text.size() < 14'000) {
+                    const std::size_t length = 1 + below(1 + below(longestWord));
+                    const std::size_t place = below(3); // of something else
+                    const bool hasOther = otherEvery > 0 && below(otherEvery) == 0;
+                    const std::string_view other = hasOther ? others[below(std::size(others))] : "";
+                    text += place == 0 ? other : "";
+                    for (std::size_t i = 0; i < length; ++i) {
+                        text += below(20) == 0 ? '\n' : static_cast<char>('!' + below(0x5E));
+                    }
+                    text += place == 1 ? other : "";
+                    text.append(below(8) == 0 ? 1 + below(below(30) == 0 ? 90 : 4) : 1, below(20) == 0 ? '\t' : ' ');
+                    text += place == 2 ? other : "";
+                }
+                ASSERT_EQ(wrapText(text, width), wrappedSlowly(text, width))
+                    << width << " " << testing::PrintToString(text);
+            }
+        }
+    }
+}
+
 } // namespace
 } // namespace lexivore
