@@ -79,8 +79,8 @@ TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, cons
 }
 
 TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {
-    Joiner joiner(' ', text, text.size());
-    WordSet(text).addWords([&joiner](std::string_view word) {
+    Joiner joiner(' ', text, text.size() / 16); // most words of a text of a language were there before
+    WordSet(text, WordSet::Counting::off).addWords([&joiner](std::string_view word) {
         joiner.add(word);
         return true;
     });

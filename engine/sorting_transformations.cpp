@@ -161,7 +161,7 @@ TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const Parame
 }
 
 TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, const ParameterMap &) const {
-    if (WordSet words(text); countWords(words, text)) {
+    if (WordSet words(text, WordSet::Counting::on); countWords(words, text)) {
         return joinCounted(words, text.size());
     }
     StringSorter sorter(text, SortDirection::ascending, pieceCount(text, whitespaceAndNewlines));

@@ -24,9 +24,10 @@ struct Choice {
         if (__builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("bmi2") != 0) {
             kernels[count++] = &avx2Kernels;
         }
-        if (__builtin_cpu_supports("avx512bw") != 0 && __builtin_cpu_supports("avx512vl") != 0 &&
-            __builtin_cpu_supports("avx512vbmi") != 0 && __builtin_cpu_supports("avx512vbmi2") != 0 &&
-            __builtin_cpu_supports("avx512vpopcntdq") != 0 && __builtin_cpu_supports("gfni") != 0) {
+        if (__builtin_cpu_supports("avx512bw") != 0 && __builtin_cpu_supports("avx512dq") != 0 &&
+            __builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512vbmi") != 0 &&
+            __builtin_cpu_supports("avx512vbmi2") != 0 && __builtin_cpu_supports("avx512vpopcntdq") != 0 &&
+            __builtin_cpu_supports("gfni") != 0) {
             kernels[count++] = &avx512Kernels;
         }
 #endif

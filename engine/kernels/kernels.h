@@ -26,6 +26,22 @@ struct KeyedPart {
     std::uint32_t size;
 };
 
+/// The longest word, in bytes, that a key has room for.
+inline constexpr std::size_t longestKeyedWord = 15;
+
+/// A short word as it lies in memory, zeros behind it, and its size in the last byte.
+struct alignas(16) WordKey {
+    std::uint64_t first;
+    std::uint64_t second;
+};
+
+/// Where keys belong in a table: the sum of the products of their halves with two odd numbers, of which the highest
+/// bits count.
+struct WordHash {
+    std::uint64_t factors[2];
+    int shift;
+};
+
 /// Any set of ASCII characters. `rows[low nibble]` has a bit for each high nibble, so that membership of many bytes at
 /// once is two table look-ups in registers.
 struct AsciiSet {
@@ -316,6 +332,13 @@ struct Kernels {
     /// Sorts `count` parts, at most `mostSortedAtOnce`, by their keys, ascending and stably. The lowest five bits of
     /// each key are 0. `to` is what is read or other memory.
     void (*sortFew)(const KeyedPart *from, std::size_t count, KeyedPart *to);
+    /// The keys of words, at most 64, and their slots. Each word lies between two `bounds`, which count from `from` on,
+    /// and 16 bytes can be read where it begins. Returns a bit for each that is too long, of which nothing is known.
+    std::uint64_t (*keyWords)(const char *from, const std::uint16_t *bounds, std::size_t count, const WordHash &hash,
+                              WordKey *keys, std::uint32_t *slots);
+    /// A bit for each key, of at most 64, that stands in its slot of the table.
+    std::uint64_t (*matchKeys)(const WordKey *keys, const std::uint32_t *slots, std::size_t count,
+                               const WordKey *table);
 };
 
 /// The best for this processor.

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace lexivore {
@@ -18,9 +19,12 @@ namespace lexivore {
 /// The first code point at or behind `position` that is not in `set`, or `end`.
 [[nodiscard]] const char *findNonMember(const char *position, const char *end, CodePointSet set);
 
-/// Calls `visit(std::string_view)` with every longest run of code points outside `separators`: the pieces of a text cut
-/// at every separator, empty pieces dropped.
-template<typename Visit> void forEachPiece(std::string_view text, CodePointSet separators, Visit &&visit) {
+/// Walks every longest run of code points outside `separators`: the pieces of a text cut at every separator, empty
+/// pieces dropped. Most come in groups: `visitGroup(const char *from, const std::uint16_t *bounds, std::size_t count)`
+/// is called with `count` of them, at least one, which lie between two `bounds` each, counted from `from` on. The
+/// others go to `visit(std::string_view)`. All in order.
+template<typename Visit, typename VisitGroup>
+void forEachPieceGroup(std::string_view text, CodePointSet separators, Visit &&visit, VisitGroup &&visitGroup) {
     MembershipScan scan(text, separators, MembershipScan::Mark::everyByte);
     std::uint64_t before = 1; // what stands before the text separates
     std::array<std::uint64_t, Stretch::mostBlocks> changes;
@@ -41,16 +45,30 @@ template<typename Visit> void forEachPiece(std::string_view text, CodePointSet s
             visit(std::string_view(pieceBegin, static_cast<std::size_t>(end - pieceBegin)));
             pieceBegin = nullptr;
         }
-        for (; i + 1 < count; i += 2) {
-            visit(std::string_view(stretch.begin + places[i], std::size_t{places[i + 1]} - places[i]));
+        if (i + 1 < count) {
+            visitGroup(stretch.begin, places.data() + i, (count - i) / 2);
         }
-        if (i < count) {
-            pieceBegin = stretch.begin + places[i];
+        if ((count - i) % 2 != 0) {
+            pieceBegin = stretch.begin + places[count - 1];
         }
     }
     if (pieceBegin != nullptr) {
         visit(std::string_view(pieceBegin, static_cast<std::size_t>(text.data() + text.size() - pieceBegin)));
     }
+}
+
+/// The piece of a group with that index.
+[[nodiscard]] inline std::string_view pieceAt(const char *from, const std::uint16_t *bounds, std::size_t index) {
+    return {from + bounds[2 * index], std::size_t{bounds[2 * index + 1]} - bounds[2 * index]};
+}
+
+/// Calls `visit(std::string_view)` with every piece as above.
+template<typename Visit> void forEachPiece(std::string_view text, CodePointSet separators, Visit &&visit) {
+    forEachPieceGroup(text, separators, visit, [&](const char *from, const std::uint16_t *bounds, std::size_t count) {
+        for (std::size_t i = 0; i < count; ++i) {
+            visit(pieceAt(from, bounds, i));
+        }
+    });
 }
 
 /// The pieces of `text`, empty ones dropped, with `joiner` between them.

@@ -41,7 +41,7 @@ void expectAllWords(const std::string &text) {
             expectedNew.push_back(word);
         }
     }
-    WordSet words(exact);
+    WordSet words(exact, WordSet::Counting::on);
     std::vector<std::string_view> newWords;
     words.addWords([&newWords](std::string_view word) {
         newWords.push_back(word);
@@ -103,7 +103,7 @@ TEST(WordSet, AddsNoMoreWordsWhenItIsTold) {
     for (int i = 0; i < 1000; ++i) {
         text += std::to_string(i) + " ";
     }
-    WordSet words(text);
+    WordSet words(text, WordSet::Counting::on);
     std::size_t visited = 0;
     words.addWords([&visited](std::string_view) { return ++visited < 100; });
     EXPECT_EQ(visited, 100U);
