@@ -19,6 +19,18 @@ inline constexpr std::size_t longestMarked = 16;
 /// How many parts `sortFew` takes.
 inline constexpr std::size_t mostSortedAtOnce = 32;
 
+/// The longest replacement that `replaceParts` takes.
+inline constexpr std::size_t longestReplacement = 16;
+/// How many bytes behind what it reads and writes `replaceParts` may read and overwrite.
+inline constexpr std::size_t replacingSlack = 3 * blockSize;
+
+/// Parts of a text, and what stands in place of each.
+struct PartReplacement {
+    std::uint8_t sizes[256] = {}; ///< Of the parts, by their first byte.
+    char replacement[longestReplacement] = {};
+    std::size_t replacementSize = 0;
+};
+
 /// A part of a text and the number that it is sorted by.
 struct KeyedPart {
     std::uint64_t key;
@@ -304,6 +316,11 @@ struct Kernels {
     /// the `patternSize - 1` bytes behind the blocks, too.
     void (*markOccurrences)(const char *from, std::size_t blocks, const char *pattern, std::size_t patternSize,
                             std::uint64_t *places);
+    /// Copies what stands from `from` on up to the end of the last of `count` parts, which begin at `places`, counted
+    /// from `begin` on, with the replacement in place of each, and returns that end. A part that begins within the part
+    /// before it is none. Moves `to`. Overwrites up to `replacingSlack` bytes behind it.
+    const char *(*replaceParts)(const char *from, const char *begin, const std::uint16_t *places, std::size_t count,
+                                const PartReplacement &parts, char *&to);
     /// RFC 3629.
     bool (*isValidUtf8)(const char *text, std::size_t size);
     /// Two lowercase digits for each byte.

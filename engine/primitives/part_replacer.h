@@ -7,8 +7,8 @@
 #include "engine/text_buffer.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -27,45 +27,41 @@ public:
 
     /// The parts begin at the places that `scan` finds in the text, and `sizeOf(const char *)` is their size. One that
     /// begins within the part before it is none. `write(char *)` writes what stands in their place and returns the end
-    /// of it; it may overwrite `longest` bytes.
+    /// of it; it may overwrite `longest` bytes, at most as many as a block has.
     template<typename Scan, typename SizeOf, typename Write>
     void replaceAll(Scan scan, SizeOf sizeOf, std::size_t longest, Write write) {
-        Places places; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
-        for (Stretch stretch; scan.next(stretch);) {
-            const std::size_t count = kernels::best().listBits(stretch.members, stretch.blocks, places.data());
-            if (longest <= copySlack && m_end - stretch.end >= slack) {
-                replaceShort(stretch, places, count, sizeOf, longest, write);
+        forEachStretch(scan, [&](const Stretch &stretch, const Places &places, std::size_t count) {
+            if (hasSlackBehind(stretch)) {
+                ensureRoomFor(stretch, count, longest);
+                replaceQuickly(stretch, places, count, sizeOf, write);
             } else {
-                for (std::size_t i = 0; i < count; ++i) {
-                    const char *const place = stretch.begin + places[i];
-                    if (place >= m_position) {
-                        copyUpTo(place);
-                        ensureRoom(longest);
-                        m_to = write(m_to);
-                        m_position = place + sizeOf(place);
-                    }
-                }
+                replaceOneByOne(stretch, places, count, sizeOf, longest, write);
             }
-            copyUpTo(stretch.end); // while it is in the caches
-        }
+        });
     }
 
-    /// The same with `replacement` in place of every part.
+    /// The same with `replacement` in place of every part. `sizeOf` looks at the first byte alone.
     template<typename Scan, typename SizeOf> void replaceAll(Scan scan, SizeOf sizeOf, std::string_view replacement) {
-        std::array<char, 16> bytes{};
         const std::size_t size = replacement.size();
-        if (size <= bytes.size()) {
-            std::copy(replacement.begin(), replacement.end(), bytes.begin());
-            replaceAll(scan, sizeOf, bytes.size(), [bytes, size](char *to) {
-                std::memcpy(to, bytes.data(), bytes.size()); // all of them at once, whatever the size
-                return to + size;
-            });
-        } else {
-            replaceAll(scan, sizeOf, size, [replacement](char *to) {
-                std::memcpy(to, replacement.data(), replacement.size());
-                return to + replacement.size();
-            });
+        const auto write = [replacement](char *to) { return std::copy(replacement.begin(), replacement.end(), to); };
+        kernels::PartReplacement parts;
+        const bool isShort = size <= kernels::longestReplacement;
+        if (isShort) {
+            for (unsigned byte = 0; byte < std::size(parts.sizes); ++byte) {
+                const auto first = static_cast<char>(byte);
+                parts.sizes[byte] = static_cast<std::uint8_t>(sizeOf(&first));
+            }
+            write(parts.replacement);
+            parts.replacementSize = size;
         }
+        forEachStretch(scan, [&](const Stretch &stretch, const Places &places, std::size_t count) {
+            if (isShort && hasSlackBehind(stretch)) {
+                ensureRoomFor(stretch, count, kernels::longestReplacement);
+                m_position = kernels::best().replaceParts(m_position, stretch.begin, places.data(), count, parts, m_to);
+            } else {
+                replaceOneByOne(stretch, places, count, sizeOf, size, write);
+            }
+        });
     }
 
     /// The result, with `behind` at its end.
@@ -79,17 +75,28 @@ public:
 
 private:
     /// How much more than asked for is read and written.
-    static constexpr std::ptrdiff_t slack = 3 * copySlack;
+    static constexpr std::size_t slack = kernels::replacingSlack;
     static constexpr std::size_t roomBehind = Stretch::mostBlocks * kernels::blockSize + slack;
+
+    [[nodiscard]] bool hasSlackBehind(const Stretch &stretch) const {
+        return static_cast<std::size_t>(m_end - stretch.end) >= slack;
+    }
+
+    /// Calls `replace(stretch, places, count)` with the parts of each stretch and copies what stands behind them.
+    template<typename Scan, typename Replace> void forEachStretch(Scan &scan, Replace &&replace) {
+        Places places; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+        for (Stretch stretch; scan.next(stretch);) {
+            replace(stretch, places, kernels::best().listBits(stretch.members, stretch.blocks, places.data()));
+            copyUpTo(stretch.end); // while it is in the caches
+        }
+    }
 
     /// Without asking about room for each part, and in registers.
     template<typename SizeOf, typename Write>
-    void replaceShort(const Stretch &stretch, const Places &places, std::size_t count, SizeOf sizeOf,
-                      std::size_t longest, Write &write) {
-        const auto size = static_cast<std::size_t>(stretch.end - stretch.begin);
-        ensureRoom(size + count * longest + slack);
+    void replaceQuickly(const Stretch &stretch, const Places &places, std::size_t count, SizeOf sizeOf, Write &write) {
         // Where the parts stand about a block apart, whether one block is to be copied between them or two is hard to
         // foresee for the processor: copying two is faster than asking.
+        const auto size = static_cast<std::size_t>(stretch.end - stretch.begin);
         const std::size_t leastCopied = size / (count + 1) > copySlack / 2 ? 2 * copySlack : copySlack;
         const char *position = m_position;
         char *to = m_to;
@@ -107,6 +114,20 @@ private:
         m_to = to;
     }
 
+    template<typename SizeOf, typename Write>
+    void replaceOneByOne(const Stretch &stretch, const Places &places, std::size_t count, SizeOf sizeOf,
+                         std::size_t longest, const Write &write) {
+        for (std::size_t i = 0; i < count; ++i) {
+            const char *const place = stretch.begin + places[i];
+            if (place >= m_position) {
+                copyUpTo(place);
+                ensureRoom(longest);
+                m_to = write(m_to);
+                m_position = place + sizeOf(place);
+            }
+        }
+    }
+
     void copyUpTo(const char *place) {
         if (place <= m_position) {
             return;
@@ -120,6 +141,9 @@ private:
         }
         m_to += size;
         m_position = place;
+    }
+    void ensureRoomFor(const Stretch &stretch, std::size_t count, std::size_t longest) {
+        ensureRoom(static_cast<std::size_t>(stretch.end - stretch.begin) + count * longest + slack);
     }
     void ensureRoom(std::size_t bytes) {
         if (static_cast<std::size_t>(m_limit - m_to) < bytes) {

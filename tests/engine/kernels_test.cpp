@@ -452,6 +452,43 @@ TEST(Kernels, CompressReplacingPutsTheReplacementInPlace) {
     });
 }
 
+TEST(Kernels, ReplacePartsEqualsThePlainLoop) {
+    std::mt19937 random(seed);
+    for (std::size_t round = 0; round < 2'000; ++round) {
+        const std::size_t size = random() % 1500;
+        const std::size_t mostBetween = std::size_t{1} << random() % 10;
+        const ExactCopy text(randomBytes(random, size + replacingSlack, 20), round % blockSize);
+        const std::string_view bytes = text.view();
+        PartReplacement parts;
+        for (std::uint8_t &partSize : parts.sizes) {
+            partSize = static_cast<std::uint8_t>(1 + random() % longestReplacement);
+        }
+        parts.replacementSize = random() % (longestReplacement + 1);
+        std::fill_n(parts.replacement, parts.replacementSize, '#');
+        const std::size_t begin = size < 2 ? 0 : random() % (size / 2); // where the places are counted from
+        std::size_t position = begin + random() % 8;                    // parts before it are none
+        const std::size_t from = position;
+        std::vector<std::uint16_t> places;
+        std::string expected;
+        for (std::size_t place = begin; (place += random() % (mostBetween + 1)) + longestReplacement < size; ++place) {
+            places.push_back(static_cast<std::uint16_t>(place - begin));
+            if (place >= position) {
+                expected.append(bytes.substr(position, place - position));
+                expected.append(parts.replacement, parts.replacementSize);
+                position = place + parts.sizes[static_cast<unsigned char>(bytes[place])];
+            }
+        }
+        onAllKernels([&](const Kernels &kernels) {
+            std::string result(expected.size() + replacingSlack, '?');
+            char *to = result.data();
+            const char *const end =
+                kernels.replaceParts(text.data() + from, text.data() + begin, places.data(), places.size(), parts, to);
+            EXPECT_EQ(end - text.data(), static_cast<std::ptrdiff_t>(position));
+            EXPECT_EQ(result.substr(0, static_cast<std::size_t>(to - result.data())), expected);
+        });
+    }
+}
+
 /// Checks that `find` either finds the first place or gives up no later than there, having missed none before.
 void expectFirstPlace(const Kernels &kernels, std::string_view text, std::string_view pattern) {
     bool gaveUp = true;
