@@ -166,7 +166,16 @@ struct MappedBlock {
     std::uint64_t capitalSigmas;
 };
 
-/// The same entries in two forms.
+/// Finds the code points of two and three bytes that have a role, and a few more: they have a bit that is set in the
+/// entries of all their bytes. The lower six bits of each byte are the index; behind two bytes any third one has the
+/// bit.
+struct RoleFilter {
+    CodePointPages::Page firsts;
+    CodePointPages::Page seconds;
+    CodePointPages::Page thirds;
+};
+
+/// The same entries in two forms, and what tells where they are of interest.
 struct CodePointTables {
     CodePointPages pages;
     // By number, those of the code points below 0x10000, surrogates included, and in two stages those of the others.
@@ -175,6 +184,8 @@ struct CodePointTables {
     const std::uint8_t *basicEntries;
     const std::uint16_t *wideBlocks; ///< For every 128 code points the block of 128 entries that is theirs.
     const std::uint8_t *wideEntries;
+    static constexpr std::size_t filterCount = 2;
+    RoleFilter filters[filterCount]; ///< A code point with a role has a bit in one of them.
 };
 
 /// What a code point is, as far as anything looks for it: no code point is two of these.

@@ -261,13 +261,16 @@ public:
     static void writePages(std::ostream &out, const std::string &name, const std::vector<Page> &pages) {
         out << "const std::uint8_t " << name << "[][64] = {\n";
         for (const auto &page : pages) {
-            out << '{';
-            for (const std::uint8_t entry : page) {
-                out << unsigned{entry} << ',';
-            }
-            out << "},\n";
+            writePage(out, page);
         }
         out << "};\n";
+    }
+    static void writePage(std::ostream &out, const Page &page) {
+        out << '{';
+        for (const std::uint8_t entry : page) {
+            out << unsigned{entry} << ',';
+        }
+        out << "},\n";
     }
 
     /// What the pages from the root's first child on stand for.
@@ -313,6 +316,61 @@ std::uint8_t commonEntry(const Prefix &prefix, const std::function<std::uint8_t(
     return entry;
 }
 
+std::string utf8Of(const icu::UnicodeString &text) {
+    std::string bytes;
+    return text.toUTF8String(bytes);
+}
+
+/// Writes what initializes the role filters. Each bit stands for some of the code points that they have to let through.
+/// It also lets through what is made of the bytes of several of them, so that those stretches have bits of their own in
+/// which many scripts have letters and punctuation beside marks.
+void writeRoleFilters(std::ostream &out) {
+    struct Stretch {
+        UChar32 first;
+        UChar32 last;
+    };
+    constexpr Stretch stretches[] = {{0x80, 0xBF},     {0x480, 0x4BF},   {0x5C0, 0x5FF},   {0x600, 0x63F},
+                                     {0x640, 0x67F},   {0x6C0, 0x6FF},   {0x1000, 0x1FFF}, {0x2000, 0x203F},
+                                     {0x2040, 0x2FFF}, {0x3000, 0x303F}, {0x3040, 0x31FF}, {0x3200, 0x33FF},
+                                     {0xA000, 0xAFFF}, {0xD000, 0xD7FF}, {0xF000, 0xFFFF}};
+    constexpr std::size_t bitCount = 8 * kernels::CodePointTables::filterCount;
+    static_assert(std::size(stretches) < bitCount);
+    const auto bitOf = [&stretches](UChar32 c) {
+        const auto *const found = std::find_if(std::begin(stretches), std::end(stretches), [c](const Stretch &stretch) {
+            return c >= stretch.first && c <= stretch.last;
+        });
+        return static_cast<std::size_t>(found - std::begin(stretches)); // all others have the next one
+    };
+    constexpr std::size_t bytesLookedAt = 3;
+    std::array<std::array<PageMaker::Page, bytesLookedAt>, kernels::CodePointTables::filterCount> filters{};
+    for (UChar32 c = 0x80; c < static_cast<UChar32>(kernels::CodePointTables::firstWide); ++c) {
+        if (U_IS_SURROGATE(c) || roleOf(c) == kernels::Role::none) {
+            continue;
+        }
+        const std::string bytes = utf8Of(icu::UnicodeString(c));
+        const std::size_t bit = bitOf(c);
+        auto &filter = filters[bit / 8];
+        const auto add = [&](std::size_t byte, std::size_t index) {
+            filter[byte][index] = static_cast<std::uint8_t>(filter[byte][index] | 1U << bit % 8);
+        };
+        for (std::size_t byte = 0; byte < bytes.size(); ++byte) {
+            add(byte, static_cast<unsigned char>(bytes[byte]) & 0x3FU);
+        }
+        for (std::size_t any = 0; any < filter[2].size() && bytes.size() == 2; ++any) {
+            add(2, any);
+        }
+    }
+    out << '{';
+    for (const auto &filter : filters) {
+        out << '{';
+        for (const PageMaker::Page &page : filter) {
+            PageMaker::writePage(out, page);
+        }
+        out << "},\n";
+    }
+    out << '}';
+}
+
 void writeCharacterTables(std::ostream &out) {
     std::vector<std::uint8_t> entries;
     entries.reserve(codePointLimit);
@@ -333,15 +391,12 @@ void writeCharacterTables(std::ostream &out) {
     entries.resize(CodePointTables::firstWide);
     writeArray(out, "std::uint8_t", "basicEntries", entries);
     out << "extern const kernels::CodePointTables characterTables;\nconst kernels::CodePointTables characterTables = {"
-        << initializer << ", basicEntries, wideBlocks, wideEntries};\n";
+        << initializer << ", basicEntries, wideBlocks, wideEntries,\n";
+    writeRoleFilters(out);
+    out << "};\n";
 }
 
 using MapCase = std::function<icu::UnicodeString(const icu::UnicodeString &)>;
-
-std::string utf8Of(const icu::UnicodeString &text) {
-    std::string bytes;
-    return text.toUTF8String(bytes);
-}
 
 /// What becomes of a code point when its length stays the same and, if that is over two bytes, all bytes but the last.
 /// Empty when it needs the full mapping.

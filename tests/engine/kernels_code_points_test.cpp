@@ -139,13 +139,26 @@ void expectPlainBlocks(const Kernels &kernels, std::string_view text) {
         CodePointBlock kindsOnly[mostBlocksFound];
         ASSERT_EQ(count, kernels.findCodePoints(position, left, unicode_tables::characterTables, {first, second, false},
                                                 kindsOnly, limit, nullptr));
+        CodePointBlock rolesOnly[mostBlocksFound];
+        std::uint16_t unitsOfRoles[roomForUnits];
+        std::uint16_t *const wanted = text.size() % 3 == 0 ? nullptr : unitsOfRoles;
+        ASSERT_EQ(count, kernels.findCodePoints(position, left, unicode_tables::characterTables, {}, rolesOnly, limit,
+                                                wanted));
         const std::uint16_t *unit = units;
+        const std::uint16_t *unitOfRoles = wanted;
         for (std::size_t i = 0; i < count; ++i) {
             const CodePointBlock expected = plainBlock(position, end);
             unit = expectUnits(unit, {position, expected.size});
             expectEqualKinds(blocks[i], expected);
             expectEqualKinds(kindsOnly[i], expected);
             expectEqualRoles(blocks[i], expected);
+            if (wanted != nullptr) {
+                unitOfRoles = expectUnits(unitOfRoles, {position, expected.size});
+            }
+            EXPECT_EQ(rolesOnly[i].size, expected.size);
+            EXPECT_EQ(rolesOnly[i].starts, expected.starts);
+            EXPECT_EQ(rolesOnly[i].first | rolesOnly[i].second, 0U);
+            expectEqualRoles(rolesOnly[i], expected);
             position += blocks[i].size;
         }
         if (count < limit && position != end) {
@@ -213,6 +226,20 @@ TEST(Kernels, FindCodePointsKnowsEveryCodePoint) {
     std::string text;
     for (char32_t codePoint = 0x80; codePoint <= 0x10FFFF; ++codePoint) {
         text += codePoint >= 0xD800 && codePoint < 0xE000 ? std::string() : encoded(codePoint);
+    }
+    onAllKernels([&](const Kernels &kernels) { expectPlainBlocks(kernels, text); });
+}
+
+TEST(Kernels, FindCodePointsSeesEveryRoleAmongLettersWithoutAny) {
+    std::string letters;
+    for (std::size_t i = 0; i < blockSize / 2; ++i) {
+        letters += i % 2 == 0 ? "\u044F" : "\u4E2D";
+    }
+    std::string text;
+    for (char32_t codePoint = 0x80; codePoint < 0x10000; ++codePoint) {
+        const bool isOther = character_breaks::breakClass(codePoint) == BreakClass::other;
+        const bool isSurrogate = codePoint >= 0xD800 && codePoint < 0xE000;
+        text += isOther || isSurrogate ? std::string() : encoded(codePoint) + letters;
     }
     onAllKernels([&](const Kernels &kernels) { expectPlainBlocks(kernels, text); });
 }
