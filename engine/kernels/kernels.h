@@ -263,6 +263,8 @@ struct Kernels {
                      std::uint64_t *candidates);
     /// Counts bytes, as many as it takes at once of those before the first that is not ASCII, and returns how many.
     std::size_t (*countAscii)(const char *from, std::size_t size, AsciiCounts &counts);
+    /// Whether a text has newline characters other than line feeds.
+    bool (*hasOtherNewlines)(const char *from, std::size_t size);
     /// For `blocks` blocks of 64 bytes.
     void (*findCounted)(const char *from, std::size_t blocks, CountedBytes *found);
     /// Finds the code points from `from` on, in up to `limit` blocks, which is at most `mostBlocksFound`, and returns

@@ -17,7 +17,7 @@ namespace {
 /// Calls `visit(std::string_view)` with some lines at a time: all of a text, in parts that fit the caches unless a
 /// single line is longer.
 template<typename Visit> void forEachStretchOfLines(std::string_view text, Visit &&visit) {
-    constexpr std::ptrdiff_t enough = std::ptrdiff_t{1} << 16;
+    constexpr std::ptrdiff_t enough = std::ptrdiff_t{1} << 18;
     const char *const end = text.data() + text.size();
     const char *begin = text.data();
     while (true) {
@@ -28,18 +28,6 @@ template<typename Visit> void forEachStretchOfLines(std::string_view text, Visit
         }
         begin = newline.position + newline.length;
     }
-}
-
-bool hasLineFeedsOnly(std::string_view lines) {
-    MembershipScan scan(lines, newlines, MembershipScan::Mark::firstByte);
-    scan.ignore('\n');
-    for (Stretch stretch; scan.next(stretch);) {
-        if (std::any_of(stretch.members, stretch.members + stretch.blocks,
-                        [](std::uint64_t members) { return members != 0; })) {
-            return false;
-        }
-    }
-    return true;
 }
 
 /// No line has a part that holds a newline character.
@@ -56,7 +44,7 @@ template<typename IsDropped, typename MakeFinder>
 TextBuffer linesBetweenDropped(std::string_view text, IsDropped isDropped, MakeFinder makeFinder) {
     Joiner joiner('\n', text, text.size());
     forEachStretchOfLines(text, [&](std::string_view lines) {
-        if (!hasLineFeedsOnly(lines)) {
+        if (kernels::best().hasOtherNewlines(lines.data(), lines.size())) {
             forEachLine(lines, [&](std::string_view line) {
                 if (!isDropped(line)) {
                     joiner.add(line);
