@@ -7,6 +7,7 @@
 #include "engine/primitives/line_search.h"
 #include "engine/primitives/membership_scan.h"
 #include "engine/primitives/part_replacer.h"
+#include "engine/primitives/sentence_breaks.h"
 #include "engine/primitives/words.h"
 
 #include <array>
@@ -111,14 +112,7 @@ TextBuffer BreakAfterEveryWordTransformation::apply(std::string_view text, const
 }
 
 TextBuffer BreakAfterEverySentenceTransformation::apply(std::string_view text, const ParameterMap &) const {
-    Joiner joiner('\n', text, text.size());
-    forEachSentencePiece(text, [&](std::string_view piece) {
-        const std::string_view sentence = trimmed(piece);
-        if (!sentence.empty()) {
-            joiner.add(sentence);
-        }
-    });
-    return joiner.take();
+    return breakAfterSentences(text);
 }
 
 TextBuffer ReverseLinesTransformation::apply(std::string_view text, const ParameterMap &) const {

@@ -319,6 +319,10 @@ struct Kernels {
     /// anything but ASCII, and returns how many bytes it read. Moves `to`, from where on it may overwrite twice as many
     /// bytes and 64 more. `isAtBegin` tells whether nothing but blanks was read of a sentence.
     std::size_t (*caseSentences)(const char *from, std::size_t size, bool &isAtBegin, char *&to);
+    /// Writes blocks of ASCII as sentences, each with a line feed behind it: without their "." "!" and "?", without the
+    /// blanks around them, and without those that are empty then. Ends where the above does, and returns how many bytes
+    /// it read. Moves `to`, behind which up to 64 bytes are overwritten too. `isAtBegin` is the same as above.
+    std::size_t (*breakSentences)(const char *from, std::size_t size, bool &isAtBegin, char *&to);
     /// Writes the letters of whole blocks of ASCII in turn upper and lower case, and returns how many bytes it read.
     /// The turn is moved on.
     std::size_t (*alternateCase)(const char *from, std::size_t size, bool &isUppersTurn, char *to);

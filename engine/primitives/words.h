@@ -77,16 +77,4 @@ template<typename Visit> void forEachPiece(std::string_view text, CodePointSet s
 /// The number of pieces that `forEachPiece` visits.
 [[nodiscard]] std::size_t pieceCount(std::string_view text, CodePointSet separators);
 
-/// Calls `visit(std::string_view)` with what stands between the sentence terminators ".", "!" and "?": every piece,
-/// empty ones included, not trimmed.
-template<typename Visit> void forEachSentencePiece(std::string_view text, Visit &&visit) {
-    static constexpr kernels::AsciiSet terminators(".!?");
-    const char *pieceBegin = text.data();
-    forEachMember(MembershipScan(text, terminators), [&](const char *pieceEnd) {
-        visit(std::string_view(pieceBegin, static_cast<std::size_t>(pieceEnd - pieceBegin)));
-        pieceBegin = pieceEnd + 1;
-    });
-    visit(std::string_view(pieceBegin, static_cast<std::size_t>(text.data() + text.size() - pieceBegin)));
-}
-
 } // namespace lexivore

@@ -246,6 +246,60 @@ TEST(Kernels, CaseSentencesTrimsAtEveryPlaceOfABlock) {
     }
 }
 
+/// The first `size` bytes of the text, whose sentences end with a line feed.
+std::string plainBrokenSentences(std::string_view text, std::size_t size, bool &isAtBegin) {
+    const auto isEnd = [](char byte) { return byte == '.' || byte == '!' || byte == '?'; };
+    std::string result;
+    for (std::size_t i = 0; i < size; ++i) {
+        const char byte = text[i];
+        if (isEnd(byte)) {
+            result += isAtBegin ? "" : "\n";
+            isAtBegin = true;
+        } else if (byte == ' ' || byte == '\t') {
+            const std::size_t next = text.find_first_not_of(" \t", i);
+            const bool isLast = next == std::string_view::npos || isEnd(text[next]);
+            result += isAtBegin || isLast ? std::string() : std::string(1, byte);
+        } else {
+            result += byte;
+            isAtBegin = false;
+        }
+    }
+    return result;
+}
+
+void expectPlainBrokenSentences(const Kernels &kernels, std::string_view text) {
+    for (const bool isAtBeginAtFirst : {false, true}) {
+        bool isAtBegin = isAtBeginAtFirst;
+        const ExactCopy result(std::string(text.size() + blockSize, '#'), text.size() % 7);
+        char *to = result.data();
+        const std::size_t read = kernels.breakSentences(text.data(), text.size(), isAtBegin, to);
+        ASSERT_LE(read, text.size());
+        bool isPlainAtBegin = isAtBeginAtFirst;
+        EXPECT_EQ(result.view().substr(0, static_cast<std::size_t>(to - result.data())),
+                  plainBrokenSentences(text, read, isPlainAtBegin))
+            << testing::PrintToString(text);
+        EXPECT_EQ(isAtBegin, isPlainAtBegin);
+    }
+}
+
+TEST(Kernels, BreakSentencesEqualsThePlainLoop) { onRandomBytes(expectPlainBrokenSentences); }
+
+TEST(Kernels, BreakSentencesTrimsAtEveryPlaceOfABlock) {
+    for (const std::string_view middle : {".", ". ", " .", " \t. \t", "..", " . .  !? ", "   "}) {
+        for (std::size_t before = 0; before < 2 * blockSize + 4; ++before) {
+            std::string text(before, 'A');
+            text.append(middle).append(3 * blockSize, 'b');
+            onAllKernels([&](const Kernels &kernels) {
+                expectPlainBrokenSentences(kernels, text);
+                bool isAtBegin = false;
+                std::string result(text.size() + blockSize, '#');
+                char *to = result.data();
+                EXPECT_GE(kernels.breakSentences(text.data(), text.size(), isAtBegin, to), text.size() - blockSize - 1);
+            });
+        }
+    }
+}
+
 TEST(Kernels, EscapeInPairsEqualsThePlainLoop) {
     PairEscapes escapes;
     escapes.first = '\\';

@@ -24,4 +24,15 @@ inline std::vector<std::string_view> splitPieces(std::string_view text, CodePoin
     return pieces;
 }
 
+/// What stands between the sentence terminators ".", "!" and "?", not trimmed, empty ones included.
+inline std::vector<std::string_view> splitSentences(std::string_view text) {
+    std::vector<std::string_view> sentences;
+    std::size_t begin = 0;
+    for (std::size_t end = 0; (end = text.find_first_of(".!?", begin)) != std::string_view::npos; begin = end + 1) {
+        sentences.push_back(text.substr(begin, end - begin));
+    }
+    sentences.push_back(text.substr(begin));
+    return sentences;
+}
+
 } // namespace lexivore

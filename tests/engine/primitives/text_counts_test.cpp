@@ -44,7 +44,9 @@ TextCounts plainCounts(std::string_view text) {
         ++counts.lines;
         counts.nonBlankLines += isBlank(line) ? 0U : 1U;
     });
-    forEachSentencePiece(text, [&](std::string_view piece) { counts.nonBlankSentences += isBlank(piece) ? 0U : 1U; });
+    for (const std::string_view sentence : splitSentences(text)) {
+        counts.nonBlankSentences += isBlank(sentence) ? 0U : 1U;
+    }
     for (std::size_t begin = 0; begin <= text.size();) {
         const std::size_t end = std::min(text.find("\n\n", begin), text.size());
         counts.nonBlankParagraphs += isBlank(text.substr(begin, end - begin)) ? 0U : 1U;

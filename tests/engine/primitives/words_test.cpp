@@ -97,29 +97,6 @@ TEST(FindNonMember, GivesTheFirstOtherOrTheEnd) {
     EXPECT_EQ(findNonMember(begin, end, whitespace | alphanumerics), end);
 }
 
-Pieces sentencePieces(std::string_view text) {
-    Pieces pieces;
-    forEachSentencePiece(text, [&pieces](std::string_view piece) { pieces.push_back(piece); });
-    return pieces;
-}
-
-TEST(SentencePieces, AreCutAtTheThreeTerminatorsAndMayBeEmpty) {
-    EXPECT_EQ(sentencePieces("Hi. How?! Yes"), (Pieces{"Hi", " How", "", " Yes"}));
-    EXPECT_EQ(sentencePieces("end."), (Pieces{"end", ""}));
-    EXPECT_EQ(sentencePieces("..."), (Pieces{"", "", "", ""}));
-    EXPECT_EQ(sentencePieces(""), Pieces{""});
-    EXPECT_EQ(sentencePieces("a。b…c\n"), Pieces{"a。b…c\n"});
-}
-
-TEST(SentencePieces, AreFoundWhereverTheTerminatorStands) {
-    for (std::size_t before = 0; before < 140; ++before) {
-        const std::string piece(before, 'a');
-        for (const char terminator : {'.', '!', '?'}) {
-            ASSERT_EQ(sentencePieces(piece + terminator + terminator + piece), (Pieces{piece, "", piece}));
-        }
-    }
-}
-
 } // namespace
 
 } // namespace lexivore
