@@ -100,7 +100,7 @@ TextBuffer NumberLinesTransformation::apply(std::string_view text, const Paramet
     const std::string_view firstNumber(first, static_cast<std::size_t>(number.writeNext(first) - first));
     PartReplacer replacer(text, text.size() + text.size() / 4, firstNumber);
     replacer.replaceAll(MembershipScan(text, newlines, MembershipScan::Mark::firstByte), newlineLength,
-                        1 + LineNumber::mostBytes, [&number](char *to) {
+                        1 + LineNumber::mostBytes, [&number](char *to, const char *) {
                             *to = '\n';
                             return number.writeNext(to + 1);
                         });

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -19,16 +20,31 @@ inline constexpr std::size_t longestMarked = 16;
 /// How many parts `sortFew` takes.
 inline constexpr std::size_t mostSortedAtOnce = 32;
 
-/// The longest replacement that `replaceParts` takes.
-inline constexpr std::size_t longestReplacement = 16;
 /// How many bytes behind what it reads and writes `replaceParts` may read and overwrite.
 inline constexpr std::size_t replacingSlack = 3 * blockSize;
 
-/// Parts of a text, and what stands in place of each.
-struct PartReplacement {
-    std::uint8_t sizes[256] = {}; ///< Of the parts, by their first byte.
-    char replacement[longestReplacement] = {};
-    std::size_t replacementSize = 0;
+/// What stands in place of a part of a text.
+struct Replacement {
+    static constexpr std::size_t longest = 16;
+
+    char bytes[longest] = {};
+    std::size_t size = 0;
+
+    constexpr Replacement() = default;
+    /// At most `longest` bytes.
+    constexpr explicit Replacement(std::string_view text) : size(text.size()) {
+        std::copy(text.begin(), text.end(), bytes);
+    }
+};
+
+/// Parts of a text, and what stands in place of each. What begins with the same byte is alike.
+struct PartReplacements {
+    static constexpr std::size_t most = 8;
+
+    std::uint8_t sizes[256] = {};   ///< Of the parts, by their first byte.
+    std::uint8_t indices[256] = {}; ///< Of what stands in their place, by their first byte.
+    Replacement replacements[most];
+    std::size_t count = 0; ///< Of replacements.
 };
 
 /// A part of a text and the number that it is sorted by.
@@ -337,7 +353,7 @@ struct Kernels {
     /// from `begin` on, with the replacement in place of each, and returns that end. A part that begins within the part
     /// before it is none. Moves `to`. Overwrites up to `replacingSlack` bytes behind it.
     const char *(*replaceParts)(const char *from, const char *begin, const std::uint16_t *places, std::size_t count,
-                                const PartReplacement &parts, char *&to);
+                                const PartReplacements &parts, char *&to);
     /// RFC 3629.
     bool (*isValidUtf8)(const char *text, std::size_t size);
     /// Two lowercase digits for each byte.

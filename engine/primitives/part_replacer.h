@@ -7,6 +7,7 @@
 #include "engine/text_buffer.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <string_view>
@@ -26,8 +27,8 @@ public:
     }
 
     /// The parts begin at the places that `scan` finds in the text, and `sizeOf(const char *)` is their size. One that
-    /// begins within the part before it is none. `write(char *)` writes what stands in their place and returns the end
-    /// of it; it may overwrite `longest` bytes, at most as many as a block has.
+    /// begins within the part before it is none. `write(char *, const char *)` writes what stands in place of the part
+    /// and returns the end of it; it may overwrite `longest` bytes, at most as many as a block has.
     template<typename Scan, typename SizeOf, typename Write>
     void replaceAll(Scan scan, SizeOf sizeOf, std::size_t longest, Write write) {
         forEachStretch(scan, [&](const Stretch &stretch, const Places &places, std::size_t count) {
@@ -40,27 +41,41 @@ public:
         });
     }
 
+    /// The same with parts and replacements that are told by the first bytes of the parts.
+    template<typename Scan> void replaceAll(Scan scan, const kernels::PartReplacements &parts) {
+        const auto sizeOf = [&parts](const char *part) { return parts.sizes[firstByte(part)]; };
+        const auto write = [&parts](char *to, const char *part) {
+            const kernels::Replacement &replacement = parts.replacements[parts.indices[firstByte(part)]];
+            return std::copy_n(replacement.bytes, replacement.size, to);
+        };
+        constexpr std::size_t longest = kernels::Replacement::longest;
+        forEachStretch(scan, [&](const Stretch &stretch, const Places &places, std::size_t count) {
+            if (hasSlackBehind(stretch)) {
+                ensureRoomFor(stretch, count, longest);
+                m_position = kernels::best().replaceParts(m_position, stretch.begin, places.data(), count, parts, m_to);
+            } else {
+                replaceOneByOne(stretch, places, count, sizeOf, longest, write);
+            }
+        });
+    }
+
     /// The same with `replacement` in place of every part. `sizeOf` looks at the first byte alone.
     template<typename Scan, typename SizeOf> void replaceAll(Scan scan, SizeOf sizeOf, std::string_view replacement) {
-        const std::size_t size = replacement.size();
-        const auto write = [replacement](char *to) { return std::copy(replacement.begin(), replacement.end(), to); };
-        kernels::PartReplacement parts;
-        const bool isShort = size <= kernels::longestReplacement;
-        if (isShort) {
+        if (replacement.size() <= kernels::Replacement::longest) {
+            kernels::PartReplacements parts;
+            parts.replacements[parts.count++] = kernels::Replacement(replacement);
             for (unsigned byte = 0; byte < std::size(parts.sizes); ++byte) {
                 const auto first = static_cast<char>(byte);
                 parts.sizes[byte] = static_cast<std::uint8_t>(sizeOf(&first));
             }
-            write(parts.replacement);
-            parts.replacementSize = size;
+            replaceAll(scan, parts);
+            return;
         }
+        const auto write = [replacement](char *to, const char *) {
+            return std::copy(replacement.begin(), replacement.end(), to);
+        };
         forEachStretch(scan, [&](const Stretch &stretch, const Places &places, std::size_t count) {
-            if (isShort && hasSlackBehind(stretch)) {
-                ensureRoomFor(stretch, count, kernels::longestReplacement);
-                m_position = kernels::best().replaceParts(m_position, stretch.begin, places.data(), count, parts, m_to);
-            } else {
-                replaceOneByOne(stretch, places, count, sizeOf, size, write);
-            }
+            replaceOneByOne(stretch, places, count, sizeOf, replacement.size(), write);
         });
     }
 
@@ -77,6 +92,8 @@ private:
     /// How much more than asked for is read and written.
     static constexpr std::size_t slack = kernels::replacingSlack;
     static constexpr std::size_t roomBehind = Stretch::mostBlocks * kernels::blockSize + slack;
+
+    static std::uint8_t firstByte(const char *part) { return static_cast<std::uint8_t>(*part); }
 
     [[nodiscard]] bool hasSlackBehind(const Stretch &stretch) const {
         return static_cast<std::size_t>(m_end - stretch.end) >= slack;
@@ -107,7 +124,7 @@ private:
             }
             const auto before = static_cast<std::size_t>(place - position);
             copyInBlocks(position, std::max(before, leastCopied), to);
-            to = write(to + before);
+            to = write(to + before, place);
             position = place + sizeOf(place);
         }
         m_position = position;
@@ -122,7 +139,7 @@ private:
             if (place >= m_position) {
                 copyUpTo(place);
                 ensureRoom(longest);
-                m_to = write(m_to);
+                m_to = write(m_to, place);
                 m_position = place + sizeOf(place);
             }
         }

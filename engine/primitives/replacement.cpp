@@ -7,9 +7,7 @@
 #include "engine/primitives/part_replacer.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstdint>
-#include <cstring>
 
 namespace lexivore {
 
@@ -86,35 +84,17 @@ TextBuffer removeCharacters(std::string_view text, const kernels::AsciiSet &set)
 }
 
 TextBuffer escapeCharacters(std::string_view text, const EscapeTable &table) {
-    TextBuffer result = TextBuffer::withCapacity(text.size() + text.size() / 8);
+    TextBuffer result;
     if (table.pairs() != nullptr) {
+        result = TextBuffer::withCapacity(text.size() + text.size() / 8);
         text.remove_prefix(appendPairs(result, text, *table.pairs()));
     }
-    MembershipScan scan(text, table.characters());
-    const char *const end = text.data() + text.size();
-    for (MembershipScan::Block block; scan.next(block);) {
-        char *to = result.room(block.size * EscapeTable::longest + kernels::blockSize);
-        const char *plainBegin = block.begin;
-        // Whole blocks are copied, however little of them is wanted, as long as the text has so much.
-        const auto copyPlain = [&](std::size_t size) {
-            if (end - plainBegin >= std::ptrdiff_t{kernels::blockSize}) {
-                std::memcpy(to, plainBegin, kernels::blockSize);
-            } else {
-                std::memcpy(to, plainBegin, size);
-            }
-            to += size;
-        };
-        for (std::uint64_t left = block.members; left != 0; left &= left - 1) {
-            const char *const escaped = block.begin + std::countr_zero(left);
-            copyPlain(static_cast<std::size_t>(escaped - plainBegin));
-            const EscapeTable::Replacement &replacement = table[*escaped];
-            std::memcpy(to, replacement.text.data(), replacement.text.size());
-            to += replacement.length;
-            plainBegin = escaped + 1;
-        }
-        copyPlain(static_cast<std::size_t>(block.begin + block.size - plainBegin));
-        result.commit(to);
+    PartReplacer replacer(text, text.size() + text.size() / 8);
+    replacer.replaceAll(MembershipScan(text, table.characters()), table.parts());
+    if (result.empty()) {
+        return replacer.take();
     }
+    result.append(replacer.take());
     result.shrink();
     return result;
 }

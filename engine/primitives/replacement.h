@@ -5,10 +5,10 @@
 #include "engine/kernels/kernels.h"
 #include "engine/text_buffer.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <iterator>
 #include <string_view>
 
 namespace lexivore {
@@ -22,57 +22,43 @@ namespace lexivore {
 /// One ASCII character and what is written for it.
 struct Escape {
     char character;
-    std::string_view replacement; ///< At most EscapeTable::longest bytes.
+    std::string_view replacement; ///< At most kernels::Replacement::longest bytes.
 };
 
 /// What is written for each of some ASCII characters.
 class EscapeTable {
 public:
-    static constexpr std::size_t longest = 7;
-
-    struct Replacement {
-        std::array<char, longest> text{}; ///< Zeros behind its length, so that all can be copied at once.
-        std::uint8_t length = 0;
-    };
-
+    /// At most kernels::PartReplacements::most of them.
     constexpr EscapeTable(std::initializer_list<Escape> escapes) {
-        for (const Escape &escape : escapes) {
-            m_characters.add(escape.character);
-            Replacement &replacement = m_replacements[static_cast<unsigned char>(escape.character)];
-            for (const char byte : escape.replacement) {
-                replacement.text[replacement.length++] = byte;
-            }
+        for (std::size_t i = 0; i < std::size(m_pairs.seconds); ++i) {
+            m_pairs.seconds[i] = static_cast<char>(i);
         }
-        setPairs();
-    }
-    [[nodiscard]] constexpr const Replacement &operator[](char byte) const {
-        return m_replacements[static_cast<unsigned char>(byte)];
+        for (const auto &[character, replacement] : escapes) {
+            const auto byte = static_cast<std::uint8_t>(character);
+            m_characters.add(character);
+            m_parts.sizes[byte] = 1;
+            m_parts.indices[byte] = static_cast<std::uint8_t>(m_parts.count);
+            m_parts.replacements[m_parts.count++] = kernels::Replacement(replacement);
+            const bool isPair = replacement.size() == 2 && (m_pairs.first == '\0' || m_pairs.first == replacement[0]);
+            if (isPair) {
+                m_pairs.first = replacement[0];
+                m_pairs.seconds[byte] = replacement[1];
+            }
+            m_hasPairs = m_hasPairs && isPair;
+        }
+        m_pairs.escaped = m_characters;
     }
 
     [[nodiscard]] constexpr const kernels::AsciiSet &characters() const { return m_characters; }
+    [[nodiscard]] constexpr const kernels::PartReplacements &parts() const { return m_parts; }
     /// The same for a kernel, or null when these are no escapes of that kind.
     [[nodiscard]] constexpr const kernels::PairEscapes *pairs() const { return m_hasPairs ? &m_pairs : nullptr; }
 
 private:
-    constexpr void setPairs() {
-        m_pairs.escaped = m_characters;
-        m_hasPairs = true;
-        for (std::size_t i = 0; i < m_replacements.size(); ++i) {
-            const Replacement &replacement = m_replacements[i];
-            const bool isEscaped = m_characters.contains(static_cast<char>(i));
-            m_pairs.seconds[i] = isEscaped ? replacement.text[1] : static_cast<char>(i);
-            if (isEscaped) {
-                const bool isFirst = m_pairs.first == '\0';
-                m_pairs.first = isFirst ? replacement.text[0] : m_pairs.first;
-                m_hasPairs = m_hasPairs && replacement.length == 2 && replacement.text[0] == m_pairs.first;
-            }
-        }
-    }
-
     kernels::AsciiSet m_characters;
-    std::array<Replacement, 128> m_replacements{};
+    kernels::PartReplacements m_parts;
     kernels::PairEscapes m_pairs;
-    bool m_hasPairs = false;
+    bool m_hasPairs = true;
 };
 
 /// `text` with every character of the table replaced, in one pass.

@@ -355,23 +355,30 @@ TEST(Kernels, ReplacePartsEqualsThePlainLoop) {
         const std::size_t mostBetween = std::size_t{1} << random() % 10;
         const ExactCopy text(randomBytes(random, size + replacingSlack, 20), round % blockSize);
         const std::string_view bytes = text.view();
-        PartReplacement parts;
-        for (std::uint8_t &partSize : parts.sizes) {
-            partSize = static_cast<std::uint8_t>(1 + random() % longestReplacement);
+        PartReplacements parts;
+        parts.count = 1 + random() % PartReplacements::most;
+        for (std::size_t byte = 0; byte < std::size(parts.sizes); ++byte) {
+            parts.sizes[byte] = static_cast<std::uint8_t>(1 + random() % 16);
+            parts.indices[byte] = static_cast<std::uint8_t>(random() % parts.count);
         }
-        parts.replacementSize = random() % (longestReplacement + 1);
-        std::fill_n(parts.replacement, parts.replacementSize, '#');
+        const bool isLong = round % 2 == 0;
+        for (Replacement &replacement : parts.replacements) {
+            replacement = Replacement(std::string(random() % (isLong ? Replacement::longest + 1 : 3), '#'));
+        }
         const std::size_t begin = size < 2 ? 0 : random() % (size / 2); // where the places are counted from
         std::size_t position = begin + random() % 8;                    // parts before it are none
         const std::size_t from = position;
         std::vector<std::uint16_t> places;
         std::string expected;
-        for (std::size_t place = begin; (place += random() % (mostBetween + 1)) + longestReplacement < size; ++place) {
+        for (std::size_t place = begin; (place += random() % (mostBetween + 1)) + Replacement::longest < size;
+             ++place) {
             places.push_back(static_cast<std::uint16_t>(place - begin));
             if (place >= position) {
                 expected.append(bytes.substr(position, place - position));
-                expected.append(parts.replacement, parts.replacementSize);
-                position = place + parts.sizes[static_cast<unsigned char>(bytes[place])];
+                const auto first = static_cast<unsigned char>(bytes[place]);
+                const Replacement &replacement = parts.replacements[parts.indices[first]];
+                expected.append(replacement.bytes, replacement.size);
+                position = place + parts.sizes[first];
             }
         }
         onAllKernels([&](const Kernels &kernels) {
