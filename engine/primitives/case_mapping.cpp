@@ -144,23 +144,26 @@ private:
 
     void appendAscii(TextBuffer &result) {
         const char *position = m_blocks.position();
-        const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, m_end - position));
-        const auto length = static_cast<std::size_t>(runEnd - position);
-        char *to = result.room(length);
+        const char *const limit = position + std::min(stretch, m_end - position);
+        char *to = result.room(static_cast<std::size_t>(limit - position));
         if (!character_breaks::transition(m_blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {
             *to++ = *position++; // of a character that is not a letter
         }
-        const auto left = static_cast<std::size_t>(runEnd - position);
-        const std::size_t written = kernels::best().alternateCase(position, left, m_isUppersTurn, to);
+        const char *const begin = position;
+        const std::size_t written =
+            kernels::best().alternateCase(position, static_cast<std::size_t>(limit - position), m_isUppersTurn, to);
+        position += written;
         to += written;
-        for (position += written; position != runEnd; ++position) {
+        const char *const runEnd =
+            asciiRunEnd(position, position + std::min(std::ptrdiff_t{kernels::blockSize}, limit - position));
+        for (; position != runEnd; ++position) {
             const bool isLetter = isAsciiLetter(*position);
             const int lowerBit = m_isUppersTurn ? 0 : 0x20;
             *to++ = isLetter ? static_cast<char>((*position & ~0x20) | lowerBit) : *position;
             m_isUppersTurn = m_isUppersTurn != isLetter;
         }
         result.commit(to);
-        if (left > 0) { // marks may follow
+        if (runEnd != begin) { // marks may follow
             const bool wasUppersTurn = !m_isUppersTurn;
             m_case = !isAsciiLetter(runEnd[-1]) ? Case::kept : wasUppersTurn ? Case::upper : Case::lower;
         }
