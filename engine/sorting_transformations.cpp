@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/sorting_transformations.h"
 
+#include "engine/primitives/line_groups.h"
 #include "engine/primitives/line_lengths.h"
 #include "engine/primitives/line_mapping.h"
 #include "engine/primitives/line_order.h"
@@ -22,17 +23,39 @@ namespace lexivore {
 
 namespace {
 
-/// The parts of `text` in order with a separator between them.
-TextBuffer join(StringSorter &sorter, char separator, std::string_view text) {
-    Joiner joiner(separator, text, text.size());
+void addInOrder(Joiner &joiner, StringSorter &sorter) {
     sorter.forEachInOrder([&joiner](std::string_view part) { joiner.add(part); });
-    return joiner.take();
+}
+
+void addSortedLines(Joiner &joiner, const LineGroups::Group &lines, SortDirection direction, bool areOrderedByBytes) {
+    StringSorter sorter(lines.text, direction, lines.lineCount, areOrderedByBytes, lines.commonBytes);
+    forEachLine(lines.text, [&sorter](std::string_view line) { sorter.add(line); });
+    addInOrder(joiner, sorter);
+}
+
+/// Many short lines are brought together with those that begin alike first: all that is looked at to sort them is in
+/// the caches then. To copy long lines once more would cost more than that.
+bool isWorthGrouping(std::string_view text, std::size_t lineCount) {
+    constexpr std::size_t large = std::size_t{1} << 20;
+    constexpr std::size_t shortLine = 48;
+    return text.size() >= large && text.size() / lineCount <= shortLine;
 }
 
 TextBuffer sortLines(std::string_view text, SortDirection direction) {
-    StringSorter sorter(text, direction, lineCount(text));
-    forEachLine(text, [&sorter](std::string_view line) { sorter.add(line); });
-    return join(sorter, '\n', text);
+    const std::size_t count = lineCount(text);
+    const bool areOrderedByBytes = isOrderedByBytes(text);
+    if (!areOrderedByBytes || !isWorthGrouping(text, count)) {
+        Joiner joiner('\n', text, text.size());
+        addSortedLines(joiner, {text, count, 0}, direction, areOrderedByBytes);
+        return joiner.take();
+    }
+    const LineGroups groups(text);
+    Joiner joiner('\n', groups.all(), text.size());
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        const std::size_t index = direction == SortDirection::ascending ? i : groups.size() - 1 - i;
+        addSortedLines(joiner, groups[index], direction, areOrderedByBytes);
+    }
+    return joiner.take();
 }
 
 /// Counts the different words: a text of a language has few, and only they need sorting. False when most of the words
@@ -86,7 +109,7 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
         std::memcpy(&record, word - sizeof record, sizeof record);
         return record;
     };
-    StringSorter sorter(records, SortDirection::ascending, words.size());
+    StringSorter sorter(records, SortDirection::ascending, words.size(), true);
     for (std::size_t place = sizeof(Record); place < records.size(); place += sizeof(Record)) {
         const std::size_t size = recordBefore(records.data() + place).size;
         sorter.add({records.data() + place, size});
@@ -164,9 +187,12 @@ TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, c
     if (WordSet words(text, WordSet::Counting::on); countWords(words, text)) {
         return joinCounted(words, text.size());
     }
-    StringSorter sorter(text, SortDirection::ascending, pieceCount(text, whitespaceAndNewlines));
+    StringSorter sorter(text, SortDirection::ascending, pieceCount(text, whitespaceAndNewlines),
+                        isOrderedByBytes(text));
     forEachPiece(text, whitespaceAndNewlines, [&sorter](std::string_view word) { sorter.add(word); });
-    return join(sorter, ' ', text);
+    Joiner joiner(' ', text, text.size());
+    addInOrder(joiner, sorter);
+    return joiner.take();
 }
 
 TextBuffer ReverseWordsInLineTransformation::apply(std::string_view text, const ParameterMap &) const {

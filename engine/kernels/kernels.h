@@ -17,8 +17,11 @@ inline constexpr std::size_t blockSize = 64;
 /// The longest pattern that `markOccurrences` takes.
 inline constexpr std::size_t longestMarked = 16;
 
-/// How many parts `sortFew` takes.
-inline constexpr std::size_t mostSortedAtOnce = 32;
+/// How many keys `rankFew` takes.
+inline constexpr std::size_t mostRanked = 32;
+
+/// How many bits of a key `distribute` takes.
+inline constexpr int mostDigitBits = 10;
 
 /// How many bytes behind what it reads and writes `replaceParts` may read and overwrite.
 inline constexpr std::size_t replacingSlack = 3 * blockSize;
@@ -52,6 +55,14 @@ struct KeyedPart {
     std::uint64_t key;
     std::uint32_t offset; ///< In bytes, as the size.
     std::uint32_t size;
+};
+
+/// Numbers of 128 bits in two halves. The lowest five bits of the second ones tell keys apart that are equal otherwise.
+struct alignas(blockSize) LongKeys {
+    static constexpr std::uint64_t indexBits = mostRanked - 1;
+
+    std::uint64_t firsts[mostRanked];
+    std::uint64_t seconds[mostRanked];
 };
 
 /// The longest word, in bytes, that a key has room for.
@@ -379,9 +390,14 @@ struct Kernels {
     /// The bytes of as many groups of four Base64 digits as it takes at once, all of them valid; returns how many
     /// digits it read. Up to 16 bytes behind what it writes are overwritten too.
     std::size_t (*decodeBase64)(const char *from, std::size_t size, char *to);
-    /// Sorts `count` parts, at most `mostSortedAtOnce`, by their keys, ascending and stably. The lowest five bits of
-    /// each key are 0. `to` is what is read or other memory.
-    void (*sortFew)(const KeyedPart *from, std::size_t count, KeyedPart *to);
+    /// Writes for each of the first `count` keys how many of them are smaller; there is room for all that it takes.
+    /// Returns a bit for each that only its lowest five bits make larger than another one.
+    std::uint32_t (*rankFew)(const LongKeys &keys, std::size_t count, std::uint64_t *smaller);
+    /// Writes the parts to `to`, other memory, sorted stably by those bits of their keys that are set in `bits`, at
+    /// most `mostDigitBits`, as if no others were between them. Returns how many values these can have, and for each of
+    /// them `ends` gets the index behind its last part.
+    std::size_t (*distribute)(const KeyedPart *from, std::size_t count, std::uint64_t bits, KeyedPart *to,
+                              std::uint32_t *ends);
     /// The keys of words, at most 64, and their slots. Each word lies between two `bounds`, which count from `from` on,
     /// and 16 bytes can be read where it begins. Returns a bit for each that is too long, of which nothing is known.
     std::uint64_t (*keyWords)(const char *from, const std::uint16_t *bounds, std::size_t count, const WordHash &hash,

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -29,14 +30,15 @@ public:
     /// TextTooLarge when the places in `text` cannot be counted in 32 bits.
     StringKeys(std::string_view text, SortDirection direction);
 
-    /// The entry of a part of the text, with the key of its beginning.
-    [[nodiscard]] Entry entryOf(std::string_view part) const {
+    /// The entry of a part of the text, with the key of its bytes from `depth` on.
+    [[nodiscard]] Entry entryOf(std::string_view part, std::size_t depth) const {
         Entry entry{0, static_cast<std::uint32_t>(part.data() - m_text.data()),
                     static_cast<std::uint32_t>(part.size())};
-        entry.key = keyAt(entry, 0);
+        entry.key = keyAt(entry, depth);
         return entry;
     }
-    /// The same for a part that is sorted by another string. Throws TextTooLarge when there are too many of these.
+    /// The entry of a part that is sorted by another string, with the key of the beginning of that. Throws TextTooLarge
+    /// when there are too many of these.
     [[nodiscard]] Entry entryOf(std::string_view part, std::string_view instead);
 
     /// What the entry was made of.
@@ -63,8 +65,7 @@ public:
         const std::size_t place = entry.offset + depth;
         std::uint64_t bytes = 0;
         if (place + sizeof bytes <= m_text.size()) {
-            std::memcpy(&bytes, m_text.data() + place, sizeof bytes);
-            bytes = std::endian::native == std::endian::little ? __builtin_bswap64(bytes) : bytes;
+            bytes = numberAt(m_text.data() + place);
         } else {
             bytes = bytesAtEnd(stringOf(entry).substr(depth, size));
         }
@@ -75,6 +76,31 @@ public:
 
     /// False when strings with this key end there: strings with equal keys are equal then, all other bytes being so.
     [[nodiscard]] bool goesOn(std::uint64_t key) const { return ((key ^ m_turned) & 0xFF) == bytesInKey << 5; }
+
+    /// A key of more bytes, in two numbers of which the first counts first. The lowest five bits of the second are 0.
+    struct LongKey {
+        std::uint64_t first;
+        std::uint64_t second;
+    };
+    static constexpr std::size_t bytesInLongKey = 14;
+
+    /// The same for fourteen bytes. It also tells whether there are more.
+    [[nodiscard]] LongKey longKeyAt(const Entry &entry, std::size_t depth) const {
+        constexpr unsigned lowestBitOfSize = 8;
+        constexpr std::size_t half = sizeof(std::uint64_t);
+        const std::size_t size = std::min(entry.size - depth, bytesInLongKey + 1);
+        const std::size_t place = entry.offset + depth;
+        LongKey key{};
+        if (place + 2 * half <= m_text.size()) {
+            key = {numberAt(m_text.data() + place), numberAt(m_text.data() + place + half)};
+        } else {
+            const std::string_view bytes = stringOf(entry).substr(depth, bytesInLongKey);
+            key = {bytesAtEnd(bytes.substr(0, half)), bytesAtEnd(bytes.substr(std::min(bytes.size(), half)))};
+        }
+        const LongKey &mask = longKeyMasks.ofSize[size];
+        return {(key.first & mask.first) ^ m_firstTurned,
+                ((key.second & mask.second) | size << lowestBitOfSize) ^ m_turned};
+    }
 
     /// Whether a string comes before another one, as the keys have it.
     [[nodiscard]] bool precedes(std::string_view left, std::string_view right) const {
@@ -94,13 +120,36 @@ private:
         std::uint32_t size;
     };
 
+    /// For each size of a string, all bits of its bytes that a long key has room for.
+    struct LongKeyMasks {
+        LongKey ofSize[bytesInLongKey + 2] = {};
+        constexpr LongKeyMasks() {
+            constexpr std::uint64_t all = ~std::uint64_t{0};
+            constexpr std::size_t half = sizeof all;
+            for (std::size_t size = 1; size < std::size(ofSize); ++size) {
+                const std::size_t inSecond = std::min(size, bytesInLongKey) - std::min(size, half);
+                ofSize[size] = {size < half ? ~(all >> (8 * size)) : all, ~(all >> (8 * inSecond))};
+            }
+        }
+    };
+    static const LongKeyMasks longKeyMasks;
+
     /// The other strings lie as if they stood behind the text.
     [[nodiscard]] bool isInText(const Entry &entry) const { return entry.offset <= m_text.size(); }
+    /// Eight bytes as a number that orders as they do.
+    [[nodiscard]] static std::uint64_t numberAt(const char *place) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, place, sizeof bytes);
+        return std::endian::native == std::endian::little ? __builtin_bswap64(bytes) : bytes;
+    }
     [[nodiscard]] static std::uint64_t bytesAtEnd(std::string_view bytes);
 
     std::string_view m_text;
     std::string m_others; ///< In front of each string the place of its part.
     std::uint64_t m_turned;
+    std::uint64_t m_firstTurned = m_turned == 0 ? 0 : ~std::uint64_t{0}; ///< The first number of a long key.
 };
+
+inline constexpr StringKeys::LongKeyMasks StringKeys::longKeyMasks;
 
 } // namespace lexivore

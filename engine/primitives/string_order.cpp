@@ -18,9 +18,9 @@
 #include <utility>
 #include <vector>
 
-// A radix sort on the numbers that the beginnings of the strings are read as; strings whose numbers are equal are then
-// sorted by the bytes behind those. From the first bits on that differ the entries are distributed into ever smaller
-// parts, and the last few of them are put in order all at once.
+// A radix sort on the numbers that the beginnings of the strings are read as. By the first bits that differ the entries
+// are distributed into ever smaller parts, by the bytes behind when a number is used up, and the last few of them are
+// put in order all at once by numbers of more bytes.
 
 namespace lexivore {
 
@@ -57,21 +57,17 @@ std::string composed(std::string_view text) {
 
 using Entry = StringKeys::Entry;
 
-/// Some bits of a key.
-struct Digit {
-    static constexpr int mostBits = 10;
-
-    int shift;
-    std::uint64_t mask;
-
-    [[nodiscard]] std::size_t of(const Entry &entry) const { return entry.key >> shift & mask; }
-};
-
-/// The bits to sort `count` entries by first: from the first bit on that is not the same in all keys, as many as leave
+/// The bits to sort `count` entries by first: the highest of those that are not the same in all keys, as many as leave
 /// a few entries for each value. `differences` has a bit set for each that is not the same, and is not 0.
-Digit firstDigit(std::uint64_t differences, std::size_t count) {
-    const int bits = std::clamp(static_cast<int>(std::bit_width(count)) - 3, 4, Digit::mostBits);
-    return {std::max(0, static_cast<int>(std::bit_width(differences)) - bits), (std::uint64_t{1} << bits) - 1};
+std::uint64_t firstBits(std::uint64_t differences, std::size_t count) {
+    const int most = std::clamp(static_cast<int>(std::bit_width(count)) - 2, 4, kernels::mostDigitBits);
+    std::uint64_t bits = 0;
+    for (int i = 0; i < most && differences != 0; ++i) {
+        const std::uint64_t highest = std::bit_floor(differences);
+        bits |= highest;
+        differences ^= highest;
+    }
+    return bits;
 }
 
 /// The bits that are not the same in all keys.
@@ -83,79 +79,29 @@ std::uint64_t differencesOf(std::span<const Entry> entries) {
     return differences;
 }
 
-/// Where the entries with each value of a digit end.
-using Ends = std::array<std::uint32_t, std::size_t{1} << Digit::mostBits>;
-
-/// Sorts `entries` into `to` by the digit, stably.
-void distribute(std::span<const Entry> entries, Digit digit, Entry *to, Ends &ends) {
-    std::fill_n(ends.begin(), digit.mask + 1, 0U);
-    for (const Entry &entry : entries) {
-        ++ends[digit.of(entry)];
-    }
-    std::uint32_t place = 0;
-    for (std::size_t value = 0; value <= digit.mask; ++value) {
-        place += std::exchange(ends[value], place);
-    }
-    for (const Entry &entry : entries) {
-        to[ends[digit.of(entry)]++] = entry;
-    }
-}
-
-/// Sorts `entries` by their keys, stably; into `scratch`, which is as large, or where they are.
-void sortByKey(std::span<Entry> entries, Entry *scratch, bool intoScratch, std::uint64_t differences) {
-    if (entries.size() <= kernels::mostSortedAtOnce) {
-        kernels::best().sortFew(entries.data(), entries.size(), intoScratch ? scratch : entries.data());
-        return;
-    }
-    if (differences == 0) {
-        if (intoScratch) {
-            std::copy(entries.begin(), entries.end(), scratch);
-        }
-        return;
-    }
-    const Digit digit = firstDigit(differences, entries.size());
-    Ends ends; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
-    distribute(entries, digit, scratch, ends);
-    std::size_t begin = 0;
-    for (std::size_t value = 0; value <= digit.mask; ++value) {
-        const std::span<Entry> same(scratch + begin, ends[value] - begin);
-        if (digit.shift > 0 && same.size() > 1) {
-            sortByKey(same, entries.data() + begin, !intoScratch, differencesOf(same));
-        } else if (!intoScratch) {
-            std::copy(same.begin(), same.end(), entries.begin() + static_cast<std::ptrdiff_t>(begin));
-        }
-        begin = ends[value];
-    }
-}
+/// Where the entries with each value of some bits end.
+using Ends = std::array<std::uint32_t, std::size_t{1} << kernels::mostDigitBits>;
 
 /// Sorts as many entries as fit the caches together with what they stand for.
 class BlockSorter {
 public:
     explicit BlockSorter(const StringKeys &keys) : m_keys(keys) {}
 
-    /// `entries` have the keys of `depth`, before which all strings are equal. `scratch` is as large.
-    void sort(std::span<Entry> entries, Entry *scratch, std::size_t depth) {
-        sortByKey(entries, scratch, false, differencesOf(entries));
-        m_ties.clear();
-        findTies(entries, 0, entries.size(), depth, m_ties);
+    /// `block` have the keys of `depth`, before which all strings are equal. `scratch` is as large.
+    void sort(std::span<Entry> block, Entry *scratch, std::size_t depth) {
+        m_block = block.data();
+        m_scratch = scratch;
+        for (const Entry &entry : block) {
+            m_keys.prefetch(entry, depth);
+        }
+        sortByKeys({0, block.size(), depth}, false);
         while (!m_ties.empty()) {
-            depth += StringKeys::bytesInKey;
-            m_deeperTies.clear();
-            for (const Range tie : m_ties) {
-                const std::span<Entry> tied = entries.subspan(tie.begin, tie.end - tie.begin);
-                if (tied.size() == 2) {
-                    sortPair(tied, depth);
-                    continue;
-                }
-                for (Entry &entry : tied) {
-                    entry.key = m_keys.keyAt(entry, depth);
-                }
-                if (const std::uint64_t differences = differencesOf(tied); differences != 0) {
-                    sortByKey(tied, scratch + tie.begin, false, differences);
-                }
-                findTies(entries, tie.begin, tie.end, depth, m_deeperTies);
+            const Range tie = m_ties.back();
+            m_ties.pop_back();
+            for (std::size_t i = tie.begin; i < tie.end; ++i) {
+                m_block[i].key = m_keys.keyAt(m_block[i], tie.depth);
             }
-            std::swap(m_ties, m_deeperTies);
+            sortByKeys(tie, false);
         }
     }
 
@@ -163,38 +109,97 @@ private:
     struct Range {
         std::size_t begin;
         std::size_t end;
+        std::size_t depth; ///< Of the keys; before it the strings are equal.
     };
 
-    /// Adds the ranges of [begin, end) whose keys of `depth` are equal and do not tell all.
-    void findTies(std::span<const Entry> entries, std::size_t begin, std::size_t end, std::size_t depth,
-                  std::vector<Range> &ties) const {
-        while (begin != end) {
-            const std::uint64_t key = entries[begin].key;
-            std::size_t tieEnd = begin + 1;
-            while (tieEnd != end && entries[tieEnd].key == key) {
-                ++tieEnd;
+    /// Sorts the range, which lies in the block or in the scratch, into the block; but for strings with equal keys that
+    /// go on, which become ties when they are many.
+    void sortByKeys(const Range &range, bool isInScratch) {
+        const std::span<Entry> entries((isInScratch ? m_scratch : m_block) + range.begin, range.end - range.begin);
+        if (entries.size() <= kernels::mostRanked) {
+            sortFew(entries, m_block + range.begin, range.depth);
+            return;
+        }
+        const std::uint64_t differences = differencesOf(entries);
+        if (differences == 0) {
+            if (isInScratch) {
+                std::copy(entries.begin(), entries.end(), m_block + range.begin);
             }
-            if (tieEnd - begin > 1 && m_keys.goesOn(key)) {
-                for (std::size_t i = begin; i < tieEnd; ++i) {
-                    m_keys.prefetch(entries[i], depth + StringKeys::bytesInKey);
-                }
-                ties.push_back({begin, tieEnd});
+            if (m_keys.goesOn(entries[0].key)) {
+                m_ties.push_back({range.begin, range.end, range.depth + StringKeys::bytesInKey});
             }
-            begin = tieEnd;
+            return;
+        }
+        Entry *const other = (isInScratch ? m_block : m_scratch) + range.begin;
+        Ends ends; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+        const std::size_t values = kernels::best().distribute(
+            entries.data(), entries.size(), firstBits(differences, entries.size()), other, ends.data());
+        std::size_t begin = 0;
+        for (std::size_t value = 0; value < values; ++value) {
+            const std::size_t end = ends[value];
+            if (end - begin > 1) {
+                sortByKeys({range.begin + begin, range.begin + end, range.depth}, !isInScratch);
+            } else if (end != begin && !isInScratch) {
+                m_block[range.begin + begin] = other[begin];
+            }
+            begin = end;
         }
     }
 
-    /// Two strings are compared as they are, which ends it at once.
-    void sortPair(std::span<Entry> pair, std::size_t depth) const {
+    /// Sorts at most as many entries as are ranked at once, into other memory or where they are.
+    void sortFew(std::span<const Entry> entries, Entry *to, std::size_t depth) const {
+        // NOLINTBEGIN(cppcoreguidelines-pro-type-member-init): what is read was written
+        std::array<Entry, kernels::mostRanked> unsorted;
+        kernels::LongKeys keys;
+        alignas(kernels::blockSize) std::array<std::uint64_t, kernels::mostRanked> places;
+        // NOLINTEND(cppcoreguidelines-pro-type-member-init)
+        std::copy(entries.begin(), entries.end(), unsorted.begin());
+        const std::size_t count = entries.size();
+        depth += commonBytes(entries, depth);
+        std::uint32_t goingOn = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            const StringKeys::LongKey key = m_keys.longKeyAt(unsorted[i], depth);
+            const bool goesOn = unsorted[i].size - depth > StringKeys::bytesInLongKey;
+            goingOn |= std::uint32_t{goesOn} << i;
+            keys.firsts[i] = key.first;
+            keys.seconds[i] = key.second | i; // equal ones keep their order
+        }
+        const std::uint32_t tied = kernels::best().rankFew(keys, count, places.data());
+        for (std::size_t i = 0; i < count; ++i) {
+            to[places[i]] = unsorted[i];
+        }
+        if ((tied & goingOn) != 0) {
+            sortSlowly({to, count}, depth);
+        }
+    }
+
+    /// How many more bytes are surely equal in all strings, whose keys are of `depth`.
+    [[nodiscard]] static std::size_t commonBytes(std::span<const Entry> entries, std::size_t depth) {
+        std::size_t shortest = SIZE_MAX;
+        for (const Entry &entry : entries) {
+            shortest = std::min<std::size_t>(shortest, entry.size);
+        }
+        const auto equalBits = static_cast<std::size_t>(std::countl_zero(differencesOf(entries)));
+        return std::min({equalBits / 8, StringKeys::bytesInKey, shortest - depth});
+    }
+
+    /// Sorts a few, comparing the strings from `depth` on as they are.
+    void sortSlowly(std::span<Entry> entries, std::size_t depth) const {
         const auto behind = [&](const Entry &entry) { return m_keys.stringOf(entry).substr(depth); };
-        if (m_keys.precedes(behind(pair[1]), behind(pair[0]))) {
-            std::swap(pair[0], pair[1]);
+        for (std::size_t i = 1; i < entries.size(); ++i) {
+            const Entry entry = entries[i];
+            std::size_t place = i;
+            for (; place > 0 && m_keys.precedes(behind(entry), behind(entries[place - 1])); --place) {
+                entries[place] = entries[place - 1];
+            }
+            entries[place] = entry;
         }
     }
 
     const StringKeys &m_keys;
-    std::vector<Range> m_ties; ///< In order.
-    std::vector<Range> m_deeperTies;
+    Entry *m_block = nullptr;
+    Entry *m_scratch = nullptr;
+    std::vector<Range> m_ties; ///< To be sorted by keys that they do not have yet.
 };
 
 } // namespace
@@ -214,9 +219,10 @@ bool isOrderedByBytes(std::string_view text) {
     return true;
 }
 
-StringSorter::StringSorter(std::string_view text, SortDirection direction, std::size_t mostParts)
-    : m_keys(text, direction), m_entries(2 * mostParts), m_mostParts(mostParts),
-      m_areOrderedByBytes(isOrderedByBytes(text)) {}
+StringSorter::StringSorter(std::string_view text, SortDirection direction, std::size_t mostParts,
+                           bool areOrderedByBytes, std::size_t commonBytes)
+    : m_keys(text, direction), m_entries(2 * mostParts), m_mostParts(mostParts), m_commonBytes(commonBytes),
+      m_areOrderedByBytes(areOrderedByBytes) {}
 
 StringSorter::Entry StringSorter::composedEntryOf(std::string_view part) {
     return m_keys.entryOf(part, composed(part));
@@ -231,7 +237,7 @@ void StringSorter::sort(const std::function<void(std::span<const Entry>)> &visit
         std::size_t depth; ///< Before which the strings are equal.
         std::size_t array; ///< The one that they are in.
     };
-    std::vector<Range> waiting{{0, m_size, 0, 0}}; // the last one comes first
+    std::vector<Range> waiting{{0, m_size, m_commonBytes, 0}}; // the last one comes first
     BlockSorter blockSorter(m_keys);
     Ends ends; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
     while (!waiting.empty()) {
@@ -254,9 +260,9 @@ void StringSorter::sort(const std::function<void(std::span<const Entry>)> &visit
             }
             waiting.push_back({range.begin, range.size, depth, range.array});
         } else {
-            const Digit digit = firstDigit(differences, entries.size());
-            distribute(entries, digit, other, ends);
-            for (std::size_t value = digit.mask + 1; value > 0; --value) {
+            std::size_t value = kernels::best().distribute(entries.data(), entries.size(),
+                                                           firstBits(differences, entries.size()), other, ends.data());
+            for (; value > 0; --value) {
                 const std::size_t begin = value == 1 ? 0 : ends[value - 2];
                 if (begin != ends[value - 1]) {
                     waiting.push_back({range.begin + begin, ends[value - 1] - begin, range.depth, 1 - range.array});

@@ -22,14 +22,16 @@ namespace lexivore {
 /// distinct. Stable in both directions: different parts with the same composed form keep the order they were added in.
 class StringSorter {
 public:
-    /// All parts will be of `text`, which must outlive the sorter, and be no more than `mostParts`. Throws TextTooLarge
-    /// from 4 GB on.
-    StringSorter(std::string_view text, SortDirection direction, std::size_t mostParts);
+    /// All parts will be of `text`, which must outlive the sorter, and be no more than `mostParts`. The text says
+    /// whether it is ordered by bytes, and only then may parts be known to begin with `commonBytes` bytes that are the
+    /// same in all of them. Throws TextTooLarge from 4 GB on.
+    StringSorter(std::string_view text, SortDirection direction, std::size_t mostParts, bool areOrderedByBytes,
+                 std::size_t commonBytes = 0);
 
     void add(std::string_view part) {
         assert(m_size < m_mostParts);
         m_entries[m_size++] =
-            m_areOrderedByBytes || isOrderedByBytes(part) ? m_keys.entryOf(part) : composedEntryOf(part);
+            m_areOrderedByBytes || isOrderedByBytes(part) ? m_keys.entryOf(part, m_commonBytes) : composedEntryOf(part);
     }
 
     /// Calls `visit(std::string_view)` with all parts in order. Once, when all have been added.
@@ -39,6 +41,7 @@ public:
             for (std::size_t i = 0; i < sorted.size(); ++i) {
                 if (i + ahead < sorted.size()) {
                     m_keys.prefetch(sorted[i + ahead], 0);
+                    m_keys.prefetch(sorted[i + ahead], sorted[i + ahead].size);
                 }
                 visit(m_keys.partOf(sorted[i]));
             }
@@ -56,7 +59,8 @@ private:
     Scratch<Entry> m_entries; ///< And as much room behind them, which sorting needs.
     std::size_t m_mostParts;
     std::size_t m_size = 0;
-    bool m_areOrderedByBytes; ///< All parts, because the text is.
+    std::size_t m_commonBytes; ///< At the beginning of each part, the same in all.
+    bool m_areOrderedByBytes;  ///< All parts, because the text is.
 };
 
 } // namespace lexivore

@@ -178,6 +178,31 @@ TEST(ReverseWords, EqualsAReversalWordByWord) {
     }
 }
 
+TEST(SortLines, EqualsASortOfAllLinesOfALargeText) {
+    std::mt19937 random(1);
+    const std::string letters = std::string("abcdefgh \0\x7F", 11) + "\t";
+    for (const std::size_t longest : {4U, 40U, 200U}) { // short lines are sorted in groups
+        std::string text;
+        while (text.size() < 1'500'000) {
+            for (std::size_t left = random() % longest; left > 0; --left) {
+                text += letters[random() % (random() % letters.size() + 1)];
+            }
+            text += '\n';
+        }
+        std::vector<std::string_view> lines = splitLines(text);
+        std::sort(lines.begin(), lines.end());
+        for (const char *id : {"sort-lines", "sort-lines-reverse"}) {
+            std::string expected;
+            for (const std::string_view line : lines) {
+                (expected += line) += '\n';
+            }
+            expected.pop_back();
+            ASSERT_TRUE(findTransformation(makeCatalog(), id)->apply(text, {}) == expected) << id << ' ' << longest;
+            std::reverse(lines.begin(), lines.end());
+        }
+    }
+}
+
 TEST(SortLinesByLength, TakesAsciiAndOtherTextsAlike) {
     std::mt19937 random(1);
     const TransformationPointer sorting = findTransformation(makeCatalog(), "sort-lines-length");

@@ -33,7 +33,7 @@ Places placesOf(const Strings &strings, SortDirection direction = SortDirection:
     }
     const std::vector<char> memory(joined.begin(), joined.end());
     const std::string_view text(memory.data(), memory.size());
-    StringSorter sorter(text, direction, strings.size());
+    StringSorter sorter(text, direction, strings.size(), isOrderedByBytes(text));
     for (const auto &[offset, place] : placeOfOffset) {
         sorter.add(text.substr(offset, strings[place].size()));
     }
