@@ -285,8 +285,9 @@ struct Kernels {
     const char *name;
     /// The length of the longest prefix of `size` bytes that is ASCII.
     std::size_t (*asciiPrefix)(const char *from, std::size_t size);
-    /// For `blocks` blocks of 64 bytes: which bytes are in the ASCII set, and which are candidates outside it.
-    void (*classify)(const char *from, std::size_t blocks, const ByteClass &byteClass, std::uint64_t *members,
+    /// For `blocks` blocks of 64 bytes: which bytes are in the ASCII set, and which are candidates outside it. Returns
+    /// whether there are candidates.
+    bool (*classify)(const char *from, std::size_t blocks, const ByteClass &byteClass, std::uint64_t *members,
                      std::uint64_t *candidates);
     /// Counts bytes, as many as it takes at once of those before the first that is not ASCII, and returns how many.
     std::size_t (*countAscii)(const char *from, std::size_t size, AsciiCounts &counts);

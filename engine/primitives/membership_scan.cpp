@@ -47,11 +47,11 @@ bool MembershipScan::refill() {
     const std::size_t whole = left / kernels::blockSize;
     m_blockCount = whole < Stretch::mostBlocks ? whole : Stretch::mostBlocks;
     if (m_blockCount > 0) {
-        kernels::best().classify(m_stretch, m_blockCount, m_byteClass, m_members, m_candidates);
+        m_hasCandidates = kernels::best().classify(m_stretch, m_blockCount, m_byteClass, m_members, m_candidates);
     } else {
         char last[kernels::blockSize] = {};
         std::memcpy(last, m_stretch, left);
-        kernels::best().classify(last, 1, m_byteClass, m_members, m_candidates);
+        m_hasCandidates = kernels::best().classify(last, 1, m_byteClass, m_members, m_candidates);
         const std::uint64_t inText = (std::uint64_t{1} << left) - 1; // zeros may be members of the set
         m_members[0] &= inText;
         m_candidates[0] &= inText;
@@ -66,6 +66,9 @@ bool MembershipScan::next(Stretch &stretch) {
     }
     const auto left = static_cast<std::size_t>(m_end - m_stretch);
     stretch = {m_stretch, m_stretch + std::min(left, m_blockCount * kernels::blockSize), m_blockCount, m_members};
+    if (!m_hasCandidates && m_carried == 0) {
+        return true;
+    }
     for (std::size_t i = 0; i < m_blockCount; ++i) {
         if (m_candidates[i] == 0 && m_carried == 0) {
             continue;

@@ -81,6 +81,7 @@ private:
     std::uint64_t m_carried = 0;         ///< Bits of the next block that a member of this one has.
     std::size_t m_block = 0;
     std::size_t m_blockCount = 0;
+    bool m_hasCandidates = false; ///< Some block that was refilled has.
     std::uint64_t m_members[Stretch::mostBlocks];
     std::uint64_t m_candidates[Stretch::mostBlocks];
 };

@@ -52,7 +52,10 @@ TEST(Kernels, ClassifyMarksMembersAndCandidates) {
             const std::size_t blocks = text.size() / blockSize;
             std::vector<std::uint64_t> members(blocks);
             std::vector<std::uint64_t> candidates(blocks);
-            kernels.classify(text.data(), blocks, byteClass, members.data(), candidates.data());
+            const bool hasCandidates =
+                kernels.classify(text.data(), blocks, byteClass, members.data(), candidates.data());
+            EXPECT_EQ(hasCandidates,
+                      std::any_of(candidates.begin(), candidates.end(), [](auto mask) { return mask != 0; }));
             for (std::size_t i = 0; i < blocks * blockSize; ++i) {
                 const auto byte = static_cast<unsigned char>(text[i]);
                 const bool isLead = byte == 0xC2 || byte == 0xE2 || byte == 0xFF;
