@@ -18,121 +18,217 @@
 #define XXH_INLINE_ALL
 #include <xxhash.h>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace lexivore {
 
 namespace {
 
-std::uint64_t hashSeed() {
-    static const std::uint64_t seed = [] {
+/// Numbers that no text can know: hashes are seeded anew in each run of the program, so that no text can be made to
+/// collide.
+struct Seeds {
+    std::array<std::uint64_t, 4> ofWords; ///< Odd.
+    std::uint64_t ofLongLines;
+};
+
+const Seeds &seeds() {
+    static const Seeds made = [] {
         std::random_device source;
-        return std::uint64_t{source()} << 32 | source();
+        const auto next = [&source] { return std::uint64_t{source()} << 32 | source(); };
+        return Seeds{{next() | 1U, next() | 1U, next() | 1U, next() | 1U}, next()};
     }();
-    return seed;
+    return made;
 }
+
+/// The hash of lines that fit a few words of the processor. Without a branch, for which size comes next cannot be
+/// guessed.
+class ShortLineHash {
+public:
+    static constexpr std::size_t longest = 32;
+
+    /// `longest` bytes can be read from `line` on. The upper half of the hash is the better one.
+    [[nodiscard]] static std::uint64_t of(const char *line, std::size_t size, const Seeds &seeds) {
+        std::array<std::uint64_t, 4> words;
+        std::memcpy(words.data(), line, sizeof words);
+        std::uint64_t hash = 0;
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            hash += (words[i] & masks.ofSize[size][i]) * seeds.ofWords[i];
+        }
+        return hash;
+    }
+    /// The same for a line behind which nothing can be read.
+    [[nodiscard]] static std::uint64_t ofCopy(std::string_view line, const Seeds &seeds) {
+        std::array<char, longest> copy = {};
+        copyBytes(line.data(), line.size(), copy.data());
+        return of(copy.data(), line.size(), seeds);
+    }
+
+private:
+    /// For each size, all bits of the bytes.
+    struct Masks {
+        std::array<std::array<std::uint64_t, 4>, longest + 1> ofSize = {};
+        constexpr Masks() {
+            for (std::size_t size = 1; size <= longest; ++size) {
+                for (std::size_t byte = 0; byte < size; ++byte) {
+                    constexpr bool isLittleEndian = std::endian::native == std::endian::little;
+                    const std::size_t place = isLittleEndian ? byte % 8 : 7 - byte % 8;
+                    ofSize[size][byte / 8] |= std::uint64_t{0xFF} << (8 * place);
+                }
+            }
+        }
+    };
+    static const Masks masks;
+};
+constexpr ShortLineHash::Masks ShortLineHash::masks;
 
 struct Line {
     std::uint32_t offset; ///< In the text, in bytes.
     std::uint32_t size;
-    std::uint32_t hash; ///< Seeded anew in each run of the program, so that no text can be made to collide.
-    std::uint32_t slot; ///< Where to look for it, if that is known yet.
+    std::uint32_t hash; ///< Not 0.
 };
 
-/// A set of lines of a text: a flat table that is at most three quarters full. A slot knows all of the hash, so that
-/// the table can grow without a look at the text.
+/// As many lines as can be looked at at once: what a cache holds together.
+struct alignas(64) Bucket {
+    static constexpr std::size_t slots = 8;
+
+    std::array<std::uint32_t, slots> hashes; ///< 0 for a free slot.
+    std::array<std::uint32_t, slots> places; ///< Of the lines, in the text.
+
+    /// A bit for each slot with that hash.
+    [[nodiscard]] unsigned find(std::uint32_t hash) const {
+#ifdef __SSE2__
+        const __m128i wanted = _mm_set1_epi32(static_cast<int>(hash));
+        const auto *const halves = reinterpret_cast<const __m128i *>(hashes.data());
+        const __m128i low = _mm_cmpeq_epi32(_mm_load_si128(halves), wanted);
+        const __m128i high = _mm_cmpeq_epi32(_mm_load_si128(halves + 1), wanted);
+        return static_cast<unsigned>(_mm_movemask_ps(_mm_castsi128_ps(low)) | _mm_movemask_ps(_mm_castsi128_ps(high))
+                                                                                  << 4);
+#else
+        unsigned found = 0;
+        for (std::size_t i = 0; i < slots; ++i) {
+            found |= unsigned{hashes[i] == hash} << i;
+        }
+        return found;
+#endif
+    }
+    void put(std::uint32_t hash, std::uint32_t place) {
+        const auto slot = static_cast<std::size_t>(std::countr_zero(find(0)));
+        hashes[slot] = hash;
+        places[slot] = place;
+    }
+};
+
+/// A set of lines of a text: a table that is at most three quarters full. It knows all of a hash, so that it can grow
+/// without a look at the text.
 class LineSet {
 public:
     /// `text` must outlive the set. Throws TextTooLarge when the places in it cannot be counted in 32 bits.
     explicit LineSet(std::string_view text)
-        : m_text(text), m_bits(std::max(fewestBits, static_cast<int>(std::bit_width(text.size() / usualLineSize)))),
-          m_slots(freeSlots()) {
+        : m_text(text),
+          m_bits(std::max(fewestBits, static_cast<int>(std::bit_width(usualLineCount(text) / Bucket::slots)))),
+          m_buckets(freeBuckets()) {
         if (text.size() >= UINT32_MAX) {
             throw TextTooLarge();
         }
     }
 
     [[nodiscard]] Line lineOf(std::string_view line) const {
-        return {static_cast<std::uint32_t>(line.data() - m_text.data()), static_cast<std::uint32_t>(line.size()),
-                static_cast<std::uint32_t>(XXH3_64bits_withSeed(line.data(), line.size(), m_seed)), 0};
+        const auto offset = static_cast<std::size_t>(line.data() - m_text.data());
+        const std::uint64_t hash =
+            line.size() > ShortLineHash::longest ? XXH3_64bits_withSeed(line.data(), line.size(), m_seeds.ofLongLines)
+            : offset + ShortLineHash::longest <= m_text.size() ? ShortLineHash::of(line.data(), line.size(), m_seeds)
+                                                               : ShortLineHash::ofCopy(line, m_seeds);
+        return {static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(line.size()),
+                static_cast<std::uint32_t>(hash >> 32) | 1U};
     }
     [[nodiscard]] std::string_view viewOf(const Line &line) const { return {m_text.data() + line.offset, line.size}; }
 
-    // Lines are looked for some at a time, in steps between which the memory comes into the cache: prefetchSlot of
-    // each, makeRoom for all, findSlot of each, insert each.
-    void prefetchSlot(const Line &line) const { __builtin_prefetch(m_slots.data() + firstSlot(line.hash)); }
+    // Lines are looked for some at a time, in steps between which the memory comes into the cache: prefetchBucket of
+    // each, makeRoom for all, prefetchText of each, insert each.
+    void prefetchBucket(const Line &line) const { __builtin_prefetch(&m_buckets[bucketOf(line.hash)]); }
     void makeRoom(std::size_t lines) {
-        while (m_size + lines > slotCount() / 4 * 3) {
+        while (m_size + lines > bucketCount() * Bucket::slots / 4 * 3) {
             grow();
         }
     }
-    void findSlot(Line &line) const {
-        std::size_t index = firstSlot(line.hash);
-        while (m_slots[index].place != 0 && m_slots[index].hash != line.hash) {
-            index = slotBehind(index);
-        }
-        line.slot = static_cast<std::uint32_t>(index);
-        __builtin_prefetch(m_text.data() + m_slots[index].place);
+    /// Where a line stands that may be the same, if there is one.
+    [[nodiscard]] const char *lineToCompare(const Line &line) const {
+        const Bucket &bucket = m_buckets[bucketOf(line.hash)];
+        const unsigned found = bucket.find(line.hash);
+        const std::uint32_t place = bucket.places[static_cast<std::size_t>(std::countr_zero(found | 0x80U))];
+        return m_text.data() + (found != 0 ? place : line.offset);
     }
     /// True when the line was not in the set before. Lines are inserted in their order in the text.
     bool insert(const Line &line) {
-        std::size_t index = line.slot;
-        for (; m_slots[index].place != 0; index = slotBehind(index)) {
-            if (m_slots[index].hash == line.hash && isSame(m_slots[index], line)) {
-                return false;
+        std::size_t index = bucketOf(line.hash);
+        for (;; index = bucketBehind(index)) {
+            const Bucket &bucket = m_buckets[index];
+            for (unsigned found = bucket.find(line.hash); found != 0; found &= found - 1) {
+                if (isSame(bucket.places[static_cast<std::size_t>(std::countr_zero(found))], line)) {
+                    return false;
+                }
+            }
+            if (bucket.find(0) != 0) {
+                break;
             }
         }
-        m_slots[index] = {line.hash, line.offset + 1};
+        m_buckets[index].put(line.hash, line.offset);
         ++m_size;
         return true;
     }
 
 private:
-    struct Slot {
-        std::uint32_t hash;
-        std::uint32_t place; ///< Of the line, counted from 1; 0 for a free slot.
-    };
+    static constexpr int fewestBits = 7;
 
-    static constexpr int fewestBits = 10;
-    static constexpr std::size_t usualLineSize = 64;
-
-    [[nodiscard]] std::size_t slotCount() const { return std::size_t{1} << m_bits; }
-    [[nodiscard]] Scratch<Slot> freeSlots() const {
-        Scratch<Slot> slots(slotCount());
-        std::memset(static_cast<void *>(slots.data()), 0, slotCount() * sizeof(Slot));
-        return slots;
+    /// About how many lines a text has that goes on as it begins.
+    static std::size_t usualLineCount(std::string_view text) {
+        constexpr std::size_t sampleSize = std::size_t{1} << 14;
+        const std::string_view sample = text.substr(0, sampleSize);
+        constexpr std::size_t fewestBytes = 16; // so that no table becomes much larger than its text
+        const std::size_t lines = text.size() / sampleSize * lineCount(sample) / 32 * 33;
+        return std::min(lines, text.size() / fewestBytes);
     }
-    [[nodiscard]] std::size_t firstSlot(std::uint32_t hash) const { return hash >> (32 - m_bits); }
-    [[nodiscard]] std::size_t slotBehind(std::size_t index) const { return (index + 1) & (slotCount() - 1); }
+    [[nodiscard]] std::size_t bucketCount() const { return std::size_t{1} << m_bits; }
+    [[nodiscard]] Scratch<Bucket> freeBuckets() const {
+        Scratch<Bucket> buckets(bucketCount());
+        std::memset(static_cast<void *>(buckets.data()), 0, bucketCount() * sizeof(Bucket));
+        return buckets;
+    }
+    [[nodiscard]] std::size_t bucketOf(std::uint32_t hash) const { return hash >> (32 - m_bits); }
+    [[nodiscard]] std::size_t bucketBehind(std::size_t index) const { return (index + 1) & (bucketCount() - 1); }
 
-    [[nodiscard]] bool isSame(const Slot &slot, const Line &line) const {
-        const char *const other = m_text.data() + slot.place - 1; // as long, at the least, as what it begins like
+    [[nodiscard]] bool isSame(std::uint32_t place, const Line &line) const {
+        const char *const other = m_text.data() + place; // as long, at the least, as what it begins like
         return std::memcmp(other, m_text.data() + line.offset, line.size) == 0 && isLineEnd(other + line.size);
     }
     /// Whether a newline character stands there, before the end of the text.
     [[nodiscard]] bool isLineEnd(const char *place) const {
         const char *const end = m_text.data() + m_text.size();
-        return place == end || isIn(newlines, decode(place, end).value);
+        return place == end || *place == '\n' || isIn(newlines, decode(place, end).value);
     }
 
     void grow() {
-        const std::size_t count = slotCount();
+        const std::size_t count = bucketCount();
         ++m_bits;
-        const Scratch<Slot> slots = std::exchange(m_slots, freeSlots());
+        const Scratch<Bucket> buckets = std::exchange(m_buckets, freeBuckets());
         for (std::size_t i = 0; i < count; ++i) {
-            if (slots[i].place == 0) {
-                continue;
+            const Bucket &bucket = buckets[i];
+            for (std::size_t slot = 0; slot < Bucket::slots && bucket.hashes[slot] != 0; ++slot) {
+                std::size_t index = bucketOf(bucket.hashes[slot]);
+                while (m_buckets[index].find(0) == 0) {
+                    index = bucketBehind(index);
+                }
+                m_buckets[index].put(bucket.hashes[slot], bucket.places[slot]);
             }
-            std::size_t index = firstSlot(slots[i].hash);
-            while (m_slots[index].place != 0) {
-                index = slotBehind(index);
-            }
-            m_slots[index] = slots[i];
         }
     }
 
     std::string_view m_text;
-    std::uint64_t m_seed = hashSeed();
-    int m_bits; ///< Of a hash that lead to its slot.
-    Scratch<Slot> m_slots;
+    const Seeds &m_seeds = seeds();
+    int m_bits; ///< Of a hash that lead to its bucket.
+    Scratch<Bucket> m_buckets;
     std::size_t m_size = 0;
 };
 
@@ -146,7 +242,7 @@ TextBuffer distinctLines(std::string_view text) {
     const auto lookUp = [&]() {
         seen.makeRoom(waitingCount);
         for (std::size_t i = 0; i < waitingCount; ++i) {
-            seen.findSlot(waiting[i]);
+            __builtin_prefetch(seen.lineToCompare(waiting[i]));
         }
         for (std::size_t i = 0; i < waitingCount; ++i) {
             if (seen.insert(waiting[i])) {
@@ -157,7 +253,7 @@ TextBuffer distinctLines(std::string_view text) {
     };
     forEachLine(text, [&](std::string_view line) {
         waiting[waitingCount] = seen.lineOf(line);
-        seen.prefetchSlot(waiting[waitingCount]);
+        seen.prefetchBucket(waiting[waitingCount]);
         if (++waitingCount == waiting.size()) {
             lookUp();
         }
