@@ -281,6 +281,12 @@ struct SingleUnits {
     std::size_t count;
 };
 
+/// What was copied of a text.
+struct PlainPrefix {
+    std::size_t size; ///< In bytes.
+    bool hasCrLfs;
+};
+
 struct Kernels {
     const char *name;
     /// The length of the longest prefix of `size` bytes that is ASCII.
@@ -325,10 +331,10 @@ struct Kernels {
     /// As above, with `replacement` in place of every byte that is kept and has its bit in `replaced` set.
     std::size_t (*compressReplacing)(const char *from, std::size_t blocks, const std::uint64_t *keep,
                                      const std::uint64_t *replaced, char replacement, char *to);
-    /// Copies the longest prefix that is plain text, which is printable ASCII, line feeds and tabs, and returns its
-    /// length. Tabs become spaces; marks all spaces then, in as many masks as it has begun blocks of 64 bytes. Up to 64
-    /// bytes behind what it writes are overwritten too.
-    std::size_t (*copyPlain)(const char *from, std::size_t size, std::uint64_t *spaces, char *to);
+    /// Copies the longest prefix that is plain text, which is printable ASCII, line feeds, carriage returns and tabs.
+    /// Tabs become spaces. Marks all spaces then, and the line feeds behind carriage returns, in as many masks as it
+    /// has begun blocks of 64 bytes. Up to 64 bytes behind what it writes are overwritten too.
+    PlainPrefix (*copyPlain)(const char *from, std::size_t size, std::uint64_t *spaces, std::uint64_t *crLfs, char *to);
     /// Copies bytes to memory that nobody reads soon, and which therefore takes no place in the cache. `to` is other
     /// memory. Another thread may see the bytes late.
     void (*copyPastCache)(const char *from, std::size_t size, char *to);

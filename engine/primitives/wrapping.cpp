@@ -23,7 +23,8 @@ namespace {
 /// How much of a run of ASCII is looked at before it is worked on: it is still in the cache then.
 constexpr std::ptrdiff_t stretch = 16'384;
 
-/// Some plain text: printable ASCII, line feeds and tabs, where every byte is a character. Its tabs are spaces.
+/// Some plain text: printable ASCII, line feeds, carriage returns and tabs, where every byte is a character, but for
+/// the two of each CR LF. Its tabs are spaces.
 class PlainText {
 public:
     static constexpr std::size_t mostBytes = 64 * kernels::blockSize;
@@ -33,7 +34,10 @@ public:
 
     /// Copies as much of the beginning of `text` as is plain, up to `mostBytes`, and returns its size.
     std::size_t copy(std::string_view text, char *to) {
-        m_size = kernels::best().copyPlain(text.data(), std::min(text.size(), mostBytes), &m_spaces[1], to);
+        const kernels::PlainPrefix prefix =
+            kernels::best().copyPlain(text.data(), std::min(text.size(), mostBytes), &m_spaces[1], m_crLfs.data(), to);
+        m_size = prefix.size;
+        m_hasCrLfs = prefix.hasCrLfs;
         return m_size;
     }
 
@@ -47,14 +51,44 @@ public:
         }
         return place;
     }
-    /// The space where the line ends that begins at `begin`: the last one up to `width` bytes behind it, which are in
-    /// the text, else the first one behind these, else none.
+    /// The space where the line ends that begins at `begin`, which is in the text: the last one up to `width`
+    /// characters behind it, else the first one behind these. None where the text is too short to tell.
     [[nodiscard]] std::size_t lineEnd(std::size_t begin, std::size_t width) const {
-        const std::size_t last = lastSpace(begin, begin + width);
-        return last != none ? last : nextSpace(begin + width);
+        const std::size_t limit = m_hasCrLfs ? placeBehind(begin, width) : begin + width;
+        if (limit >= m_size) {
+            return none;
+        }
+        const std::size_t last = lastSpace(begin, limit);
+        return last != none ? last : nextSpace(limit);
     }
 
 private:
+    /// Where the character stands that is `width` characters behind the one at `begin`.
+    [[nodiscard]] std::size_t placeBehind(std::size_t begin, std::size_t width) const {
+        std::size_t counted = begin + 1;
+        std::size_t place = begin + width;
+        while (counted <= place && place < m_size) {
+            const std::size_t crLfs = crLfCount(counted, place + 1);
+            counted = place + 1;
+            place += crLfs;
+        }
+        return place;
+    }
+    /// The number of line feeds behind carriage returns among the bytes from `begin` to `end`.
+    [[nodiscard]] std::size_t crLfCount(std::size_t begin, std::size_t end) const {
+        std::size_t count = 0;
+        for (std::size_t block = begin / kernels::blockSize; block * kernels::blockSize < end; ++block) {
+            const std::size_t blockBegin = block * kernels::blockSize;
+            const std::size_t before = std::max(begin, blockBegin) - blockBegin;
+            const std::size_t behind = kernels::blockSize - std::min(end - blockBegin, kernels::blockSize);
+            const std::uint64_t inRange = ~std::uint64_t{0} << before & ~std::uint64_t{0} >> behind;
+            if (const std::uint64_t crLfs = m_crLfs[block] & inRange; crLfs != 0) {
+                count += static_cast<std::size_t>(std::popcount(crLfs));
+            }
+        }
+        return count;
+    }
+
     [[nodiscard]] std::size_t lastSpace(std::size_t first, std::size_t last) const {
         while (true) {
             const std::size_t block = last / kernels::blockSize;
@@ -88,6 +122,8 @@ private:
     std::size_t m_size = 0;
     /// One bit for each byte, behind 64 that stand for what is before the text.
     std::array<std::uint64_t, 1 + mostBytes / kernels::blockSize> m_spaces{};
+    std::array<std::uint64_t, mostBytes / kernels::blockSize> m_crLfs{}; ///< One for each byte: its second halves.
+    bool m_hasCrLfs = false;
 };
 
 /// What stands between two members of the whitespace set.
@@ -102,7 +138,7 @@ struct Piece {
 class LineFiller {
 public:
     LineFiller(std::string_view text, std::size_t width)
-        : m_width(width), m_textEnd(text.data() + text.size()),
+        : m_width(std::min(width, text.size() + 1)), m_textEnd(text.data() + text.size()),
           m_result(TextBuffer::withCapacity(text.size() + text.size() / 64)), m_filledEnd(text.data()) {}
 
     /// Pieces that begin before it are written already.
@@ -159,7 +195,7 @@ private:
         do {
             char *to = m_result.room(PlainText::mostBytes + PlainText::scratchBytes);
             const std::size_t size = m_plain.copy({position, static_cast<std::size_t>(m_textEnd - position)}, to);
-            for (filled = 0; size - filled > m_width;) {
+            for (filled = 0; filled < size;) {
                 if (m_plain.isSpace(filled)) { // no line begins with empty pieces
                     const std::size_t next = m_plain.spacesEnd(filled);
                     std::memmove(to + filled, to + next, size - next);
@@ -191,7 +227,7 @@ private:
         m_pending = piece;
     }
 
-    std::size_t m_width;
+    std::size_t m_width; ///< No text is wider than it is long: sums with this do not overflow.
     const char *m_textEnd;
     TextBuffer m_result;
     const char *m_filledEnd;

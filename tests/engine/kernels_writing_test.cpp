@@ -15,23 +15,28 @@
 namespace lexivore::kernels {
 namespace {
 
-TEST(Kernels, CopyPlainEndsAtWhatIsNotPlainAndMarksTheSpaces) {
+TEST(Kernels, CopyPlainEndsAtWhatIsNotPlainAndMarksTheSpacesAndCrLfs) {
     const auto check = [](const Kernels &kernels, std::string_view text) {
         std::string expected;
         for (const char byte : text) {
-            if (byte != '\t' && byte != '\n' && (byte < ' ' || byte > '~')) {
+            if (byte != '\t' && byte != '\n' && byte != '\r' && (byte < ' ' || byte > '~')) {
                 break;
             }
             expected += byte == '\t' ? ' ' : byte;
         }
         const ExactCopy to(std::string(expected.size() + blockSize, '#'), text.size() % blockSize);
         std::vector<std::uint64_t> spaces(text.size() / blockSize + 1, ~std::uint64_t{0});
-        ASSERT_EQ(kernels.copyPlain(text.data(), text.size(), spaces.data(), to.data()), expected.size());
+        std::vector<std::uint64_t> crLfs = spaces;
+        const PlainPrefix prefix = kernels.copyPlain(text.data(), text.size(), spaces.data(), crLfs.data(), to.data());
+        ASSERT_EQ(prefix.size, expected.size());
+        EXPECT_EQ(prefix.hasCrLfs, expected.find("\r\n") != std::string::npos);
         EXPECT_EQ(to.view().substr(0, expected.size()), expected);
         const std::size_t blocks = (expected.size() + blockSize - 1) / blockSize;
         for (std::size_t i = 0; i < blocks * blockSize; ++i) {
-            const bool isSpace = i < expected.size() && expected[i] == ' ';
-            EXPECT_EQ(spaces[i / blockSize] >> i % blockSize & 1U, isSpace ? 1U : 0U) << i;
+            const bool isInText = i < expected.size();
+            const bool isCrLf = isInText && i > 0 && expected[i - 1] == '\r' && expected[i] == '\n';
+            EXPECT_EQ(spaces[i / blockSize] >> i % blockSize & 1U, isInText && expected[i] == ' ' ? 1U : 0U) << i;
+            EXPECT_EQ(crLfs[i / blockSize] >> i % blockSize & 1U, isCrLf ? 1U : 0U) << i;
         }
     };
     onRandomBytes(check);
@@ -40,7 +45,7 @@ TEST(Kernels, CopyPlainEndsAtWhatIsNotPlainAndMarksTheSpaces) {
     for (int byte = 0; byte < 256; ++byte) {
         std::string text;
         for (std::size_t i = 0; i < 3 * blockSize; ++i) {
-            text += " \tabc\n~!"[random() % 8];
+            text += " \tabc\n\r~!"[random() % 9];
         }
         text[blockSize + static_cast<std::size_t>(byte) % blockSize] = static_cast<char>(byte);
         onAllKernels([&](const Kernels &kernels) { check(kernels, text); });

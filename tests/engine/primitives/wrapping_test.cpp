@@ -79,10 +79,12 @@ TEST(Wrapping, FillsLongPlainTextsAsItFillsAnyOther) {
     // spaces, and now and then something that is not plain.
     std::mt19937 random(12);
     const auto below = [&random](std::size_t limit) { return static_cast<std::size_t>(random()) % limit; };
-    const std::string_view others[] = {"\u0301", "\u00E9", "\r\n", "\x7F", "\u0600"};
+    const std::string_view others[] = {"\u0301", "\u00E9", "\x1B", "\x7F", "\u0600"};
+    const std::string_view lineEnds[] = {"\n", "\r\n", "\r", "\n\r"};
     for (const std::size_t width : {1U, 2U, 7U, 40U, 62U, 63U, 64U, 65U, 80U, 127U, 128U, 129U, 300U, 5'000U}) {
         for (const std::size_t otherEvery : {0U, 2'000U, 50U}) {
             for (const std::size_t longestWord : {3U, 12U, 100U, 6'000U}) {
+                const std::size_t lineEndKinds = 1 + below(std::size(lineEnds));
                 std::string text;
                 while (text.size() < 14'000) {
                     const std::size_t length = 1 + below(1 + below(longestWord));
@@ -91,7 +93,9 @@ TEST(Wrapping, FillsLongPlainTextsAsItFillsAnyOther) {
                     const std::string_view other = hasOther ? others[below(std::size(others))] : "";
                     text += place == 0 ? other : "";
                     for (std::size_t i = 0; i < length; ++i) {
-                        text += below(20) == 0 ? '\n' : static_cast<char>('!' + below(0x5E));
+                        const bool isLineEnd = below(20) == 0;
+                        text += isLineEnd ? lineEnds[below(lineEndKinds)]
+                                          : std::string(1, static_cast<char>('!' + below(0x5E)));
                     }
                     text += place == 1 ? other : "";
                     text.append(below(8) == 0 ? 1 + below(below(30) == 0 ? 90 : 4) : 1, below(20) == 0 ? '\t' : ' ');
