@@ -19,7 +19,7 @@ step() {
     local what=$1
     shift
     say "$what"
-    "$@" || die "$what: failed ($*)"
+    "$@" || die "$what: failed ($(cut -c 1-200 <<< "$*"))"
 }
 
 # As root (or through sudo) in somebody's checkout, goes on as its owner, so that no build folder is left behind that the
