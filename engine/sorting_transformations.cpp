@@ -214,7 +214,7 @@ TextBuffer ReverseWordsInLineTransformation::apply(std::string_view text, const 
                       endWord(separator);
                       const DecodedCodePoint decoded = decode(separator, end);
                       wordBegin = separator + decoded.length;
-                      if (isIn(newlines, decoded.value)) {
+                      if (isNewline(decoded.value)) {
                           endLine();
                           result.append('\n');
                       }

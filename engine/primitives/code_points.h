@@ -39,4 +39,9 @@ inline constexpr CodePointSet whitespaceAndNewlines = whitespace | newlines;
     return (codePointProperties(codePoint) & set) != 0;
 }
 
+/// `isIn(newlines, codePoint)`, for which ASCII needs no table.
+[[nodiscard]] inline bool isNewline(char32_t codePoint) {
+    return codePoint < 0x80 ? codePoint >= 0x0A && codePoint <= 0x0D : isIn(newlines, codePoint);
+}
+
 } // namespace lexivore

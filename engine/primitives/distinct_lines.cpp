@@ -146,7 +146,7 @@ public:
     [[nodiscard]] std::string_view viewOf(const Line &line) const { return {m_text.data() + line.offset, line.size}; }
 
     // Lines are looked for some at a time, in steps between which the memory comes into the cache: prefetchBucket of
-    // each, makeRoom for all, prefetchText of each, insert each.
+    // each, makeRoom for all, lineToCompare of each, which is to be prefetched, insert each.
     void prefetchBucket(const Line &line) const { __builtin_prefetch(&m_buckets[bucketOf(line.hash)]); }
     void makeRoom(std::size_t lines) {
         while (m_size + lines > bucketCount() * Bucket::slots / 4 * 3) {
@@ -206,7 +206,7 @@ private:
     /// Whether a newline character stands there, before the end of the text.
     [[nodiscard]] bool isLineEnd(const char *place) const {
         const char *const end = m_text.data() + m_text.size();
-        return place == end || *place == '\n' || isIn(newlines, decode(place, end).value);
+        return place == end || isNewline(decode(place, end).value);
     }
 
     void grow() {

@@ -37,6 +37,7 @@ TEST(CodePoints, HaveThePropertiesThatUnicodeGivesThem) {
     for (char32_t codePoint = 0; codePoint <= 0x10FFFF; ++codePoint) {
         ASSERT_EQ(codePointProperties(codePoint) & all, expectedProperties(codePoint))
             << "U+" << std::hex << static_cast<std::uint32_t>(codePoint);
+        ASSERT_EQ(isNewline(codePoint), isIn(newlines, codePoint));
     }
 }
 
