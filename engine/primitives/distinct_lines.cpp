@@ -61,7 +61,7 @@ public:
     /// The same for a line behind which nothing can be read.
     [[nodiscard]] static std::uint64_t ofCopy(std::string_view line, const Seeds &seeds) {
         std::array<char, longest> copy = {};
-        copyBytes(line.data(), line.size(), copy.data());
+        line.copy(copy.data(), copy.size());
         return of(copy.data(), line.size(), seeds);
     }
 
