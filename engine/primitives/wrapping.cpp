@@ -177,9 +177,11 @@ private:
         if (piece.text.empty()) {
             return;
         }
-        if (const char *const next = fillPlainLines(piece.text.data()); next != piece.text.data()) {
-            m_filledEnd = next;
-            return;
+        if (isAscii(piece.text.front())) {
+            if (const char *const next = fillPlainLines(piece.text.data()); next != piece.text.data()) {
+                m_filledEnd = next;
+                return;
+            }
         }
         m_pending = piece.text;
         m_isLineEmpty = false;
