@@ -95,7 +95,8 @@ std::uint64_t WordSet::countFound(const char *from, const std::uint16_t *bounds,
         }
     }
     m_addedCount += static_cast<std::size_t>(std::popcount(found));
-    return ~found & ~std::uint64_t{0} >> (mostAtOnce - count);
+    const std::uint64_t all = count == mostAtOnce ? ~std::uint64_t{0} : (std::uint64_t{1} << count) - 1;
+    return all & ~found;
 }
 
 bool WordSet::insert(const Key &key, std::string_view word) {
