@@ -40,12 +40,12 @@ TEST(Kernels, CopyPlainEndsAtWhatIsNotPlainAndMarksTheSpacesAndCrLfs) {
         }
     };
     onRandomBytes(check);
-    // Every byte at every place of a block, behind one that is plain.
+    // Every byte, and one at every place of a block, behind a block that is plain.
     std::mt19937 random(seed);
     for (int byte = 0; byte < 256; ++byte) {
-        std::string text;
-        for (std::size_t i = 0; i < 3 * blockSize; ++i) {
-            text += " \tabc\n\r~!"[random() % 9];
+        std::string text(3 * blockSize, ' ');
+        for (char &character : text) {
+            character = " \tabc\n\r~!"[random() % 9];
         }
         text[blockSize + static_cast<std::size_t>(byte) % blockSize] = static_cast<char>(byte);
         onAllKernels([&](const Kernels &kernels) { check(kernels, text); });
