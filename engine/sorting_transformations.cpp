@@ -23,14 +23,14 @@ namespace lexivore {
 
 namespace {
 
-void addInOrder(Joiner &joiner, StringSorter &sorter) {
-    sorter.forEachInOrder([&joiner](std::string_view part) { joiner.add(part); });
-}
-
-void addSortedLines(Joiner &joiner, const LineGroups::Group &lines, SortDirection direction, bool areOrderedByBytes) {
+/// Writes the lines in order, with a line feed behind each.
+void writeSorted(LineWriter &writer, const LineGroups::Group &lines, SortDirection direction, bool areOrderedByBytes) {
     StringSorter sorter(lines.text, direction, lines.lineCount, areOrderedByBytes, lines.commonBytes);
     forEachLine(lines.text, [&sorter](std::string_view line) { sorter.add(line); });
-    addInOrder(joiner, sorter);
+    sorter.forEachInOrder([&writer](std::string_view line) {
+        writer.add(line);
+        writer.add('\n');
+    });
 }
 
 /// Many short lines are brought together with those that begin alike first: all that is looked at to sort them is in
@@ -45,17 +45,17 @@ TextBuffer sortLines(std::string_view text, SortDirection direction) {
     const std::size_t count = lineCount(text);
     const bool areOrderedByBytes = isOrderedByBytes(text);
     if (!areOrderedByBytes || !isWorthGrouping(text, count)) {
-        Joiner joiner('\n', text, text.size());
-        addSortedLines(joiner, {text, count, 0}, direction, areOrderedByBytes);
-        return joiner.take();
+        LineWriter writer(text, text.size() / count);
+        writeSorted(writer, {text, count, 0}, direction, areOrderedByBytes);
+        return writer.takeAllButLast();
     }
     const LineGroups groups(text);
-    Joiner joiner('\n', groups.all(), text.size());
+    LineWriter writer(groups.all(), text.size() / count);
     for (std::size_t i = 0; i < groups.size(); ++i) {
         const std::size_t index = direction == SortDirection::ascending ? i : groups.size() - 1 - i;
-        addSortedLines(joiner, groups[index], direction, areOrderedByBytes);
+        writeSorted(writer, groups[index], direction, areOrderedByBytes);
     }
-    return joiner.take();
+    return writer.takeAllButLast();
 }
 
 /// Counts the different words: a text of a language has few, and only they need sorting. False when most of the words
@@ -191,7 +191,7 @@ TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, c
                         isOrderedByBytes(text));
     forEachPiece(text, whitespaceAndNewlines, [&sorter](std::string_view word) { sorter.add(word); });
     Joiner joiner(' ', text, text.size());
-    addInOrder(joiner, sorter);
+    sorter.forEachInOrder([&joiner](std::string_view word) { joiner.add(word); });
     return joiner.take();
 }
 

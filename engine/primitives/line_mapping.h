@@ -5,6 +5,7 @@
 #include "engine/primitives/lines.h"
 #include "engine/text_buffer.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -61,17 +62,21 @@ private:
     bool m_hasPiece = false;
 };
 
-/// Builds a text of parts of the lines of another, in their order. No result is longer than that text, so that nothing
+/// Builds a text of parts of the lines of another. No result is longer than that text and a separator, so that nothing
 /// has to be asked for each part.
 class LineWriter {
 public:
-    explicit LineWriter(std::string_view text)
-        : m_textEnd(text.data() + text.size()), m_to(m_result.room(text.size() + copySlack)) {}
+    /// Of parts that are about as long as that, however much shorter some are, as much is copied as most have: for the
+    /// processor to guess it each time would cost more.
+    explicit LineWriter(std::string_view text, std::size_t usualSize = 0)
+        : m_textEnd(text.data() + text.size()), m_leastCopied(usualSize > copySlack / 2 ? 2 * copySlack : 0),
+          m_to(m_result.room(text.size() + 1 + 2 * copySlack)) {}
 
     void add(char separator) { *m_to++ = separator; }
     void add(std::string_view part) {
-        if (static_cast<std::size_t>(m_textEnd - part.data()) >= part.size() + copySlack) {
-            copyInBlocks(part.data(), part.size(), m_to);
+        const std::size_t size = std::max(part.size(), m_leastCopied);
+        if (static_cast<std::size_t>(m_textEnd - part.data()) >= size + copySlack) {
+            copyInBlocks(part.data(), size, m_to);
         } else {
             copyBytes(part.data(), part.size(), m_to);
         }
@@ -82,9 +87,15 @@ public:
         m_result.shrink();
         return std::move(m_result);
     }
+    /// The same without the byte that was written last.
+    [[nodiscard]] TextBuffer takeAllButLast() {
+        --m_to;
+        return take();
+    }
 
 private:
     const char *m_textEnd;
+    std::size_t m_leastCopied;
     TextBuffer m_result;
     char *m_to;
 };

@@ -19,16 +19,17 @@ LineOrder::LineOrder(std::string_view text) : m_text(text), m_size(lineCount(tex
 
 TextBuffer LineOrder::join() const {
     constexpr std::size_t ahead = 16; // lines in a new order come from anywhere in the text
-    Joiner joiner('\n', m_text, m_text.size());
+    LineWriter writer(m_text, m_text.size() / m_size);
     for (std::size_t i = 0; i < m_size; ++i) {
         if (i + ahead < m_size) {
             const std::string_view line = lineAt(i + ahead);
             __builtin_prefetch(line.data());
             __builtin_prefetch(line.data() + line.size());
         }
-        joiner.add(lineAt(i));
+        writer.add(lineAt(i));
+        writer.add('\n');
     }
-    return joiner.take();
+    return writer.takeAllButLast();
 }
 
 } // namespace lexivore
