@@ -29,7 +29,7 @@ namespace {
 /// Numbers that no text can know: hashes are seeded anew in each run of the program, so that no text can be made to
 /// collide.
 struct Seeds {
-    std::array<std::uint64_t, 4> ofWords; ///< Odd.
+    std::array<std::uint64_t, 4> ofWords;
     std::uint64_t ofLongLines;
 };
 
@@ -37,7 +37,7 @@ const Seeds &seeds() {
     static const Seeds made = [] {
         std::random_device source;
         const auto next = [&source] { return std::uint64_t{source()} << 32 | source(); };
-        return Seeds{{next() | 1U, next() | 1U, next() | 1U, next() | 1U}, next()};
+        return Seeds{{next(), next(), next(), next()}, next()};
     }();
     return made;
 }
@@ -48,15 +48,14 @@ class ShortLineHash {
 public:
     static constexpr std::size_t longest = 32;
 
-    /// `longest` bytes can be read from `line` on. The upper half of the hash is the better one.
+    /// `longest` bytes can be read from `line` on.
     [[nodiscard]] static std::uint64_t of(const char *line, std::size_t size, const Seeds &seeds) {
         std::array<std::uint64_t, 4> words;
         std::memcpy(words.data(), line, sizeof words);
-        std::uint64_t hash = 0;
         for (std::size_t i = 0; i < words.size(); ++i) {
-            hash += (words[i] & masks.ofSize[size][i]) * seeds.ofWords[i];
+            words[i] = (words[i] & masks.ofSize[size][i]) ^ seeds.ofWords[i];
         }
-        return hash;
+        return folded(words[0], words[1]) + folded(words[2], words[3]);
     }
     /// The same for a line behind which nothing can be read.
     [[nodiscard]] static std::uint64_t ofCopy(std::string_view line, const Seeds &seeds) {
@@ -66,6 +65,18 @@ public:
     }
 
 private:
+    /// Both halves of the product: each bit of it depends on many, whereas the lower half alone would not tell apart
+    /// what differs in the highest bits of several words.
+    [[nodiscard]] static std::uint64_t folded(std::uint64_t left, std::uint64_t right) {
+#ifdef __SIZEOF_INT128__
+        __extension__ using Product = unsigned __int128;
+        const Product product = Product{left} * right;
+        return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
+#else
+        return XXH64(&left, sizeof left, right);
+#endif
+    }
+
     /// For each size, all bits of the bytes.
     struct Masks {
         std::array<std::array<std::uint64_t, 4>, longest + 1> ofSize = {};
@@ -113,10 +124,16 @@ struct alignas(64) Bucket {
         return found;
 #endif
     }
-    void put(std::uint32_t hash, std::uint32_t place) {
-        const auto slot = static_cast<std::size_t>(std::countr_zero(find(0)));
+    /// False when no slot is free.
+    bool put(std::uint32_t hash, std::uint32_t place) {
+        const unsigned free = find(0);
+        if (free == 0) {
+            return false;
+        }
+        const auto slot = static_cast<std::size_t>(std::countr_zero(free));
         hashes[slot] = hash;
         places[slot] = place;
+        return true;
     }
 };
 
@@ -164,19 +181,17 @@ public:
     bool insert(const Line &line) {
         std::size_t index = bucketOf(line.hash);
         for (;; index = bucketBehind(index)) {
-            const Bucket &bucket = m_buckets[index];
+            Bucket &bucket = m_buckets[index];
             for (unsigned found = bucket.find(line.hash); found != 0; found &= found - 1) {
                 if (isSame(bucket.places[static_cast<std::size_t>(std::countr_zero(found))], line)) {
                     return false;
                 }
             }
-            if (bucket.find(0) != 0) {
-                break;
+            if (bucket.put(line.hash, line.offset)) {
+                ++m_size;
+                return true;
             }
         }
-        m_buckets[index].put(line.hash, line.offset);
-        ++m_size;
-        return true;
     }
 
 private:
@@ -217,10 +232,9 @@ private:
             const Bucket &bucket = buckets[i];
             for (std::size_t slot = 0; slot < Bucket::slots && bucket.hashes[slot] != 0; ++slot) {
                 std::size_t index = bucketOf(bucket.hashes[slot]);
-                while (m_buckets[index].find(0) == 0) {
+                while (!m_buckets[index].put(bucket.hashes[slot], bucket.places[slot])) {
                     index = bucketBehind(index);
                 }
-                m_buckets[index].put(bucket.hashes[slot], bucket.places[slot]);
             }
         }
     }
