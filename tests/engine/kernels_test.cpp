@@ -245,6 +245,7 @@ TEST(Kernels, TakeTheEmptyText) {
     onAllKernels([](const Kernels &kernels) {
         bool gaveUp = true;
         EXPECT_EQ(kernels.asciiPrefix(nullptr, 0), 0U);
+        EXPECT_FALSE(kernels.hasOtherNewlines(nullptr, 0));
         EXPECT_EQ(kernels.find(nullptr, 0, "a", 1, gaveUp), 0U);
         EXPECT_FALSE(gaveUp);
         EXPECT_TRUE(kernels.isValidUtf8(nullptr, 0));
