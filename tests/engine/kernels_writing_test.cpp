@@ -196,14 +196,23 @@ TEST(Kernels, AlternateCaseEqualsThePlainLoop) {
     });
 }
 
-/// The first `size` bytes of the text as sentences, one after the other.
-std::string plainSentences(std::string_view text, std::size_t size, bool &isAtBegin) {
+/// One of the two kernels that work on sentences, which have the same parameters.
+struct SentenceKernel {
+    std::size_t (*Kernels::*run)(const char *, std::size_t, bool &, char *&);
+    bool isForCase;          ///< Else it breaks the text after each sentence.
+    std::size_t mostForEach; ///< How many bytes it writes at the most for each that it reads.
+};
+constexpr SentenceKernel caseSentences{&Kernels::caseSentences, true, 2};
+constexpr SentenceKernel breakSentences{&Kernels::breakSentences, false, 1};
+
+/// What the kernel makes of the first `size` bytes of the text.
+std::string plainSentences(const SentenceKernel &kernel, std::string_view text, std::size_t size, bool &isAtBegin) {
     const auto isEnd = [](char byte) { return byte == '.' || byte == '!' || byte == '?'; };
     std::string result;
     for (std::size_t i = 0; i < size; ++i) {
         const char byte = text[i];
         if (isEnd(byte)) {
-            result += ". ";
+            result += kernel.isForCase ? ". " : isAtBegin ? "" : "\n";
             isAtBegin = true;
         } else if (byte == ' ' || byte == '\t') {
             const std::size_t next = text.find_first_not_of(" \t", i);
@@ -212,98 +221,56 @@ std::string plainSentences(std::string_view text, std::size_t size, bool &isAtBe
         } else {
             const bool isCapital = byte >= 'A' && byte <= 'Z';
             const bool isSmall = byte >= 'a' && byte <= 'z';
-            result += static_cast<char>((isAtBegin ? isSmall : isCapital) ? byte ^ 0x20 : byte);
+            const bool isTurned = kernel.isForCase && (isAtBegin ? isSmall : isCapital);
+            result += static_cast<char>(isTurned ? byte ^ 0x20 : byte);
             isAtBegin = false;
         }
     }
     return result;
 }
 
-void expectPlainSentences(const Kernels &kernels, std::string_view text) {
-    for (const bool isAtBeginAtFirst : {false, true}) {
-        bool isAtBegin = isAtBeginAtFirst;
-        std::string result(2 * text.size() + blockSize, '#');
-        char *to = result.data();
-        const std::size_t read = kernels.caseSentences(text.data(), text.size(), isAtBegin, to);
-        ASSERT_LE(read, text.size());
-        result.resize(static_cast<std::size_t>(to - result.data()));
-        bool isPlainAtBegin = isAtBeginAtFirst;
-        EXPECT_EQ(result, plainSentences(text, read, isPlainAtBegin)) << testing::PrintToString(text);
-        EXPECT_EQ(isAtBegin, isPlainAtBegin);
-    }
+/// Returns how much of the text the kernel read.
+std::size_t expectPlainSentences(const SentenceKernel &kernel, const Kernels &kernels, std::string_view text,
+                                 bool isAtBegin) {
+    bool isPlainAtBegin = isAtBegin;
+    const ExactCopy result(std::string(kernel.mostForEach * text.size() + blockSize, '#'), text.size() % 7);
+    char *to = result.data();
+    const std::size_t read = (kernels.*kernel.run)(text.data(), text.size(), isAtBegin, to);
+    EXPECT_LE(read, text.size());
+    EXPECT_EQ(result.view().substr(0, static_cast<std::size_t>(to - result.data())),
+              plainSentences(kernel, text, std::min(read, text.size()), isPlainAtBegin))
+        << testing::PrintToString(text);
+    EXPECT_EQ(isAtBegin, isPlainAtBegin);
+    return read;
 }
 
-TEST(Kernels, CaseSentencesEqualsThePlainLoop) { onRandomBytes(expectPlainSentences); }
+void expectPlainSentencesOfRandomBytes(const SentenceKernel &kernel) {
+    onRandomBytes([&](const Kernels &kernels, std::string_view text) {
+        expectPlainSentences(kernel, kernels, text, false);
+        expectPlainSentences(kernel, kernels, text, true);
+    });
+}
 
-TEST(Kernels, CaseSentencesTrimsAtEveryPlaceOfABlock) {
+void expectTrimsAtEveryPlaceOfABlock(const SentenceKernel &kernel) {
     for (const std::string_view middle : {".", ". ", " .", " \t. \t", "..", " . .  !? ", "   "}) {
         for (std::size_t before = 0; before < 2 * blockSize + 4; ++before) {
             std::string text(before, 'A');
             text.append(middle).append(3 * blockSize, 'b');
             onAllKernels([&](const Kernels &kernels) {
-                expectPlainSentences(kernels, text);
-                bool isAtBegin = false;
-                std::string result(2 * text.size() + blockSize, '#');
-                char *to = result.data();
-                EXPECT_GE(kernels.caseSentences(text.data(), text.size(), isAtBegin, to), text.size() - blockSize - 1);
+                expectPlainSentences(kernel, kernels, text, true);
+                EXPECT_GE(expectPlainSentences(kernel, kernels, text, false), text.size() - blockSize - 1);
             });
         }
     }
 }
 
-/// The first `size` bytes of the text, whose sentences end with a line feed.
-std::string plainBrokenSentences(std::string_view text, std::size_t size, bool &isAtBegin) {
-    const auto isEnd = [](char byte) { return byte == '.' || byte == '!' || byte == '?'; };
-    std::string result;
-    for (std::size_t i = 0; i < size; ++i) {
-        const char byte = text[i];
-        if (isEnd(byte)) {
-            result += isAtBegin ? "" : "\n";
-            isAtBegin = true;
-        } else if (byte == ' ' || byte == '\t') {
-            const std::size_t next = text.find_first_not_of(" \t", i);
-            const bool isLast = next == std::string_view::npos || isEnd(text[next]);
-            result += isAtBegin || isLast ? std::string() : std::string(1, byte);
-        } else {
-            result += byte;
-            isAtBegin = false;
-        }
-    }
-    return result;
-}
+TEST(Kernels, CaseSentencesEqualsThePlainLoop) { expectPlainSentencesOfRandomBytes(caseSentences); }
 
-void expectPlainBrokenSentences(const Kernels &kernels, std::string_view text) {
-    for (const bool isAtBeginAtFirst : {false, true}) {
-        bool isAtBegin = isAtBeginAtFirst;
-        const ExactCopy result(std::string(text.size() + blockSize, '#'), text.size() % 7);
-        char *to = result.data();
-        const std::size_t read = kernels.breakSentences(text.data(), text.size(), isAtBegin, to);
-        ASSERT_LE(read, text.size());
-        bool isPlainAtBegin = isAtBeginAtFirst;
-        EXPECT_EQ(result.view().substr(0, static_cast<std::size_t>(to - result.data())),
-                  plainBrokenSentences(text, read, isPlainAtBegin))
-            << testing::PrintToString(text);
-        EXPECT_EQ(isAtBegin, isPlainAtBegin);
-    }
-}
+TEST(Kernels, CaseSentencesTrimsAtEveryPlaceOfABlock) { expectTrimsAtEveryPlaceOfABlock(caseSentences); }
 
-TEST(Kernels, BreakSentencesEqualsThePlainLoop) { onRandomBytes(expectPlainBrokenSentences); }
+TEST(Kernels, BreakSentencesEqualsThePlainLoop) { expectPlainSentencesOfRandomBytes(breakSentences); }
 
-TEST(Kernels, BreakSentencesTrimsAtEveryPlaceOfABlock) {
-    for (const std::string_view middle : {".", ". ", " .", " \t. \t", "..", " . .  !? ", "   "}) {
-        for (std::size_t before = 0; before < 2 * blockSize + 4; ++before) {
-            std::string text(before, 'A');
-            text.append(middle).append(3 * blockSize, 'b');
-            onAllKernels([&](const Kernels &kernels) {
-                expectPlainBrokenSentences(kernels, text);
-                bool isAtBegin = false;
-                std::string result(text.size() + blockSize, '#');
-                char *to = result.data();
-                EXPECT_GE(kernels.breakSentences(text.data(), text.size(), isAtBegin, to), text.size() - blockSize - 1);
-            });
-        }
-    }
-}
+TEST(Kernels, BreakSentencesTrimsAtEveryPlaceOfABlock) { expectTrimsAtEveryPlaceOfABlock(breakSentences); }
 
 TEST(Kernels, EscapeInPairsEqualsThePlainLoop) {
     PairEscapes escapes;
