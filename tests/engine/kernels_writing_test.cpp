@@ -235,7 +235,8 @@ std::size_t expectPlainSentences(const SentenceKernel &kernel, const Kernels &ke
     bool isPlainAtBegin = isAtBegin;
     const ExactCopy result(std::string(kernel.mostForEach * text.size() + blockSize, '#'), text.size() % 7);
     char *to = result.data();
-    const std::size_t read = (kernels.*kernel.run)(text.data(), text.size(), isAtBegin, to);
+    const auto run = kernels.*kernel.run;
+    const std::size_t read = run(text.data(), text.size(), isAtBegin, to);
     EXPECT_LE(read, text.size());
     EXPECT_EQ(result.view().substr(0, static_cast<std::size_t>(to - result.data())),
               plainSentences(kernel, text, std::min(read, text.size()), isPlainAtBegin))
