@@ -326,7 +326,7 @@ struct Kernels {
     /// most 1024 masks. Up to 64 indices behind them are overwritten too.
     std::size_t (*listBits)(const std::uint64_t *masks, std::size_t size, std::uint16_t *indices);
     /// Writes the bytes of `blocks` blocks whose bits are set in `keep` and returns how many. Up to 64 bytes behind
-    /// them are overwritten too.
+    /// them are overwritten too, but none of what follows the blocks where `to` is `from`.
     std::size_t (*compress)(const char *from, std::size_t blocks, const std::uint64_t *keep, char *to);
     /// As above, with `replacement` in place of every byte that is kept and has its bit in `replaced` set.
     std::size_t (*compressReplacing)(const char *from, std::size_t blocks, const std::uint64_t *keep,

@@ -7,13 +7,12 @@
 #include "engine/primitives/characters.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/membership_scan.h"
+#include "engine/primitives/plain_text.h"
 #include "engine/primitives/utf8.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 
 namespace lexivore {
@@ -22,109 +21,6 @@ namespace {
 
 /// How much of a run of ASCII is looked at before it is worked on: it is still in the cache then.
 constexpr std::ptrdiff_t stretch = 16'384;
-
-/// Some plain text: printable ASCII, line feeds, carriage returns and tabs, where every byte is a character, but for
-/// the two of each CR LF. Its tabs are spaces.
-class PlainText {
-public:
-    static constexpr std::size_t mostBytes = 64 * kernels::blockSize;
-    /// What `copy` may overwrite behind the text.
-    static constexpr std::size_t scratchBytes = kernels::blockSize;
-    static constexpr std::size_t none = SIZE_MAX;
-
-    /// Copies as much of the beginning of `text` as is plain, up to `mostBytes`, and returns its size.
-    std::size_t copy(std::string_view text, char *to) {
-        const kernels::PlainPrefix prefix =
-            kernels::best().copyPlain(text.data(), std::min(text.size(), mostBytes), &m_spaces[1], m_crLfs.data(), to);
-        m_size = prefix.size;
-        m_hasCrLfs = prefix.hasCrLfs;
-        return m_size;
-    }
-
-    [[nodiscard]] bool isSpace(std::size_t place) const {
-        return (m_spaces[place / kernels::blockSize + 1] >> place % kernels::blockSize & 1U) != 0;
-    }
-    /// The end of the spaces that begin at `place`.
-    [[nodiscard]] std::size_t spacesEnd(std::size_t place) const {
-        while (place < m_size && isSpace(place)) {
-            ++place;
-        }
-        return place;
-    }
-    /// The space where the line ends that begins at `begin`, which is in the text: the last one up to `width`
-    /// characters behind it, else the first one behind these. None where the text is too short to tell.
-    [[nodiscard]] std::size_t lineEnd(std::size_t begin, std::size_t width) const {
-        const std::size_t limit = m_hasCrLfs ? placeBehind(begin, width) : begin + width;
-        if (limit >= m_size) {
-            return none;
-        }
-        const std::size_t last = lastSpace(begin, limit);
-        return last != none ? last : nextSpace(limit);
-    }
-
-private:
-    /// Where the character stands that is `width` characters behind the one at `begin`.
-    [[nodiscard]] std::size_t placeBehind(std::size_t begin, std::size_t width) const {
-        std::size_t counted = begin + 1;
-        std::size_t place = begin + width;
-        while (counted <= place && place < m_size) {
-            const std::size_t crLfs = crLfCount(counted, place + 1);
-            counted = place + 1;
-            place += crLfs;
-        }
-        return place;
-    }
-    /// The number of line feeds behind carriage returns among the bytes from `begin` to `end`.
-    [[nodiscard]] std::size_t crLfCount(std::size_t begin, std::size_t end) const {
-        std::size_t count = 0;
-        for (std::size_t block = begin / kernels::blockSize; block * kernels::blockSize < end; ++block) {
-            const std::size_t blockBegin = block * kernels::blockSize;
-            const std::size_t before = std::max(begin, blockBegin) - blockBegin;
-            const std::size_t behind = kernels::blockSize - std::min(end - blockBegin, kernels::blockSize);
-            const std::uint64_t inRange = ~std::uint64_t{0} << before & ~std::uint64_t{0} >> behind;
-            if (const std::uint64_t crLfs = m_crLfs[block] & inRange; crLfs != 0) {
-                count += static_cast<std::size_t>(std::popcount(crLfs));
-            }
-        }
-        return count;
-    }
-
-    [[nodiscard]] std::size_t lastSpace(std::size_t first, std::size_t last) const {
-        while (true) {
-            const std::size_t block = last / kernels::blockSize;
-            const std::size_t place = last % kernels::blockSize;
-            // The highest bit is that of `last`.
-            const std::uint64_t spaces =
-                m_spaces[block + 1] << (kernels::blockSize - 1 - place) | m_spaces[block] >> 1 >> place;
-            if (spaces != 0) {
-                const std::size_t found = last - static_cast<std::size_t>(std::countl_zero(spaces));
-                return found >= first ? found : none;
-            }
-            if (last < first + kernels::blockSize) {
-                return none;
-            }
-            last -= kernels::blockSize;
-        }
-    }
-    [[nodiscard]] std::size_t nextSpace(std::size_t first) const {
-        std::size_t block = first / kernels::blockSize;
-        std::uint64_t spaces = m_spaces[block + 1] & ~std::uint64_t{0} << first % kernels::blockSize;
-        while (spaces == 0) {
-            ++block;
-            if (block * kernels::blockSize >= m_size) {
-                return none;
-            }
-            spaces = m_spaces[block + 1];
-        }
-        return block * kernels::blockSize + static_cast<std::size_t>(std::countr_zero(spaces));
-    }
-
-    std::size_t m_size = 0;
-    /// One bit for each byte, behind 64 that stand for what is before the text.
-    std::array<std::uint64_t, 1 + mostBytes / kernels::blockSize> m_spaces{};
-    std::array<std::uint64_t, mostBytes / kernels::blockSize> m_crLfs{}; ///< One for each byte: its second halves.
-    bool m_hasCrLfs = false;
-};
 
 /// What stands between two members of the whitespace set.
 struct Piece {
@@ -148,6 +44,21 @@ public:
         if (piece.text.data() < m_filledEnd) {
             return;
         }
+        put(piece);
+        const char *const end = piece.text.data() + piece.text.size();
+        if (!m_isLineEmpty && !m_joinsSpaceBehind && isPlainTextLikely(end)) {
+            fillPlainText(end);
+        }
+    }
+
+    [[nodiscard]] TextBuffer take() {
+        m_result.append(m_pending);
+        m_result.shrink();
+        return std::move(m_result);
+    }
+
+private:
+    void put(const Piece &piece) {
         if (m_isLineEmpty) {
             begin(piece);
             return;
@@ -163,59 +74,49 @@ public:
         addBehindSpace(piece.text);
     }
 
-    [[nodiscard]] TextBuffer take() {
-        m_result.append(m_pending);
-        m_result.shrink();
-        return std::move(m_result);
-    }
-
-private:
     /// The piece is the first of a line.
     void begin(const Piece &piece) {
-        m_pending = {};
-        m_isLineEmpty = true;
-        if (piece.text.empty()) {
-            return;
-        }
-        if (isAscii(piece.text.front())) {
-            if (const char *const next = fillPlainLines(piece.text.data()); next != piece.text.data()) {
-                m_filledEnd = next;
-                return;
-            }
-        }
         m_pending = piece.text;
-        m_isLineEmpty = false;
+        m_isLineEmpty = piece.text.empty();
         m_length = piece.characters;
         m_joinsSpaceBehind = piece.joinsSpaceBehind;
     }
 
-    /// Writes whole lines of plain text, the first of which begins with a piece at `position`, and returns where the
-    /// next line begins. In plain text a line ends at the last space that leaves it no wider than it may be, or else at
-    /// the first one: the text is copied, and line feeds take the place of these spaces.
-    const char *fillPlainLines(const char *position) {
-        std::size_t filled = 0;
+    /// Trying costs more than it gains where there are only a few bytes of ASCII.
+    [[nodiscard]] bool isPlainTextLikely(const char *position) const {
+        return m_textEnd - position >= 16 && asciiBytesAt(position) == 8 && asciiBytesAt(position + 8) == 8;
+    }
+
+    /// Fills the line, behind which a space stands at `position`, and more lines as far as the text is plain. In plain
+    /// text a line ends at the last space that leaves it no wider than it may be, or else at the first one: the text is
+    /// copied, and line feeds take the place of these spaces.
+    void fillPlainText(const char *position) {
+        m_result.append(m_pending);
+        std::size_t size = 0;
+        std::size_t used = 0;
         do {
-            char *to = m_result.room(PlainText::mostBytes + PlainText::scratchBytes);
-            const std::size_t size = m_plain.copy({position, static_cast<std::size_t>(m_textEnd - position)}, to);
-            for (filled = 0; filled < size;) {
-                if (m_plain.isSpace(filled)) { // no line begins with empty pieces
-                    const std::size_t next = m_plain.spacesEnd(filled);
-                    std::memmove(to + filled, to + next, size - next);
-                    to -= next - filled;
-                    filled = next;
-                    continue;
-                }
-                const std::size_t space = m_plain.lineEnd(filled, m_width);
-                if (space == PlainText::none) {
-                    break;
-                }
-                to[space] = '\n';
-                filled = space + 1;
+            char *const to = m_result.room(PlainText::mostBytes + PlainText::scratchBytes);
+            size = m_plain.copy({position, static_cast<std::size_t>(m_textEnd - position)}, to);
+            std::size_t begin = m_isLineEmpty ? m_plain.leaveOutSpaces(0) : 0;
+            const std::size_t room = m_width - std::min(m_width, m_length);
+            if (const std::size_t next = m_plain.endLines(begin, room, m_width); next != begin) {
+                begin = next;
+                m_isLineEmpty = true;
+                m_length = 0;
             }
-            m_result.commit(to + filled);
-            position += filled;
-        } while (filled != 0);
-        return position;
+            // The last line is not full, but what stands before its last space is in it.
+            used = m_plain.lastSpaceFrom(begin);
+            if (used != PlainText::none) {
+                m_length += m_plain.characterCount(begin, used);
+                m_isLineEmpty = false;
+            } else {
+                used = begin;
+            }
+            m_result.commit(m_plain.closeGaps(used));
+            position += used;
+        } while (used != 0 && size == PlainText::mostBytes);
+        m_pending = std::string_view(position, position); // nothing, but what follows it stands at the position
+        m_filledEnd = m_isLineEmpty ? position : position + 1;
     }
 
     void addBehindSpace(std::string_view piece) {
@@ -244,7 +145,8 @@ private:
 /// would be alone, but for a piece that joins the space before it.
 class PieceCutter {
 public:
-    PieceCutter(std::string_view text, LineFiller &filler) : m_filler(filler), m_begin(text.data()) {}
+    PieceCutter(std::string_view text, LineFiller &filler)
+        : m_filler(filler), m_textBegin(text.data()), m_begin(text.data()) {}
 
     /// What stands at [begin, end) is ASCII; `isBoundary`: a character begins there.
     void addAscii(const char *begin, const char *end, bool isBoundary) {
@@ -260,8 +162,6 @@ public:
             place = space;
             if (space != end) {
                 endAt(space, isBoundary);
-                // What the filler has written already need not be looked at.
-                m_begin = std::max(m_begin, m_filler.filledEnd());
                 place = std::min(m_begin, end);
                 isBoundary = true;
             }
@@ -269,21 +169,21 @@ public:
     }
 
     void add(const CharacterBlock &block) {
-        std::size_t from = 0;
-        const auto addUpTo = [&](std::size_t to) {
+        const char *const end = block.begin + block.size;
+        for (std::uint64_t spaces = block.members; m_begin < end;) { // the filler may have written more than the block
+            const auto from = static_cast<std::size_t>(std::max(m_begin, block.begin) - block.begin);
+            spaces = spaces >> from << from;
+            const std::size_t to = std::min(static_cast<std::size_t>(std::countr_zero(spaces)), block.size);
             if (from != to) {
                 beginAt(block.begin + from, (block.boundaries >> from & 1U) != 0);
                 const std::uint64_t behind = to == kernels::blockSize ? 0 : ~std::uint64_t{0} << to;
                 m_characters += static_cast<std::size_t>(std::popcount((block.boundaries & ~behind) >> from));
             }
-        };
-        for (std::uint64_t spaces = block.members; spaces != 0; spaces &= spaces - 1) {
-            const auto space = static_cast<std::size_t>(std::countr_zero(spaces));
-            addUpTo(space);
-            endAt(block.begin + space, (block.boundaries >> space & 1U) != 0);
-            from = static_cast<std::size_t>(m_begin - block.begin);
+            if (to == block.size) {
+                return;
+            }
+            endAt(block.begin + to, (block.boundaries >> to & 1U) != 0);
         }
-        addUpTo(block.size);
     }
 
     /// The text ends at `end`.
@@ -313,15 +213,16 @@ private:
         const bool joinsBehind = isTab ? space != m_begin && endsInPrepended({m_begin, space}) : !isBoundary;
         addPiece(space, joinsBehind);
         m_begin = space + (isAscii(*space) ? 1 : static_cast<unsigned char>(*space) == 0xC2 ? 2 : 3);
-        m_isBehindTab = isTab;
+        m_begin = std::max(m_begin, m_filler.filledEnd()); // what is written need not be looked at
         m_characters = 0;
         m_joinsBefore = false;
     }
 
     void addPiece(const char *end, bool joinsBehind) {
         const std::string_view text(m_begin, static_cast<std::size_t>(end - m_begin));
+        const bool isBehindTab = m_begin != m_textBegin && m_begin[-1] == '\t';
         const bool joinsBefore =
-            m_isBehindTab && !text.empty() && !isAscii(text[0]) ? lexivore::joinsSpaceBefore(text) : m_joinsBefore;
+            isBehindTab && !text.empty() && !isAscii(text[0]) ? lexivore::joinsSpaceBefore(text) : m_joinsBefore;
         m_filler.add({text, m_characters, joinsBefore, joinsBehind});
     }
 
@@ -332,10 +233,10 @@ private:
     }
 
     LineFiller &m_filler;
+    const char *m_textBegin;
     const char *m_begin; ///< Of the piece.
     std::size_t m_characters = 0;
     bool m_joinsBefore = false;
-    bool m_isBehindTab = false;
 };
 
 } // namespace
@@ -346,7 +247,10 @@ TextBuffer wrapText(std::string_view text, std::size_t width) {
     CharacterBlocks blocks(text, whitespace);
     const char *const end = text.data() + text.size();
     while (!blocks.isAtEnd()) {
-        if (const char *const position = blocks.position(); isAscii(*position)) {
+        const char *const position = blocks.position();
+        if (filler.filledEnd() > position) {
+            blocks.passAscii(filler.filledEnd());
+        } else if (isAscii(*position)) {
             const char *const runEnd = asciiRunEnd(position, position + std::min(stretch, end - position));
             const auto first = static_cast<unsigned char>(*position);
             cutter.addAscii(position, runEnd, character_breaks::transition(blocks.state(), first).isBoundary);

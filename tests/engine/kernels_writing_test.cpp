@@ -101,7 +101,7 @@ TEST(Kernels, RemoveMembersFindsAMemberAtEveryPlace) {
     });
 }
 
-TEST(Kernels, CompressKeepsTheBytesOfSetBits) {
+TEST(Kernels, CompressKeepsTheBytesOfSetBitsElsewhereAndInPlace) {
     std::mt19937_64 random(seed);
     onRandomBytes([&](const Kernels &kernels, std::string_view text) {
         const std::size_t blocks = text.size() / blockSize;
@@ -119,6 +119,9 @@ TEST(Kernels, CompressKeepsTheBytesOfSetBits) {
         std::string result(text.size() + blockSize, '#');
         result.resize(kernels.compress(text.data(), blocks, keep.data(), result.data()));
         EXPECT_EQ(result, expected);
+        const ExactCopy place(std::string(text.substr(0, blocks * blockSize)), text.size() % blockSize);
+        ASSERT_EQ(kernels.compress(place.data(), blocks, keep.data(), place.data()), expected.size());
+        EXPECT_EQ(place.view().substr(0, expected.size()), expected);
     });
 }
 

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <iterator>
 #include <random>
 #include <string>
@@ -103,6 +105,110 @@ TEST(Wrapping, FillsLongPlainTextsAsItFillsAnyOther) {
                 }
                 ASSERT_EQ(wrapText(text, width), wrappedSlowly(text, width))
                     << width << " " << testing::PrintToString(text);
+            }
+        }
+    }
+}
+
+/// The same for texts whose pieces have as many characters in a line as they have alone.
+std::string filledWordByWord(std::string_view text, std::size_t width) {
+    std::string result;
+    std::size_t length = 0;
+    bool isLineEmpty = true;
+    for (const std::string &piece : pieces(text)) {
+        const std::size_t pieceLength = characterCount(piece);
+        if (!isLineEmpty && length + pieceLength + 1 <= width) {
+            result.append(1, ' ').append(piece);
+            length += 1 + pieceLength;
+            continue;
+        }
+        result.append(isLineEmpty ? 0 : 1, '\n').append(piece);
+        length = pieceLength;
+        isLineEmpty = piece.empty();
+    }
+    return result;
+}
+
+void expectFilledWordByWord(const std::string &text, std::size_t width) {
+    ASSERT_EQ(wrapText(text, width), filledWordByWord(text, width)) << width << " " << testing::PrintToString(text);
+}
+
+constexpr std::size_t copiedAtOnce = 4096;
+
+TEST(Wrapping, LeavesOutTheBlanksThatLinesWouldBeginWith) {
+    std::mt19937 random(13);
+    const auto below = [&random](std::size_t limit) { return static_cast<std::size_t>(random()) % limit; };
+    const std::string_view lineEnds[] = {"\n", "\r\n", "\r", "\n\r", "\n\n", "\r\r\n"};
+    const std::string_view others[] = {"é", "\x1B", "漢", "👍", "\u00A0", "\u3000"};
+    for (std::size_t round = 0; round < 144; ++round) {
+        const std::size_t blankKinds = round % 3; // spaces, tabs, both
+        const std::size_t lineEndKinds = round / 3 % 3 == 0 ? 0 : 1 + below(std::size(lineEnds));
+        const bool hasOneKindOfLineEnds = round / 3 % 3 == 1;
+        const std::size_t longestRun = std::size_t{2} << 2 * (round / 9 % 4);
+        const std::size_t longestWord = std::size_t{2} << 2 * below(4);
+        const std::size_t otherEvery = round / 36 * 60;
+        const auto blanks = [&](std::size_t count) {
+            std::string run(count, blankKinds == 1 ? '\t' : ' ');
+            for (char &blank : run) {
+                blank = blankKinds == 2 && below(2) == 0 ? '\t' : blank;
+            }
+            return run;
+        };
+        std::string text = blanks(below(2) * below(100));
+        while (text.size() < 2 * copiedAtOnce + below(500)) {
+            for (std::size_t left = 1 + below(longestWord); left > 0; --left) {
+                const bool isLineEnd = lineEndKinds > 0 && below(10) == 0;
+                text += isLineEnd ? lineEnds[hasOneKindOfLineEnds ? lineEndKinds - 1 : below(lineEndKinds)] : "w";
+            }
+            text += otherEvery > 0 && below(otherEvery) == 0 ? others[below(std::size(others))] : "";
+            text += blanks(below(4) == 0 ? 1 : 1 + below(longestRun));
+        }
+        text += below(2) == 0 ? "end" : "";
+        for (std::size_t width = 1; width < 18; ++width) {
+            expectFilledWordByWord(text, width);
+        }
+        for (const std::size_t width : {63U, 64U, 65U, 80U, 200U, 4'094U, 4'095U, 4'096U, 4'097U, 6'000U, 8'200U}) {
+            expectFilledWordByWord(text, width);
+        }
+        expectFilledWordByWord(text, 20 + below(text.size()));
+        expectFilledWordByWord(text, text.size());
+        expectFilledWordByWord(text, SIZE_MAX);
+    }
+}
+
+TEST(Wrapping, EndsLinesAtEveryPlaceOfWhatIsCopiedAtOnce) {
+    // One run of blanks in a long text of words, another one, or none.
+    const auto words = [](std::size_t size, std::string_view word) {
+        std::string text;
+        while (text.size() < size) {
+            text += word;
+        }
+        return text.substr(0, size);
+    };
+    for (const std::string_view word : {"ab cd ", "word\r\n ", "w", "one\ttwo  ", "no blank in sight ... \r\n"}) {
+        for (std::size_t place = copiedAtOnce - 66; place < copiedAtOnce + 66; ++place) {
+            for (const std::size_t run : {0U, 1U, 2U, 63U, 64U, 65U, 150U}) {
+                const std::string text =
+                    words(place, word).append(run, run % 2 == 0 ? ' ' : '\t').append(words(300, word));
+                const std::size_t widths[] = {1 + place % 14, 80, place - 1, place, place + 1, place + run, 5'000};
+                expectFilledWordByWord(text, widths[(place + run) % std::size(widths)]);
+                expectFilledWordByWord(text, widths[(place + run + 3) % std::size(widths)]);
+            }
+        }
+    }
+}
+
+TEST(Wrapping, EndsNarrowLinesAtEveryPlaceOfABlock) {
+    for (std::size_t before = 0; before < 70; ++before) {
+        for (const std::size_t run : {1U, 2U, 3U, 5U, 12U, 13U, 30U, 61U, 62U, 63U, 64U, 65U, 66U, 130U}) {
+            for (const std::string_view word : {"a", "ab", "abcdefghijklm", "a\n"}) {
+                std::string text = "First " + std::string(before, 'x');
+                for (std::size_t i = 0; i < 20; ++i) {
+                    text.append(run, i % 2 == 0 ? ' ' : '\t').append(word).append(i % 3, 'x');
+                }
+                for (std::size_t width = 1 + before % 2; width < 16; width += 2) {
+                    expectFilledWordByWord(text, width);
+                }
             }
         }
     }
