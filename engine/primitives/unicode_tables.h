@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-/// What generate_unicode_tables.cpp makes from ICU's data at build time. Every table over all code points has two
+/// What engine/generator/ makes from ICU's data at build time. Every table over all code points has two
 /// stages: `xBlocks[codePoint >> blockBits]` names the block of `x` that holds the entry; blocks that look alike are
 /// one.
 namespace lexivore::unicode_tables {
