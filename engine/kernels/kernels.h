@@ -81,6 +81,26 @@ struct WordHash {
     int shift;
 };
 
+/// The longest line, in bytes, that `hashLines` takes.
+inline constexpr std::size_t longestHashedLine = 128;
+
+/// A line of a text and its hash.
+struct HashedLine {
+    std::uint32_t offset; ///< In the text, in bytes, as the size.
+    std::uint32_t size;
+    std::uint32_t hash;
+};
+
+/// What lines are hashed with, all of it at random. The hash is NH (RFC 4418, 5.2): the sum of the products of each two
+/// numbers of 32 bits that a line consists of, zeros behind it, after their addends were added. To that comes the size
+/// times its factor, and of all that times the last factor the upper half counts. Two lines have the same hash as
+/// seldom as chance has it, whatever they are.
+struct alignas(blockSize) LineHash {
+    std::uint32_t addends[longestHashedLine / sizeof(std::uint32_t)];
+    std::uint64_t sizeFactor; ///< Odd, as the other one.
+    std::uint64_t factor;
+};
+
 /// Any set of ASCII characters. `rows[low nibble]` has a bit for each high nibble, so that membership of many bytes at
 /// once is two table look-ups in registers.
 struct AsciiSet {
@@ -405,6 +425,9 @@ struct Kernels {
     /// them `ends` gets the index behind its last part.
     std::size_t (*distribute)(const KeyedPart *from, std::size_t count, std::uint64_t bits, KeyedPart *to,
                               std::uint32_t *ends);
+    /// Writes the hashes of lines of a text. Where each begins `longestHashedLine` bytes can be read; the hash of a
+    /// longer one is of no meaning.
+    void (*hashLines)(const char *text, HashedLine *lines, std::size_t count, const LineHash &hash);
     /// The keys of words, at most 64, and their slots. Each word lies between two `bounds`, which count from `from` on,
     /// and 16 bytes can be read where it begins. Returns a bit for each that is too long, of which nothing is known.
     std::uint64_t (*keyWords)(const char *from, const std::uint16_t *bounds, std::size_t count, const WordHash &hash,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/distinct_lines.h"
 
+#include "engine/kernels/kernels.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/line_mapping.h"
 #include "engine/primitives/lines.h"
@@ -12,7 +13,10 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <functional>
+#include <iterator>
 #include <random>
+#include <span>
 #include <utility>
 
 #define XXH_INLINE_ALL
@@ -29,7 +33,7 @@ namespace {
 /// Numbers that no text can know: hashes are seeded anew in each run of the program, so that no text can be made to
 /// collide.
 struct Seeds {
-    std::array<std::uint64_t, 4> ofWords;
+    kernels::LineHash ofLines;
     std::uint64_t ofLongLines;
 };
 
@@ -37,68 +41,14 @@ const Seeds &seeds() {
     static const Seeds made = [] {
         std::random_device source;
         const auto next = [&source] { return std::uint64_t{source()} << 32 | source(); };
-        return Seeds{{next(), next(), next(), next()}, next()};
+        Seeds seeds{{{}, next() | 1U, next() | 1U}, next()};
+        std::generate(std::begin(seeds.ofLines.addends), std::end(seeds.ofLines.addends), std::ref(source));
+        return seeds;
     }();
     return made;
 }
 
-/// The hash of lines that fit a few words of the processor. Without a branch, for which size comes next cannot be
-/// guessed.
-class ShortLineHash {
-public:
-    static constexpr std::size_t longest = 32;
-
-    /// `longest` bytes can be read from `line` on.
-    [[nodiscard]] static std::uint64_t of(const char *line, std::size_t size, const Seeds &seeds) {
-        std::array<std::uint64_t, 4> words;
-        std::memcpy(words.data(), line, sizeof words);
-        for (std::size_t i = 0; i < words.size(); ++i) {
-            words[i] = (words[i] & masks.ofSize[size][i]) ^ seeds.ofWords[i];
-        }
-        return folded(words[0], words[1]) + folded(words[2], words[3]);
-    }
-    /// The same for a line behind which nothing can be read.
-    [[nodiscard]] static std::uint64_t ofCopy(std::string_view line, const Seeds &seeds) {
-        std::array<char, longest> copy = {};
-        line.copy(copy.data(), copy.size());
-        return of(copy.data(), line.size(), seeds);
-    }
-
-private:
-    /// Both halves of the product: each bit of it depends on many, whereas the lower half alone would not tell apart
-    /// what differs in the highest bits of several words.
-    [[nodiscard]] static std::uint64_t folded(std::uint64_t left, std::uint64_t right) {
-#ifdef __SIZEOF_INT128__
-        __extension__ using Product = unsigned __int128;
-        const Product product = Product{left} * right;
-        return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
-#else
-        return XXH64(&left, sizeof left, right);
-#endif
-    }
-
-    /// For each size, all bits of the bytes.
-    struct Masks {
-        std::array<std::array<std::uint64_t, 4>, longest + 1> ofSize = {};
-        constexpr Masks() {
-            for (std::size_t size = 1; size <= longest; ++size) {
-                for (std::size_t byte = 0; byte < size; ++byte) {
-                    constexpr bool isLittleEndian = std::endian::native == std::endian::little;
-                    const std::size_t place = isLittleEndian ? byte % 8 : 7 - byte % 8;
-                    ofSize[size][byte / 8] |= std::uint64_t{0xFF} << (8 * place);
-                }
-            }
-        }
-    };
-    static const Masks masks;
-};
-constexpr ShortLineHash::Masks ShortLineHash::masks;
-
-struct Line {
-    std::uint32_t offset; ///< In the text, in bytes.
-    std::uint32_t size;
-    std::uint32_t hash; ///< Not 0.
-};
+using Line = kernels::HashedLine;
 
 /// As many lines as can be looked at at once: what a cache holds together.
 struct alignas(64) Bucket {
@@ -151,23 +101,22 @@ public:
         }
     }
 
+    /// Without its hash yet.
     [[nodiscard]] Line lineOf(std::string_view line) const {
-        const auto offset = static_cast<std::size_t>(line.data() - m_text.data());
-        const std::uint64_t hash =
-            line.size() > ShortLineHash::longest ? XXH3_64bits_withSeed(line.data(), line.size(), m_seeds.ofLongLines)
-            : offset + ShortLineHash::longest <= m_text.size() ? ShortLineHash::of(line.data(), line.size(), m_seeds)
-                                                               : ShortLineHash::ofCopy(line, m_seeds);
-        return {static_cast<std::uint32_t>(offset), static_cast<std::uint32_t>(line.size()),
-                static_cast<std::uint32_t>(hash >> 32) | 1U};
+        return {static_cast<std::uint32_t>(line.data() - m_text.data()), static_cast<std::uint32_t>(line.size()), 0};
     }
     [[nodiscard]] std::string_view viewOf(const Line &line) const { return {m_text.data() + line.offset, line.size}; }
 
-    // Lines are looked for some at a time, in steps between which the memory comes into the cache: prefetchBucket of
-    // each, makeRoom for all, lineToCompare of each, which is to be prefetched, insert each.
-    void prefetchBucket(const Line &line) const { __builtin_prefetch(&m_buckets[bucketOf(line.hash)]); }
-    void makeRoom(std::size_t lines) {
-        while (m_size + lines > bucketCount() * Bucket::slots / 4 * 3) {
+    // Lines are looked for some at a time, in steps between which the memory comes into the cache: prepare all,
+    // lineToCompare of each, which is to be prefetched, insert each.
+    void prepare(std::span<Line> lines) {
+        while (m_size + lines.size() > bucketCount() * Bucket::slots / 4 * 3) {
             grow();
+        }
+        hash(lines);
+        for (Line &line : lines) {
+            line.hash |= 1U;
+            __builtin_prefetch(&m_buckets[bucketOf(line.hash)]);
         }
     }
     /// Where a line stands that may be the same, if there is one.
@@ -211,6 +160,26 @@ private:
         std::memset(static_cast<void *>(buckets.data()), 0, bucketCount() * sizeof(Bucket));
         return buckets;
     }
+    void hash(std::span<Line> lines) const {
+        std::size_t readable = lines.size(); // as far as the kernel does
+        while (readable > 0 && m_text.size() - lines[readable - 1].offset < kernels::longestHashedLine) {
+            --readable;
+        }
+        kernels::best().hashLines(m_text.data(), lines.data(), readable, m_seeds.ofLines);
+        for (Line &line : lines.first(readable)) {
+            if (line.size > kernels::longestHashedLine) {
+                line.hash = static_cast<std::uint32_t>(
+                    XXH3_64bits_withSeed(viewOf(line).data(), line.size, m_seeds.ofLongLines));
+            }
+        }
+        for (Line &line : lines.subspan(readable)) {
+            std::array<char, kernels::longestHashedLine> copy = {};
+            viewOf(line).copy(copy.data(), copy.size());
+            Line copied{0, line.size, 0};
+            kernels::best().hashLines(copy.data(), &copied, 1, m_seeds.ofLines);
+            line.hash = copied.hash;
+        }
+    }
     [[nodiscard]] std::size_t bucketOf(std::uint32_t hash) const { return hash >> (32 - m_bits); }
     [[nodiscard]] std::size_t bucketBehind(std::size_t index) const { return (index + 1) & (bucketCount() - 1); }
 
@@ -251,23 +220,23 @@ private:
 TextBuffer distinctLines(std::string_view text) {
     Joiner joiner('\n', text, text.size());
     LineSet seen(text);
-    std::array<Line, 64> waiting; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+    std::array<Line, 128> waiting; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
     std::size_t waitingCount = 0;
     const auto lookUp = [&]() {
-        seen.makeRoom(waitingCount);
-        for (std::size_t i = 0; i < waitingCount; ++i) {
-            __builtin_prefetch(seen.lineToCompare(waiting[i]));
+        const std::span<Line> lines(waiting.data(), waitingCount);
+        seen.prepare(lines);
+        for (const Line &line : lines) {
+            __builtin_prefetch(seen.lineToCompare(line));
         }
-        for (std::size_t i = 0; i < waitingCount; ++i) {
-            if (seen.insert(waiting[i])) {
-                joiner.add(seen.viewOf(waiting[i]));
+        for (const Line &line : lines) {
+            if (seen.insert(line)) {
+                joiner.add(seen.viewOf(line));
             }
         }
         waitingCount = 0;
     };
     forEachLine(text, [&](std::string_view line) {
         waiting[waitingCount] = seen.lineOf(line);
-        seen.prefetchBucket(waiting[waitingCount]);
         if (++waitingCount == waiting.size()) {
             lookUp();
         }

@@ -67,6 +67,19 @@ TEST(DistinctLines, MayDifferInTheHighestBitsOfSomeWordsOfTheProcessorAlone) {
     expectDistinct(text);
 }
 
+TEST(DistinctLines, MayDifferInOneByteWhereverItStands) {
+    std::string text;
+    for (const std::size_t size : {1U, 31U, 64U, 65U, 127U, 128U, 129U, 200U}) {
+        for (std::size_t place = 0; place < size; ++place) {
+            std::string line(size, 'a');
+            line[place] = 'b';
+            text += line + "\n";
+        }
+    }
+    expectDistinct(text + text);
+    expectDistinct(text + text + std::string(300, 'c'));
+}
+
 TEST(DistinctLines, EqualThoseOfAStandardSetOnRandomLines) {
     constexpr unsigned seed = 1;
     std::mt19937 random(seed);
