@@ -432,9 +432,9 @@ struct Kernels {
     /// and 16 bytes can be read where it begins. Returns a bit for each that is too long, of which nothing is known.
     std::uint64_t (*keyWords)(const char *from, const std::uint16_t *bounds, std::size_t count, const WordHash &hash,
                               WordKey *keys, std::uint32_t *slots);
-    /// A bit for each key, of at most 64, that stands in its slot of the table.
-    std::uint64_t (*matchKeys)(const WordKey *keys, const std::uint32_t *slots, std::size_t count,
-                               const WordKey *table);
+    /// A bit for each key, of at most 64, that stands in its slot of the table or in the one behind it, into which its
+    /// slot is changed then.
+    std::uint64_t (*matchKeys)(const WordKey *keys, std::uint32_t *slots, std::size_t count, const WordKey *table);
 };
 
 /// The best for this processor.

@@ -122,8 +122,9 @@ bool WordSet::insert(const Key &key, std::string_view word) {
 }
 
 Scratch<WordSet::Key> WordSet::freeSlots(std::size_t count) {
-    Scratch<Key> slots(count);
-    std::memset(static_cast<void *>(slots.data()), 0, count * sizeof(Key));
+    const std::size_t readable = count + 1; // for the kernel, which looks at two slots
+    Scratch<Key> slots(readable);
+    std::memset(static_cast<void *>(slots.data()), 0, readable * sizeof(Key));
     return slots;
 }
 

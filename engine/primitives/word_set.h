@@ -45,6 +45,7 @@ public:
             }
         };
         const auto addGroup = [&](const char *from, const std::uint16_t *bounds, std::size_t count) {
+            prefetchBehind(from);
             while (count > 0 && goesOn) {
                 const std::size_t some = std::min(count, mostAtOnce);
                 if (canBeReadAtOnce(from + bounds[2 * some - 2])) {
@@ -105,7 +106,17 @@ private:
     [[nodiscard]] bool canBeReadAtOnce(const char *word) const {
         return static_cast<std::size_t>(m_text.data() + m_text.size() - word) >= sizeof(Key);
     }
-    /// Counts the words that are in their first slots and returns a bit for each of the others, whose key is written.
+    /// Asks for what will be read next: among so many reads of the table the processor does not see it coming.
+    void prefetchBehind(const char *from) const {
+        constexpr std::size_t stretchSize = Stretch::mostBlocks * kernels::blockSize;
+        if (static_cast<std::size_t>(m_text.data() + m_text.size() - from) >= 2 * stretchSize) {
+            for (std::size_t i = stretchSize; i < 2 * stretchSize; i += kernels::blockSize) {
+                __builtin_prefetch(from + i, 0, 2); // the first cache is full of what is read now
+            }
+        }
+    }
+    /// Counts the words that are in their first two slots and returns a bit for each of the others, whose key is
+    /// written.
     std::uint64_t countFound(const char *from, const std::uint16_t *bounds, std::size_t count, Key *keys);
 
     /// Where the word is looked for first: two different words meet there as seldom as chance has it.

@@ -74,24 +74,35 @@ TEST(Kernels, KeyWordsReadsShortWordsAndTellsLongOnes) {
     }
 }
 
-TEST(Kernels, MatchKeysFindsThoseThatAreTheSameInBothHalves) {
+TEST(Kernels, MatchKeysFindsThoseThatAreTheSameInBothHalvesInOneOfTwoSlots) {
     std::mt19937_64 random(seed);
+    const auto randomKey = [&random] { return WordKey{random() % 2, (random() % 3) << 62}; };
+    const auto isSame = [](const WordKey &left, const WordKey &right) {
+        return left.first == right.first && left.second == right.second;
+    };
     for (std::size_t count = 0; count <= mostWords; ++count) {
-        std::vector<WordKey> table(100);
-        for (WordKey &key : table) {
-            key = {random() % 2, random() % 2 << 63};
+        std::vector<WordKey> table{randomKey()};
+        while (table.size() < 101) { // no two that are the same side by side
+            const WordKey key = randomKey();
+            if (!isSame(key, table.back())) {
+                table.push_back(key);
+            }
         }
         std::vector<WordKey> keys(count);
         std::vector<std::uint32_t> slots(count);
+        std::vector<std::uint32_t> expectedSlots(count);
         std::uint64_t expected = 0;
         for (std::size_t i = 0; i < count; ++i) {
-            keys[i] = {random() % 2, random() % 2 << 63};
-            slots[i] = static_cast<std::uint32_t>(random() % table.size());
-            const WordKey &there = table[slots[i]];
-            expected |= std::uint64_t{keys[i].first == there.first && keys[i].second == there.second} << i;
+            keys[i] = randomKey();
+            slots[i] = static_cast<std::uint32_t>(random() % (table.size() - 1));
+            const bool isInSecond = isSame(keys[i], table[slots[i] + 1]);
+            expected |= std::uint64_t{isInSecond || isSame(keys[i], table[slots[i]])} << i;
+            expectedSlots[i] = slots[i] + (isInSecond ? 1 : 0);
         }
         onAllKernels([&](const Kernels &kernels) {
-            ASSERT_EQ(kernels.matchKeys(keys.data(), slots.data(), count, table.data()), expected) << count;
+            std::vector<std::uint32_t> changed = slots;
+            ASSERT_EQ(kernels.matchKeys(keys.data(), changed.data(), count, table.data()), expected) << count;
+            ASSERT_EQ(changed, expectedSlots) << count;
         });
     }
 }
