@@ -114,6 +114,12 @@ public:
         }
     }
 
+    /// Asks for the memory that the keys of `depth` are read from, and long keys of up to a key's bytes more.
+    void prefetchKeys(const Entry &entry, std::size_t depth) const {
+        prefetch(entry, depth);
+        prefetch(entry, depth + bytesInKey + sizeof(LongKey) - 1);
+    }
+
 private:
     struct Place {
         std::uint32_t offset;

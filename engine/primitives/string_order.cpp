@@ -92,7 +92,7 @@ public:
         m_block = block.data();
         m_scratch = scratch;
         for (const Entry &entry : block) {
-            m_keys.prefetch(entry, depth);
+            m_keys.prefetchKeys(entry, depth);
         }
         sortByKeys({0, block.size(), depth}, false);
         while (!m_ties.empty()) {
