@@ -11,7 +11,6 @@
 #include "bench/corpora.h"
 #include "engine/catalog.h"
 #include "engine/primitives/characters.h"
-#include "engine/text_buffer.h"
 #include "tools/character_frequency_tool.h"
 #include "tools/statistics_tool.h"
 
@@ -21,6 +20,7 @@
 #include <fstream>
 #include <functional>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <sstream>
 #include <string>
@@ -86,19 +86,13 @@ std::map<std::string, Operation> makeOperations() {
     return operations;
 }
 
-/// In memory as the program has the texts that it works on.
-TextBuffer readFile(const std::string &path) {
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
+std::string readFile(const std::string &path) {
+    std::ifstream file(path, std::ios::binary);
     if (!file) {
         std::cerr << "engine_bench: cannot read " << path << '\n';
         std::exit(1);
     }
-    const auto size = static_cast<std::size_t>(file.tellg());
-    TextBuffer text = TextBuffer::withCapacity(size);
-    char *const begin = text.room(size);
-    file.seekg(0).read(begin, static_cast<std::streamsize>(size));
-    text.commit(begin + size);
-    return text;
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 void makeCorpora(const std::string &folder, std::size_t bytes) {
@@ -125,7 +119,7 @@ void makeCorpora(const std::string &folder, std::size_t bytes) {
 
 void serve(const std::string &folder) {
     const std::map<std::string, Operation> operations = makeOperations();
-    std::map<std::string, TextBuffer> corpora;
+    std::map<std::string, std::string> corpora;
     for (std::string line; std::getline(std::cin, line);) {
         std::vector<std::string> fields;
         std::istringstream stream(line);
@@ -139,7 +133,7 @@ void serve(const std::string &folder) {
         if (corpora.find(fields.at(1)) == corpora.end()) {
             corpora[fields[1]] = readFile(folder + "/" + fields[1]);
         }
-        const std::string_view text = corpora[fields[1]].view();
+        const std::string &text = corpora[fields[1]];
         const Operation &operation = operations.at(fields[0]);
         sink = operation(text, parameters);
         const double begin = processorSeconds();
