@@ -107,10 +107,10 @@ public:
         return m_turned == 0 ? left < right : right < left;
     }
 
-    /// Asks for the memory in which the string's bytes from `depth` on lie.
+    /// Asks for the memory in which the string's bytes from `depth` on lie, if that is in the text.
     void prefetch(const Entry &entry, std::size_t depth) const {
-        if (isInText(entry)) {
-            __builtin_prefetch(m_text.data() + entry.offset + depth);
+        if (const std::size_t place = entry.offset + depth; place < m_text.size()) {
+            __builtin_prefetch(m_text.data() + place);
         }
     }
 
