@@ -19,16 +19,15 @@ namespace lexivore {
 namespace {
 
 constexpr qreal gridSize = 24;
+constexpr qreal thinnestLine = 1.25; ///< On the grid.
 
 QString symbolFile(QAnyStringView name) {
     registerDrawings();
     return QStringLiteral(":/symbols/%1.svg").arg(name.toString());
 }
 
-/// A transparent canvas of `size` device-independent pixels a side. With a fractional ratio the last row and column of
-/// device pixels may stick out of it, so that the drawing keeps its exact size.
-QPixmap emptyCanvas(int size, qreal devicePixelRatio) {
-    const int side = qCeil(size * devicePixelRatio);
+/// A transparent square, `side` device pixels wide.
+QPixmap emptyCanvas(int side, qreal devicePixelRatio) {
     QPixmap canvas(side, side);
     canvas.setDevicePixelRatio(devicePixelRatio);
     canvas.fill(Qt::transparent);
@@ -41,14 +40,31 @@ void drawUnknownSymbol(QPainter &painter, int size) {
     painter.drawRoundedRect(QRectF(4 * unit, 4 * unit, 16 * unit, 16 * unit), 3.5 * unit, 3.5 * unit);
 }
 
-QPixmap drawSymbol(QAnyStringView name, int size, const QColor &colour, qreal devicePixelRatio) {
-    QPixmap pixmap = emptyCanvas(size, devicePixelRatio);
-    QPainter painter(&pixmap);
+/// The symbol in black, `size` device-independent pixels a side. With a fractional ratio the last row and column of
+/// device pixels may stick out of it, so that the drawing keeps its exact size.
+QPixmap drawStencil(QAnyStringView name, int size, qreal devicePixelRatio) {
+    // The toolkit draws a line thinner than a device pixel as a staircase of single ones. Where there would be such
+    // lines the symbol is drawn some whole times larger and made smaller.
+    const int times = qCeil(gridSize / (thinnestLine * size * devicePixelRatio));
+    const int side = qCeil(size * devicePixelRatio);
+    QPixmap drawing = emptyCanvas(side * times, devicePixelRatio * times);
+    QPainter painter(&drawing);
     painter.setRenderHint(QPainter::Antialiasing);
     if (hasSymbol(name))
         QSvgRenderer(symbolFile(name)).render(&painter, QRectF(0, 0, size, size));
     else
         drawUnknownSymbol(painter, size);
+    painter.end();
+    if (times > 1) {
+        drawing = drawing.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        drawing.setDevicePixelRatio(devicePixelRatio);
+    }
+    return drawing;
+}
+
+QPixmap drawSymbol(QAnyStringView name, int size, const QColor &colour, qreal devicePixelRatio) {
+    QPixmap pixmap = drawStencil(name, size, devicePixelRatio);
+    QPainter painter(&pixmap);
     // The drawing is a stencil: overlapping strokes of a translucent colour must not show.
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(QRectF(0, 0, size + 1, size + 1), colour);

@@ -156,6 +156,23 @@ TEST_F(EverySymbol, LooksUnlikeEveryOtherOne) {
     }
 }
 
+TEST_F(EverySymbol, HasAsMuchInkWhenItIsSmall) {
+    const auto inkAmount = [](const QString &name, int size) {
+        const QImage image = symbolPixmap(name, size, Qt::black, 1).toImage();
+        qreal sum = 0;
+        for (int y = 0; y < size; ++y) {
+            for (int x = 0; x < size; ++x)
+                sum += qAlpha(image.pixel(x, y)) / 255.0;
+        }
+        return sum / (size * size);
+    };
+    for (const QString &name : names) {
+        const qreal whole = inkAmount(name, 240);
+        for (const int size : {12, 14, 16, 18, 20})
+            EXPECT_NEAR(inkAmount(name, size) / whole, 1, 0.06) << qPrintable(name) << " at " << size;
+    }
+}
+
 TEST_F(EverySymbol, HasOnlyTheAskedColour) {
     const QColor colour(68, 74, 184);
     for (const QString &name : names) {
