@@ -16,6 +16,11 @@ Symbol::Symbol(const QString &name, int size, ThemeColour colour, QWidget *paren
     setAccessibleRole(*this, QAccessible::Graphic);
 }
 
+void Symbol::setName(const QString &name) {
+    m_name = name;
+    update();
+}
+
 void Symbol::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     drawSymbol(painter, rect(), m_name, width(), theme().*m_colour);

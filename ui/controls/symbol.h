@@ -16,6 +16,8 @@ public:
     /// `size` in device-independent pixels.
     Symbol(const QString &name, int size, ThemeColour colour, QWidget *parent = nullptr);
 
+    void setName(const QString &name);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 

@@ -6,8 +6,8 @@
 #include "ui/controls/hairline.h"
 #include "ui/controls/label.h"
 #include "ui/controls/switch.h"
+#include "ui/controls/symbol.h"
 #include "ui/controls/tool_button.h"
-#include "ui/icon.h"
 #include "ui/operations/draggable_operation_item.h"
 #include "ui/operations/row_slide.h"
 #include "ui/theme/metrics.h"
@@ -19,7 +19,6 @@
 #include "ui/window/window_state.h"
 
 #include <QHash>
-#include <QLabel>
 #include <QScrollArea>
 #include <QUuid>
 #include <QVBoxLayout>
@@ -70,7 +69,9 @@ void OperationsPanel::createHeader() {
     header->setFixedHeight(heightFor(headerHeight, FontRole::body) - metrics::line);
     auto *title = new Label(tr("Operations"), FontRole::headline, &Theme::text, Label::Lines::one, header);
     title->setObjectName("operationsTitle");
-    m_modeIcon = new QLabel(header);
+    m_modeIcon = new Symbol({}, smallIcon, &Theme::text2, header);
+    m_modeIcon->setObjectName("modeIcon");
+    m_modeIcon->setAttribute(Qt::WA_TransparentForMouseEvents, false); // it has a tooltip
     m_modeName = new Label({}, FontRole::captionMedium, &Theme::text, Label::Lines::one, header);
     m_modeName->setObjectName("modeName");
     m_mode = new Switch({}, header);
@@ -120,8 +121,7 @@ void OperationsPanel::showMode() {
     const bool isStack = m_state.stackOperationMode();
     const QString help =
         isStack ? tr("combine multiple transformations, as a stack") : tr("only one transformation at a time");
-    m_modeIcon->setPixmap(
-        symbolPixmap(isStack ? "square.stack" : "1.square", smallIcon, theme().text2, devicePixelRatioF()));
+    m_modeIcon->setName(isStack ? "square.stack" : "1.square");
     m_modeName->setText(nameOfMode(isStack));
     m_mode->setChecked(isStack);
     m_mode->setAccessibleName(m_modeName->text());
@@ -129,13 +129,6 @@ void OperationsPanel::showMode() {
     for (QWidget *part :
          {static_cast<QWidget *>(m_modeIcon), static_cast<QWidget *>(m_modeName), static_cast<QWidget *>(m_mode)}) {
         part->setToolTip(help);
-    }
-}
-
-void OperationsPanel::changeEvent(QEvent *event) {
-    Surface::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        showMode();
     }
 }
 

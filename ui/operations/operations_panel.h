@@ -8,7 +8,6 @@
 #include <vector>
 
 class QAbstractButton;
-class QLabel;
 class QScrollArea;
 class QVBoxLayout;
 
@@ -20,6 +19,7 @@ class Label;
 class RowColumn;
 class RowNavigator;
 class RowSlide;
+class Symbol;
 class ToolButton;
 class TransformationManager;
 class WindowState;
@@ -42,9 +42,6 @@ signals:
     void editRequested(std::size_t index);
     void operationMoved(std::size_t from, std::size_t to);
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
     void createHeader();
     [[nodiscard]] static QString nameOfMode(bool isStack);
@@ -61,7 +58,7 @@ private:
     TransformationManager &m_manager;
     WindowState &m_state;
     QWidget *m_header = nullptr;
-    QLabel *m_modeIcon = nullptr;
+    Symbol *m_modeIcon = nullptr;
     Label *m_modeName = nullptr;
     QAbstractButton *m_mode = nullptr;
     ToolButton *m_pause = nullptr;

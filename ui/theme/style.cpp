@@ -169,6 +169,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
         return checkBoxSize;
     case PM_CheckBoxLabelSpacing:
         return 8;
+    case PM_LineEditIconMargin:
+        return 8;
     case PM_TextCursorWidth:
         // A field draws its caret itself.
         return option != nullptr && qobject_cast<const Field *>(option->styleObject) != nullptr ? 0

@@ -70,6 +70,7 @@ TransformationList::TransformationList(TransformationManager &manager, WindowSta
 void TransformationList::createSearchField() {
     m_search->setObjectName("search");
     m_search->setPlaceholderText(tr("Search transformations..."));
+    m_search->setTextMargins(-5, 0, 0, 0); // nearer to the icon than the toolkit puts it
     m_searchIcon = m_search->addAction(QIcon(), QLineEdit::LeadingPosition);
     m_searchIcon->setText(tr("Search"));
     m_clearSearch = m_search->addAction(QIcon(), QLineEdit::TrailingPosition);

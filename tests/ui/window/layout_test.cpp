@@ -5,10 +5,15 @@
 #include "ui/theme/theme.h"
 #include "ui/window/status_item.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QSplitter>
+
+#include <algorithm>
+#include <vector>
 
 namespace lexivore {
 namespace {
@@ -289,6 +294,26 @@ TEST_F(Layout, TheThemeFollowsTheSystemWhileTheProgramRuns) {
     QApplication::setPalette(before);
 }
 
+TEST_F(Layout, TheIconsOfTheSearchFieldStandWithinItsEnds) {
+    auto *search = find<QLineEdit>("search");
+    const auto middles = [search] {
+        std::vector<int> found;
+        for (const QAbstractButton *icon : search->findChildren<QAbstractButton *>()) {
+            if (icon->isVisible()) {
+                found.push_back(icon->geometry().center().x());
+            }
+        }
+        std::sort(found.begin(), found.end());
+        return found;
+    };
+    EXPECT_EQ(middles(), std::vector{18});
+    search->setText("x");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return middles() == std::vector{18, search->width() - 20}; }));
+    search->clear();
+    search->setFocus();
+    EXPECT_NEAR(search->inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x(), 35, 1) << "the text";
+}
+
 TEST_F(Layout, BeneathASheetTheTextKeepsItsColours) {
     setText(std::string(4000, 'W'));
     const auto darkest = [this] {
@@ -305,6 +330,18 @@ TEST_F(Layout, BeneathASheetTheTextKeepsItsColours) {
     click("clearText");
     ASSERT_FALSE(find("editor")->isEnabled());
     EXPECT_EQ(darkest(), before);
+}
+
+TEST_F(Layout, BeneathASheetTheIconOfTheModeKeepsItsColour) {
+    for (int mode = 0; mode < 2; ++mode) {
+        center().post(notification::toggleStackOperationMode);
+        const QImage before = pictureOf(find("modeIcon"));
+        click("saveRecipe");
+        ASSERT_FALSE(find("modeIcon")->isEnabled());
+        EXPECT_EQ(pictureOf(find("modeIcon")), before);
+        press(Qt::Key_Escape);
+        ASSERT_TRUE(find("modeIcon")->isEnabled());
+    }
 }
 
 } // namespace
