@@ -61,7 +61,6 @@ DraggableOperationItem::DraggableOperationItem(const TransformationManager &mana
                                                QWidget *parent)
     : RowButton(parent), m_manager(manager), m_state(state),
       m_remove(new ToolButton("xmark.circle.fill", tr("Remove"), ToolButton::small, this)) {
-    setAcceptDrops(true);
     m_remove->setObjectName("remove");
     m_remove->setFocusPolicy(Qt::NoFocus);
     connect(m_remove, &ToolButton::clicked, this, &DraggableOperationItem::removed);
@@ -376,33 +375,20 @@ OperationDropDelegate DraggableOperationItem::dropDelegate() {
     return {m_index, m_manager, m_state, [this](std::size_t from, std::size_t to) { emit dropped(from, to); }, m_marks};
 }
 
-void DraggableOperationItem::dragEnterEvent(QDragEnterEvent *event) {
-    if (!event->mimeData()->hasFormat(mimeType)) {
-        return;
-    }
+void DraggableOperationItem::dropEntered() {
     dropDelegate().dropEntered();
-    event->setDropAction(OperationDropDelegate::dropUpdated());
-    event->accept();
     update();
 }
 
-void DraggableOperationItem::dragMoveEvent(QDragMoveEvent *event) {
-    if (event->mimeData()->hasFormat(mimeType)) {
-        event->setDropAction(OperationDropDelegate::dropUpdated());
-        event->accept();
-    }
-}
-
-void DraggableOperationItem::dragLeaveEvent(QDragLeaveEvent *) {
+void DraggableOperationItem::dropExited() {
     dropDelegate().dropExited();
     update();
 }
 
-void DraggableOperationItem::dropEvent(QDropEvent *event) {
+bool DraggableOperationItem::performDrop() {
     const bool isAccepted = dropDelegate().performDrop();
-    event->setDropAction(isAccepted ? OperationDropDelegate::dropUpdated() : Qt::IgnoreAction);
-    event->setAccepted(isAccepted);
     update();
+    return isAccepted;
 }
 
 } // namespace lexivore

@@ -38,6 +38,12 @@ public:
     [[nodiscard]] QString description() const override;
     void addState(QAccessible::State &state) const override;
 
+    /// The dragged row has come over this one: marks the side on which it would land.
+    void dropEntered();
+    void dropExited();
+    /// The dragged row goes to this one's place, if that is another. Whether it does.
+    bool performDrop();
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -63,10 +69,6 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dragMoveEvent(QDragMoveEvent *event) override;
-    void dragLeaveEvent(QDragLeaveEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
 
 private:
     void startDrag();

@@ -9,6 +9,7 @@
 #include "ui/controls/symbol.h"
 #include "ui/controls/tool_button.h"
 #include "ui/operations/draggable_operation_item.h"
+#include "ui/operations/operation_drop_area.h"
 #include "ui/operations/row_slide.h"
 #include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"
@@ -43,6 +44,8 @@ OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &st
     m_column->setSpacing(0);
     m_column->addStretch();
     m_rows->standIn(*m_scroll, {8, 8, 8, 8});
+    m_scroll->setObjectName("operationsScroll");
+    new OperationDropArea(*m_scroll);
     m_emptyState->setObjectName("operationsEmptyState");
 
     auto *column = new QVBoxLayout(this);

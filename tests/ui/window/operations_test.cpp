@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QToolTip>
 
 namespace lexivore {
@@ -46,13 +48,13 @@ protected:
         QApplication::sendEvent(row(to), &drop);
         return drop.isAccepted();
     }
-
-private:
     QMimeData &payload(int from) {
         m_payload.setData(DraggableOperationItem::mimeType,
                           row(from)->operation().id.toString(QUuid::WithoutBraces).toUtf8());
         return m_payload;
     }
+
+private:
     QMimeData m_payload;
 };
 
@@ -213,6 +215,65 @@ TEST_F(Operations, TheFirstDroppedOnTheLastBecomesTheLastAndBack) {
     dragOver(2, 0);
     EXPECT_TRUE(drop(2, 0));
     EXPECT_EQ(stack(), "uppercase reverse sort-words ");
+}
+
+TEST_F(Operations, ARowHeldAtAnEndScrollsToTheOthersAndLandsOnTheOneThatComesUnderIt) {
+    for (int count = 0; count < 30; ++count) {
+        center().post(notification::applyTransformation, QString("trim-lines"));
+    }
+    auto *scroll = find<QScrollArea>("operationsScroll");
+    const QScrollBar *bar = scroll->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->maximum() > 0; }));
+    QWidget *rows = find("operations");
+    const auto positionOf = [&](int y) { return rows->mapFrom(scroll->viewport(), QPoint(20, y)); };
+
+    state().setDraggedOperation(row(0)->operation());
+    const int bottom = scroll->viewport()->height() - 10;
+    QDragEnterEvent enter(positionOf(bottom), Qt::MoveAction, &payload(0), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(rows, &enter);
+    EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->value() == bar->maximum(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return row(32)->marks() == DropMarks{false, true}; }));
+    for (int index = 0; index < 32; ++index) {
+        EXPECT_EQ(row(index)->marks(), DropMarks()) << index;
+    }
+
+    QDragMoveEvent up(positionOf(10), Qt::MoveAction, &payload(0), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(rows, &up);
+    EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->value() == 0; }));
+
+    QDragMoveEvent downAgain(positionOf(bottom), Qt::MoveAction, &payload(0), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(rows, &downAgain);
+    EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->value() == bar->maximum(); }));
+    QDropEvent drop(positionOf(bottom), Qt::MoveAction, &payload(0), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(rows, &drop);
+    EXPECT_TRUE(drop.isAccepted());
+    EXPECT_EQ(manager().appliedOperations().back().transformation, "uppercase");
+    EXPECT_EQ(row(32)->marks(), DropMarks());
+}
+
+TEST_F(Operations, NothingScrollsWhenTheDragIsInTheMiddleOrHasLeft) {
+    for (int count = 0; count < 30; ++count) {
+        center().post(notification::applyTransformation, QString("trim-lines"));
+    }
+    auto *scroll = find<QScrollArea>("operationsScroll");
+    const QScrollBar *bar = scroll->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->maximum() > 0; }));
+    state().setDraggedOperation(row(0)->operation());
+    QWidget *rows = find("operations");
+    const int height = scroll->viewport()->height();
+    QDragEnterEvent enter({20, height - 10}, Qt::MoveAction, &payload(0), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(rows, &enter);
+    ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->value() > 0; }));
+    QDragMoveEvent middle({20, bar->value() + height / 2}, Qt::MoveAction, &payload(0), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(rows, &middle);
+    const int value = bar->value();
+    EXPECT_FALSE(QTest::qWaitFor([&] { return bar->value() != value; }, 60));
+    QDragEnterEvent again({20, bar->value() + height - 10}, Qt::MoveAction, &payload(0), Qt::LeftButton,
+                          Qt::NoModifier);
+    QApplication::sendEvent(rows, &again);
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(rows, &leave);
+    EXPECT_FALSE(QTest::qWaitFor([&] { return bar->value() != value; }, 60));
 }
 
 TEST_F(Operations, ADropOnItselfOrOfNothingKnownChangesNothing) {
