@@ -4,6 +4,7 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/controls/accessible_role.h"
+#include "ui/controls/button_menu.h"
 #include "ui/controls/label.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/sheet_edges.h"
@@ -72,7 +73,7 @@ QWidget *ManageRecipesSheet::makeFooter() {
     auto *menu = new QMenu(m_exportButton);
     menu->setObjectName(QStringLiteral("exportMenu"));
     connect(menu, &QMenu::aboutToShow, this, &ManageRecipesSheet::fillExportMenu);
-    m_exportButton->setMenu(menu);
+    setMenuOf(*m_exportButton, *menu);
     return makeButtonFooter({importButton, m_exportButton}, {});
 }
 

@@ -3,6 +3,7 @@
 #include "tests/ui/window/window_fixture.h"
 #include "ui/window/toolbar_size_configurator.h"
 
+#include <QCursor>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -103,6 +104,21 @@ TEST_F(ToolBar, ARecipeOfTheMenuIsApplied) {
     ASSERT_NE(bullets, actions.end());
     (*bullets)->trigger();
     EXPECT_EQ(text(), "\xE2\x80\xA2 a\n\xE2\x80\xA2 b");
+}
+
+TEST_F(ToolBar, AButtonWhoseMenuIsClosedElsewhereIsNoLongerPointedAt) {
+    QWidget *button = find("recipes");
+    auto *menu = find<QMenu>("recipesToolMenu");
+    const auto openAndCloseAt = [&](QPoint pointer) {
+        button->setAttribute(Qt::WA_UnderMouse);
+        menu->popup(button->mapToGlobal(QPoint(0, button->height())));
+        QCursor::setPos(pointer);
+        menu->close();
+    };
+    openAndCloseAt(button->mapToGlobal(QPoint(10, 10)));
+    EXPECT_TRUE(button->underMouse());
+    openAndCloseAt(button->mapToGlobal(QPoint(10, 100)));
+    EXPECT_FALSE(button->underMouse());
 }
 
 TEST_F(ToolBar, SavingARecipeAndManagingThemOpenTheirSheets) {
