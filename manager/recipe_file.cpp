@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "manager/recipe_file.h"
 
+#include "manager/file_writing.h"
 #include "manager/recipe_json.h"
 
 #include <QByteArray>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <string_view>
 
 namespace lexivore {
 
@@ -54,7 +57,9 @@ bool RecipeFile::write(const QString &path, const std::vector<Recipe> &recipes, 
     }
     QSaveFile file(path);
     // Committing does not notice that its own flush failed, so it is flushed before.
-    if (!file.open(QIODevice::WriteOnly) || file.write(*json) != json->size() || !file.flush() || !file.commit()) {
+    if (!file.open(QIODevice::WriteOnly) ||
+        !writeAll(file, std::string_view(json->constData(), static_cast<std::size_t>(json->size()))) ||
+        !flushAll(file) || !file.commit()) {
         problem = message.arg(path, file.errorString());
         return false;
     }

@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "services/updates/update_download.h"
 
+#include "manager/file_writing.h"
 #include "services/updates/signature.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QTimer>
+
+#include <string_view>
 
 namespace lexivore {
 
@@ -53,7 +56,7 @@ bool UpdateDownload::openFile() {
 }
 
 void UpdateDownload::write(const QByteArray &bytes) {
-    if (m_file.write(bytes) != bytes.size()) {
+    if (!writeAll(m_file, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())))) {
         fail({UpdateError::Kind::cannotSave, m_file.errorString()});
         return;
     }
@@ -61,7 +64,7 @@ void UpdateDownload::write(const QByteArray &bytes) {
 }
 
 void UpdateDownload::verify() {
-    if (!m_file.flush()) {
+    if (!flushAll(m_file)) {
         fail({UpdateError::Kind::cannotSave, m_file.errorString()});
     } else if (m_file.size() != m_item.length) {
         fail({UpdateError::Kind::wrongLength, {}});

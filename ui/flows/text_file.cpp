@@ -4,6 +4,7 @@
 
 #include "engine/primitives/utf8.h"
 #include "engine/text_buffer.h"
+#include "manager/file_writing.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -99,12 +100,9 @@ QString write(const QString &path, const Text &text) {
         return cannotSave(path, file.errorString());
     }
     bool isWritten = true;
-    text.forEachRun(0, text.size(), [&](std::string_view run) {
-        isWritten =
-            isWritten && file.write(run.data(), static_cast<qint64>(run.size())) == static_cast<qint64>(run.size());
-    });
+    text.forEachRun(0, text.size(), [&](std::string_view run) { isWritten = isWritten && writeAll(file, run); });
     // Committing does not notice that its own flush failed, and would put a cut-off file in the place of the old one.
-    if (!isWritten || !file.flush() || !file.commit()) {
+    if (!isWritten || !flushAll(file) || !file.commit()) {
         return cannotSave(path, file.errorString());
     }
     return {};

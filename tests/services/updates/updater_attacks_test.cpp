@@ -197,6 +197,7 @@ TEST_F(UpdaterTest, SaysThatTheDiskIsFull) {
         test::limitFileSize(1000);
         checkAndInstall();
         expectFailure(Kind::cannotSave);
+        EXPECT_EQ(error.detail, "File too large");
         return HasFailure() ? 1 : 0;
     });
     EXPECT_EQ(result, 0);

@@ -122,10 +122,16 @@ TEST_F(Files, AFailedSaveIsToldAndTheOldFileStaysWhole) {
 
 TEST_F(Files, AFullDiskLeavesTheOldFileWholeAndIsTold) {
     write("out.txt", "old");
-    for (const std::size_t size : {5'000U, 200'000U}) { // found out when it is closed, and while it is written
+    Text inPieces(std::string(100'000, 'x'));
+    for (std::size_t place = 50; place < inPieces.size(); place += 100) {
+        inPieces = inPieces.replaced(place, 1, "y");
+    }
+    // Found out when it is closed, while it is written at once, and while it is written piece by piece.
+    for (const Text &full : {Text(std::string(5'000, 'x')), Text(std::string(200'000, 'x')), inPieces}) {
         EXPECT_EQ(test::inChild([&] {
                       test::limitFileSize(1'000);
-                      return textFile::write(path("out.txt"), Text(std::string(size, 'x'))).isEmpty() ? 1 : 0;
+                      const QString failure = textFile::write(path("out.txt"), full);
+                      return failure == "“" + path("out.txt") + "” could not be saved: File too large" ? 0 : 1;
                   }),
                   0);
         EXPECT_EQ(read("out.txt"), "old");
