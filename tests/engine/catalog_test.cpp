@@ -182,6 +182,13 @@ TEST(Catalog, KeepsItsOrderWithinACategory) {
     EXPECT_EQ(namesOf(addRemove).back(), "Wrap Lines");
 }
 
+TEST(Catalog, HasOneEntryThatIsRandomAndOneThatGivesUpAfterSomeTime) {
+    for (const TransformationPointer &entry : makeCatalog()) {
+        EXPECT_EQ(entry->isRandom(), entry->id() == "shuffle-lines") << entry->id();
+        EXPECT_EQ(entry->hasTimeLimit(), entry->id() == "replace-regex") << entry->id();
+    }
+}
+
 TEST(Catalog, FindsAnEntryByItsExactId) {
     const Catalog catalog = makeCatalog();
     for (const TransformationPointer &entry : catalog) {
