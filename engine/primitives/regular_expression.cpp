@@ -246,9 +246,9 @@ const Pattern &preparedPattern(std::string_view source) {
 }
 
 /// Copies a text with some parts of it, in order, replaced.
-class PartReplacer {
+class MatchReplacer {
 public:
-    explicit PartReplacer(std::string_view text) : m_text(text), m_result(TextBuffer::withCapacity(text.size())) {}
+    explicit MatchReplacer(std::string_view text) : m_text(text), m_result(TextBuffer::withCapacity(text.size())) {}
 
     /// What stands before the byte `begin` has been copied; now comes what replaces the part up to `end`.
     TextBuffer &replace(std::size_t begin, std::size_t end) {
@@ -295,7 +295,7 @@ TextBuffer replaceSimply(std::string_view text, const SimplePattern &pattern, co
             visit(match.size(), replacement.sizeFor([&](int group) { return group == 0 ? match.size() : 0; }));
         });
     });
-    PartReplacer replacer(text);
+    MatchReplacer replacer(text);
     forEachMatch(text, pattern, [&](std::string_view match) {
         const auto begin = static_cast<std::size_t>(match.data() - text.data());
         TextBuffer &result = replacer.replace(begin, begin + match.size());
@@ -318,7 +318,7 @@ std::optional<TextBuffer> replaceSequence(std::string_view text, const SequenceP
             }));
         });
     });
-    PartReplacer replacer(text);
+    MatchReplacer replacer(text);
     const bool isDone = pattern.forEachMatch(text, [&](const SequencePattern::Groups &groups) {
         const auto begin = static_cast<std::size_t>(groups[0].data() - text.data());
         TextBuffer &result = replacer.replace(begin, begin + groups[0].size());
@@ -342,7 +342,7 @@ TextBuffer replaceWithIcu(std::string_view text, const icu::RegexPattern &patter
     matcher->setStackLimit(mostStackBytes, status);
     check(status);
 
-    PartReplacer replacer(text);
+    MatchReplacer replacer(text);
     ParallelPosition position(text, input.length());
     while (matcher->find(status) != 0) {
         const std::size_t begin = position.moveTo(matcher->start(status));
