@@ -8,6 +8,7 @@
 #include "engine/primitives/line_order.h"
 #include "engine/primitives/string_order.h"
 #include "engine/primitives/utf8.h"
+#include "engine/primitives/word_reversal.h"
 #include "engine/primitives/word_set.h"
 #include "engine/primitives/words.h"
 
@@ -134,28 +135,6 @@ std::mt19937_64 makeRandomGenerator() {
     return std::mt19937_64(seed);
 }
 
-/// Appends the words of a line, the last one first, with a space between them. The text that they are parts of ends at
-/// `textEnd`.
-void appendReversed(TextBuffer &result, const std::vector<std::string_view> &words, const char *textEnd) {
-    if (words.empty()) {
-        return;
-    }
-    const auto lineBytes = static_cast<std::size_t>(words.back().data() + words.back().size() - words.front().data());
-    char *to = result.room(lineBytes + shortCopySlack + 1);
-    const bool isFarFromEnd = static_cast<std::size_t>(textEnd - words.front().data()) >= lineBytes + shortCopySlack;
-    for (std::size_t left = words.size(); left > 0; --left) {
-        const std::string_view word = words[left - 1];
-        if (isFarFromEnd) {
-            copyInShortBlocks(word.data(), word.size(), to);
-        } else {
-            copyBytes(word.data(), word.size(), to);
-        }
-        to += word.size();
-        *to++ = ' ';
-    }
-    result.commit(to - 1);
-}
-
 } // namespace
 
 TextBuffer SortLinesTransformation::apply(std::string_view text, const ParameterMap &) const {
@@ -196,33 +175,7 @@ TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, c
 }
 
 TextBuffer ReverseWordsInLineTransformation::apply(std::string_view text, const ParameterMap &) const {
-    const char *const end = text.data() + text.size();
-    TextBuffer result = TextBuffer::withCapacity(text.size() + 2 * copySlack);
-    std::vector<std::string_view> words; // of the line
-    const char *wordBegin = text.data();
-    const auto endWord = [&](const char *wordEnd) {
-        if (wordBegin != wordEnd) {
-            words.emplace_back(wordBegin, static_cast<std::size_t>(wordEnd - wordBegin));
-        }
-    };
-    const auto endLine = [&]() {
-        appendReversed(result, words, end);
-        words.clear();
-    };
-    forEachMember(MembershipScan(text, whitespaceAndNewlines, MembershipScan::Mark::firstByte),
-                  [&](const char *separator) {
-                      endWord(separator);
-                      const DecodedCodePoint decoded = decode(separator, end);
-                      wordBegin = separator + decoded.length;
-                      if (isNewline(decoded.value)) {
-                          endLine();
-                          result.append('\n');
-                      }
-                  });
-    endWord(end);
-    endLine();
-    result.shrink();
-    return result;
+    return withWordsReversed(text);
 }
 
 } // namespace lexivore

@@ -302,52 +302,5 @@ TEST(CodecKernels, Base64DecodingStopsBeforeEveryOtherByte) {
     }
 }
 
-TEST(CodecKernels, ReverseTurnsEveryByteBeforeTheFirstThatIsNotAscii) {
-    std::mt19937 random(17);
-    onRandomBytes([&random](const Kernels &kernels, std::string_view bytes) {
-        std::string text(bytes);
-        std::transform(text.begin(), text.end(), text.begin(),
-                       [](char byte) { return static_cast<char>(byte & 0x7F); });
-        std::size_t size = text.size();
-        if (size > 0 && random() % 2 == 0) {
-            size = random() % size;
-            text[size] = static_cast<char>(text[size] | 0x80);
-        }
-        const std::string_view prefix = std::string_view(text).substr(0, size);
-        const ExactCopy result(std::string(text.size(), '#'), (text.size() + 5) % blockSize);
-        bool hasReturn = false;
-        ASSERT_EQ(kernels.reverseAscii(text.data(), text.size(), result.data() + text.size(), hasReturn), size);
-        EXPECT_EQ(hasReturn, prefix.find('\r') != std::string_view::npos);
-        EXPECT_EQ(result.view(), std::string(text.size() - size, '#') + std::string(prefix.rbegin(), prefix.rend()));
-    });
-}
-
-TEST(CodecKernels, ReversePartsKeepsEachPartWhole) {
-    std::mt19937_64 random(seed);
-    for (std::size_t round = 0; round < 20'000; ++round) {
-        const std::size_t size = 1 + random() % blockSize;
-        const std::uint64_t begins = randomBits(random, 1U << random() % 7) | 1U;
-        std::string bytes;
-        for (std::size_t left = size + random() % (round % 2 == 0 ? 3 : 100); left > 0; --left) {
-            bytes += static_cast<char>(random());
-        }
-        std::string expected;
-        for (std::size_t end = size; end > 0;) {
-            std::size_t begin = end - 1;
-            while ((begins >> begin & 1U) == 0) {
-                --begin;
-            }
-            expected += bytes.substr(begin, end - begin);
-            end = begin;
-        }
-        const ExactCopy text(bytes, round % blockSize);
-        onAllKernels([&](const Kernels &kernels) {
-            const ExactCopy result(std::string(blockSize, '#'), round * 7 % blockSize);
-            kernels.reverseParts(text.data(), text.view().size(), begins, size, result.data() + blockSize);
-            EXPECT_EQ(result.view().substr(blockSize - size), expected);
-        });
-    }
-}
-
 } // namespace
 } // namespace lexivore::kernels

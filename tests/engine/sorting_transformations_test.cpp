@@ -178,6 +178,31 @@ TEST(ReverseWords, EqualsAReversalWordByWord) {
     }
 }
 
+TEST(ReverseWords, TakesUsualAndUnusualLinesByTurns) {
+    std::mt19937 random(1);
+    const TransformationPointer reversing = findTransformation(makeCatalog(), "reverse-words-in-line");
+    constexpr std::string_view lines[] = {"a usual line",
+                                          "  with blanks before",
+                                          "and behind ",
+                                          "two  in between",
+                                          "\tand\ttabs",
+                                          "\u00A0no-break\u00A0",
+                                          "",
+                                          "\u0430\u0431 \u0432"};
+    constexpr std::string_view reversed[] = {"line usual a", "before blanks with", "behind and", "between in two",
+                                             "tabs and",     "no-break",           "",           "\u0432 \u0430\u0431"};
+    for (const unsigned usual : {1U, 4U, 200U, 5'000U}) { // lines to one that may be anything
+        std::string text;
+        std::string expected;
+        while (text.size() < 200'000) {
+            const std::size_t index = random() % usual == 0 ? random() % std::size(lines) : 0;
+            text += std::string(lines[index]) + "\n";
+            expected += std::string(reversed[index]) + "\n";
+        }
+        ASSERT_EQ(reversing->apply(text, {}), expected);
+    }
+}
+
 TEST(SortLines, EqualsASortOfAllLinesOfALargeText) {
     std::mt19937 random(1);
     const std::string letters = std::string("abcdefgh \0\x7F", 11) + "\t";
