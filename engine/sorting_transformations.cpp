@@ -59,17 +59,21 @@ TextBuffer sortLines(std::string_view text, SortDirection direction) {
     return writer.takeAllButLast();
 }
 
+bool isAscii(std::string_view text) {
+    const char *const end = text.data() + text.size();
+    return asciiRunEnd(text.data(), end) == end;
+}
+
 /// Counts the different words: a text of a language has few, and only they need sorting. False when most of the words
 /// are different, or when different ones could be equal in the order and must keep their places.
 bool countWords(WordSet &words, std::string_view text) {
     constexpr std::size_t fewWords = 4096;
-    bool isWorthIt = isOrderedByBytes(text);
-    if (isWorthIt) {
-        words.addWords([&](std::string_view) {
-            isWorthIt = words.size() < fewWords + words.addedCount() / 2;
-            return isWorthIt;
-        });
-    }
+    const bool isTextAscii = isAscii(text);
+    bool isWorthIt = true;
+    words.addWords([&](std::string_view word) {
+        isWorthIt = (isTextAscii || isOrderedByBytes(word)) && words.size() < fewWords + words.addedCount() / 2;
+        return isWorthIt;
+    });
     return isWorthIt;
 }
 
@@ -121,11 +125,6 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
     result.truncate(result.empty() ? 0 : result.size() - 1);
     result.shrink();
     return result;
-}
-
-bool isAscii(std::string_view text) {
-    const char *const end = text.data() + text.size();
-    return asciiRunEnd(text.data(), end) == end;
 }
 
 /// Numbers from the system's random source, so that no state outlives a call.
