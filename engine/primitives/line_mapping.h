@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "engine/kernels/kernels.h"
 #include "engine/primitives/lines.h"
+#include "engine/primitives/staged_text.h"
 #include "engine/text_buffer.h"
 
 #include <algorithm>
@@ -13,12 +15,14 @@
 namespace lexivore {
 
 /// Builds a text of pieces of one other text with a separator between them. Pieces that stood side by side with that
-/// very separator between them already are copied as one, so that what changes nothing costs next to nothing.
+/// very separator between them already are copied as one, so that what changes nothing costs next to nothing. A large
+/// text goes past the caches, which have enough to do with what the pieces are found with.
 class Joiner {
 public:
     /// All pieces are parts of `text`.
     Joiner(char separator, std::string_view text, std::size_t expectedBytes)
-        : m_separator(separator), m_textEnd(text.data() + text.size()),
+        : m_separator(separator), m_isLarge(expectedBytes >= StagedText::largeSize),
+          m_textEnd(text.data() + text.size()),
           m_result(TextBuffer::withCapacity(expectedBytes + (expectedBytes == 0 ? 0 : copySlack))) {}
 
     void add(std::string_view piece) {
@@ -50,12 +54,18 @@ private:
             m_result.append(m_pending);
             return;
         }
+        constexpr std::size_t worthACall = 256;
         char *const to = m_result.room(size + copySlack);
-        copyInBlocks(m_pending.data(), size, to);
+        if (m_isLarge && size >= worthACall) {
+            kernels::best().copyPastCache(m_pending.data(), size, to);
+        } else {
+            copyInBlocks(m_pending.data(), size, to);
+        }
         m_result.commit(to + size);
     }
 
     char m_separator;
+    bool m_isLarge;
     const char *m_textEnd;
     std::string_view m_pending; ///< Added but not copied yet.
     TextBuffer m_result;

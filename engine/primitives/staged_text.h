@@ -31,9 +31,10 @@ public:
         }
     }
 
-private:
+    /// Of a text, in bytes, from which on the caches hold little of it.
     static constexpr std::size_t largeSize = std::size_t{1} << 22;
 
+private:
     TextBuffer &m_to;
     TextBuffer m_stage;
     bool m_isStaged;

@@ -97,6 +97,18 @@ TEST(DistinctLines, EqualThoseOfAStandardSetOnRandomLines) {
     }
 }
 
+TEST(DistinctLines, StandInLargeTextsAsInSmallOnes) {
+    std::mt19937 random(3);
+    for (const unsigned oneOf : {2U, 10U, 1'000U}) { // stretches of all sizes between lines that go
+        std::string text;
+        for (int i = 0; text.size() < 5'000'000; ++i) {
+            text += random() % oneOf == 0 ? "again" : std::to_string(i) + std::string(random() % 100, 'x');
+            text += random() % 1'000 == 0 ? "\r" : "\n";
+        }
+        expectDistinct(text);
+    }
+}
+
 } // namespace
 
 } // namespace lexivore
