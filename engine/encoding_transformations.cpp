@@ -3,6 +3,8 @@
 #include "engine/encoding_transformations.h"
 
 #include "engine/primitives/codecs.h"
+#include "engine/primitives/membership_scan.h"
+#include "engine/primitives/part_replacer.h"
 #include "engine/primitives/replacement.h"
 #include "engine/primitives/staged_text.h"
 #include "engine/primitives/utf8.h"
@@ -65,29 +67,39 @@ struct Entity {
 constexpr std::string_view ampersandName = "amp;";
 constexpr Entity entities[] = {{"lt;", '<'}, {"gt;", '>'}, {"quot;", '"'}, {"#39;", '\''}, {"apos;", '\''}};
 
-/// Decodes "&amp;" everywhere and then the other entities, so that "&amp;lt;" gives "<". Both steps in one pass: only
-/// the first makes ampersands, and what follows one was in the text already.
-TextBuffer decodeEntities(std::string_view text) {
-    TextBuffer result = TextBuffer::withCapacity(text.size());
-    for (std::size_t ampersand = text.find('&'); ampersand != std::string_view::npos; ampersand = text.find('&')) {
-        result.append(text.substr(0, ampersand));
-        text.remove_prefix(ampersand + 1);
-        if (text.starts_with(ampersandName)) {
-            text.remove_prefix(ampersandName.size());
-        }
-        char decoded = '&';
-        for (const Entity &entity : entities) {
-            if (text.starts_with(entity.name)) {
-                decoded = entity.character;
-                text.remove_prefix(entity.name.size());
-                break;
-            }
-        }
-        result.append(decoded);
+/// What begins with an ampersand, and the character that it stands for.
+struct DecodedEntity {
+    std::size_t size;
+    char character;
+};
+
+/// "&amp;" is decoded everywhere and then the other entities, so that "&amp;lt;" gives "<". Both steps in one: only the
+/// first makes ampersands, and what follows one was in the text already.
+DecodedEntity decodedAt(const char *ampersand, const char *textEnd) {
+    std::string_view rest(ampersand + 1, static_cast<std::size_t>(textEnd - ampersand - 1));
+    std::size_t size = 1;
+    if (rest.starts_with(ampersandName)) {
+        rest.remove_prefix(ampersandName.size());
+        size += ampersandName.size();
     }
-    result.append(text);
-    result.shrink();
-    return result;
+    for (const Entity &entity : entities) {
+        if (rest.starts_with(entity.name)) {
+            return {size + entity.name.size(), entity.character};
+        }
+    }
+    return {size, '&'};
+}
+
+TextBuffer decodeEntities(std::string_view text) {
+    const char *const end = text.data() + text.size();
+    PartReplacer replacer(text, text.size());
+    replacer.replaceAll(
+        MembershipScan(text, kernels::AsciiSet("&")), [end](const char *part) { return decodedAt(part, end).size; }, 1,
+        [end](char *to, const char *part) {
+            *to = decodedAt(part, end).character;
+            return to + 1;
+        });
+    return replacer.take();
 }
 
 } // namespace
