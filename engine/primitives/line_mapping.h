@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "engine/kernels/kernels.h"
 #include "engine/primitives/lines.h"
 #include "engine/primitives/staged_text.h"
 #include "engine/text_buffer.h"
@@ -21,9 +20,11 @@ class Joiner {
 public:
     /// All pieces are parts of `text`.
     Joiner(char separator, std::string_view text, std::size_t expectedBytes)
-        : m_separator(separator), m_isLarge(expectedBytes >= StagedText::largeSize),
-          m_textEnd(text.data() + text.size()),
-          m_result(TextBuffer::withCapacity(expectedBytes + (expectedBytes == 0 ? 0 : copySlack))) {}
+        : m_separator(separator), m_textEnd(text.data() + text.size()),
+          m_result(TextBuffer::withCapacity(expectedBytes + (expectedBytes == 0 ? 0 : copySlack))),
+          m_staged(m_result, expectedBytes) {}
+    Joiner(const Joiner &) = delete;
+    Joiner &operator=(const Joiner &) = delete;
 
     void add(std::string_view piece) {
         if (m_hasPiece) {
@@ -34,7 +35,7 @@ public:
                 return;
             }
             copyPending();
-            m_result.append(m_separator);
+            m_staged.part().append(m_separator);
         }
         m_hasPiece = true;
         m_pending = piece;
@@ -43,32 +44,37 @@ public:
         if (m_hasPiece) {
             copyPending();
         }
+        m_staged.endPart();
         m_result.shrink();
         return std::move(m_result);
     }
 
 private:
     void copyPending() {
+        constexpr std::size_t worthACall = 1024;
         const std::size_t size = m_pending.size();
-        if (static_cast<std::size_t>(m_textEnd - m_pending.data()) < size + copySlack) {
-            m_result.append(m_pending);
+        if (size >= worthACall) {
+            m_staged.append(m_pending);
             return;
         }
-        constexpr std::size_t worthACall = 256;
-        char *const to = m_result.room(size + copySlack);
-        if (m_isLarge && size >= worthACall) {
-            kernels::best().copyPastCache(m_pending.data(), size, to);
+        TextBuffer &part = m_staged.part();
+        if (static_cast<std::size_t>(m_textEnd - m_pending.data()) < size + copySlack) {
+            part.append(m_pending);
         } else {
+            char *const to = part.room(size + copySlack);
             copyInBlocks(m_pending.data(), size, to);
+            part.commit(to + size);
         }
-        m_result.commit(to + size);
+        if (part.size() >= StagedText::stretch) {
+            m_staged.endPart();
+        }
     }
 
     char m_separator;
-    bool m_isLarge;
     const char *m_textEnd;
     std::string_view m_pending; ///< Added but not copied yet.
     TextBuffer m_result;
+    StagedText m_staged;
     bool m_hasPiece = false;
 };
 

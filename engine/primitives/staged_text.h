@@ -6,11 +6,12 @@
 #include "engine/text_buffer.h"
 
 #include <cstddef>
+#include <string_view>
 
 namespace lexivore {
 
-/// Builds a text out of short parts. Those of a large text are made in a buffer that stays in the cache and moved from
-/// there to their place past it: memory is written once, and not read before as it is when a cache takes it in.
+/// Builds a text out of parts. The short ones of a large text are made in a buffer that stays in the cache and moved
+/// from there to their place past it: memory is written once, and not read before as it is when a cache takes it in.
 class StagedText {
 public:
     /// How many bytes of a text to read for a part, so that what is read and written fits the cache.
@@ -24,17 +25,29 @@ public:
     /// After each part, the last one too.
     void endPart() {
         if (m_isStaged && !m_stage.empty()) {
-            char *const place = m_to.room(m_stage.size());
-            kernels::best().copyPastCache(m_stage.data(), m_stage.size(), place);
-            m_to.commit(place + m_stage.size());
+            move(m_stage);
             m_stage.truncate(0);
         }
     }
-
-    /// Of a text, in bytes, from which on the caches hold little of it.
-    static constexpr std::size_t largeSize = std::size_t{1} << 22;
+    /// Appends a part that is no short one.
+    void append(std::string_view part) {
+        endPart();
+        if (m_isStaged) {
+            move(part);
+        } else {
+            m_to.append(part);
+        }
+    }
 
 private:
+    static constexpr std::size_t largeSize = std::size_t{1} << 22;
+
+    void move(std::string_view part) {
+        char *const place = m_to.room(part.size());
+        kernels::best().copyPastCache(part.data(), part.size(), place);
+        m_to.commit(place + part.size());
+    }
+
     TextBuffer &m_to;
     TextBuffer m_stage;
     bool m_isStaged;
