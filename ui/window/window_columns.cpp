@@ -8,6 +8,7 @@
 #include <QEvent>
 
 #include <algorithm>
+#include <cstdlib>
 #include <numeric>
 
 namespace lexivore {
@@ -29,7 +30,76 @@ void WindowColumns::resetWidths() {
     for (const Column &column : m_columns) {
         widths << widthOf(column, column.width.initial);
     }
+    setWidths(widths);
+}
+
+QList<int> WindowColumns::widths() {
+    noticeChanges();
+    QList<int> widths = m_widths;
+    for (int index = 0; index < count(); ++index) {
+        if (isTheRest(index)) {
+            widths[index] = sizes().at(index);
+        }
+    }
+    return widths;
+}
+
+void WindowColumns::setWidths(const QList<int> &widths) {
+    m_widths = widths;
+    m_sharedOut.clear();
     setSizes(widths);
+    shareOut();
+}
+
+bool WindowColumns::isTheRest(int index) const {
+    return m_columns[static_cast<std::size_t>(index)].space == Space::takesTheRest;
+}
+
+void WindowColumns::noticeChanges() {
+    if (m_sharedOut.isEmpty()) {
+        return;
+    }
+    const QList<int> now = sizes();
+    for (int index = 0; index < count(); ++index) {
+        const bool isShown = now[index] > 0 && m_sharedOut[index] > 0;
+        if (isShown && now[index] != m_sharedOut[index]) {
+            m_widths[index] = now[index];
+        }
+    }
+}
+
+void WindowColumns::shareOut() {
+    if (m_widths.isEmpty() || !isVisible()) {
+        return;
+    }
+    QList<int> sizes = m_widths;
+    std::vector<int> order; // of those that are shown and give way
+    int room = width() + handleWidth();
+    int rest = 0;
+    for (int index = 0; index < count(); ++index) {
+        if (widget(index)->isHidden()) {
+            continue;
+        }
+        room -= handleWidth();
+        if (isTheRest(index)) {
+            rest = index;
+        } else {
+            sizes[index] = std::max(sizes[index], widget(index)->minimumWidth());
+            room -= sizes[index];
+            order.push_back(index);
+        }
+    }
+    std::stable_sort(order.begin(), order.end(),
+                     [rest](int left, int right) { return std::abs(left - rest) < std::abs(right - rest); });
+    for (const int index : order) {
+        const int lacking = std::max(0, widget(rest)->minimumWidth() - room);
+        const int given = std::min(lacking, sizes[index] - widget(index)->minimumWidth());
+        sizes[index] -= given;
+        room += given;
+    }
+    sizes[rest] = std::max(0, room);
+    setSizes(sizes);
+    m_sharedOut = this->sizes();
 }
 
 // What takes the rest wraps its text, so larger letters do not need a wider column.
@@ -41,14 +111,18 @@ int WindowColumns::widthOf(const Column &column, int width) {
 bool WindowColumns::event(QEvent *event) {
     switch (event->type()) {
     case QEvent::Resize:
+    case QEvent::Show:
     case QEvent::LayoutRequest: // also when a column is shown or hidden
-    case QEvent::ApplicationFontChange:
+    case QEvent::ApplicationFontChange: {
+        noticeChanges();
         setMinima();
-        break;
-    default:
-        break;
+        const bool isHandled = QSplitter::event(event);
+        shareOut();
+        return isHandled;
     }
-    return QSplitter::event(event);
+    default:
+        return QSplitter::event(event);
+    }
 }
 
 void WindowColumns::setMinima() {

@@ -32,6 +32,12 @@ public:
     /// Gives every column its initial width. Call it when all are there.
     void resetWidths();
 
+    /// What each column is to be wide, from left to right, where there is room: what it was given or the user made it,
+    /// even while it is hidden or the window is too narrow for it. Of the one that takes the rest, what it has.
+    [[nodiscard]] QList<int> widths();
+    /// As many as there are columns.
+    void setWidths(const QList<int> &widths);
+
 protected:
     bool event(QEvent *event) override;
 
@@ -43,11 +49,19 @@ private:
     };
 
     void setMinima();
+    [[nodiscard]] bool isTheRest(int index) const;
+    /// Takes over what the user has changed since the widths were last shared out.
+    void noticeChanges();
+    /// Gives every column its width. Where there is no room the one that takes the rest gives way first, then those
+    /// beside it, each down to its minimum.
+    void shareOut();
     [[nodiscard]] std::vector<int> minimaWithin(int room) const;
     /// `width` for the letters in use.
     [[nodiscard]] static int widthOf(const Column &column, int width);
 
     std::vector<Column> m_columns;
+    QList<int> m_widths;
+    QList<int> m_sharedOut; ///< The sizes that they got last; empty until there was something to share.
 };
 
 } // namespace lexivore

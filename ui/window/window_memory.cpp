@@ -3,12 +3,11 @@
 #include "ui/window/window_memory.h"
 
 #include "manager/preferences.h"
+#include "ui/window/window_columns.h"
 
 #include <QEvent>
 #include <QMainWindow>
-#include <QSplitter>
 
-#include <algorithm>
 #include <chrono>
 
 namespace lexivore {
@@ -34,7 +33,7 @@ QList<int> storedSizes(const QVariant &stored, qsizetype count) {
 
 } // namespace
 
-WindowMemory::WindowMemory(Preferences &preferences, QMainWindow &window, QSplitter &columns)
+WindowMemory::WindowMemory(Preferences &preferences, QMainWindow &window, WindowColumns &columns)
     : m_preferences(preferences), m_window(window), m_columns(columns) {
     restore();
     m_settled.setSingleShot(true);
@@ -57,20 +56,17 @@ void WindowMemory::restore() {
     }
     const QList<int> widths = storedSizes(m_preferences.value(preference::columnWidths), m_columns.count());
     if (!widths.isEmpty()) {
-        m_columns.setSizes(widths);
+        m_columns.setWidths(widths);
     }
 }
 
 void WindowMemory::save() {
-    const bool isNormal = !m_window.isMaximized() && !m_window.isFullScreen();
-    if (isNormal) {
-        m_preferences.setValue(preference::windowSize, QVariantList{m_window.width(), m_window.height()});
+    if (m_window.isMaximized() || m_window.isFullScreen()) {
+        return;
     }
-    // A hidden column has no width to remember.
-    const QList<int> widths = m_columns.sizes();
-    if (isNormal && std::all_of(widths.begin(), widths.end(), [](int width) { return width > 0; })) {
-        m_preferences.setValue(preference::columnWidths, QVariantList(widths.begin(), widths.end()));
-    }
+    m_preferences.setValue(preference::windowSize, QVariantList{m_window.width(), m_window.height()});
+    const QList<int> widths = m_columns.widths();
+    m_preferences.setValue(preference::columnWidths, QVariantList(widths.begin(), widths.end()));
 }
 
 bool WindowMemory::eventFilter(QObject *watched, QEvent *event) {

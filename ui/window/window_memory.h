@@ -6,11 +6,11 @@
 #include <QTimer>
 
 class QMainWindow;
-class QSplitter;
 
 namespace lexivore {
 
 class Preferences;
+class WindowColumns;
 
 /// Remembers the window's size and the widths of its columns, and nothing else about it.
 class WindowMemory : public QObject {
@@ -19,7 +19,7 @@ class WindowMemory : public QObject {
 public:
     /// Restores both at once, and writes them when the user has changed them, or at last when it is destroyed. Both
     /// must outlive it.
-    WindowMemory(Preferences &preferences, QMainWindow &window, QSplitter &columns);
+    WindowMemory(Preferences &preferences, QMainWindow &window, WindowColumns &columns);
     ~WindowMemory() override;
 
 protected:
@@ -31,7 +31,7 @@ private:
 
     Preferences &m_preferences;
     QMainWindow &m_window;
-    QSplitter &m_columns;
+    WindowColumns &m_columns;
     QTimer m_settled; ///< A drag of an edge passes many sizes; only the last is written.
 };
 

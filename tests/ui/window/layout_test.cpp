@@ -108,6 +108,32 @@ TEST_F(Layout, NarrowingTakesFromTheEditorFirst) {
     EXPECT_EQ(widthOf("operationsPanel"), panelWidth(280));
 }
 
+TEST_F(Layout, WideningGivesTheColumnsBackWhatNarrowingTook) {
+    resize(1280, 800);
+    find<QSplitter>("columns")->setSizes({183, 343, 434, 317});
+    const int panel = widthOf("operationsPanel");
+    ASSERT_EQ(widthOf("transformationList"), 343);
+    for (const QSize narrow : {QSize(1008, 640), QSize(900, 600)}) {
+        resize(narrow.width(), narrow.height());
+        EXPECT_LT(widthOf("transformationList"), 343);
+        resize(1280, 800);
+        EXPECT_EQ(widthOf("transformationList"), 343);
+        EXPECT_EQ(widthOf("operationsPanel"), panel);
+    }
+    resize(900, 600);
+    choose("ToggleOperations");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(widthOf("transformationList"), 343) << "there is room again";
+    choose("ToggleOperations");
+    QCoreApplication::processEvents();
+    EXPECT_LT(widthOf("transformationList"), 343);
+    restart();
+    EXPECT_EQ(window().size(), QSize(900, 600));
+    resize(1280, 800);
+    EXPECT_EQ(widthOf("transformationList"), 343);
+    EXPECT_EQ(widthOf("operationsPanel"), panel);
+}
+
 TEST_F(Layout, TheWindowCanBe900By600AndNoSmaller) {
     EXPECT_EQ(window().minimumSize(), QSize(900, 600));
     resize(900, 600);
