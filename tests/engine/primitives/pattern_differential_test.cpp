@@ -166,6 +166,14 @@ TEST(PatternDifferential, SequencesAreTheseAlone) {
     }
 }
 
+TEST(PatternDifferential, OnlyWhatStandsOnceIsLookedForAsTheBeginning) {
+    const std::string text = "aabbc abc aac abbbc xab xb aab";
+    for (const char *pattern : {"a+b+c", "(a+)(b+)c", "a{1,2}b{1,3}c", "a*b+c", "a{2}b", "ab+c", "xa?b", "x?ab"}) {
+        EXPECT_TRUE(isSequence(pattern)) << pattern;
+        EXPECT_EQ(marked(text, pattern), markedByIcu(text, pattern)) << pattern;
+    }
+}
+
 TEST(PatternDifferential, SequencesHaveAtMostSixtyFourItems) {
     const std::string sixtyFour(64, 'a');
     EXPECT_TRUE(isSequence(sixtyFour));
