@@ -10,6 +10,8 @@ namespace lexivore {
 
 namespace {
 
+constexpr QChar rightToLeftEmbedding(0x202B);
+constexpr QChar endOfEmbedding(0x202C);
 constexpr qsizetype longestToolTip = 500;
 constexpr qsizetype longestUnwrapped = 200; ///< Characters that a wrapped text would like to have on one line.
 
@@ -127,7 +129,11 @@ void Label::paintEvent(QPaintEvent *event) {
         layoutFor(width()).draw(&painter, {0, 0}, {}, event->rect());
         return;
     }
-    const QString shown = QFontMetrics(font()).elidedText(onOneLine(text()), Qt::ElideRight, width());
+    QString shown = QFontMetrics(font()).elidedText(onOneLine(text()), Qt::ElideRight, width());
+    if (text().isRightToLeft()) {
+        // In a window that runs the other way its words and the ellipsis would stand in the wrong order.
+        shown = rightToLeftEmbedding + shown + endOfEmbedding;
+    }
     painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine | Qt::TextDontClip, shown);
 }
 

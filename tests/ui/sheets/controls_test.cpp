@@ -194,6 +194,24 @@ TEST_F(ControlsTest, ALabelOnOneLineCutsOffAndShowsTheRestInItsToolTip) {
     EXPECT_EQ(label->sizeHint().height(), lineHeightFor(FontRole::body));
 }
 
+TEST_F(ControlsTest, ALabelThatRunsFromRightToLeftIsCutOffAtItsLeft) {
+    auto *label = place(new Label(QString::fromUtf8("שלום שלום שלום שלום שלום"), FontRole::body));
+    label->resize(100, 24);
+    const QImage picture = label->grab().toImage();
+    const QRgb background = picture.pixel(0, 0);
+    const auto inkRows = [&](int x) {
+        int rows = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            rows += picture.pixel(x, y) != background ? 1 : 0;
+        return rows;
+    };
+    int first = 0;
+    while (first < picture.width() && inkRows(first) == 0)
+        ++first;
+    for (int x = first; x < first + 5; ++x)
+        EXPECT_LE(inkRows(x), 4) << "the ellipsis, at " << x;
+}
+
 TEST_F(ControlsTest, AWrappedLabelBreaksWordsThatDoNotFit) {
     const Label label(QString(200, 'x'), FontRole::subheadline, &Theme::text2, Label::Lines::wrapped);
     EXPECT_TRUE(label.hasHeightForWidth());
