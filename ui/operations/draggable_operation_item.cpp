@@ -5,6 +5,7 @@
 #include "manager/transformation_manager.h"
 #include "ui/controls/badge.h"
 #include "ui/controls/label.h"
+#include "ui/controls/menu_pointer.h"
 #include "ui/controls/tool_button.h"
 #include "ui/icon.h"
 #include "ui/operations/operation_description.h"
@@ -303,6 +304,7 @@ void DraggableOperationItem::contextMenuEvent(QContextMenuEvent *event) {
     auto *menu = new QMenu(this);
     menu->setObjectName("operationMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    leaveWhenClosedElsewhere(*menu, *this);
     // The keys only show in the menu; they work on the row itself.
     const auto add = [&](const QString &text, const QKeySequence &key, auto action) {
         QAction *item = menu->addAction(text);

@@ -4,8 +4,8 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/controls/accessible_role.h"
-#include "ui/controls/button_menu.h"
 #include "ui/controls/label.h"
+#include "ui/controls/menu_pointer.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/sheet_edges.h"
 #include "ui/controls/symbol.h"
@@ -73,7 +73,8 @@ QWidget *ManageRecipesSheet::makeFooter() {
     auto *menu = new QMenu(m_exportButton);
     menu->setObjectName(QStringLiteral("exportMenu"));
     connect(menu, &QMenu::aboutToShow, this, &ManageRecipesSheet::fillExportMenu);
-    setMenuOf(*m_exportButton, *menu);
+    m_exportButton->setMenu(menu);
+    leaveWhenClosedElsewhere(*menu, *m_exportButton);
     return makeButtonFooter({importButton, m_exportButton}, {});
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/transformation_button.h"
 
+#include "ui/controls/menu_pointer.h"
 #include "ui/icon.h"
 #include "ui/text_conversion.h"
 #include "ui/theme/motion.h"
@@ -189,6 +190,7 @@ void TransformationButton::contextMenuEvent(QContextMenuEvent *event) {
     auto *menu = new QMenu(this);
     menu->setObjectName("transformationMenu");
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    leaveWhenClosedElsewhere(*menu, *this);
     connect(menu->addAction(m_star->toolTip()), &QAction::triggered, this, &TransformationButton::favoriteToggled);
     menu->popup(event->reason() == QContextMenuEvent::Mouse
                     ? event->globalPos()

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/window_tool_bar.h"
 
-#include "ui/controls/button_menu.h"
+#include "ui/controls/menu_pointer.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/tool_button.h"
 #include "ui/window/recipe_menu.h"
@@ -89,7 +89,8 @@ void WindowToolBar::addOperationsGroup(TransformationManager &manager) {
     recipes->setPopupMode(ToolButton::InstantPopup);
     auto *menu = new RecipeMenu(manager, recipes);
     menu->setObjectName("recipesToolMenu");
-    setMenuOf(*recipes, *menu);
+    recipes->setMenu(menu);
+    leaveWhenClosedElsewhere(*menu, *recipes);
     connect(menu, &RecipeMenu::recipeSelected, this, &WindowToolBar::recipeSelected);
 
     connect(addButton("saveRecipe", "bookmark", tr("Save current operations as recipe")), &ToolButton::clicked, this,

@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
@@ -178,6 +179,26 @@ TEST_F(ListRows, TheContextMenuMarksAFavoriteAndTakesTheMarkAway) {
         EXPECT_EQ(manager().favorites().contains("lowercase"), !isMarked);
     }
     EXPECT_EQ(text(), "Kept");
+}
+
+TEST_F(ListRows, ARowWhoseContextMenuIsClosedElsewhereIsNoLongerHovered) {
+    useStackMode();
+    setText("a");
+    center().post(notification::applyTransformation, QString("uppercase"));
+    QCoreApplication::processEvents();
+    for (RowButton *hovered : {static_cast<RowButton *>(row("lowercase")), find<RowButton>("operation.0")}) {
+        for (const bool isElsewhere : {false, true}) {
+            enter(hovered);
+            QContextMenuEvent event(QContextMenuEvent::Mouse, {10, 10}, hovered->mapToGlobal(QPoint(10, 10)));
+            QApplication::sendEvent(hovered, &event);
+            auto *menu = hovered->findChild<QMenu *>();
+            ASSERT_NE(menu, nullptr);
+            QCursor::setPos(hovered->mapToGlobal(isElsewhere ? QPoint(10, 200) : QPoint(10, 10)));
+            menu->close();
+            delete menu;
+            EXPECT_EQ(hovered->isHovered(), !isElsewhere);
+        }
+    }
 }
 
 TEST_F(ListRows, WhilePausedTheRowsShowThatTheyDoNothing) {
