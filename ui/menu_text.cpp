@@ -13,6 +13,10 @@ constexpr qsizetype longestText = 60;
 
 } // namespace
 
+QString shownName(const QString &name) {
+    return name.trimmed().isEmpty() ? QCoreApplication::translate("Menu", "Untitled") : name;
+}
+
 QString menuText(const QString &name) {
     // So much of a very long name is more than is shown.
     QString text = name.left(100 * longestText).simplified();
@@ -26,7 +30,7 @@ QString menuText(const QString &name) {
         text += QChar(0x2026);
     }
     if (text.isEmpty()) {
-        return QCoreApplication::translate("Menu", "Untitled");
+        return shownName(text);
     }
     return text.replace('&', "&&");
 }

@@ -9,6 +9,7 @@
 #include "ui/controls/label.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/tool_button.h"
+#include "ui/menu_text.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/metrics.h"
 #include "ui/translation.h"
@@ -34,7 +35,7 @@ QString operationCount(std::size_t count) {
 
 RecipeRow::RecipeRow(const Recipe &recipe, QWidget *parent) : QWidget(parent) {
     setAccessibleRole(*this, QAccessible::ListItem);
-    setAccessibleName(translatedName(recipe));
+    setAccessibleName(shownName(translatedName(recipe)));
     setAccessibleDescription(operationCount(recipe.operations.size()));
     setAccessibleSelected(*this, false);
     setAttribute(Qt::WA_Hover);
@@ -51,7 +52,7 @@ void RecipeRow::showRecipe(const Recipe &recipe) {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(0);
     texts->addStretch();
-    texts->addWidget(new Label(translatedName(recipe), FontRole::body));
+    texts->addWidget(new Label(shownName(translatedName(recipe)), FontRole::body));
     texts->addWidget(new Label(operationCount(recipe.operations.size()), FontRole::caption, &Theme::text2));
     texts->addStretch();
     auto *rename = new ToolButton(QStringLiteral("pencil"), tr("Rename"), ToolButton::row);

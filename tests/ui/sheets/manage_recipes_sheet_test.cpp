@@ -241,6 +241,18 @@ TEST_F(ManageRecipesSheetTest, NamesOfAnyKindKeepTheirRows) {
     EXPECT_TRUE(row(0)->findChild<QLabel *>()->toolTip().startsWith("<qt>xxx"));
 }
 
+TEST_F(ManageRecipesSheetTest, ARecipeWithoutANameIsCalledUntitledAsInTheMenus) {
+    for (const char *name : {"", " \n"})
+        add(name);
+    open();
+    for (int index = 0; index < 2; ++index) {
+        EXPECT_EQ(row(index)->findChild<QLabel *>()->text(), "Untitled");
+        EXPECT_EQ(row(index)->accessibleName(), "Untitled");
+    }
+    press(Qt::Key_F2);
+    EXPECT_EQ(field()->text(), "") << "that is no name to go on from";
+}
+
 TEST_F(ManageRecipesSheetTest, ALongListScrollsToTheFocusedRow) {
     for (int count = 0; count < 40; ++count)
         add("recipe " + std::to_string(count));
