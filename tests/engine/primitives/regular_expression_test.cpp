@@ -3,6 +3,7 @@
 #include "engine/primitives/regular_expression.h"
 
 #include "engine/primitives/simple_pattern.h"
+#include "tests/support/memory_ceiling.h"
 
 #include <gtest/gtest.h>
 
@@ -126,6 +127,7 @@ TEST(RegularExpression, RefusesWhatWouldBeTooLargeBeforeItWritesIt) {
     for (const char *pattern : {"a", "(a)"}) {
         for (const std::string_view group : {"", "$0", "$1"}) {
             const std::string replacement = literal + std::string(group);
+            const test::MemoryCeiling ceiling(std::size_t{1} << 28U);
             EXPECT_THROW((void)replaceMatches(text, pattern, replacement), TextTooLarge) << pattern << group;
         }
     }
