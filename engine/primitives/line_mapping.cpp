@@ -10,8 +10,21 @@
 
 namespace lexivore {
 
+namespace {
+
+/// Throws TextTooLarge before gigabytes are written in vain. Counts the lines only when it could come to that.
+void requireRoomForAll(std::string_view text, std::string_view separator) {
+    if (separator.size() > 1 && text.size() > largestText / separator.size() &&
+        lineCount(text) - 1 > largestText / separator.size()) {
+        throw TextTooLarge();
+    }
+}
+
+} // namespace
+
 TextBuffer joinLines(std::string_view text, std::string_view separator, std::string_view before,
                      std::string_view behind) {
+    requireRoomForAll(text, separator);
     PartReplacer replacer(text, text.size() + text.size() / 8, before);
     MembershipScan scan(text, newlines, MembershipScan::Mark::firstByte);
     if (separator.size() == 1) {

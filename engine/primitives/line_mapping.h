@@ -129,6 +129,7 @@ template<typename Map> [[nodiscard]] TextBuffer mapLines(std::string_view text, 
 }
 
 /// Every line as it is, joined with `separator`; all of it between `before` and `behind`.
+/// Throws TextTooLarge before it writes what could never be kept.
 [[nodiscard]] TextBuffer joinLines(std::string_view text, std::string_view separator, std::string_view before = {},
                                    std::string_view behind = {});
 

@@ -3,6 +3,7 @@
 #include "engine/primitives/line_mapping.h"
 
 #include "tests/engine/random_lines.h"
+#include "tests/support/memory_ceiling.h"
 
 #include <gtest/gtest.h>
 
@@ -26,6 +27,19 @@ TEST(JoinLines, EqualsAPlainJoin) {
                   before + plainlyJoined(plainLines(text), separator) + ">")
             << "round " << round;
     }
+}
+
+TEST(JoinLines, RefusesWhatWouldBeTooLargeBeforeItWritesIt) {
+    constexpr std::size_t megabyte = std::size_t{1} << 20U;
+    const std::string separator(4096, '|');
+    const std::string lines(megabyte, '\n');
+    {
+        const test::MemoryCeiling ceiling(256 * megabyte);
+        EXPECT_THROW((void)joinLines(lines, separator), TextTooLarge);
+    }
+    // As much text, but in few lines.
+    const std::string line(megabyte, 'a');
+    EXPECT_EQ(joinLines(line + "\n" + line, separator).view(), line + separator + line);
 }
 
 TEST(ReverseLines, EqualsAPlainReversal) {
