@@ -41,6 +41,9 @@ public:
     /// when there are too many of these.
     [[nodiscard]] Entry entryOf(std::string_view part, std::string_view instead);
 
+    /// Of the text that the parts are of, in bytes.
+    [[nodiscard]] std::size_t textSize() const { return m_text.size(); }
+
     /// What the entry was made of.
     [[nodiscard]] std::string_view partOf(const Entry &entry) const {
         if (isInText(entry)) {

@@ -85,14 +85,16 @@ using Ends = std::array<std::uint32_t, std::size_t{1} << kernels::mostDigitBits>
 /// Sorts as many entries as fit the caches together with what they stand for.
 class BlockSorter {
 public:
-    explicit BlockSorter(const StringKeys &keys) : m_keys(keys) {}
+    explicit BlockSorter(const StringKeys &keys) : m_keys(keys), m_isTextLarge(keys.textSize() >= largeText) {}
 
     /// `block` have the keys of `depth`, before which all strings are equal. `scratch` is as large.
     void sort(std::span<Entry> block, Entry *scratch, std::size_t depth) {
         m_block = block.data();
         m_scratch = scratch;
-        for (const Entry &entry : block) {
-            m_keys.prefetchKeys(entry, depth);
+        if (!m_isTextLarge) {
+            for (const Entry &entry : block) {
+                m_keys.prefetchKeys(entry, depth);
+            }
         }
         sortByKeys({0, block.size(), depth}, false);
         while (!m_ties.empty()) {
@@ -106,6 +108,11 @@ public:
     }
 
 private:
+    /// Of a text that no near cache holds, in bytes: what is read of it is asked for shortly before then, that many
+    /// entries ahead, for as many requests as a block has would wait for each other.
+    static constexpr std::size_t largeText = std::size_t{1} << 21;
+    static constexpr std::size_t ahead = 24;
+
     struct Range {
         std::size_t begin;
         std::size_t end;
@@ -135,8 +142,14 @@ private:
         const std::size_t values = kernels::best().distribute(
             entries.data(), entries.size(), firstBits(differences, entries.size()), other, ends.data());
         std::size_t begin = 0;
+        std::size_t prefetched = 0;
         for (std::size_t value = 0; value < values; ++value) {
             const std::size_t end = ends[value];
+            if (m_isTextLarge) {
+                for (const std::size_t last = std::min(end + ahead, entries.size()); prefetched < last; ++prefetched) {
+                    m_keys.prefetchKeys(other[prefetched], range.depth);
+                }
+            }
             if (end - begin > 1) {
                 sortByKeys({range.begin + begin, range.begin + end, range.depth}, !isInScratch);
             } else if (end != begin && !isInScratch) {
@@ -197,6 +210,7 @@ private:
     }
 
     const StringKeys &m_keys;
+    bool m_isTextLarge;
     Entry *m_block = nullptr;
     Entry *m_scratch = nullptr;
     std::vector<Range> m_ties; ///< To be sorted by keys that they do not have yet.
