@@ -412,10 +412,10 @@ struct Kernels {
     /// the lowest of which is set, in reverse order, each part whole. `left` bytes can be read from `from` on, and 64
     /// before `toEnd` are overwritten.
     void (*reverseParts)(const char *from, std::size_t left, std::uint64_t begins, std::size_t size, char *toEnd);
-    /// Writes lines with their words in reverse order and a line feed behind each, as long as they end with one, have
-    /// single blanks (U+0009 or U+0020) between their words and nowhere else, words that it takes, and no bytes that
-    /// other newlines and spaces begin with. Returns how many bytes it read; it need not take anything. Moves `to`,
-    /// behind which up to 64 bytes are overwritten too.
+    /// Writes lines with their words in reverse order, a space between them and a line feed behind each, up to the
+    /// first that it does not take. It may take those that end with a line feed and have tabs (U+0009) and spaces
+    /// (U+0020) for their only other newlines and spaces. Returns how many bytes it read. Moves `to`, behind which up
+    /// to 64 bytes are overwritten too.
     std::size_t (*reverseWords)(const char *from, std::size_t size, char *&to);
     /// Base64 digits of as many groups of three bytes as it takes at once; returns how many bytes it read.
     std::size_t (*encodeBase64)(const char *from, std::size_t size, char *to);
