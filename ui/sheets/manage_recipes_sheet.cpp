@@ -135,6 +135,9 @@ void ManageRecipesSheet::rebuild() {
     const std::vector<Recipe> recipes = m_manager.userRecipes();
     if (recipes.size() > m_rows.size()) // what has come stands at the end
         m_currentRow = static_cast<int>(m_rows.size());
+    // Hidden with the focus, a row would pass it on as Tab does, and the ring would show whatever the mouse did.
+    if (hadFocus)
+        window()->focusWidget()->clearFocus();
     // The signal may come from a row, which must outlive it.
     while (QLayoutItem *item = body().takeAt(0)) {
         item->widget()->hide();

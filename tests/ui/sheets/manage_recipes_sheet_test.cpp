@@ -4,6 +4,7 @@
 
 #include "manager/transformation_manager.h"
 #include "tests/ui/sheets/sheet_fixture.h"
+#include "ui/controls/focus_ring_frame.h"
 #include "ui/controls/tool_button.h"
 #include "ui/sheets/recipe_row.h"
 
@@ -173,6 +174,26 @@ TEST_F(ManageRecipesSheetTest, DeletesByTheTrashAndByTheKeyAndKeepsTheFocus) {
     EXPECT_TRUE(names().isEmpty());
     EXPECT_TRUE(labelsIn(window).contains("No user recipes"));
     EXPECT_EQ(focusName(), "done");
+}
+
+TEST_F(ManageRecipesSheetTest, DeletingAndRenamingByMouseShowNoRing) {
+    add("a");
+    add("b");
+    add("c");
+    open();
+    press(Qt::Key_Down);
+    const auto *ring = find<FocusRingFrame>("focusRing");
+    ASSERT_NE(ring, nullptr);
+    EXPECT_EQ(ring->followed(), row(1));
+    click(row(1)->findChild<ToolButton *>("delete"));
+    EXPECT_TRUE(row(1)->hasFocus());
+    EXPECT_EQ(ring->followed(), nullptr);
+    click(row(1)->findChild<ToolButton *>("rename"));
+    click(find("cancelRename"));
+    EXPECT_TRUE(row(1)->hasFocus());
+    EXPECT_EQ(ring->followed(), nullptr);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(ring->followed(), row(0)) << "by the keyboard it does";
 }
 
 TEST_F(ManageRecipesSheetTest, TheArrowsMoveThroughTheListAndTabThroughOneRow) {

@@ -48,6 +48,15 @@ protected:
         QApplication::sendEvent(row(to), &drop);
         return drop.isAccepted();
     }
+    /// The column, with more operations than fit.
+    QScrollArea *scrollManyOperations() {
+        for (int count = 0; count < 30; ++count) {
+            center().post(notification::applyTransformation, QString("trim-lines"));
+        }
+        auto *scroll = find<QScrollArea>("operationsScroll");
+        EXPECT_TRUE(QTest::qWaitFor([scroll] { return scroll->verticalScrollBar()->maximum() > 0; }));
+        return scroll;
+    }
     QMimeData &payload(int from) {
         m_payload.setData(DraggableOperationItem::mimeType,
                           row(from)->operation().id.toString(QUuid::WithoutBraces).toUtf8());
@@ -218,12 +227,8 @@ TEST_F(Operations, TheFirstDroppedOnTheLastBecomesTheLastAndBack) {
 }
 
 TEST_F(Operations, ARowHeldAtAnEndScrollsToTheOthersAndLandsOnTheOneThatComesUnderIt) {
-    for (int count = 0; count < 30; ++count) {
-        center().post(notification::applyTransformation, QString("trim-lines"));
-    }
-    auto *scroll = find<QScrollArea>("operationsScroll");
+    const QScrollArea *scroll = scrollManyOperations();
     const QScrollBar *bar = scroll->verticalScrollBar();
-    ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->maximum() > 0; }));
     QWidget *rows = find("operations");
     const auto positionOf = [&](int y) { return rows->mapFrom(scroll->viewport(), QPoint(20, y)); };
 
@@ -252,12 +257,8 @@ TEST_F(Operations, ARowHeldAtAnEndScrollsToTheOthersAndLandsOnTheOneThatComesUnd
 }
 
 TEST_F(Operations, NothingScrollsWhenTheDragIsInTheMiddleOrHasLeft) {
-    for (int count = 0; count < 30; ++count) {
-        center().post(notification::applyTransformation, QString("trim-lines"));
-    }
-    auto *scroll = find<QScrollArea>("operationsScroll");
+    const QScrollArea *scroll = scrollManyOperations();
     const QScrollBar *bar = scroll->verticalScrollBar();
-    ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->maximum() > 0; }));
     state().setDraggedOperation(row(0)->operation());
     QWidget *rows = find("operations");
     const int height = scroll->viewport()->height();
