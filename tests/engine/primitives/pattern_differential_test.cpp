@@ -166,6 +166,21 @@ TEST(PatternDifferential, SequencesAreTheseAlone) {
     }
 }
 
+TEST(PatternDifferential, SequencesSearchTheTextsThatTheyKnowAllAbout) {
+    const auto canSearch = [](std::string_view pattern, std::string_view text) {
+        const auto tokens = readPattern(pattern);
+        return tokens.has_value() && SequencePattern::make(*tokens).value().canSearch(text);
+    };
+    for (const char *ascii : {"[a-z]+,", "ab+", "(x)\\.[0-9]"}) {
+        EXPECT_TRUE(canSearch(ascii, "a, b")) << ascii;
+        EXPECT_TRUE(canSearch(ascii, "é, b")) << ascii;
+    }
+    for (const char *wide : {"\\d+,", "[^,]+,", ".,", "[\\w-]+,"}) { // these match some of what is not ASCII
+        EXPECT_TRUE(canSearch(wide, "a, b")) << wide;
+        EXPECT_FALSE(canSearch(wide, "é, b")) << wide;
+    }
+}
+
 TEST(PatternDifferential, OnlyWhatStandsOnceIsLookedForAsTheBeginning) {
     const std::string text = "aabbc abc aac abbbc xab xb aab";
     for (const char *pattern : {"a+b+c", "(a+)(b+)c", "a{1,2}b{1,3}c", "a*b+c", "a{2}b", "ab+c", "xa?b", "x?ab"}) {
