@@ -117,7 +117,12 @@ bool WindowColumns::event(QEvent *event) {
         noticeChanges();
         setMinima();
         const bool isHandled = QSplitter::event(event);
-        shareOut();
+        if (event->type() == QEvent::LayoutRequest) {
+            // What a column takes that appears, and leaves that disappears, is the toolkit's to settle.
+            m_sharedOut = m_sharedOut.isEmpty() ? QList<int>() : sizes();
+        } else {
+            shareOut();
+        }
         return isHandled;
     }
     default:

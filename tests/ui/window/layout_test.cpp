@@ -120,15 +120,19 @@ TEST_F(Layout, WideningGivesTheColumnsBackWhatNarrowingTook) {
         EXPECT_EQ(widthOf("transformationList"), 343);
         EXPECT_EQ(widthOf("operationsPanel"), panel);
     }
-    resize(900, 600);
+    resize(1008, 640);
+    const int list = widthOf("transformationList");
+    const int editor = widthOf("editorPane");
+    const int narrowPanel = widthOf("operationsPanel");
     choose("ToggleOperations");
     QCoreApplication::processEvents();
-    EXPECT_EQ(widthOf("transformationList"), 343) << "there is room again";
+    EXPECT_EQ(widthOf("transformationList"), list);
+    EXPECT_EQ(widthOf("editorPane"), editor + narrowPanel + 1);
     choose("ToggleOperations");
     QCoreApplication::processEvents();
-    EXPECT_LT(widthOf("transformationList"), 343);
+    EXPECT_EQ(widthOf("operationsPanel"), narrowPanel);
     restart();
-    EXPECT_EQ(window().size(), QSize(900, 600));
+    EXPECT_EQ(window().size(), QSize(1008, 640));
     resize(1280, 800);
     EXPECT_EQ(widthOf("transformationList"), 343);
     EXPECT_EQ(widthOf("operationsPanel"), panel);
