@@ -66,6 +66,7 @@ void RecipeRow::showRecipe(const Recipe &recipe) {
     m_buttons = {rename, remove};
     for (QWidget *button : std::as_const(m_buttons))
         button->setFocusPolicy(Qt::NoFocus);
+    remove->installEventFilter(this);
     connect(rename, &ToolButton::clicked, this, &RecipeRow::renameRequested);
     connect(remove, &ToolButton::clicked, this, &RecipeRow::deletionRequested);
 }
@@ -120,6 +121,11 @@ void RecipeRow::setCurrent(bool isCurrent) {
 void RecipeRow::confirmRename() {
     if (!m_field->text().isEmpty())
         emit renameConfirmed();
+}
+
+// The next row comes under the pointer when one is deleted: the second half of a double click must not delete it too.
+bool RecipeRow::eventFilter(QObject *watched, QEvent *event) {
+    return event->type() == QEvent::MouseButtonDblClick || QWidget::eventFilter(watched, event);
 }
 
 void RecipeRow::focusInEvent(QFocusEvent *event) {

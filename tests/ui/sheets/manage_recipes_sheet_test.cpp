@@ -8,6 +8,7 @@
 #include "ui/controls/tool_button.h"
 #include "ui/sheets/recipe_row.h"
 
+#include <QMouseEvent>
 #include <QScrollArea>
 
 namespace lexivore {
@@ -174,6 +175,24 @@ TEST_F(ManageRecipesSheetTest, DeletesByTheTrashAndByTheKeyAndKeepsTheFocus) {
     EXPECT_TRUE(names().isEmpty());
     EXPECT_TRUE(labelsIn(window).contains("No user recipes"));
     EXPECT_EQ(focusName(), "done");
+}
+
+TEST_F(ManageRecipesSheetTest, ADoubleClickOnTheTrashDeletesOneRecipe) {
+    add("a");
+    add("b");
+    add("c");
+    open();
+    click(row(0)->findChild<ToolButton *>("delete"));
+    ASSERT_EQ(names(), (QStringList{"b", "c"}));
+    auto *next = row(0)->findChild<ToolButton *>("delete");
+    for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        const QPointF place = next->rect().center();
+        QMouseEvent event(type, place, next->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(next, &event);
+    }
+    EXPECT_EQ(names(), (QStringList{"b", "c"}));
+    click(next);
+    EXPECT_EQ(names(), QStringList{"c"});
 }
 
 TEST_F(ManageRecipesSheetTest, DeletingAndRenamingByMouseShowNoRing) {
