@@ -132,13 +132,16 @@ TEST(RegularExpression, RefusesWhatWouldBeTooLargeBeforeItWritesIt) {
         }
     }
     // As much text, but with little in it to replace.
-    text.replace(1000, 2, "xx");
-    const std::string rest(text.size() - 1002, 'a');
+    constexpr std::size_t matches = 1000;
+    text.replace(matches, matches, std::string(matches, 'x'));
     for (const char *pattern : {"x", "(x)"}) {
-        const std::string once = literal + (pattern[0] == 'x' ? "" : "x");
-        EXPECT_EQ(replaced(text, pattern, literal + (pattern[0] == 'x' ? "" : "$1")),
-                  std::string(1000, 'a') + once + once + rest)
-            << pattern;
+        const bool isLiteral = pattern[0] == 'x';
+        std::string expected(matches, 'a');
+        for (std::size_t i = 0; i < matches; ++i) {
+            expected += literal + (isLiteral ? "" : "x");
+        }
+        expected.append(text.size() - 2 * matches, 'a');
+        EXPECT_EQ(replaced(text, pattern, literal + (isLiteral ? "" : "$1")), expected) << pattern;
     }
 }
 
