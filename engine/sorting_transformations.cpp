@@ -17,7 +17,6 @@
 #include <cstdint>
 #include <cstring>
 #include <random>
-#include <string>
 #include <vector>
 
 namespace lexivore {
@@ -103,11 +102,16 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
         std::uint32_t count;
         std::uint32_t size;
     };
-    std::string records; // with the word behind each: what is needed together lies together
+    TextBuffer records; // with the word behind each: what is needed together lies together
     words.forEach([&records](std::string_view word, std::uint32_t count) {
         const Record record{count, static_cast<std::uint32_t>(word.size())};
-        records.append(reinterpret_cast<const char *>(&record), sizeof record);
-        records += word;
+        char *const to = records.room(sizeof record + std::max(word.size(), WordSet::leastReadable));
+        std::memcpy(to, &record, sizeof record);
+        std::memcpy(to + sizeof record, word.data(), WordSet::leastReadable);
+        if (word.size() > WordSet::leastReadable) {
+            std::memcpy(to + sizeof record, word.data(), word.size());
+        }
+        records.commit(to + sizeof record + word.size());
     });
     const auto recordBefore = [](const char *word) {
         Record record{};

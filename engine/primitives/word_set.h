@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace lexivore {
 
@@ -68,13 +69,21 @@ public:
     /// How many words have been added, equal ones too.
     [[nodiscard]] std::size_t addedCount() const { return m_addedCount; }
 
+    /// As many bytes can be read of any word that `forEach` visits.
+    static constexpr std::size_t leastReadable = sizeof(kernels::WordKey);
+
     /// Calls `visit(std::string_view, std::uint32_t)` with each of the words, for as long as the set stays as it is,
     /// and how often it was added, in no order that means anything. Only when they are counted.
     template<typename Visit> void forEach(Visit &&visit) const {
-        for (std::size_t i = 0; i < m_slotCount; ++i) {
-            if (!isFree(m_keys[i])) {
-                visit(wordAt(i), m_counts[i]);
-            }
+        std::vector<std::size_t> slots(m_size + 1); // listed without a branch, for no one can be guessed
+        std::size_t count = 0;
+        for (std::size_t slot = 0; slot < m_slotCount; ++slot) {
+            slots[count] = slot;
+            count += isFree(m_keys[slot]) ? 0 : 1;
+        }
+        slots.resize(count);
+        for (const std::size_t slot : slots) {
+            visit(wordAt(slot), m_counts[slot]);
         }
     }
 
