@@ -37,9 +37,8 @@ bool startsWith(std::string_view line, std::string_view part) {
     return !line.empty() && line[0] == part[0] && line.starts_with(part); // the first byte tells most of them apart
 }
 
-/// The lines for which `isDropped(std::string_view)` is false. `findDropped(position, stretchEnd)` gives the first of
-/// those for which it is true that begins at or behind a line's begin, as long as line feeds end all lines there, and
-/// nothing at the end of the stretch when there is none.
+/// The lines for which `isDropped(std::string_view)` is false. `makeFinder(lines)` is asked for lines that line feeds
+/// end, and gives what finds the first of those for which it is true that begins at or behind a line's begin, or null.
 template<typename IsDropped, typename MakeFinder>
 TextBuffer linesBetweenDropped(std::string_view text, IsDropped isDropped, MakeFinder makeFinder) {
     Joiner joiner('\n', text, text.size());
