@@ -80,18 +80,21 @@ void JsonPreferences::remove(const QString &key) {
     save();
 }
 
-void JsonPreferences::save() {
+void JsonPreferences::save() { m_isStored = write(); }
+
+/// False when the file is as it was before.
+bool JsonPreferences::write() {
     const QFileInfo file(m_path);
     if (!QDir().mkpath(file.absolutePath())) {
-        return;
+        return false;
     }
     const FolderLock lock(file.absolutePath(), m_longestWait);
     if (lock.state() == FolderLock::State::busy) {
-        return;
+        return false;
     }
     const QDateTime before = QFileInfo(m_path).lastModified();
     if (!setCorruptFileAside()) {
-        return;
+        return false;
     }
     if (lock.state() == FolderLock::State::held) {
         QFile::remove(m_path + QStringLiteral(".lock"));
@@ -106,6 +109,19 @@ void JsonPreferences::save() {
     m_waiting.clear();
     m_settings.sync(); // keeps what it could not write for the next time
     makeNewerThan(before);
+    return isOnDisk();
+}
+
+/// Whether the file has what QSettings has, whose status stays an error for ever once there was one.
+bool JsonPreferences::isOnDisk() const {
+    QFile file(m_path);
+    const std::optional<QVariantMap> onDisk =
+        file.open(QIODevice::ReadOnly) ? decodePreferences(file.readAll()) : std::nullopt;
+    QVariantMap wanted;
+    for (const QString &key : m_settings.allKeys()) {
+        wanted.insert(key, m_settings.value(key));
+    }
+    return onDisk.value_or(QVariantMap()) == wanted;
 }
 
 /// False when there is a corrupt file that cannot be renamed, or one that cannot be read to the end.

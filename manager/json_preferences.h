@@ -32,6 +32,7 @@ public:
     [[nodiscard]] QVariant value(const QString &key) const override;
     void setValue(const QString &key, const QVariant &value) override;
     void remove(const QString &key) override;
+    [[nodiscard]] bool isStored() const override { return m_isStored; }
 
 private:
     /// QSettings, except that it writes when it is told to and at no other time.
@@ -44,6 +45,8 @@ private:
     };
 
     void save();
+    [[nodiscard]] bool write();
+    [[nodiscard]] bool isOnDisk() const;
     [[nodiscard]] bool setCorruptFileAside() const;
     void makeNewerThan(const QDateTime &before) const;
 
@@ -51,6 +54,7 @@ private:
     std::chrono::milliseconds m_longestWait;
     Settings m_settings;
     QVariantMap m_waiting; ///< Changes that QSettings does not know yet; an invalid value removes the key.
+    bool m_isStored = true;
 };
 
 } // namespace lexivore

@@ -30,6 +30,9 @@ public:
     [[nodiscard]] virtual QVariant value(const QString &key) const = 0;
     virtual void setValue(const QString &key, const QVariant &value) = 0;
     virtual void remove(const QString &key) = 0;
+
+    /// False while something that was set or removed would be forgotten if the program ended now.
+    [[nodiscard]] virtual bool isStored() const = 0;
 };
 
 } // namespace lexivore

@@ -1255,6 +1255,10 @@
         <source>Lexivore</source>
         <translation>Lexivore</translation>
     </message>
+    <message>
+        <source>Favorites and recipes cannot be saved now. What cannot be saved is lost when Lexivore quits.</source>
+        <translation>Favoriten und Rezepte können gerade nicht gesichert werden. Was nicht gesichert werden kann, geht verloren, wenn Lexivore beendet wird.</translation>
+    </message>
 </context>
 <context>
     <name>lexivore::CopyToast</name>

@@ -130,11 +130,13 @@ TEST_F(JsonPreferencesFaultsTest, GoesOnWhenAnotherCopyDoesNotGiveTheLockBack) {
         preferences.setValue(QStringLiteral("hasText"), true);
         EXPECT_EQ(preferences.value(QStringLiteral("hasText")), QVariant(true));
         EXPECT_EQ(onDisk(), QVariantMap());
+        EXPECT_FALSE(preferences.isStored());
 
         ::kill(holder, SIGKILL);
         test::resultOf(holder);
         preferences.setValue(QStringLiteral("editorFontSize"), 20);
         EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("hasText"), true}, {QStringLiteral("editorFontSize"), 20LL}}));
+        EXPECT_TRUE(preferences.isStored());
     }
     ::close(ready[0]);
     ::close(ready[1]);
@@ -209,7 +211,7 @@ int failAndRecover(const QString &path, const std::function<void()> &makeRoom) {
     JsonPreferences preferences(path);
     const QString large(50'000, QLatin1Char('x'));
     preferences.setValue(QStringLiteral("large"), large);
-    if (test::bytesOf(path) != before) {
+    if (test::bytesOf(path) != before || preferences.isStored()) {
         return 1;
     }
     if (preferences.value(QStringLiteral("large")) != QVariant(large)) {
@@ -224,7 +226,8 @@ int failAndRecover(const QString &path, const std::function<void()> &makeRoom) {
     makeRoom();
     preferences.setValue(QStringLiteral("hasText"), true);
     const QVariantMap after = decodePreferences(test::bytesOf(path)).value_or(QVariantMap());
-    return after.size() == 3 && after.value(QStringLiteral("large")) == QVariant(large) ? 0 : 5;
+    const bool isAllThere = after.size() == 3 && after.value(QStringLiteral("large")) == QVariant(large);
+    return isAllThere && preferences.isStored() ? 0 : 5;
 }
 
 constexpr char someFavorites[] = "{\"favorites\": [\"trim-lines\"]}";
@@ -332,7 +335,7 @@ TEST_F(JsonPreferencesFaultsTest, AFolderThatMayNotBeWrittenLeavesTheOldFile) {
                   }
                   const bool goesOn = preferences.value(QStringLiteral("hasText")) == QVariant(true) &&
                                       !preferences.value(QStringLiteral("favorites")).isValid();
-                  return goesOn ? 0 : 2;
+                  return goesOn && !preferences.isStored() ? 0 : 2;
               }),
               0);
 
@@ -343,7 +346,7 @@ TEST_F(JsonPreferencesFaultsTest, AFolderThatMayNotBeWrittenLeavesTheOldFile) {
                   }
                   JsonPreferences preferences(path());
                   preferences.setValue(QStringLiteral("hasText"), true);
-                  return test::bytesOf(path()) == "corrupt" ? 0 : 1;
+                  return test::bytesOf(path()) == "corrupt" && !preferences.isStored() ? 0 : 1;
               }),
               0);
     ASSERT_EQ(::chmod(place.constData(), 0755), 0);
@@ -354,6 +357,7 @@ TEST_F(JsonPreferencesFaultsTest, AHomeWithoutRoomForTheFolderIsBorne) {
     JsonPreferences preferences(file);
     preferences.setValue(QStringLiteral("hasText"), true);
     EXPECT_EQ(preferences.value(QStringLiteral("hasText")), QVariant(true));
+    EXPECT_FALSE(preferences.isStored());
     EXPECT_FALSE(QFileInfo::exists(file));
 }
 

@@ -38,7 +38,7 @@ TEST_F(JsonPreferencesTest, EveryTypeOutlivesTheProgram) {
             preferences.setValue(QStringLiteral("text"), QStringLiteral("true"));
             preferences.setValue(QStringLiteral("gone"), 1);
             preferences.remove(QStringLiteral("gone"));
-            return preferences.value(QStringLiteral("gone")).isValid() ? 1 : 0;
+            return preferences.value(QStringLiteral("gone")).isValid() ? 1 : preferences.isStored() ? 0 : 2;
         }),
         0);
     EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});

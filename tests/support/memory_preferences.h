@@ -22,6 +22,8 @@ public:
         ++m_writeCount;
     }
 
+    [[nodiscard]] bool isStored() const override { return true; }
+
     [[nodiscard]] bool contains(const QString &key) const { return m_values.contains(key); }
     /// How often something was set or removed.
     [[nodiscard]] int writeCount() const { return m_writeCount; }

@@ -166,9 +166,23 @@ void ContentView::showEvent(QShowEvent *event) {
 
 void ContentView::appear() {
     m_manager.ensureTemplates();
+    // What the user made from now on. An alert waits until the sheet that it was made in is gone.
+    connect(&m_manager, &TransformationManager::favoritesChanged, this, &ContentView::reportUnstored,
+            Qt::QueuedConnection);
+    connect(&m_manager, &TransformationManager::recipesChanged, this, &ContentView::reportUnstored,
+            Qt::QueuedConnection);
     post(notification::toggleSidebar);
     post(notification::toggleOperations);
     m_editor->focusEditor();
+}
+
+void ContentView::reportUnstored() {
+    const bool isStored = m_preferences.isStored();
+    if (!isStored && !m_hasReportedUnstored) {
+        m_alerts->showError(
+            tr("Favorites and recipes cannot be saved now. What cannot be saved is lost when Lexivore quits."));
+    }
+    m_hasReportedUnstored = !isStored;
 }
 
 void ContentView::openFile(const QString &path) { m_fileFlow->openGiven(path); }

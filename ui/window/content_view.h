@@ -62,6 +62,7 @@ private:
     void subscribeCommands();
     void restorePreferences();
     void appear();
+    void reportUnstored();
     void post(const char *name);
     void announceText();
 
@@ -91,6 +92,7 @@ private:
     OperationsPanel *m_operations = nullptr;
     std::unique_ptr<WindowMemory> m_memory; ///< Goes before the window's pieces: at last it saves their sizes.
     bool m_hasAppeared = false;
+    bool m_hasReportedUnstored = false; ///< Since something could be stored last.
 };
 
 } // namespace lexivore

@@ -39,6 +39,40 @@ protected:
 
 TEST_F(Recipes, TheTemplatesAreThereWhenTheWindowAppears) { EXPECT_EQ(manager().recipes().size(), 13U); }
 
+TEST_F(Recipes, TheUserIsToldOnceThatNothingIsKept) {
+    setText("a");
+    useStackMode();
+    click("transformation.uppercase");
+    preferences.canStore = false;
+    saveAs("Mine");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isShown("alert"); }));
+    EXPECT_FALSE(isShown("recipeSaveSheet"));
+    EXPECT_EQ(find<QLabel>("message")->text(),
+              "Favorites and recipes cannot be saved now. What cannot be saved is lost when Lexivore quits.");
+    click("confirm");
+    ASSERT_TRUE(alertHasGone());
+    EXPECT_EQ(ownRecipes(), std::vector<std::string>{"Mine"});
+
+    const auto isToldOf = [this](const char *favorite) {
+        manager().toggleFavorite(favorite);
+        QCoreApplication::processEvents();
+        return isShown("alert");
+    };
+    EXPECT_FALSE(isToldOf("lowercase"));
+    preferences.canStore = true;
+    EXPECT_FALSE(isToldOf("uppercase"));
+    preferences.canStore = false;
+    EXPECT_TRUE(isToldOf("titlecase"));
+}
+
+TEST_F(Recipes, NothingIsSaidOfTemplatesThatCannotBeKept) {
+    preferences.values.clear();
+    preferences.canStore = false;
+    restart();
+    EXPECT_EQ(manager().recipes().size(), 13U);
+    EXPECT_FALSE(isShown("alert"));
+}
+
 TEST_F(Recipes, WithAnEmptyStackARecipeIsAppliedWithoutAsking) {
     setText("a\nb");
     select("Create Bullet List");

@@ -29,9 +29,11 @@ public:
         ++writes;
     }
     void remove(const QString &key) override { values.remove(key); }
+    [[nodiscard]] bool isStored() const override { return canStore; }
 
     QMap<QString, QVariant> values;
     int writes = 0;
+    bool canStore = true;
 };
 
 /// Answers every question for a file at once with the path that the test set; without one the user cancels.
