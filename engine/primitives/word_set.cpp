@@ -18,6 +18,7 @@ namespace {
 
 constexpr int firstBits = 12;
 constexpr int bitsInHash = 64;
+constexpr std::size_t worthPrefetching = std::size_t{1} << 15; ///< Slots, which the first caches do not hold.
 
 /// Numbers that no text can know.
 struct Seeds {
@@ -38,7 +39,7 @@ const Seeds &seeds() {
 } // namespace
 
 WordSet::WordSet(std::string_view text, Counting counting)
-    : m_text(text),
+    : m_text(text), m_readAhead(text),
       m_isCounting(counting == Counting::on), m_hash{{seeds().first, seeds().second}, bitsInHash - firstBits},
       m_slotCount(std::size_t{1} << firstBits), m_keys(freeSlots(m_slotCount)), m_offsets(m_slotCount),
       m_counts(m_isCounting ? m_slotCount : 0) {
@@ -81,6 +82,11 @@ std::uint64_t WordSet::countFound(const char *from, const std::uint16_t *bounds,
         const auto index = static_cast<std::size_t>(std::countr_zero(left));
         keys[index] = keyOfLong(pieceAt(from, bounds, index));
         slots[index] = static_cast<std::uint32_t>(slotOf(keys[index]));
+    }
+    if (m_slotCount >= worthPrefetching) {
+        for (std::size_t i = 0; i < count; ++i) {
+            __builtin_prefetch(m_keys.data() + slots[i]);
+        }
     }
     std::uint64_t found = kernels::best().matchKeys(keys, slots.data(), count, m_keys.data());
     for (std::uint64_t left = tooLong & found; left != 0; left &= left - 1) {

@@ -4,6 +4,7 @@
 
 #include "engine/kernels/kernels.h"
 #include "engine/primitives/code_points.h"
+#include "engine/primitives/read_ahead.h"
 #include "engine/primitives/scratch.h"
 #include "engine/primitives/words.h"
 
@@ -46,7 +47,7 @@ public:
             }
         };
         const auto addGroup = [&](const char *from, const std::uint16_t *bounds, std::size_t count) {
-            prefetchBehind(from);
+            m_readAhead.continueFrom(from);
             while (count > 0 && goesOn) {
                 const std::size_t some = std::min(count, mostAtOnce);
                 if (canBeReadAtOnce(from + bounds[2 * some - 2])) {
@@ -115,15 +116,6 @@ private:
     [[nodiscard]] bool canBeReadAtOnce(const char *word) const {
         return static_cast<std::size_t>(m_text.data() + m_text.size() - word) >= sizeof(Key);
     }
-    /// Asks for what will be read next: among so many reads of the table the processor does not see it coming.
-    void prefetchBehind(const char *from) const {
-        constexpr std::size_t stretchSize = Stretch::mostBlocks * kernels::blockSize;
-        if (static_cast<std::size_t>(m_text.data() + m_text.size() - from) >= 2 * stretchSize) {
-            for (std::size_t i = stretchSize; i < 2 * stretchSize; i += kernels::blockSize) {
-                __builtin_prefetch(from + i, 0, 2); // the first cache is full of what is read now
-            }
-        }
-    }
     /// Counts the words that are in their first two slots and returns a bit for each of the others, whose key is
     /// written.
     std::uint64_t countFound(const char *from, const std::uint16_t *bounds, std::size_t count, Key *keys);
@@ -140,6 +132,7 @@ private:
     [[nodiscard]] static Scratch<Key> freeSlots(std::size_t count);
 
     std::string_view m_text;
+    ReadAhead m_readAhead;
     bool m_isCounting;
     kernels::WordHash m_hash; ///< Leaves as many bits as tell the slots.
     std::size_t m_slotCount;
