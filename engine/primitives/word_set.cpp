@@ -18,7 +18,7 @@ namespace {
 
 constexpr int firstBits = 12;
 constexpr int bitsInHash = 64;
-constexpr std::size_t worthPrefetching = std::size_t{1} << 15; ///< Slots, which the first caches do not hold.
+constexpr std::size_t worthPrefetching = std::size_t{1} << 17; ///< Slots, which the near caches do not hold.
 
 /// Numbers that no text can know.
 struct Seeds {
