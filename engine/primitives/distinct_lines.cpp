@@ -242,14 +242,11 @@ private:
             }
         }
     }
+    /// Whether what begins there, before the line, is the same one.
     [[nodiscard]] bool isSame(std::uint32_t place, const Line &line) const {
-        const char *const other = m_text.data() + place; // as long, at the least, as what it begins like
-        return std::memcmp(other, m_text.data() + line.offset, line.size) == 0 && isLineEnd(other + line.size);
-    }
-    /// Whether a newline character stands there, before the end of the text.
-    [[nodiscard]] bool isLineEnd(const char *place) const {
-        const char *const end = m_text.data() + m_text.size();
-        return place == end || isNewline(decode(place, end).value);
+        const char *const other = m_text.data() + place;
+        return std::memcmp(other, m_text.data() + line.offset, line.size) == 0 &&
+               isNewline(decode(other + line.size, m_text.data() + m_text.size()).value);
     }
 
     std::string_view m_text;
