@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/sequence_pattern.h"
 
+#include "engine/primitives/adjacent_sets.h"
 #include "engine/primitives/byte_search.h"
 #include "engine/primitives/membership_scan.h"
 
@@ -33,6 +34,16 @@ std::optional<std::array<bool, 256>> asciiMembers(std::string_view set) {
         members[static_cast<std::size_t>(matcher.start(status))] = true;
     }
     return U_SUCCESS(status) ? std::optional(members) : std::nullopt;
+}
+
+kernels::AsciiSet asciiSet(const std::array<bool, 256> &members) {
+    kernels::AsciiSet set;
+    for (std::size_t character = 0; character < asciiCount; ++character) {
+        if (members[character]) {
+            set.add(static_cast<char>(character));
+        }
+    }
+    return set;
 }
 
 } // namespace
@@ -86,12 +97,8 @@ std::optional<SequencePattern> SequencePattern::make(const std::vector<PatternTo
     if (!openGroups.empty() || std::ranges::none_of(result.m_items, isNeeded) || !result.isUnambiguous()) {
         return std::nullopt;
     }
-    const std::array<bool, 256> first = result.firstBytes(0);
-    for (std::size_t character = 0; character < asciiCount; ++character) {
-        if (first[character]) {
-            result.m_first.add(static_cast<char>(character));
-        }
-    }
+    result.m_first = asciiSet(result.firstBytes(0));
+    result.findCore();
     for (const PatternToken &token : pattern) {
         if (token.kind == Kind::literal && token.fewest == 1 && token.most == 1) {
             result.m_prefix += token.character;
@@ -133,19 +140,31 @@ bool SequencePattern::canSearch(std::string_view text) const {
     return !m_knowsAsciiAlone || kernels::best().asciiPrefix(text.data(), text.size()) == text.size();
 }
 
-/// The end of the match that begins at `position`, or null. Either way `ends` has the ends of all items up to the one
-/// that did not match.
-const char *SequencePattern::matchAt(const char *position, const char *end, std::vector<const char *> &ends) const {
-    ends.clear();
-    for (const Item &item : m_items) {
+void SequencePattern::findCore() {
+    constexpr std::size_t longest = 3; // more would not make it much rarer
+    for (std::size_t i = 0; i < m_items.size() && m_items[i].fewest > 0; ++i) {
+        const Item &item = m_items[i];
+        const std::size_t known = i == 0 ? 1 : item.fewest;
+        m_core.insert(m_core.end(), std::min(known, longest - m_core.size()), asciiSet(item.isMember));
+        if (m_core.size() == longest || (i > 0 && item.fewest != item.most)) {
+            break;
+        }
+    }
+}
+
+/// The end of the match whose items from `item` on begin at `position`, or null. Either way `ends` gets the ends of all
+/// of these up to the one that did not match.
+const char *SequencePattern::matchFrom(std::size_t item, const char *position, const char *end,
+                                       std::vector<const char *> &ends) const {
+    for (; item < m_items.size(); ++item) {
         const auto left = static_cast<std::size_t>(end - position);
-        const char *const farthest = position + std::min(item.most, left);
+        const char *const farthest = position + std::min(m_items[item].most, left);
         const char *const begin = position;
-        while (position != farthest && item.isMember[static_cast<unsigned char>(*position)]) {
+        while (position != farthest && m_items[item].isMember[static_cast<unsigned char>(*position)]) {
             ++position;
         }
         ends.push_back(position);
-        if (static_cast<std::size_t>(position - begin) < item.fewest) {
+        if (static_cast<std::size_t>(position - begin) < m_items[item].fewest) {
             return nullptr;
         }
     }
@@ -154,9 +173,16 @@ const char *SequencePattern::matchAt(const char *position, const char *end, std:
 
 bool SequencePattern::forEachMatch(std::string_view text, const std::function<void(const Groups &)> &visit) const {
     const char *const end = text.data() + text.size();
-    const char *position = text.data();
+    const char *position = text.data(); // no match begins before it
+    std::size_t steps = 0;
+    std::vector<const char *> ends; // of the items of a match, as far as they are known
+
+    // The next place where a match may begin, or the end.
+    const Item &firstItem = m_items[0];
+    const bool isFirstUnlimited = firstItem.most == PatternToken::noLimit;
     MemberFinder first(text, m_first);
-    const auto nextCandidate = [&]() -> const char * {
+    const auto nextBegin = [&]() -> const char * {
+        ends.clear();
         if (m_prefix.empty()) {
             return first.from(position);
         }
@@ -164,20 +190,46 @@ bool SequencePattern::forEachMatch(std::string_view text, const std::function<vo
         const std::size_t found = findBytes(rest, m_prefix);
         return found == std::string_view::npos ? end : position + found;
     };
-    const bool isFirstUnlimited = m_items[0].most == PatternToken::noLimit;
+    // The same by what stands where the first item ends: from there it is read back.
+    const bool hasCore = m_core.size() > std::max(m_prefix.size(), std::size_t{1});
+    AdjacentSetsFinder core(text, hasCore ? std::span(m_core) : std::span(&m_first, 1));
+    const char *coreFrom = position;
+    const auto nextBeginBeforeCore = [&]() -> const char * {
+        ends.clear();
+        for (;;) {
+            const char *const last = core.from(std::max(coreFrom, position));
+            if (last == end) {
+                return end;
+            }
+            coreFrom = last + 1;
+            const char *const farthest =
+                last + 1 - std::min(firstItem.most, static_cast<std::size_t>(last + 1 - position));
+            const char *begin = last;
+            while (begin != farthest && firstItem.isMember[static_cast<unsigned char>(begin[-1])]) {
+                --begin;
+            }
+            if (static_cast<std::size_t>(coreFrom - begin) >= firstItem.fewest) {
+                ends.push_back(coreFrom);
+                return begin;
+            }
+            steps += static_cast<std::size_t>(coreFrom - begin);
+        }
+    };
+    const auto next = [&]() { return hasCore ? nextBeginBeforeCore() : nextBegin(); };
+
     constexpr std::size_t stepsABegin = 64;
-    std::size_t steps = 0;
-    std::vector<const char *> ends;
     Groups groups(m_groups.size() + 1);
-    for (const char *begin = nextCandidate(); begin != end; begin = nextCandidate()) {
-        const char *const matchEnd = matchAt(begin, end, ends);
+    for (const char *begin = next(); begin != end; begin = next()) {
+        const char *const matchEnd = hasCore ? matchFrom(1, ends.front(), end, ends) : matchFrom(0, begin, end, ends);
         steps += static_cast<std::size_t>(ends.back() - begin);
         if (steps > text.size() + stepsABegin * static_cast<std::size_t>(begin - text.data()) + 4096) {
             return false;
         }
         if (matchEnd == nullptr) {
-            // What begins within the repetition that the attempt began with comes to the same end.
-            position = std::max(begin + 1, isFirstUnlimited ? ends.front() : begin);
+            if (!hasCore) {
+                // What begins within the repetition that the attempt began with comes to the same end.
+                position = std::max(begin + 1, isFirstUnlimited ? ends.front() : begin);
+            }
             continue;
         }
         groups[0] = {begin, static_cast<std::size_t>(matchEnd - begin)};

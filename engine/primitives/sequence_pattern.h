@@ -47,12 +47,17 @@ private:
 
     [[nodiscard]] bool isUnambiguous() const;
     [[nodiscard]] std::array<bool, 256> firstBytes(std::size_t item) const;
-    [[nodiscard]] const char *matchAt(const char *position, const char *end, std::vector<const char *> &ends) const;
+    void findCore();
+    [[nodiscard]] const char *matchFrom(std::size_t item, const char *position, const char *end,
+                                        std::vector<const char *> &ends) const;
 
     std::vector<Item> m_items;
     std::vector<Range> m_groups;
-    std::string m_prefix;           ///< What every match begins with, or nothing.
-    kernels::AsciiSet m_first;      ///< What every match begins with one of.
+    std::string m_prefix;      ///< What every match begins with, or nothing.
+    kernels::AsciiSet m_first; ///< What every match begins with one of.
+    /// What the last character that the first item matches is one of, and those behind it. Nothing when it may match
+    /// none, and the first set alone when that is all that can be told.
+    std::vector<kernels::AsciiSet> m_core;
     bool m_knowsAsciiAlone = false; ///< A set has members outside ASCII.
 };
 
