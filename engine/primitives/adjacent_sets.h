@@ -14,26 +14,29 @@
 
 namespace lexivore {
 
-/// Finds the places of a text where characters of given ASCII sets stand side by side, one of each set in the order of
-/// the sets. From any place on, forwards only; at a few instructions for each set and 64 bytes.
+/// Finds the places of a text where bytes of given sets stand side by side, one of each set in the order of the sets.
+/// From any place on, forwards only; at a few instructions for each set and 64 bytes.
 class AdjacentSetsFinder {
 public:
-    /// One set at the least, and at most 64.
-    AdjacentSetsFinder(std::string_view text, std::span<const kernels::AsciiSet> sets);
+    /// One set at the least, and at most 64. Bytes that may begin a member outside ASCII count as members.
+    AdjacentSetsFinder(std::string_view text, std::span<const kernels::ByteClass> sets);
 
-    /// The first place at or behind `position`, which never goes back, where the characters begin, or the end.
+    /// The first place at or behind `position`, which never goes back, where the bytes begin, or the end.
     [[nodiscard]] const char *from(const char *position);
 
 private:
-    /// False when the text has no further stretch.
+    /// Looks at the next stretch of the text. False when there is none.
     bool refill();
+    /// Leaves of the last ones those that have the others before them.
+    void combine(const char *bytes);
 
-    const char *m_end;
-    std::vector<MembershipScan> m_scans; ///< For each set, all of them in the same stretch.
+    std::vector<kernels::ByteClass> m_sets;
     std::vector<std::uint64_t> m_before; ///< For each set but the last, its members in the block before the next one.
-    Stretch m_stretch;
+    const char *m_stretch;
+    const char *m_end;
+    std::size_t m_blockCount = 0;
     std::size_t m_block = 0;
-    std::array<std::uint64_t, Stretch::mostBlocks> m_lasts; ///< Where the last of the characters stand.
+    std::array<std::uint64_t, Stretch::mostBlocks> m_lasts; ///< Where the last of the bytes stand.
 };
 
 } // namespace lexivore
