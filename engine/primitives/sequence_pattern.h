@@ -18,7 +18,7 @@
 namespace lexivore {
 
 /// A regular expression that is one sequence of ASCII characters and sets of characters, each perhaps repeated, with
-/// groups around parts of it, such as "([a-z]+), ([0-9]{1,3})" or "(\\w+): (.)", and in which no repetition could end
+/// groups around parts of it, such as "([a-z]+), ([0-9]{1,3})" or "(\w+): (.)", and in which no repetition could end
 /// earlier than it does and still lead to a match: what follows it begins with other characters. Then nothing has to be
 /// tried twice, and one pass over the UTF-8 finds what ICU finds.
 class SequencePattern {
@@ -29,7 +29,7 @@ public:
     /// Nothing for every pattern that is not like that, as far as ASCII goes.
     [[nodiscard]] static std::optional<SequencePattern> make(const std::vector<PatternToken> &pattern);
 
-    /// False for patterns with sets that have members outside ASCII, "\\d" or ".", when the text is no UTF-8.
+    /// False for patterns with sets that have members outside ASCII, "\d" or ".", when the text is no UTF-8.
     [[nodiscard]] bool canSearch(std::string_view text) const;
 
     /// Calls `visit` with every match in `text`, in order. False when it gave up on the way: the text makes it look at
