@@ -2,12 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "engine/text_buffer.h"
 
-#include "engine/primitives/huge_pages.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <new>
 #include <utility>
 
@@ -17,81 +14,47 @@ namespace {
 
 constexpr std::size_t smallestCapacity = 64;
 
-/// realloc; null when the memory cannot be had. Huge pages make fresh memory cheaper, and writing it.
-char *resized(char *bytes, std::size_t capacity) {
-    auto *const result = static_cast<char *>(std::realloc(bytes, capacity));
-    if (result != nullptr && isWorthHugePages(capacity)) {
-        wishForHugePages(result, capacity);
-    }
-    return result;
-}
-
-/// Blocks of memory that wait to be used again, two of them: a transformation may need as much for itself as for what
-/// it writes. None under AddressSanitizer, which would not see mistakes in them.
+/// Blocks of memory that wait to be used again: a transformation may need as much for itself as for what it writes.
+/// None under AddressSanitizer, which would not see mistakes in them.
 class SpareBlocks {
 public:
-    SpareBlocks() = default;
-    SpareBlocks(const SpareBlocks &) = delete;
-    SpareBlocks &operator=(const SpareBlocks &) = delete;
-    ~SpareBlocks() { release(); }
-
-    /// Takes the block over, in place of a smaller one, or frees it.
-    void offer(char *bytes, std::size_t capacity) {
-        const std::size_t smaller = m_blocks[0].capacity <= m_blocks[1].capacity ? 0 : 1;
-        Block offered;
-        offered.bytes = bytes;
-        offered.capacity = capacity;
-        if (isWorthKeeping(capacity) && capacity > m_blocks[smaller].capacity) {
-            std::swap(offered, m_blocks[smaller]);
-            if (m_blocks[0].capacity + m_blocks[1].capacity > mostBytes) {
-                free(m_blocks[m_blocks[0].capacity <= m_blocks[1].capacity ? 0 : 1]);
+    /// Takes the block over, in place of those that have waited longest, or frees it.
+    void offer(MemoryBlock block) {
+        if (!isWorthKeeping(block.capacity())) {
+            return;
+        }
+        std::size_t kept = block.capacity();
+        for (MemoryBlock &older : m_blocks) { // the latest comes first
+            std::swap(block, older);
+            kept += block.capacity();
+            if (kept > mostBytes) {
+                kept -= block.capacity();
+                block.free();
             }
         }
-        free(offered);
     }
 
-    /// One that is about as large as `bytes`; one that is smaller is enlarged, which moves its pages and leaves only
-    /// the rest to be fresh. `capacity` becomes its size.
-    char *take(std::size_t bytes, std::size_t &capacity) {
-        Block *best = nullptr;
-        for (Block &block : m_blocks) {
-            const bool fits = block.bytes != nullptr && block.capacity / 2 <= bytes && block.capacity >= bytes / 2;
-            if (fits && (best == nullptr || distance(block.capacity, bytes) < distance(best->capacity, bytes))) {
+    /// The one nearest to `bytes` in size, unless it is more than twice as large, made as large as that: what it has is
+    /// warm, and only the rest is fresh. An empty block when there is none.
+    MemoryBlock take(std::size_t bytes) {
+        MemoryBlock *best = nullptr;
+        for (MemoryBlock &block : m_blocks) {
+            const bool fits = block.capacity() > 0 && block.capacity() / 2 <= bytes;
+            if (fits && (best == nullptr || distance(block.capacity(), bytes) < distance(best->capacity(), bytes))) {
                 best = &block;
             }
         }
-        if (best == nullptr) {
-            return nullptr;
+        if (best == nullptr || (best->capacity() < bytes && !best->resize(bytes))) {
+            return {};
         }
-        if (best->capacity < bytes) {
-            char *const larger = resized(best->bytes, bytes);
-            if (larger == nullptr) {
-                return nullptr;
-            }
-            *best = {larger, bytes};
-        }
-        capacity = best->capacity;
-        return std::exchange(*best, {}).bytes;
+        return std::move(*best);
     }
 
-    void release() {
-        for (Block &block : m_blocks) {
-            free(block);
-        }
-    }
+    void release() { m_blocks = {}; }
 
 private:
     static constexpr std::size_t mostBytes = std::size_t{1} << 26; ///< What the program may hold without need.
 
-    struct Block {
-        char *bytes = nullptr;
-        std::size_t capacity = 0;
-    };
-
-    static void free(Block &block) {
-        std::free(block.bytes);
-        block = {};
-    }
     static constexpr bool isWorthKeeping(std::size_t capacity) {
 #ifdef __SANITIZE_ADDRESS__
         return capacity == 0;
@@ -104,7 +67,7 @@ private:
         return left < right ? right - left : left - right;
     }
 
-    std::array<Block, 2> m_blocks;
+    std::array<MemoryBlock, 2> m_blocks;
 };
 
 thread_local SpareBlocks spareBlocks;
@@ -112,35 +75,33 @@ thread_local SpareBlocks spareBlocks;
 } // namespace
 
 TextBuffer::TextBuffer(TextBuffer &&other) noexcept
-    : m_bytes(std::exchange(other.m_bytes, nullptr)), m_size(std::exchange(other.m_size, 0)),
-      m_capacity(std::exchange(other.m_capacity, 0)) {}
+    : m_block(std::move(other.m_block)), m_size(std::exchange(other.m_size, 0)) {}
 
 TextBuffer &TextBuffer::operator=(TextBuffer &&other) noexcept {
-    std::swap(m_bytes, other.m_bytes);
+    std::swap(m_block, other.m_block);
     std::swap(m_size, other.m_size);
-    std::swap(m_capacity, other.m_capacity);
     return *this;
 }
 
-TextBuffer::~TextBuffer() {
-    if (m_bytes != nullptr) {
-        spareBlocks.offer(m_bytes, m_capacity);
-    }
-}
+TextBuffer::~TextBuffer() { spareBlocks.offer(std::move(m_block)); }
 
 TextBuffer TextBuffer::withCapacity(std::size_t bytes) {
     TextBuffer buffer;
     if (bytes > 0) {
-        buffer.reallocate(bytes);
+        buffer.resizeBlock(bytes);
     }
     return buffer;
 }
 
 void TextBuffer::shrink() {
-    if (m_size == 0) {
-        *this = TextBuffer();
-    } else if (m_capacity - m_size > m_size / 8 + smallestCapacity) {
-        reallocate(m_size);
+    constexpr std::size_t quicklyCopied = std::size_t{1} << 18;
+    if (capacity() - m_size <= m_size / 8 + smallestCapacity) {
+        return;
+    }
+    if (m_size <= quicklyCopied) {
+        *this = TextBuffer(view());
+    } else {
+        resizeBlock(m_size);
     }
 }
 
@@ -151,22 +112,19 @@ void TextBuffer::grow(std::size_t bytes) {
         throw TextTooLarge();
     }
     const std::size_t needed = m_size + bytes;
-    reallocate(std::max({needed, m_capacity + m_capacity / 2, smallestCapacity}));
+    resizeBlock(std::max({needed, capacity() + capacity() / 2, smallestCapacity}));
 }
 
-void TextBuffer::reallocate(std::size_t capacity) {
-    if (m_bytes == nullptr) {
-        m_bytes = spareBlocks.take(capacity, m_capacity);
-        if (m_bytes != nullptr) {
+void TextBuffer::resizeBlock(std::size_t capacity) {
+    if (m_block.bytes() == nullptr) {
+        m_block = spareBlocks.take(capacity);
+        if (m_block.bytes() != nullptr) {
             return;
         }
     }
-    char *const bytes = resized(m_bytes, capacity);
-    if (bytes == nullptr) {
+    if (!m_block.resize(capacity)) {
         throw std::bad_alloc();
     }
-    m_bytes = bytes;
-    m_capacity = capacity;
 }
 
 } // namespace lexivore

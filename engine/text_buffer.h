@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "engine/primitives/memory_block.h"
+
 #include <cstddef>
 #include <cstring>
 #include <stdexcept>
@@ -93,11 +95,11 @@ public:
 
     [[nodiscard]] static TextBuffer withCapacity(std::size_t bytes);
 
-    [[nodiscard]] const char *data() const { return m_bytes; }
+    [[nodiscard]] const char *data() const { return m_block.bytes(); }
     [[nodiscard]] std::size_t size() const { return m_size; }
-    [[nodiscard]] std::size_t capacity() const { return m_capacity; }
+    [[nodiscard]] std::size_t capacity() const { return m_block.capacity(); }
     [[nodiscard]] bool empty() const { return m_size == 0; }
-    [[nodiscard]] std::string_view view() const { return {m_bytes, m_size}; }
+    [[nodiscard]] std::string_view view() const { return {m_block.bytes(), m_size}; }
     operator std::string_view() const { return view(); } // NOLINT(google-explicit-constructor): it is a text
 
     void append(std::string_view text) {
@@ -114,13 +116,13 @@ public:
 
     /// Room for `bytes` more after the end, not cleared. What was written there becomes part of the text by `commit`.
     [[nodiscard, gnu::returns_nonnull]] char *room(std::size_t bytes) {
-        if (bytes > m_capacity - m_size || m_bytes == nullptr) {
+        if (bytes > capacity() - m_size || data() == nullptr) {
             grow(bytes);
         }
-        return m_bytes + m_size;
+        return m_block.bytes() + m_size;
     }
     /// The text now ends at `end`, which lies within the room asked for last.
-    void commit(const char *end) { m_size = static_cast<std::size_t>(end - m_bytes); }
+    void commit(const char *end) { m_size = static_cast<std::size_t>(end - m_block.bytes()); }
     /// Drops everything behind the first `size` bytes.
     void truncate(std::size_t size) { m_size = size < m_size ? size : m_size; }
 
@@ -132,11 +134,10 @@ public:
 
 private:
     void grow(std::size_t bytes);
-    void reallocate(std::size_t capacity);
+    void resizeBlock(std::size_t capacity);
 
-    char *m_bytes = nullptr; ///< From malloc.
+    MemoryBlock m_block;
     std::size_t m_size = 0;
-    std::size_t m_capacity = 0;
 };
 
 inline bool operator==(const TextBuffer &left, std::string_view right) { return left.view() == right; }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/text_buffer.h"
 
+#include "tests/support/allocation.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -159,6 +161,46 @@ TEST(TextBuffer, HasTheRoomThatIsAskedForWhateverWasGivenUp) {
             EXPECT_EQ(buffer.view(), std::string(asked, 'x'));
         }
     }
+}
+
+#ifndef __SANITIZE_ADDRESS__ // under which no memory waits
+TEST(TextBuffer, TakesUpTheLatestThoughAnOlderOneWasMuchLarger) {
+    TextBuffer::releaseSpareMemory();
+    static_cast<void>(TextBuffer::withCapacity(7 * large));
+    const std::size_t asked = large * 5 / 4;
+    const char *latest = nullptr;
+    {
+        const TextBuffer buffer = TextBuffer::withCapacity(asked);
+        latest = buffer.data();
+    }
+    const std::size_t before = test::allocatedBytes();
+    const TextBuffer again = TextBuffer::withCapacity(asked);
+    EXPECT_EQ(again.data(), latest);
+    EXPECT_EQ(test::allocatedBytes(), before);
+    TextBuffer::releaseSpareMemory();
+}
+#endif
+
+TEST(TextBuffer, TheMemoryThatWaitsIsBounded) {
+    TextBuffer::releaseSpareMemory();
+    const std::size_t before = test::allocatedBytes();
+    for (const std::size_t megabytes : {60, 30, 100, 20, 10, 50}) {
+        static_cast<void>(TextBuffer::withCapacity(megabytes << 20U));
+        EXPECT_LT(test::allocatedBytes(), before + (std::size_t{64} << 20U) + 10'000);
+    }
+    TextBuffer::releaseSpareMemory();
+    EXPECT_LT(test::allocatedBytes(), before + 10'000);
+}
+
+TEST(TextBuffer, AShortTextDoesNotKeepTheMemoryOfALargeOne) {
+    TextBuffer::releaseSpareMemory();
+    TextBuffer buffer = TextBuffer::withCapacity(large);
+    buffer.append(std::string(100'000, 'x'));
+    buffer.shrink();
+    EXPECT_EQ(buffer.view(), std::string(100'000, 'x'));
+    EXPECT_LT(buffer.capacity(), 200'000U);
+    TextBuffer::releaseSpareMemory();
+    EXPECT_EQ(buffer.view(), std::string(100'000, 'x'));
 }
 
 TEST(TextBuffer, GrowsByteByByteToALargeText) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/allocation.h"
 
+#include "engine/primitives/memory_block.h"
+
 #include <malloc.h>
 
 #ifdef __SANITIZE_ADDRESS__
@@ -16,7 +18,7 @@ std::size_t allocatedBytes() {
     return __sanitizer_get_current_allocated_bytes();
 #else
     const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
+    return info.uordblks + info.hblkhd + MemoryBlock::mappedBytes();
 #endif
 }
 

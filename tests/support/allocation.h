@@ -6,7 +6,7 @@
 
 namespace lexivore::test {
 
-/// Bytes that are allocated at this moment, malloc and new alike, in the whole process. Exact enough to see whether
+/// Bytes that are allocated at this moment, by malloc, new and for texts, in the whole process. Exact enough to see whether
 /// something large was copied.
 [[nodiscard]] std::size_t allocatedBytes();
 

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <new>
+#include <sys/mman.h>
 
 namespace {
 
@@ -48,6 +49,12 @@ extern "C" {
 void *__real_realloc(void *memory, std::size_t size);  // NOLINT(bugprone-reserved-identifier): the linker's names
 void *__wrap_realloc(void *memory, std::size_t size) { // NOLINT(bugprone-reserved-identifier)
     return mustFail() ? nullptr : __real_realloc(memory, size);
+}
+void *__real_mmap(void *, std::size_t, int, int, int, off_t); // NOLINT(bugprone-reserved-identifier)
+void *__wrap_mmap(void *place, std::size_t size, int access, int flags,
+                  int file, // NOLINT(bugprone-reserved-identifier)
+                  off_t offset) {
+    return mustFail() ? MAP_FAILED : __real_mmap(place, size, access, flags, file, offset);
 }
 }
 

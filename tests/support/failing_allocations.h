@@ -6,7 +6,7 @@
 
 namespace lexivore::test {
 
-/// Lets allocations fail on purpose: `new`, whoever calls it, and the realloc of our own sources (the program
+/// Lets allocations fail on purpose: `new`, whoever calls it, and the realloc and mmap of our own sources (the program
 /// links lexivore_failing_allocations). Nothing fails unless one of these lives.
 class FailingAllocations {
 public:
