@@ -18,29 +18,33 @@ constexpr std::size_t smallestCapacity = 64;
 /// None under AddressSanitizer, which would not see mistakes in them.
 class SpareBlocks {
 public:
+    static constexpr std::size_t smallest = std::size_t{1} << 20;
+
     /// Takes the block over, in place of those that have waited longest, or frees it.
     void offer(MemoryBlock block) {
         if (!isWorthKeeping(block.capacity())) {
             return;
         }
-        std::size_t kept = block.capacity();
-        for (MemoryBlock &older : m_blocks) { // the latest comes first
-            std::swap(block, older);
-            kept += block.capacity();
+        std::size_t kept = 0;
+        for (MemoryBlock &place : m_blocks) { // the latest comes first
+            if (block.bytes() != nullptr) {
+                std::swap(block, place);
+            }
+            kept += place.capacity();
             if (kept > mostBytes) {
-                kept -= block.capacity();
-                block.free();
+                kept -= place.capacity();
+                place.free();
             }
         }
     }
 
-    /// The one nearest to `bytes` in size, unless it is more than twice as large, made as large as that: what it has is
-    /// warm, and only the rest is fresh. An empty block when there is none.
+    /// The smallest that has room for `bytes`, unless it is more than twice as large, or else the largest, made as
+    /// large as that: what it has is warm, and only the rest is fresh. An empty block when there is none.
     MemoryBlock take(std::size_t bytes) {
         MemoryBlock *best = nullptr;
         for (MemoryBlock &block : m_blocks) {
             const bool fits = block.capacity() > 0 && block.capacity() / 2 <= bytes;
-            if (fits && (best == nullptr || distance(block.capacity(), bytes) < distance(best->capacity(), bytes))) {
+            if (fits && (best == nullptr || isBetter(block.capacity(), best->capacity(), bytes))) {
                 best = &block;
             }
         }
@@ -59,15 +63,14 @@ private:
 #ifdef __SANITIZE_ADDRESS__
         return capacity == 0;
 #else
-        constexpr std::size_t smallest = std::size_t{1} << 20;
         return capacity >= smallest && capacity <= mostBytes;
 #endif
     }
-    static constexpr std::size_t distance(std::size_t left, std::size_t right) {
-        return left < right ? right - left : left - right;
+    static constexpr bool isBetter(std::size_t capacity, std::size_t other, std::size_t bytes) {
+        return capacity < bytes ? capacity > other : other < bytes || capacity < other;
     }
 
-    std::array<MemoryBlock, 2> m_blocks;
+    std::array<MemoryBlock, 6> m_blocks;
 };
 
 thread_local SpareBlocks spareBlocks;
@@ -94,11 +97,10 @@ TextBuffer TextBuffer::withCapacity(std::size_t bytes) {
 }
 
 void TextBuffer::shrink() {
-    constexpr std::size_t quicklyCopied = std::size_t{1} << 18;
     if (capacity() - m_size <= m_size / 8 + smallestCapacity) {
         return;
     }
-    if (m_size <= quicklyCopied) {
+    if (m_size < SpareBlocks::smallest) {
         *this = TextBuffer(view());
     } else {
         resizeBlock(m_size);
@@ -116,9 +118,10 @@ void TextBuffer::grow(std::size_t bytes) {
 }
 
 void TextBuffer::resizeBlock(std::size_t capacity) {
-    if (m_block.bytes() == nullptr) {
-        m_block = spareBlocks.take(capacity);
-        if (m_block.bytes() != nullptr) {
+    if (this->capacity() < SpareBlocks::smallest && capacity >= SpareBlocks::smallest) {
+        if (MemoryBlock spare = spareBlocks.take(capacity); spare.bytes() != nullptr) {
+            copyBytes(data(), size(), spare.bytes());
+            m_block = std::move(spare);
             return;
         }
     }

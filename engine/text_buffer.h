@@ -81,8 +81,8 @@ public:
 /// Unlike std::string it never clears the room that is about to be written, and growing a large one moves pages
 /// instead of copying bytes. Throws std::bad_alloc when the memory cannot be had, and TextTooLarge, at the latest when
 /// it grows again, when it has more bytes than a text may have.
-/// The memory of the last two large ones that were given up is kept for the next, for fresh pages cost several times
-/// what writing them does.
+/// The memory of the last few large ones that were given up, 64 MB at the most, is kept for the next, for fresh pages
+/// cost several times what writing them does.
 class TextBuffer {
 public:
     TextBuffer() = default;
@@ -126,7 +126,7 @@ public:
     /// Drops everything behind the first `size` bytes.
     void truncate(std::size_t size) { m_size = size < m_size ? size : m_size; }
 
-    /// Gives the memory that is kept for the next large one back to the system.
+    /// Gives the memory that is kept for the next large ones back to the system.
     static void releaseSpareMemory();
 
     /// Gives back room that was reserved but not used, when it is worth it.
