@@ -45,18 +45,16 @@ void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
 void operator delete[](void *memory, std::size_t) noexcept { std::free(memory); }
 
 // The linker's --wrap sends calls of our own sources here.
+// NOLINTBEGIN(bugprone-reserved-identifier): the linker's names
 extern "C" {
-void *__real_realloc(void *memory, std::size_t size);  // NOLINT(bugprone-reserved-identifier): the linker's names
-void *__wrap_realloc(void *memory, std::size_t size) { // NOLINT(bugprone-reserved-identifier)
-    return mustFail() ? nullptr : __real_realloc(memory, size);
-}
-void *__real_mmap(void *, std::size_t, int, int, int, off_t); // NOLINT(bugprone-reserved-identifier)
-void *__wrap_mmap(void *place, std::size_t size, int access, int flags,
-                  int file, // NOLINT(bugprone-reserved-identifier)
-                  off_t offset) {
+void *__real_realloc(void *memory, std::size_t size);
+void *__wrap_realloc(void *memory, std::size_t size) { return mustFail() ? nullptr : __real_realloc(memory, size); }
+void *__real_mmap(void *place, std::size_t size, int access, int flags, int file, off_t offset);
+void *__wrap_mmap(void *place, std::size_t size, int access, int flags, int file, off_t offset) {
     return mustFail() ? MAP_FAILED : __real_mmap(place, size, access, flags, file, offset);
 }
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace lexivore::test {
 
