@@ -18,7 +18,7 @@ constexpr std::size_t smallestCapacity = 64;
 /// None under AddressSanitizer, which would not see mistakes in them.
 class SpareBlocks {
 public:
-    static constexpr std::size_t smallest = std::size_t{1} << 20;
+    static constexpr std::size_t smallest = std::size_t{1} << 17; ///< From which on malloc maps fresh pages.
 
     /// Takes the block over, in place of those that have waited longest, or frees it.
     void offer(MemoryBlock block) {
@@ -38,12 +38,12 @@ public:
         }
     }
 
-    /// The smallest that has room for `bytes`, unless it is more than twice as large, or else the largest, made as
+    /// The smallest that has room for `bytes`, unless it is over four times as large, or else the largest, made as
     /// large as that: what it has is warm, and only the rest is fresh. An empty block when there is none.
     MemoryBlock take(std::size_t bytes) {
         MemoryBlock *best = nullptr;
         for (MemoryBlock &block : m_blocks) {
-            const bool fits = block.capacity() > 0 && block.capacity() / 2 <= bytes;
+            const bool fits = block.capacity() > 0 && block.capacity() / mostTimes <= bytes;
             if (fits && (best == nullptr || isBetter(block.capacity(), best->capacity(), bytes))) {
                 best = &block;
             }
@@ -57,6 +57,7 @@ public:
     void release() { m_blocks = {}; }
 
 private:
+    static constexpr std::size_t mostTimes = 4; ///< For results grow: what is asked for first is less than they need.
     static constexpr std::size_t mostBytes = std::size_t{1} << 26; ///< What the program may hold without need.
 
     static constexpr bool isWorthKeeping(std::size_t capacity) {
@@ -70,7 +71,7 @@ private:
         return capacity < bytes ? capacity > other : other < bytes || capacity < other;
     }
 
-    std::array<MemoryBlock, 6> m_blocks;
+    std::array<MemoryBlock, 8> m_blocks;
 };
 
 thread_local SpareBlocks spareBlocks;
@@ -100,7 +101,8 @@ void TextBuffer::shrink() {
     if (capacity() - m_size <= m_size / 8 + smallestCapacity) {
         return;
     }
-    if (m_size < SpareBlocks::smallest) {
+    constexpr std::size_t quicklyCopied = std::size_t{1} << 20;
+    if (m_size < quicklyCopied) {
         *this = TextBuffer(view());
     } else {
         resizeBlock(m_size);
