@@ -8,7 +8,8 @@ after row, so that what disturbs the machine for a while disturbs one round of m
 A peer that was over three times slower than the best of a row in the first round is not asked again. In its turn each
 works in warm caches, as memcpy does: its first run is not counted unless it takes long. MB/s are megabytes of input.
 Times are those of the processor, so that what else runs on the machine matters less (node alone is timed by the clock:
-it works in several threads).
+it works in several threads). Before each turn the processor is looked for that is disturbed least, and for ten minutes
+in all a better moment is waited for (not with --quick).
 """
 
 import argparse
@@ -23,6 +24,7 @@ import time
 import engine_peers
 import engine_table
 import measured_rows
+import quiet_processor
 
 PERL = r"""
 use strict; use warnings; no warnings 'void'; use Time::HiRes 'clock'; use Encode 'decode';
@@ -93,6 +95,11 @@ class Bench:
                 self.servers[kind] = Server(*command)
         self.texts = {}
         self.missing = set()
+        self.quiet_processor = quiet_processor.QuietProcessor(patience=0 if quick else 600)
+        self.moves_each = not quick  # each contestant, not all of a row together
+
+    def move_to_quiet_processor(self):
+        self.quiet_processor.move_there(*(server.process.pid for server in (self.engine, *self.servers.values())))
 
     def path(self, name):
         return os.path.join(self.folder, name)
@@ -112,6 +119,7 @@ class Bench:
         with open(path, "rb") as file:
             process = subprocess.Popen(["sh", "-c", "exec " + command], stdin=file, stdout=subprocess.PIPE,
                                        env=dict(os.environ, LC_ALL="C"))
+            quiet_processor.leave()  # the command has it alone
             while os.read(process.stdout.fileno(), 1 << 20):
                 pass
             process.stdout.close()
@@ -122,7 +130,11 @@ class Bench:
     def warm_seconds(self, run):
         """What `run`, which returns the seconds that it took, takes in warm caches."""
         seconds = run()
-        return run() if seconds < self.long else seconds
+        if seconds >= self.long:
+            return seconds
+        if self.moves_each:
+            self.move_to_quiet_processor()
+        return run()
 
     def python_seconds(self, function, text):
         begin = time.process_time()
@@ -176,9 +188,14 @@ class Measurement:
     def run_round(self):
         bench = self.bench
         milliseconds = str(bench.milliseconds)
+        bench.move_to_quiet_processor()
         self.seconds["ours"].append(bench.engine.ask(self.row.operation, self.name, milliseconds, *self.parameters))
+        if bench.moves_each:
+            bench.move_to_quiet_processor()
         self.seconds["memcpy"].append(bench.engine.ask("memcpy", self.name, milliseconds))
         for peer, kind, code, _corpora in self.peers:
+            if bench.moves_each:
+                bench.move_to_quiet_processor()
             elapsed = bench.peer_seconds(kind, code, self.name, self.corpus)
             if elapsed is not None:
                 self.seconds.setdefault(peer, []).append(max(elapsed, 1e-6))
@@ -214,7 +231,7 @@ def show(results):
 
 def measure_all(given):
     with tempfile.TemporaryDirectory() as folder:
-        megabytes = 1 if given.quick else 20
+        megabytes = 0.7 if given.quick else 20
         subprocess.run([given.program, "make", folder, str(int(megabytes * 1_000_000))], check=True)
         bench = Bench(given.program, folder, given.quick)
         measurements = [Measurement(bench, row, corpus) for row in engine_peers.rows()
