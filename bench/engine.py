@@ -96,10 +96,14 @@ class Bench:
         self.texts = {}
         self.missing = set()
         self.quiet_processor = quiet_processor.QuietProcessor(patience=0 if quick else 600)
-        self.moves_each = not quick  # each contestant, not all of a row together
+        self.moves_often = not quick
 
     def move_to_quiet_processor(self):
         self.quiet_processor.move_there(*(server.process.pid for server in (self.engine, *self.servers.values())))
+
+    def before_turn(self):
+        if self.moves_often:  # else once a row
+            self.move_to_quiet_processor()
 
     def path(self, name):
         return os.path.join(self.folder, name)
@@ -132,8 +136,7 @@ class Bench:
         seconds = run()
         if seconds >= self.long:
             return seconds
-        if self.moves_each:
-            self.move_to_quiet_processor()
+        self.before_turn()
         return run()
 
     def python_seconds(self, function, text):
@@ -190,12 +193,10 @@ class Measurement:
         milliseconds = str(bench.milliseconds)
         bench.move_to_quiet_processor()
         self.seconds["ours"].append(bench.engine.ask(self.row.operation, self.name, milliseconds, *self.parameters))
-        if bench.moves_each:
-            bench.move_to_quiet_processor()
+        bench.before_turn()
         self.seconds["memcpy"].append(bench.engine.ask("memcpy", self.name, milliseconds))
         for peer, kind, code, _corpora in self.peers:
-            if bench.moves_each:
-                bench.move_to_quiet_processor()
+            bench.before_turn()
             elapsed = bench.peer_seconds(kind, code, self.name, self.corpus)
             if elapsed is not None:
                 self.seconds.setdefault(peer, []).append(max(elapsed, 1e-6))
