@@ -92,7 +92,7 @@ TextBuffer::~TextBuffer() { spareBlocks.offer(std::move(m_block)); }
 TextBuffer TextBuffer::withCapacity(std::size_t bytes) {
     TextBuffer buffer;
     if (bytes > 0) {
-        buffer.resizeBlock(bytes);
+        buffer.resize(bytes);
     }
     return buffer;
 }
@@ -102,10 +102,11 @@ void TextBuffer::shrink() {
         return;
     }
     constexpr std::size_t quicklyCopied = std::size_t{1} << 20;
-    if (m_size < quicklyCopied) {
-        *this = TextBuffer(view());
-    } else {
-        resizeBlock(m_size);
+    if (m_size >= quicklyCopied) {
+        (void)tryResize(m_size);
+    } else if (TextBuffer smaller; m_size == 0 || smaller.tryResize(m_size)) { // all of the block waits for the next
+        smaller.append(view());
+        *this = std::move(smaller);
     }
 }
 
@@ -116,20 +117,24 @@ void TextBuffer::grow(std::size_t bytes) {
         throw TextTooLarge();
     }
     const std::size_t needed = m_size + bytes;
-    resizeBlock(std::max({needed, capacity() + capacity() / 2, smallestCapacity}));
+    resize(std::max({needed, capacity() + capacity() / 2, smallestCapacity}));
 }
 
-void TextBuffer::resizeBlock(std::size_t capacity) {
-    if (this->capacity() < SpareBlocks::smallest && capacity >= SpareBlocks::smallest) {
-        if (MemoryBlock spare = spareBlocks.take(capacity); spare.bytes() != nullptr) {
-            copyBytes(data(), size(), spare.bytes());
-            m_block = std::move(spare);
-            return;
-        }
-    }
-    if (!m_block.resize(capacity)) {
+void TextBuffer::resize(std::size_t bytes) {
+    if (!tryResize(bytes)) {
         throw std::bad_alloc();
     }
+}
+
+bool TextBuffer::tryResize(std::size_t bytes) {
+    if (capacity() < SpareBlocks::smallest && bytes >= SpareBlocks::smallest) {
+        if (MemoryBlock spare = spareBlocks.take(bytes); spare.bytes() != nullptr) {
+            copyBytes(data(), size(), spare.bytes());
+            m_block = std::move(spare);
+            return true;
+        }
+    }
+    return m_block.resize(bytes);
 }
 
 } // namespace lexivore

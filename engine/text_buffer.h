@@ -129,12 +129,14 @@ public:
     /// Gives the memory that is kept for the next large ones back to the system.
     static void releaseSpareMemory();
 
-    /// Gives back room that was reserved but not used, when it is worth it.
+    /// Gives back room that was reserved but not used, when it is worth it and can be done.
     void shrink();
 
 private:
     void grow(std::size_t bytes);
-    void resizeBlock(std::size_t capacity);
+    void resize(std::size_t bytes);
+    /// False, and everything is as it was, when the memory cannot be had.
+    [[nodiscard]] bool tryResize(std::size_t bytes);
 
     MemoryBlock m_block;
     std::size_t m_size = 0;

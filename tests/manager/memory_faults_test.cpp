@@ -3,6 +3,7 @@
 //
 // Every allocation of an action fails in turn: the action throws and the state stays, or it is done as if nothing had
 // happened. The same action succeeds afterwards.
+#include "engine/text_buffer.h"
 #include "manager/transformation_manager.h"
 #include "tests/support/failing_allocations.h"
 #include "tests/support/memory_preferences.h"
@@ -89,6 +90,20 @@ protected:
         return made;
     }
 };
+
+TEST(MemoryFaultsOfTexts, LeaveATextThatCannotGiveBackItsRoom) {
+    for (const std::size_t size : {std::size_t{100'000}, std::size_t{1} << 20U}) {
+        TextBuffer::releaseSpareMemory();
+        TextBuffer buffer = TextBuffer::withCapacity(8'000'000);
+        buffer.append(std::string(size, 'x'));
+        {
+            const FailingAllocations failing(0);
+            buffer.shrink();
+            EXPECT_TRUE(FailingAllocations::hasFailed());
+        }
+        EXPECT_TRUE(buffer == std::string(size, 'x'));
+    }
+}
 
 TEST_P(MemoryFaults, LeaveTheTextAndTheStack) {
     test::MemoryPreferences preferences;
