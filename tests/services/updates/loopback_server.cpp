@@ -20,7 +20,7 @@ constexpr qint64 mostWaiting = 1 << 18; // bytes of an endless answer that wait 
 
 } // namespace
 
-LoopbackServer::LoopbackServer(Protocol protocol) : m_protocol(protocol) {
+LoopbackServer::LoopbackServer(Protocol protocol, const QHostAddress &host) : m_protocol(protocol) {
     if (protocol == Protocol::https) {
         const ServerIdentity identity = makeServerIdentity();
         QSslConfiguration ours = QSslConfiguration::defaultConfiguration();
@@ -42,7 +42,7 @@ LoopbackServer::LoopbackServer(Protocol protocol) : m_protocol(protocol) {
             receive(*socket);
         }
     });
-    EXPECT_TRUE(m_server->listen(QHostAddress::LocalHost));
+    EXPECT_TRUE(m_server->listen(host));
 }
 
 LoopbackServer::~LoopbackServer() = default;
@@ -55,7 +55,7 @@ void LoopbackServer::trustNobody() {
 
 QUrl LoopbackServer::address(const QString &path) const {
     const QString scheme = m_protocol == Protocol::https ? "https" : "http";
-    return scheme + "://127.0.0.1:" + QString::number(m_server->serverPort()) + path;
+    return scheme + "://" + m_server->serverAddress().toString() + ':' + QString::number(m_server->serverPort()) + path;
 }
 
 void LoopbackServer::receive(QTcpSocket &socket) {

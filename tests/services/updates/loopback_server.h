@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHostAddress>
 #include <QMap>
 #include <QObject>
 #include <QTcpServer>
@@ -33,8 +34,8 @@ public:
         } behaviour = Behaviour::plain;
     };
 
-    /// An https server shows a certificate of its own, which the whole process trusts from then on.
-    explicit LoopbackServer(Protocol protocol);
+    /// An https server shows a certificate of its own, for 127.0.0.1, which the whole process trusts from then on.
+    explicit LoopbackServer(Protocol protocol, const QHostAddress &host = QHostAddress::LocalHost);
     ~LoopbackServer() override;
 
     [[nodiscard]] QUrl address(const QString &path) const;

@@ -94,7 +94,8 @@ TEST_F(UpdaterTest, RefusesAServerThatItDoesNotKnow) {
 }
 
 TEST_F(UpdaterTest, RefusesAServerWithTheNameOfAnother) {
-    settings.feed.setUrl(settings.feed.toString().replace("127.0.0.1", "localhost"));
+    const LoopbackServer other(LoopbackServer::Protocol::https, QHostAddress("127.0.0.2"));
+    settings.feed = other.address("/feed");
     updater().checkForUpdates();
     expectFailure(Kind::untrustedServer);
 }
