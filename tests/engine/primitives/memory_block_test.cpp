@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -102,7 +103,6 @@ TEST(MemoryBlock, IsAsItWasWhenTheMemoryCannotBeHad) {
         EXPECT_EQ(nothing.bytes(), nullptr);
     }
 }
-
 #endif
 
 TEST(MemoryBlock, GivesBackAllThatItHas) {
