@@ -79,12 +79,17 @@ TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, cons
 }
 
 TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {
-    Joiner joiner(' ', text, text.size() / 16); // most words of a text of a language were there before
-    WordSet(text, WordSet::Counting::off).addWords([&joiner](std::string_view word) {
-        joiner.add(word);
+    TextBuffer result = TextBuffer::withCapacity(text.size() / 16); // most words of a language were there before
+    WordSet(text, WordSet::Counting::off).addWords([&](std::string_view word) {
+        char *const to = result.room(word.size() + 1 + shortCopySlack);
+        copyShortPart(word, text.data() + text.size(), to);
+        to[word.size()] = ' ';
+        result.commit(to + word.size() + 1);
         return true;
     });
-    return joiner.take();
+    result.truncate(result.empty() ? 0 : result.size() - 1);
+    result.shrink();
+    return result;
 }
 
 // The next one and RemoveSpecialCharacters are one operation under two names and must stay equal.

@@ -68,6 +68,16 @@ inline void copyInShortBlocks(const char *from, std::size_t size, char *to) {
     } while (copied < size);
 }
 
+/// The same for a part of a text that ends at `textEnd`, behind which nothing is read.
+inline void copyShortPart(std::string_view part, const char *textEnd, char *to) {
+    constexpr std::size_t worthACall = 1024;
+    if (static_cast<std::size_t>(textEnd - part.data()) >= part.size() + shortCopySlack && part.size() < worthACall) {
+        copyInShortBlocks(part.data(), part.size(), to);
+    } else {
+        copyBytes(part.data(), part.size(), to);
+    }
+}
+
 /// The most bytes that a text may have. The views and what they stand on count in 32-bit numbers.
 inline constexpr std::size_t largestText = 0x7FFFFFFF;
 

@@ -74,8 +74,8 @@ struct alignas(16) WordKey {
     std::uint64_t second;
 };
 
-/// Where keys belong in a table: the sum of the products of their halves with two odd numbers, of which the highest
-/// bits count.
+/// Where keys belong in a table of pairs of slots: the sum of the products of their halves with two odd numbers, of
+/// which the highest bits count, tells a slot, and the pair is the one that has it.
 struct WordHash {
     std::uint64_t factors[2];
     int shift;
@@ -433,12 +433,13 @@ struct Kernels {
     /// Writes the hashes of lines of a text. Where each begins `longestHashedLine` bytes can be read; the hash of a
     /// longer one is of no meaning.
     void (*hashLines)(const char *text, HashedLine *lines, std::size_t count, const LineHash &hash);
-    /// The keys of words, at most 64, and their slots. Each word lies between two `bounds`, which count from `from` on,
+    /// The keys of words, at most 64, and the first slots of their pairs. Each word lies between two `bounds`, which count from `from` on,
     /// and 16 bytes can be read where it begins. Returns a bit for each that is too long, of which nothing is known.
+    /// Asks the memory for the slots in `table`, if there is one.
     std::uint64_t (*keyWords)(const char *from, const std::uint16_t *bounds, std::size_t count, const WordHash &hash,
-                              WordKey *keys, std::uint32_t *slots);
-    /// A bit for each key, of at most 64, that stands in its slot of the table or in the one behind it, into which its
-    /// slot is changed then.
+                              WordKey *keys, std::uint32_t *slots, const WordKey *table);
+    /// A bit for each key, of at most 64, that stands in its slot of the table, the first one of a pair, or in the second
+    /// one, into which its slot is changed then. The table is aligned to its pairs.
     std::uint64_t (*matchKeys)(const WordKey *keys, std::uint32_t *slots, std::size_t count, const WordKey *table);
 };
 

@@ -50,11 +50,7 @@ LineGroups::LineGroups(std::string_view text) : m_lines(0) {
     forEachLine(text, [&](std::string_view line) {
         Place &group = m_groups[groupOf[beginningOf(line)]];
         char *const to = m_lines.data() + group.end;
-        if (static_cast<std::size_t>(textEnd - line.data()) >= line.size() + shortCopySlack) {
-            copyInShortBlocks(line.data(), line.size(), to);
-        } else {
-            copyBytes(line.data(), line.size(), to);
-        }
+        copyShortPart(line, textEnd, to);
         to[line.size()] = '\n';
         group.end += line.size() + 1;
         ++group.lineCount;

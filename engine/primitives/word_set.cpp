@@ -16,9 +16,16 @@ namespace lexivore {
 
 namespace {
 
-constexpr int firstBits = 12;
 constexpr int bitsInHash = 64;
-constexpr std::size_t worthPrefetching = std::size_t{1} << 17; ///< Slots, which the near caches do not hold.
+constexpr std::size_t fewWords = 4096; ///< So many, with their slots, are in the near caches without being asked for.
+
+/// So many slots that a text of a language is likely to do with them, a power of two.
+std::size_t firstSlotCount(std::string_view text) {
+    constexpr std::size_t leastSlots = 64;
+    constexpr std::size_t mostSlots = std::size_t{1} << 18; // 4 MB
+    constexpr std::size_t bytesForSlot = 128;
+    return std::clamp(std::bit_ceil(text.size() / bytesForSlot), leastSlots, mostSlots);
+}
 
 /// Numbers that no text can know.
 struct Seeds {
@@ -39,10 +46,10 @@ const Seeds &seeds() {
 } // namespace
 
 WordSet::WordSet(std::string_view text, Counting counting)
-    : m_text(text), m_readAhead(text),
-      m_isCounting(counting == Counting::on), m_hash{{seeds().first, seeds().second}, bitsInHash - firstBits},
-      m_slotCount(std::size_t{1} << firstBits), m_keys(freeSlots(m_slotCount)), m_offsets(m_slotCount),
-      m_counts(m_isCounting ? m_slotCount : 0) {
+    : m_text(text), m_readAhead(text), m_isCounting(counting == Counting::on),
+      m_slotCount(firstSlotCount(text)), m_hash{{seeds().first, seeds().second},
+                                                bitsInHash - std::countr_zero(m_slotCount)},
+      m_keys(freeSlots(m_slotCount)), m_offsets(m_slotCount), m_counts(m_isCounting ? m_slotCount : 0) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
         throw TextTooLarge();
     }
@@ -75,20 +82,41 @@ std::string_view WordSet::longWordAt(std::size_t slot) const {
     return {m_text.data() + m_offsets[slot], size};
 }
 
-std::uint64_t WordSet::countFound(const char *from, const std::uint16_t *bounds, std::size_t count, Key *keys) {
-    std::array<std::uint32_t, mostAtOnce> slots; // NOLINT(cppcoreguidelines-pro-type-member-init): written below
-    const std::uint64_t tooLong = kernels::best().keyWords(from, bounds, count, m_hash, keys, slots.data());
+void WordSet::lookUp(const char *from, const std::uint16_t *bounds, std::size_t count, Batch &batch) {
+    std::array<std::uint64_t, mostAtOnce / mostForKernel> tooLong{};
+    std::array<std::uint64_t, mostAtOnce / mostForKernel> missing{};
+    const auto forEachPart = [count](auto &&visit) {
+        for (std::size_t part = 0; part * mostForKernel < count; ++part) {
+            const std::size_t begin = part * mostForKernel;
+            visit(part, begin, std::min(count - begin, mostForKernel));
+        }
+    };
+    forEachPart([&](std::size_t part, std::size_t begin, std::size_t size) {
+        tooLong[part] = writeKeys(from, bounds + 2 * begin, size, &batch.keys[begin], &batch.slots[begin]);
+    });
+    forEachPart([&](std::size_t part, std::size_t begin, std::size_t size) {
+        missing[part] =
+            countFound(from, bounds + 2 * begin, size, tooLong[part], &batch.keys[begin], &batch.slots[begin]);
+    });
+    batch.missingCount = kernels::best().listBits(missing.data(), missing.size(), batch.missing.data());
+}
+
+std::uint64_t WordSet::writeKeys(const char *from, const std::uint16_t *bounds, std::size_t count, Key *keys,
+                                 std::uint32_t *slots) const {
+    const Key *const table = m_size < fewWords ? nullptr : m_keys.data();
+    const std::uint64_t tooLong = kernels::best().keyWords(from, bounds, count, m_hash, keys, slots, table);
     for (std::uint64_t left = tooLong; left != 0; left &= left - 1) {
         const auto index = static_cast<std::size_t>(std::countr_zero(left));
         keys[index] = keyOfLong(pieceAt(from, bounds, index));
         slots[index] = static_cast<std::uint32_t>(slotOf(keys[index]));
+        __builtin_prefetch(m_keys.data() + slots[index]);
     }
-    if (m_slotCount >= worthPrefetching) {
-        for (std::size_t i = 0; i < count; ++i) {
-            __builtin_prefetch(m_keys.data() + slots[i]);
-        }
-    }
-    std::uint64_t found = kernels::best().matchKeys(keys, slots.data(), count, m_keys.data());
+    return tooLong;
+}
+
+std::uint64_t WordSet::countFound(const char *from, const std::uint16_t *bounds, std::size_t count,
+                                  std::uint64_t tooLong, const Key *keys, std::uint32_t *slots) {
+    std::uint64_t found = kernels::best().matchKeys(keys, slots, count, m_keys.data());
     for (std::uint64_t left = tooLong & found; left != 0; left &= left - 1) {
         const auto index = static_cast<std::size_t>(std::countr_zero(left));
         if (longWordAt(slots[index]) != pieceAt(from, bounds, index)) {
@@ -101,8 +129,7 @@ std::uint64_t WordSet::countFound(const char *from, const std::uint16_t *bounds,
         }
     }
     m_addedCount += static_cast<std::size_t>(std::popcount(found));
-    const std::uint64_t all = count == mostAtOnce ? ~std::uint64_t{0} : (std::uint64_t{1} << count) - 1;
-    return all & ~found;
+    return ~found & ~std::uint64_t{0} >> (mostForKernel - count);
 }
 
 bool WordSet::insert(const Key &key, std::string_view word) {
@@ -117,7 +144,9 @@ bool WordSet::insert(const Key &key, std::string_view word) {
         }
     }
     m_keys[slot] = key;
-    m_offsets[slot] = static_cast<std::uint32_t>(word.data() - m_text.data());
+    if (isLong(key)) {
+        m_offsets[slot] = static_cast<std::uint32_t>(word.data() - m_text.data());
+    }
     if (m_isCounting) {
         m_counts[slot] = 1;
     }
@@ -128,9 +157,8 @@ bool WordSet::insert(const Key &key, std::string_view word) {
 }
 
 Scratch<WordSet::Key> WordSet::freeSlots(std::size_t count) {
-    const std::size_t readable = count + 1; // for the kernel, which looks at two slots
-    Scratch<Key> slots(readable);
-    std::memset(static_cast<void *>(slots.data()), 0, readable * sizeof(Key));
+    Scratch<Key> slots(count);
+    std::memset(static_cast<void *>(slots.data()), 0, count * sizeof(Key));
     return slots;
 }
 
@@ -150,7 +178,9 @@ void WordSet::grow() {
             slot = slotBehind(slot);
         }
         m_keys[slot] = keys[i];
-        m_offsets[slot] = offsets[i];
+        if (isLong(keys[i])) {
+            m_offsets[slot] = offsets[i];
+        }
         if (m_isCounting) {
             m_counts[slot] = counts[i];
         }

@@ -38,12 +38,12 @@ public:
             }
         };
         const auto addSome = [&](const char *from, const std::uint16_t *bounds, std::size_t count) {
-            std::array<Key, mostAtOnce> keys; // NOLINT(cppcoreguidelines-pro-type-member-init): written first
-            for (std::uint64_t missing = countFound(from, bounds, count, keys.data()); missing != 0 && goesOn;
-                 missing &= missing - 1) {
-                const auto index = static_cast<std::size_t>(std::countr_zero(missing));
+            Batch batch; // NOLINT(cppcoreguidelines-pro-type-member-init): written first
+            lookUp(from, bounds, count, batch);
+            for (std::size_t i = 0; i < batch.missingCount && goesOn; ++i) {
+                const std::size_t index = batch.missing[i];
                 const std::string_view word = pieceAt(from, bounds, index);
-                goesOn = !insert(keys[index], word) || visitNew(word);
+                goesOn = !insert(batch.keys[index], word) || visitNew(word);
             }
         };
         const auto addGroup = [&](const char *from, const std::uint16_t *bounds, std::size_t count) {
@@ -91,8 +91,19 @@ public:
 private:
     using Key = kernels::WordKey; ///< Of a longer word a hash, its size, and a mark in the last byte.
 
-    static constexpr std::size_t mostAtOnce = 64;
+    /// How many words are looked up together: so many that what is asked of the memory for the first ones has come when
+    /// the last ones are asked for, and few enough that all of it fits the first cache.
+    static constexpr std::size_t mostAtOnce = 256;
+    static constexpr std::size_t mostForKernel = 64;
     static constexpr std::uint8_t longMark = 0xFF;
+
+    /// The words that are looked up together.
+    struct Batch {
+        std::array<Key, mostAtOnce> keys;
+        std::array<std::uint32_t, mostAtOnce> slots;
+        std::array<std::uint16_t, mostAtOnce + kernels::blockSize> missing; ///< Their indices, ascending.
+        std::size_t missingCount;
+    };
 
     [[nodiscard]] static bool isFree(const Key &key) { return key.second == 0; } // no word has no size
     [[nodiscard]] static bool isLong(const Key &key) { return lastByte(key) == longMark; }
@@ -116,13 +127,21 @@ private:
     [[nodiscard]] bool canBeReadAtOnce(const char *word) const {
         return static_cast<std::size_t>(m_text.data() + m_text.size() - word) >= sizeof(Key);
     }
-    /// Counts the words that are in their first two slots and returns a bit for each of the others, whose key is
-    /// written.
-    std::uint64_t countFound(const char *from, const std::uint16_t *bounds, std::size_t count, Key *keys);
+    /// Counts the words that are in the pair of slots where they are looked for first, and lists the others. At most
+    /// `mostAtOnce`, each of which can be read at once.
+    void lookUp(const char *from, const std::uint16_t *bounds, std::size_t count, Batch &batch);
+    /// Writes the keys and slots of words that are no more than a kernel takes, and asks for the memory of their slots.
+    /// Returns a bit for each that is too long for a key.
+    std::uint64_t writeKeys(const char *from, const std::uint16_t *bounds, std::size_t count, Key *keys,
+                            std::uint32_t *slots) const;
+    /// Counts those of these words that are in their pair of slots. Returns a bit for each of the others.
+    std::uint64_t countFound(const char *from, const std::uint16_t *bounds, std::size_t count, std::uint64_t tooLong,
+                             const Key *keys, std::uint32_t *slots);
 
-    /// Where the word is looked for first: two different words meet there as seldom as chance has it.
+    /// Where the word is looked for first, in a pair of slots that lie in one line of the caches: two different words
+    /// meet there as seldom as chance has it.
     [[nodiscard]] std::size_t slotOf(const Key &key) const {
-        return (key.first * m_hash.factors[0] + key.second * m_hash.factors[1]) >> m_hash.shift;
+        return (key.first * m_hash.factors[0] + key.second * m_hash.factors[1]) >> m_hash.shift & ~std::size_t{1};
     }
     [[nodiscard]] std::size_t slotBehind(std::size_t slot) const { return (slot + 1) & (m_slotCount - 1); }
 
@@ -134,10 +153,10 @@ private:
     std::string_view m_text;
     ReadAhead m_readAhead;
     bool m_isCounting;
-    kernels::WordHash m_hash; ///< Leaves as many bits as tell the slots.
     std::size_t m_slotCount;
+    kernels::WordHash m_hash; ///< Leaves as many bits as tell the slots.
     Scratch<Key> m_keys;
-    Scratch<std::uint32_t> m_offsets; ///< Of the words' first places in the text.
+    Scratch<std::uint32_t> m_offsets; ///< Of the long words' first places in the text.
     Scratch<std::uint32_t> m_counts;  ///< Of no size when they are not wanted.
     std::size_t m_size = 0;
     std::size_t m_addedCount = 0;
