@@ -8,8 +8,8 @@ after row, so that what disturbs the machine for a while disturbs one round of m
 A peer that was over three times slower than the best of a row in the first round is not asked again. In its turn each
 works in warm caches, as memcpy does: its first run is not counted unless it takes long. MB/s are megabytes of input.
 Times are those of the processor, so that what else runs on the machine matters less (node alone is timed by the clock:
-it works in several threads). Before each turn the processor is looked for that is disturbed least, and for ten minutes
-in all a better moment is waited for (not with --quick).
+it works in several threads). Before each turn the processor is looked for that is disturbed least, and a better moment
+is waited for: for ten minutes in all, and with --quick for what is left of 45 seconds.
 """
 
 import argparse
@@ -61,6 +61,8 @@ require('readline').createInterface({input: process.stdin}).on('line', line => {
 
 
 ROUNDS = 5
+QUICK_SECONDS = 45  # that a quick run may take with its waiting
+SECONDS_FOR_OURS = 6  # of these, kept for the turns of the engine
 
 
 class Server:
@@ -85,7 +87,7 @@ class Server:
 class Bench:
     def __init__(self, program, folder, quick):
         self.folder = folder
-        self.milliseconds = 3 if quick else 20
+        self.milliseconds = 1.5 if quick else 20
         self.hopeless = 2 if quick else 3  # times slower than the best: not asked again
         self.long = 1000  # seconds from which on the first run of a turn is counted: of the very first, none
         self.engine = Server(program, "serve", folder)
@@ -95,15 +97,16 @@ class Bench:
                 self.servers[kind] = Server(*command)
         self.texts = {}
         self.missing = set()
-        self.quiet_processor = quiet_processor.QuietProcessor(patience=0 if quick else 600)
-        self.moves_often = not quick
+        self.quiet_processor = quiet_processor.QuietProcessor(patience=600)
+        self.is_quick = quick
+        self.begin = time.monotonic()
+        self.part_done = 0  # of all rows' rounds
 
-    def move_to_quiet_processor(self):
+    def before_turn(self, is_ours=False):
+        if self.is_quick:  # it may wait for as long as it is ahead of its time, the others only when it is well ahead
+            ahead = QUICK_SECONDS * self.part_done - (time.monotonic() - self.begin)
+            self.quiet_processor.patience = max(0, ahead - (0 if is_ours else SECONDS_FOR_OURS))
         self.quiet_processor.move_there(*(server.process.pid for server in (self.engine, *self.servers.values())))
-
-    def before_turn(self):
-        if self.moves_often:  # else once a row
-            self.move_to_quiet_processor()
 
     def path(self, name):
         return os.path.join(self.folder, name)
@@ -191,7 +194,7 @@ class Measurement:
     def run_round(self):
         bench = self.bench
         milliseconds = str(bench.milliseconds)
-        bench.move_to_quiet_processor()
+        bench.before_turn(is_ours=True)
         self.seconds["ours"].append(bench.engine.ask(self.row.operation, self.name, milliseconds, *self.parameters))
         bench.before_turn()
         self.seconds["memcpy"].append(bench.engine.ask("memcpy", self.name, milliseconds))
@@ -216,7 +219,7 @@ class Measurement:
         return {
             "operation": self.row.label, "corpus": self.corpus, "ours_mb_s": round(ours, 1), "peer": best,
             "peer_mb_s": round(speed[best], 1) if best else None,
-            "ratio": round(ours / speed[best], 2) if best else None, "memcpy_fraction": round(fraction, 3),
+            "ratio": round(ours / speed[best], 2) if best else None, "memcpy_fraction": float(f"{fraction:.3g}"),
             "others": {peer: round(value, 1) for peer, value in speed.items() if peer != best},
         }
 
@@ -232,19 +235,21 @@ def show(results):
 
 def measure_all(given):
     with tempfile.TemporaryDirectory() as folder:
-        megabytes = 0.7 if given.quick else 20
+        megabytes = 0.5 if given.quick else 20
         subprocess.run([given.program, "make", folder, str(int(megabytes * 1_000_000))], check=True)
         bench = Bench(given.program, folder, given.quick)
         measurements = [Measurement(bench, row, corpus) for row in engine_peers.rows()
                         if not given.operations or row.operation in given.operations for corpus in "ABC"]
-        for measurement in measurements:
+        turns = [measurement for _round in range(ROUNDS + 1) for measurement in measurements]
+        for done, measurement in enumerate(turns):
+            if done == len(measurements):
+                bench.long = 0.01 if given.quick else 0.05
+            if done % len(measurements) == 0 and done > 0:
+                print(f"round {done // len(measurements)} of {ROUNDS}", file=sys.stderr, flush=True)
             measurement.run_round()
-            measurement.leave_out_hopeless_peers()
-        bench.long = 0.01 if given.quick else 0.05
-        for number in range(1, ROUNDS + 1):
-            print(f"round {number} of {ROUNDS}", file=sys.stderr, flush=True)
-            for measurement in measurements:
-                measurement.run_round()
+            if done < len(measurements):
+                measurement.leave_out_hopeless_peers()
+            bench.part_done = (done + 1) / len(turns)
         results = [measurement.result() for measurement in measurements]
         show(results)
         if bench.missing:

@@ -29,7 +29,7 @@ class QuietProcessor:
             seconds, quietest = min((seconds_of_some_work(processor), processor) for processor in CANDIDATES)
             self.least = min(self.least, seconds)
             waited = time.monotonic() - begin
-            if seconds < 1.25 * self.least or waited > min(1, self.patience):
+            if seconds < 1.15 * self.least or waited > min(1, self.patience):
                 break
         self.patience -= waited
         for process_id in (0, *process_ids):
