@@ -107,6 +107,45 @@ TEST(StringOrder, IsThatOfTheBytesWhereNothingIsToBeComposed) {
     }
 }
 
+/// Whether ICU would leave the text as it is.
+bool isComposed(const std::string &text) {
+    UErrorCode status = U_ZERO_ERROR;
+    const bool is = icu::Normalizer2::getNFCInstance(status)->isNormalizedUTF8(text, status) != 0;
+    EXPECT_TRUE(U_SUCCESS(status));
+    return is;
+}
+
+TEST(StringOrder, OfALongTextIsThatOfTheBytesWhereNothingAnywhereIsToBeComposed) {
+    constexpr unsigned seed = 1;
+    std::mt19937 random(seed);
+    const auto oneOf = [&random](const std::vector<std::string> &choices) {
+        return choices[random() % choices.size()];
+    };
+    // Marks that stay where they are, far apart, close together and everywhere, and now and then something to compose.
+    const std::vector<std::string> plain = {"a", "abc ", "ж", "漢", "😀", "가", "\n"};
+    const std::vector<std::string> staying = {"क्", "x\u0301", "x\u0323", "\u0301\u0301", "\u05D0\u05B0", "가\u11C3"};
+    const std::vector<std::string> composing = {"e\u0301",       "\u1100\u1161", "가\u11A8", "\u212B",
+                                                "x\u0301\u0323", "\u0958",       "\u0344",   "\u05D0\u05B1\u05B0"};
+    std::size_t composedCount = 0;
+    constexpr int texts = 2000;
+    for (int i = 0; i < texts; ++i) {
+        std::string text;
+        const std::size_t size = random() % (i % 10 == 0 ? 20'000 : 600);
+        const std::size_t rarity = std::size_t{1} << random() % 10;
+        const std::size_t composingRarity = 1 + random() % 2000;
+        while (text.size() < size) {
+            text += random() % composingRarity == 0 ? oneOf(composing)
+                    : random() % rarity == 0        ? oneOf(staying)
+                                                    : oneOf(plain);
+        }
+        const bool expected = isComposed(text);
+        composedCount += expected ? 1 : 0;
+        ASSERT_EQ(isOrderedByBytes(text), expected) << "seed " << seed << ", text " << i << ": " << text;
+    }
+    EXPECT_GT(composedCount, texts / 4U); // both are many
+    EXPECT_LT(composedCount, texts - texts / 4U);
+}
+
 TEST(StringOrder, LeavesEquivalentStringsInTheirOrder) {
     const Strings forms = {"\u212B", "A\u030A", "\u00C5"};
     for (const SortDirection direction : {SortDirection::ascending, SortDirection::descending}) {
