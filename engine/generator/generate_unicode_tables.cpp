@@ -5,8 +5,8 @@
 
 #include "engine/generator/case_tables.h"
 #include "engine/generator/code_point_classes.h"
+#include "engine/generator/code_point_filters.h"
 #include "engine/generator/code_point_pages.h"
-#include "engine/generator/role_filters.h"
 #include "engine/generator/table_writing.h"
 #include "engine/primitives/unicode_tables.h"
 
@@ -58,6 +58,10 @@ int main(int argc, char **argv) {
     out << "// Made by generate_unicode_tables from ICU " U_ICU_VERSION " (Unicode " U_UNICODE_VERSION ").\n"
         << "#include \"engine/primitives/unicode_tables.h\"\nnamespace lexivore::unicode_tables {\n";
     writeTable(out, "propertyBlocks", "properties", propertiesOf);
+    out << "extern const kernels::CodePointFilters changeableFilters;\n"
+           "const kernels::CodePointFilters changeableFilters = ";
+    writeChangeableFilters(out);
+    out << ";\n";
     writeTable(out, "traitBlocks", "traits", traitsOf);
     writeCharacterTables(out);
     writeCaseTables(out);

@@ -213,13 +213,18 @@ struct MappedBlock {
     std::uint64_t capitalSigmas;
 };
 
-/// Finds the code points of two and three bytes that have a role, and a few more: they have a bit that is set in the
-/// entries of all their bytes. The lower six bits of each byte are the index; behind two bytes any third one has the
-/// bit.
-struct RoleFilter {
+/// Finds some of the code points of two and three bytes, and a few more: they have a bit that is set in the entries of
+/// all their bytes. The lower six bits of each byte are the index; behind two bytes any third one has the bit.
+struct CodePointFilter {
     CodePointPages::Page firsts;
     CodePointPages::Page seconds;
     CodePointPages::Page thirds;
+};
+
+/// A code point is found that one of these finds.
+struct CodePointFilters {
+    static constexpr std::size_t count = 2;
+    CodePointFilter filters[count];
 };
 
 /// The same entries in two forms, and what tells where they are of interest.
@@ -231,8 +236,7 @@ struct CodePointTables {
     const std::uint8_t *basicEntries;
     const std::uint16_t *wideBlocks; ///< For every 128 code points the block of 128 entries that is theirs.
     const std::uint8_t *wideEntries;
-    static constexpr std::size_t filterCount = 2;
-    RoleFilter filters[filterCount]; ///< A code point with a role has a bit in one of them.
+    CodePointFilters roleFilters; ///< Find the code points with a role.
 };
 
 /// What a code point is, as far as anything looks for it: no code point is two of these.
@@ -317,6 +321,9 @@ struct Kernels {
                      std::uint64_t *candidates);
     /// Counts bytes, as many as it takes at once of those before the first that is not ASCII, and returns how many.
     std::size_t (*countAscii)(const char *from, std::size_t size, AsciiCounts &counts);
+    /// The place of the first code point of two or three bytes that the filters find, or of the first one of four, or
+    /// `size`. What is not UTF-8 may be found, too.
+    std::size_t (*findFiltered)(const char *from, std::size_t size, const CodePointFilters &filters);
     /// Whether a text has newline characters other than line feeds.
     bool (*hasOtherNewlines)(const char *from, std::size_t size);
     /// For `blocks` blocks of 64 bytes.
@@ -433,13 +440,13 @@ struct Kernels {
     /// Writes the hashes of lines of a text. Where each begins `longestHashedLine` bytes can be read; the hash of a
     /// longer one is of no meaning.
     void (*hashLines)(const char *text, HashedLine *lines, std::size_t count, const LineHash &hash);
-    /// The keys of words, at most 64, and the first slots of their pairs. Each word lies between two `bounds`, which count from `from` on,
-    /// and 16 bytes can be read where it begins. Returns a bit for each that is too long, of which nothing is known.
-    /// Asks the memory for the slots in `table`, if there is one.
+    /// The keys of words, at most 64, and the first slots of their pairs. Each word lies between two `bounds`, which
+    /// count from `from` on, and 16 bytes can be read where it begins. Returns a bit for each that is too long, of
+    /// which nothing is known. Asks the memory for the slots in `table`, if there is one.
     std::uint64_t (*keyWords)(const char *from, const std::uint16_t *bounds, std::size_t count, const WordHash &hash,
                               WordKey *keys, std::uint32_t *slots, const WordKey *table);
-    /// A bit for each key, of at most 64, that stands in its slot of the table, the first one of a pair, or in the second
-    /// one, into which its slot is changed then. The table is aligned to its pairs.
+    /// A bit for each key, of at most 64, that stands in its slot of the table, the first one of a pair, or in the
+    /// second one, into which its slot is changed then. The table is aligned to its pairs.
     std::uint64_t (*matchKeys)(const WordKey *keys, std::uint32_t *slots, std::size_t count, const WordKey *table);
 };
 

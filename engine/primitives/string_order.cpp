@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/string_order.h"
 
+#include "engine/kernels/kernels.h"
 #include "engine/primitives/code_points.h"
+#include "engine/primitives/unicode_tables.h"
 #include "engine/primitives/utf8.h"
+#include "engine/primitives/words.h"
 
 #include <unicode/bytestream.h>
 #include <unicode/normalizer2.h>
@@ -41,6 +44,31 @@ bool isComposed(std::string_view text) {
     const icu::Normalizer2 *const nfc = normalizerFor(text);
     UErrorCode status = U_ZERO_ERROR;
     return nfc != nullptr && nfc->isNormalizedUTF8(stringPiece(text), status) != 0 && U_SUCCESS(status);
+}
+
+/// The first code point from there on that may change in composing, or the end.
+const char *findChangeable(const char *position, const char *end) {
+    while ((position = asciiRunEnd(position, end)) != end) {
+        position += kernels::best().findFiltered(position, static_cast<std::size_t>(end - position),
+                                                 unicode_tables::changeableFilters);
+        if (position == end) {
+            break;
+        }
+        const DecodedCodePoint decoded = decode(position, end);
+        if (isIn(property::mayChangeInComposing, decoded.value)) {
+            break;
+        }
+        position += decoded.length;
+    }
+    return position;
+}
+
+/// The first code point that begins there or behind and cannot change in composing, or the end.
+const char *findUnchangeable(const char *position, const char *end) {
+    while (position != end && isContinuationByte(*position)) {
+        ++position;
+    }
+    return findNonMember(position, end, property::mayChangeInComposing);
 }
 
 std::string composed(std::string_view text) {
@@ -219,18 +247,26 @@ private:
 } // namespace
 
 bool isOrderedByBytes(std::string_view text) {
-    const char *position = text.data();
-    const char *const end = position + text.size();
-    while ((position = asciiRunEnd(position, end)) != end) {
-        const DecodedCodePoint decoded = decode(position, end);
-        if (isIn(property::mayChangeInComposing, decoded.value)) {
-            const bool isFirst = position == text.data(); // it may compose with the one before it
-            const std::size_t before = isFirst ? 0 : decodeBefore(text.data(), position).length;
-            return isComposed({position - before, static_cast<std::size_t>(end - position) + before});
+    // ICU decides about what lies around code points that may change. It is given ever more at once while these are
+    // close together, for then it is faster than looking for each.
+    constexpr std::size_t leastAtOnce = 64;
+    constexpr std::size_t mostAtOnce = std::size_t{1} << 16;
+    std::size_t atOnce = leastAtOnce;
+    const char *const end = text.data() + text.size();
+    for (const char *checkedEnd = text.data();;) {
+        const char *const place = findChangeable(checkedEnd, end);
+        if (place == end) {
+            return true;
         }
-        position += decoded.length;
+        const bool isClose = static_cast<std::size_t>(place - checkedEnd) < leastAtOnce;
+        atOnce = isClose ? std::min(2 * atOnce, mostAtOnce) : leastAtOnce;
+        const bool isFirst = place == text.data(); // others may compose with the one before them
+        const char *const begin = isFirst ? place : place - decodeBefore(text.data(), place).length;
+        checkedEnd = findUnchangeable(place + std::min(atOnce, static_cast<std::size_t>(end - place)), end);
+        if (!isComposed({begin, static_cast<std::size_t>(checkedEnd - begin)})) {
+            return false;
+        }
     }
-    return true;
 }
 
 StringSorter::StringSorter(std::string_view text, SortDirection direction, std::size_t mostParts,

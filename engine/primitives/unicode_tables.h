@@ -23,6 +23,8 @@ template<typename Entry>
 
 extern const std::uint16_t propertyBlocks[];
 extern const std::uint8_t properties[]; ///< The bits that code_points.h names in `property`.
+/// For the code points with `property::mayChangeInComposing`.
+extern const kernels::CodePointFilters changeableFilters;
 
 /// Classes of code points that the boundaries between characters depend on (UAX #29, table 2), Extend and Other divided
 /// further for the conjuncts of Indic scripts (rule GB9c).

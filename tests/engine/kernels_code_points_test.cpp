@@ -3,12 +3,16 @@
 #include "engine/primitives/character_breaks.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/unicode_tables.h"
+#include "engine/primitives/utf8.h"
 #include "tests/engine/kernels_texts.h"
 #include "tests/engine/mixed_texts.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <random>
 #include <string>
 #include <string_view>
@@ -242,6 +246,77 @@ TEST(Kernels, FindCodePointsSeesEveryRoleAmongLettersWithoutAny) {
         text += isOther || isSurrogate ? std::string() : encoded(codePoint) + letters;
     }
     onAllKernels([&](const Kernels &kernels) { expectPlainBlocks(kernels, text); });
+}
+
+/// What the filters find as they are defined, byte by byte; what is cut off may be found or not.
+std::size_t findOneByOne(std::string_view text, const CodePointFilters &filters) {
+    const auto indexAt = [text](std::size_t place) { return static_cast<unsigned char>(text[place]) & 0x3FU; };
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        const auto lead = static_cast<unsigned char>(text[place]);
+        if (lead < 0xC0) {
+            continue;
+        }
+        const bool isFound =
+            std::any_of(std::begin(filters.filters), std::end(filters.filters), [&](const CodePointFilter &filter) {
+                return place + 2 >= text.size() || (filter.firsts[indexAt(place)] & filter.seconds[indexAt(place + 1)] &
+                                                    filter.thirds[indexAt(place + 2)]) != 0;
+            });
+        if (lead >= 0xF0 || isFound) {
+            return place;
+        }
+    }
+    return text.size();
+}
+
+TEST(Kernels, FindFilteredFindsTheFirstThatHasABitInAllItsBytes) {
+    std::mt19937 random(seed);
+    for (const unsigned rarity : {1U, 3U, 40U}) {
+        CodePointFilters filters{};
+        for (CodePointFilter &filter : filters.filters) {
+            for (auto *const page : {&filter.firsts, &filter.seconds, &filter.thirds}) {
+                for (auto &entry : *page) {
+                    entry = static_cast<std::uint8_t>(random() % rarity == 0 ? random() & random() : 0);
+                }
+            }
+        }
+        onRandomBytes([&](const Kernels &kernels, std::string_view text) {
+            const std::size_t found = kernels.findFiltered(text.data(), text.size(), filters);
+            const std::size_t expected = findOneByOne(text, filters);
+            if (expected + 2 < text.size() || expected == text.size()) {
+                EXPECT_EQ(found, expected);
+            } else { // cut off
+                EXPECT_GE(found, expected);
+            }
+        });
+    }
+}
+
+TEST(Kernels, FindFilteredFindsEveryCodePointThatMayChangeInComposing) {
+    std::size_t foundCount = 0;
+    for (char32_t codePoint = 0x80; codePoint <= 0x10FFFF; ++codePoint) {
+        if (codePoint >= 0xD800 && codePoint <= 0xDFFF) {
+            continue;
+        }
+        char bytes[] = "abcd    ";
+        const char *const end = encode(codePoint, bytes + 1);
+        onAllKernels([&](const Kernels &kernels) {
+            const std::size_t place =
+                kernels.findFiltered(bytes, static_cast<std::size_t>(end - bytes), unicode_tables::changeableFilters);
+            foundCount += place == 1 && codePoint < 0x10000 ? 1 : 0;
+            if (isIn(property::mayChangeInComposing, codePoint) || codePoint >= 0x10000) {
+                ASSERT_EQ(place, 1U) << static_cast<std::uint32_t>(codePoint);
+            }
+        });
+    }
+    EXPECT_LT(foundCount, 8000 * availableCount()) << "few others are found";
+}
+
+TEST(Kernels, FindFilteredPassesLettersThatStayInComposing) {
+    const std::string_view letters = "éßœžАбйёЯ Ελλάδα 漢字，仮名 العربية हिनदी मैं 한국어 \u201CfiNe\u201D\u2026";
+    onAllKernels([&](const Kernels &kernels) {
+        EXPECT_EQ(kernels.findFiltered(letters.data(), letters.size(), unicode_tables::changeableFilters),
+                  letters.size());
+    });
 }
 
 } // namespace
