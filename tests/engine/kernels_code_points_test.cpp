@@ -275,7 +275,7 @@ TEST(Kernels, FindFilteredFindsTheFirstThatHasABitInAllItsBytes) {
         for (CodePointFilter &filter : filters.filters) {
             for (auto *const page : {&filter.firsts, &filter.seconds, &filter.thirds}) {
                 for (auto &entry : *page) {
-                    entry = static_cast<std::uint8_t>(random() % rarity == 0 ? random() & random() : 0);
+                    entry = static_cast<std::uint8_t>(random() % rarity == 0 ? 1U << random() % 8 : 0);
                 }
             }
         }
