@@ -78,22 +78,28 @@ bool countWords(WordSet &words, std::string_view text) {
 
 /// Appends the word that many times, with a space behind each.
 void appendTimes(TextBuffer &result, std::uint32_t times, std::string_view word) {
-    std::array<char, 32> shortWord; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
-    if (word.size() >= shortWord.size()) {
+    std::array<char, copySlack> line; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+    if (word.size() >= line.size() / 2) {
         for (; times > 0; --times) {
             result.append(word);
             result.append(' ');
         }
         return;
     }
-    copyBytes(word.data(), word.size(), shortWord.data());
-    shortWord[word.size()] = ' ';
-    char *to = result.room(times * (word.size() + 1) + shortWord.size());
-    for (; times > 0; --times) {
-        std::memcpy(to, shortWord.data(), shortWord.size()); // too much, which the next one overwrites
-        to += word.size() + 1;
+    const std::size_t size = word.size() + 1;
+    copyBytes(word.data(), word.size(), line.data());
+    line[word.size()] = ' ';
+    std::size_t filled = size; // with the word as often as it fits, if that is often needed
+    const std::size_t atOnce = std::min<std::size_t>(times, line.size() / size);
+    for (; filled < atOnce * size; filled += size) {
+        copyBytes(line.data(), size, line.data() + filled);
     }
-    result.commit(to);
+    char *const to = result.room(times * size + line.size());
+    char *const end = to + times * size;
+    for (char *place = to; place < end; place += filled) {
+        std::memcpy(place, line.data(), line.size()); // too much, which the next one overwrites
+    }
+    result.commit(end);
 }
 
 /// The words in order, each as often as it was counted, with a space between them. `bytes` is the size of all that.
@@ -124,7 +130,7 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
         sorter.add({records.data() + place, size});
         place += size;
     }
-    TextBuffer result = TextBuffer::withCapacity(bytes + copySlack);
+    TextBuffer result = TextBuffer::withCapacity(bytes + 1 + copySlack); // with a space behind the last one
     sorter.forEachInOrder([&](std::string_view word) { appendTimes(result, recordBefore(word.data()).count, word); });
     result.truncate(result.empty() ? 0 : result.size() - 1);
     result.shrink();

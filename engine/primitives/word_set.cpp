@@ -123,13 +123,17 @@ std::uint64_t WordSet::countFound(const char *from, const std::uint16_t *bounds,
             found ^= left & -left;
         }
     }
-    if (m_isCounting) {
+    const std::uint64_t missing = ~found & ~std::uint64_t{0} >> (mostForKernel - count);
+    if (m_isCounting) { // all, then less the few that are missing
         for (std::size_t i = 0; i < count; ++i) {
-            m_counts[slots[i]] += static_cast<std::uint32_t>(found >> i & 1U);
+            ++m_counts[slots[i]];
+        }
+        for (std::uint64_t left = missing; left != 0; left &= left - 1) {
+            --m_counts[slots[std::countr_zero(left)]];
         }
     }
     m_addedCount += static_cast<std::size_t>(std::popcount(found));
-    return ~found & ~std::uint64_t{0} >> (mostForKernel - count);
+    return missing;
 }
 
 bool WordSet::insert(const Key &key, std::string_view word) {
