@@ -6,7 +6,7 @@
 
 namespace lexivore::unicode_tables::generator {
 
-/// Writes what initializes the filters of the CodePointTables: for code points with a role.
+/// Writes what initializes the filters for code points with a role.
 void writeRoleFilters(std::ostream &out);
 
 /// Writes what initializes the filters for code points that may change in composing.
