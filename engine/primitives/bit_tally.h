@@ -10,6 +10,14 @@
 
 namespace lexivore {
 
+/// How many bits are set: std::popcount is a call where not every processor has an instruction for it.
+[[nodiscard]] constexpr std::size_t bitCount(std::uint64_t bits) {
+    bits -= bits >> 1 & 0x5555555555555555;
+    bits = (bits & 0x3333333333333333) + (bits >> 2 & 0x3333333333333333);
+    bits = (bits + (bits >> 4)) & 0x0F0F0F0F0F0F0F0F;
+    return bits * 0x0101010101010101 >> 56;
+}
+
 /// Adds up how many bits are set in many masks.
 class BitTally {
 public:

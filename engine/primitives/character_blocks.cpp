@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/character_blocks.h"
 
+#include "engine/primitives/bit_tally.h"
 #include "engine/primitives/unicode_tables.h"
 #include "engine/primitives/utf8.h"
 
@@ -116,7 +117,7 @@ void CharacterBlocks::read(CharacterBlock &block) {
     const CodePointBlock &found = m_found[m_next++];
     const std::uint16_t *const units = m_nextUnit;
     if (units != nullptr) {
-        m_nextUnit += std::popcount(found.starts);
+        m_nextUnit += bitCount(found.starts);
     }
     if (found.isComplex) {
         readSlowly(block, found.size);

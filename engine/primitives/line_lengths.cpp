@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/line_lengths.h"
 
+#include "engine/primitives/bit_tally.h"
 #include "engine/primitives/character_blocks.h"
 #include "engine/primitives/membership_scan.h"
 #include "engine/primitives/utf8.h"
 
-#include <bit>
 #include <cstdint>
 
 namespace lexivore {
@@ -43,11 +43,11 @@ public:
         std::uint64_t left = block.boundaries;
         for (std::uint64_t ends = block.members; ends != 0; ends &= ends - 1) {
             const std::uint64_t before = (ends & (0 - ends)) - 1;
-            addCharacters(static_cast<std::size_t>(std::popcount(left & before)));
+            addCharacters(bitCount(left & before));
             endLine();
             left &= ~(before << 1 | 1U);
         }
-        addCharacters(static_cast<std::size_t>(std::popcount(left)));
+        addCharacters(bitCount(left));
     }
 
     [[nodiscard]] std::vector<std::size_t> take() {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/lines.h"
 
+#include "engine/primitives/bit_tally.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/words.h"
 
@@ -104,7 +105,7 @@ std::size_t lineCount(std::string_view text) { return memberCount(text, newlines
 const char *findNewlineNumber(std::string_view text, std::uint64_t index) {
     MembershipScan scan(text, newlines, MembershipScan::Mark::firstByte);
     for (MembershipScan::Block block; scan.next(block);) {
-        const auto count = static_cast<std::uint64_t>(std::popcount(block.members));
+        const auto count = bitCount(block.members);
         if (index < count) {
             for (; index > 0; --index) {
                 block.members &= block.members - 1;

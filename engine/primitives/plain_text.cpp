@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/plain_text.h"
 
+#include "engine/primitives/bit_tally.h"
+
 #include <algorithm>
 #include <bit>
 
@@ -169,7 +171,7 @@ inline std::size_t PlainText::crLfCount(std::size_t begin, std::size_t end) cons
         const std::size_t behind = blockSize - std::min(end - blockBegin, blockSize);
         const std::uint64_t inRange = ~std::uint64_t{0} << before & ~std::uint64_t{0} >> behind;
         if (const std::uint64_t crLfs = m_crLfs[block] & inRange; crLfs != 0) {
-            count += static_cast<std::size_t>(std::popcount(crLfs));
+            count += bitCount(crLfs);
         }
     }
     return count;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/word_set.h"
 
+#include "engine/primitives/bit_tally.h"
 #include "engine/text_buffer.h"
 
 #include <cstring>
@@ -132,7 +133,7 @@ std::uint64_t WordSet::countFound(const char *from, const std::uint16_t *bounds,
             --m_counts[slots[std::countr_zero(left)]];
         }
     }
-    m_addedCount += static_cast<std::size_t>(std::popcount(found));
+    m_addedCount += bitCount(found);
     return missing;
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/words.h"
 
+#include "engine/primitives/bit_tally.h"
+
 namespace lexivore {
 
 const char *findMember(const char *position, const char *end, CodePointSet set) {
@@ -60,7 +62,7 @@ std::size_t pieceCount(std::string_view text, CodePointSet separators) {
     for (MembershipScan::Block block; scan.next(block);) {
         const std::uint64_t begins = ~block.members & (block.members << 1 | before);
         const std::uint64_t inText = ~std::uint64_t{0} >> (kernels::blockSize - block.size);
-        count += static_cast<std::size_t>(std::popcount(begins & inText));
+        count += bitCount(begins & inText);
         before = block.members >> (kernels::blockSize - 1);
     }
     return count;

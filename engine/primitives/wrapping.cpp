@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/wrapping.h"
 
+#include "engine/primitives/bit_tally.h"
 #include "engine/primitives/character_blocks.h"
 #include "engine/primitives/character_breaks.h"
 #include "engine/primitives/characters.h"
@@ -177,7 +178,7 @@ public:
             if (from != to) {
                 beginAt(block.begin + from, (block.boundaries >> from & 1U) != 0);
                 const std::uint64_t behind = to == kernels::blockSize ? 0 : ~std::uint64_t{0} << to;
-                m_characters += static_cast<std::size_t>(std::popcount((block.boundaries & ~behind) >> from));
+                m_characters += bitCount((block.boundaries & ~behind) >> from);
             }
             if (to == block.size) {
                 return;
