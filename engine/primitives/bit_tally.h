@@ -10,7 +10,8 @@
 
 namespace lexivore {
 
-/// How many bits are set: std::popcount is a call where not every processor has an instruction for it.
+/// How many bits are set: std::popcount is a call where not every processor has an instruction for it. Neighbouring
+/// sums are added up, all at once (Warren, Hacker's Delight, 5-1).
 [[nodiscard]] constexpr std::size_t bitCount(std::uint64_t bits) {
     bits -= bits >> 1 & 0x5555555555555555;
     bits = (bits & 0x3333333333333333) + (bits >> 2 & 0x3333333333333333);
