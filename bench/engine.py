@@ -2,14 +2,15 @@
 # SPDX-License-Identifier: MIT
 """Measures every operation of the engine beside memcpy and the alternatives that people have for it.
 
-Usage: engine.py ENGINE_BENCH [--quick] [--json FILE] [--docs] [OPERATION...]
+Usage: engine.py ENGINE_BENCH [--quick] [--json FILE] [--docs] [--from FILE]... [OPERATION...]
 Every row is the median of five rounds after one that does not count. In each round all contestants run in turn, row
 after row, so that what disturbs the machine for a while disturbs one round of many rows rather than all rounds of one.
 A peer that was over three times slower than the best of a row in the first round is not asked again. In its turn each
 works in warm caches, as memcpy does: its first run is not counted unless it takes long. MB/s are megabytes of input.
 Times are those of the processor, so that what else runs on the machine matters less (node alone is timed by the clock:
 it works in several threads). Before each turn the processor is looked for that is disturbed least, and a better moment
-is waited for: for ten minutes in all, and with --quick for what is left of 45 seconds.
+is waited for: for ten minutes in all, and with --quick for what is left of 45 seconds. --from given several times takes
+the medians of whole runs, which differ more than the rounds of one do.
 """
 
 import argparse
@@ -211,17 +212,36 @@ class Measurement:
 
     def result(self):
         size = os.path.getsize(self.bench.path(self.name)) / 1e6
-        speed = {contestant: size / statistics.median(times[1:] or times)
-                 for contestant, times in self.seconds.items()}
-        ours = speed.pop("ours")
-        fraction = ours / speed.pop("memcpy")
-        best = max(speed, key=speed.get) if speed else ""
-        return {
-            "operation": self.row.label, "corpus": self.corpus, "ours_mb_s": round(ours, 1), "peer": best,
-            "peer_mb_s": round(speed[best], 1) if best else None,
-            "ratio": round(ours / speed[best], 2) if best else None, "memcpy_fraction": float(f"{fraction:.3g}"),
-            "others": {peer: round(value, 1) for peer, value in speed.items() if peer != best},
-        }
+        speeds = {contestant: size / statistics.median(times[1:] or times)
+                  for contestant, times in self.seconds.items()}
+        ours = speeds.pop("ours")
+        return result_row(self.row.label, self.corpus, ours, ours / speeds.pop("memcpy"), speeds)
+
+
+def result_row(label, corpus, ours, memcpy_fraction, peers):
+    best = max(peers, key=peers.get) if peers else ""
+    return {
+        "operation": label, "corpus": corpus, "ours_mb_s": round(ours, 1), "peer": best,
+        "peer_mb_s": round(peers[best], 1) if best else None,
+        "ratio": round(ours / peers[best], 2) if best else None, "memcpy_fraction": float(f"{memcpy_fraction:.3g}"),
+        "others": {peer: round(speed, 1) for peer, speed in peers.items() if peer != best},
+    }
+
+
+def combined_row(rows):
+    """The medians of one row in several runs. Of the peers, those that were there in all."""
+    def median(value):
+        return statistics.median(map(value, rows))
+
+    peers_of = [row["others"] | ({row["peer"]: row["peer_mb_s"]} if row["peer"] else {}) for row in rows]
+    measured = set(peers_of[0]).intersection(*peers_of[1:])
+    peers = {peer: statistics.median(speeds[peer] for speeds in peers_of) for peer in peers_of[0] if peer in measured}
+    return result_row(rows[0]["operation"], rows[0]["corpus"], median(lambda row: row["ours_mb_s"]),
+                      median(lambda row: row["memcpy_fraction"]), peers)
+
+
+def combined(runs):
+    return [combined_row(rows) for rows in zip(*runs, strict=True)]
 
 
 def show(results):
@@ -267,9 +287,9 @@ def main():
     given = arguments.parse_intermixed_args()
     if given.docs and (given.quick or given.operations):
         arguments.error("the tables of the documents are of all operations on the large texts")
-    rows = measured_rows.rows(given, measure_all)
+    rows = measured_rows.rows(given, measure_all, combined)
     if given.docs:
-        engine_table.write_docs(rows)
+        engine_table.write_docs(rows, runs=max(1, len(given.measured)))
 
 
 if __name__ == "__main__":

@@ -57,9 +57,10 @@ def peers(row_of):
     return "; ".join(f"{peer}: {', '.join(speeds)}" for peer, speeds in texts.items()).replace("|", r"\|")
 
 
-def full_table(rows):
+def full_table(rows, runs):
+    measured = "Measured" if runs == 1 else f"The medians of {runs} runs of one program, measured"
     lines = [
-        f"Measured with `scripts/bench engine --docs` on one core of {processor()}; `memcpy` copies about "
+        f"{measured} with `scripts/bench engine --docs` on one core of {processor()}; `memcpy` copies about "
         f"{memcpy_speed(rows):.0f} GB/s there.", "",
         "| operation | A | memcpy | best | B | memcpy | best | C | memcpy | best | fastest alternative, MB/s |",
         "|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|---|",
@@ -83,6 +84,7 @@ def short_table(rows):
     return lines
 
 
-def write_docs(rows):
-    marked_tables.replace_table("docs/benchmarks.md", "engine", full_table(rows))
+def write_docs(rows, runs):
+    """`runs`: how many the rows are the medians of."""
+    marked_tables.replace_table("docs/benchmarks.md", "engine", full_table(rows, runs))
     marked_tables.replace_table("README.md", "engine", short_table(rows))
