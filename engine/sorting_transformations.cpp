@@ -76,28 +76,37 @@ bool countWords(WordSet &words, std::string_view text) {
     return isWorthIt;
 }
 
-/// Appends the word that many times, with a space behind each.
+/// Appends the word and the space that stands behind it that many times. A block can be read from there.
 void appendTimes(TextBuffer &result, std::uint32_t times, std::string_view word) {
-    std::array<char, copySlack> line; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
-    if (word.size() >= line.size() / 2) {
+    using Block = std::array<char, WordSet::leastReadable>;
+    constexpr std::size_t atOnce = 4;
+    constexpr std::uint32_t often = 16;
+    const std::size_t size = word.size() + 1;
+    if (size > sizeof(Block)) {
         for (; times > 0; --times) {
-            result.append(word);
-            result.append(' ');
+            result.append({word.data(), size});
         }
         return;
     }
-    const std::size_t size = word.size() + 1;
-    copyBytes(word.data(), word.size(), line.data());
-    line[word.size()] = ' ';
-    std::size_t filled = size; // with the word as often as it fits, if that is often needed
-    const std::size_t atOnce = std::min<std::size_t>(times, line.size() / size);
-    for (; filled < atOnce * size; filled += size) {
-        copyBytes(line.data(), size, line.data() + filled);
-    }
-    char *const to = result.room(times * size + line.size());
+    Block block; // NOLINT(cppcoreguidelines-pro-type-member-init): written next
+    std::memcpy(&block, word.data(), sizeof block);
+    char *to = result.room(times * size + copySlack);
     char *const end = to + times * size;
-    for (char *place = to; place < end; place += filled) {
-        std::memcpy(place, line.data(), line.size()); // too much, which the next one overwrites
+    // Each writes too much, which the next one overwrites.
+    if (times > often) { // a line with the word as often as it fits is copied
+        std::array<char, copySlack + sizeof block> line; // NOLINT(cppcoreguidelines-pro-type-member-init): as above
+        const std::size_t filled = copySlack / size * size;
+        for (std::size_t place = 0; place < filled; place += size) {
+            std::memcpy(line.data() + place, &block, sizeof block);
+        }
+        for (; to < end; to += filled) {
+            std::memcpy(to, line.data(), copySlack);
+        }
+    }
+    for (; to < end; to += atOnce * size) {
+        for (std::size_t i = 0; i < atOnce; ++i) {
+            std::memcpy(to + i * size, &block, sizeof block);
+        }
     }
     result.commit(end);
 }
@@ -108,16 +117,19 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
         std::uint32_t count;
         std::uint32_t size;
     };
-    TextBuffer records; // with the word behind each: what is needed together lies together
+    TextBuffer records; // with the word and a space behind each: what is needed together lies together
     words.forEach([&records](std::string_view word, std::uint32_t count) {
         const Record record{count, static_cast<std::uint32_t>(word.size())};
-        char *const to = records.room(sizeof record + std::max(word.size(), WordSet::leastReadable));
+        char *to = records.room(sizeof record + word.size() + 1 + WordSet::leastReadable);
         std::memcpy(to, &record, sizeof record);
-        std::memcpy(to + sizeof record, word.data(), WordSet::leastReadable);
+        to += sizeof record;
+        std::memcpy(to, word.data(), WordSet::leastReadable);
         if (word.size() > WordSet::leastReadable) {
-            std::memcpy(to + sizeof record, word.data(), word.size());
+            std::memcpy(to, word.data(), word.size());
         }
-        records.commit(to + sizeof record + word.size());
+        to += word.size();
+        *to = ' ';
+        records.commit(to + 1);
     });
     const auto recordBefore = [](const char *word) {
         Record record{};
@@ -128,7 +140,7 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
     for (std::size_t place = sizeof(Record); place < records.size(); place += sizeof(Record)) {
         const std::size_t size = recordBefore(records.data() + place).size;
         sorter.add({records.data() + place, size});
-        place += size;
+        place += size + 1;
     }
     TextBuffer result = TextBuffer::withCapacity(bytes + 1 + copySlack); // with a space behind the last one
     sorter.forEachInOrder([&](std::string_view word) { appendTimes(result, recordBefore(word.data()).count, word); });
