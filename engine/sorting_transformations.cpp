@@ -117,7 +117,8 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
         std::uint32_t count;
         std::uint32_t size;
     };
-    TextBuffer records; // with the word and a space behind each: what is needed together lies together
+    constexpr std::size_t usualRecord = 24;
+    TextBuffer records = TextBuffer::withCapacity(words.size() * usualRecord); // with the word and a space behind each: what is needed together lies together
     words.forEach([&records](std::string_view word, std::uint32_t count) {
         const Record record{count, static_cast<std::uint32_t>(word.size())};
         char *to = records.room(sizeof record + word.size() + 1 + WordSet::leastReadable);
