@@ -127,7 +127,7 @@ void TextBuffer::resize(std::size_t bytes) {
 }
 
 bool TextBuffer::tryResize(std::size_t bytes) {
-    if (capacity() < SpareBlocks::smallest && bytes >= SpareBlocks::smallest) {
+    if (bytes > capacity() && bytes >= SpareBlocks::smallest && !m_block.isMapped()) { // it is copied in any case
         if (MemoryBlock spare = spareBlocks.take(bytes); spare.bytes() != nullptr) {
             copyBytes(data(), size(), spare.bytes());
             m_block = std::move(spare);

@@ -28,6 +28,9 @@ public:
     [[nodiscard]] char *bytes() const { return m_bytes; }
     [[nodiscard]] std::size_t capacity() const { return m_capacity; }
 
+    /// Whether it is so large that resizing it moves pages, where the system can do that.
+    [[nodiscard]] bool isMapped() const;
+
     /// Makes room for at least `capacity` bytes, which is not 0, and for less than twice as many. As many of the bytes
     /// as fit stay what they are. False, and everything is as it was, when the memory cannot be had.
     [[nodiscard]] bool resize(std::size_t capacity);

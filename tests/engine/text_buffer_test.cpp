@@ -191,6 +191,20 @@ TEST(TextBuffer, TakesUpAllThatWereGivenUp) {
     TextBuffer::releaseSpareMemory();
 }
 
+TEST(TextBuffer, TakesUpALargeOneHoweverSlowlyItGrows) {
+    constexpr std::size_t size = large / 2;
+    TextBuffer::releaseSpareMemory();
+    static_cast<void>(TextBuffer::withCapacity(size));
+    const std::size_t before = test::allocatedBytes();
+    TextBuffer growing;
+    for (std::size_t i = 0; i < size; ++i) {
+        growing.append('x');
+    }
+    EXPECT_LT(test::allocatedBytes(), before + 10'000);
+    EXPECT_TRUE(growing.view() == std::string(size, 'x'));
+    TextBuffer::releaseSpareMemory();
+}
+
 TEST(TextBuffer, TakesUpTheLatestThoughAnOlderOneWasMuchLarger) {
     TextBuffer::releaseSpareMemory();
     static_cast<void>(TextBuffer::withCapacity(7 * large));
