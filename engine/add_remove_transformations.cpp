@@ -79,7 +79,7 @@ TextBuffer RemoveDuplicateLinesTransformation::apply(std::string_view text, cons
 }
 
 TextBuffer RemoveDuplicateWordsTransformation::apply(std::string_view text, const ParameterMap &) const {
-    TextBuffer result = TextBuffer::withCapacity(text.size() / 16); // most words of a language were there before
+    TextBuffer result = TextBuffer::withCapacity(text.size() / 4); // most words were there before
     WordSet(text, WordSet::Counting::off).addWords([&](std::string_view word) {
         char *const to = result.room(word.size() + 1 + shortCopySlack);
         copyShortPart(word, text.data() + text.size(), to);
