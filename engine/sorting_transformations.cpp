@@ -67,10 +67,9 @@ bool isAscii(std::string_view text) {
 /// are different, or when different ones could be equal in the order and must keep their places.
 bool countWords(WordSet &words, std::string_view text) {
     constexpr std::size_t fewWords = 4096;
-    const bool isTextAscii = isAscii(text);
     bool isWorthIt = true;
     words.addWords([&](std::string_view word) {
-        isWorthIt = (isTextAscii || isOrderedByBytes(word)) && words.size() < fewWords + words.addedCount() / 2;
+        isWorthIt = isOrderedByBytes(word) && words.size() < fewWords + words.addedCount() / 2;
         return isWorthIt;
     });
     return isWorthIt;
