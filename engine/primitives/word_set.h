@@ -14,7 +14,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 namespace lexivore {
 
@@ -76,15 +75,14 @@ public:
     /// Calls `visit(std::string_view, std::uint32_t)` with each of the words, for as long as the set stays as it is,
     /// and how often it was added, in no order that means anything. Only when they are counted.
     template<typename Visit> void forEach(Visit &&visit) const {
-        std::vector<std::size_t> slots(m_size + 1); // listed without a branch, for no one can be guessed
+        const Scratch<std::uint32_t> slots(m_size + 1); // listed without a branch, for no one can be guessed
         std::size_t count = 0;
         for (std::size_t slot = 0; slot < m_slotCount; ++slot) {
-            slots[count] = slot;
+            slots[count] = static_cast<std::uint32_t>(slot);
             count += isFree(m_keys[slot]) ? 0 : 1;
         }
-        slots.resize(count);
-        for (const std::size_t slot : slots) {
-            visit(wordAt(slot), m_counts[slot]);
+        for (std::size_t i = 0; i < count; ++i) {
+            visit(wordAt(slots[i]), m_counts[slots[i]]);
         }
     }
 
