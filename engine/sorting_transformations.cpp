@@ -65,7 +65,7 @@ bool isAscii(std::string_view text) {
 
 /// Counts the different words: a text of a language has few, and only they need sorting. False when most of the words
 /// are different, or when different ones could be equal in the order and must keep their places.
-bool countWords(WordSet &words, std::string_view text) {
+bool countWords(WordSet &words) {
     constexpr std::size_t fewWords = 4096;
     bool isWorthIt = true;
     words.addWords([&](std::string_view word) {
@@ -91,8 +91,8 @@ void appendTimes(TextBuffer &result, std::uint32_t times, std::string_view word)
     std::memcpy(&block, word.data(), sizeof block);
     char *to = result.room(times * size + copySlack);
     char *const end = to + times * size;
-    // Each writes too much, which the next one overwrites.
-    if (times > often) { // a line with the word as often as it fits is copied
+    // Every copy is too long, and the next one overwrites what is too much.
+    if (times > often) {
         std::array<char, copySlack + sizeof block> line; // NOLINT(cppcoreguidelines-pro-type-member-init): as above
         const std::size_t filled = copySlack / size * size;
         for (std::size_t place = 0; place < filled; place += size) {
@@ -117,7 +117,8 @@ TextBuffer joinCounted(const WordSet &words, std::size_t bytes) {
         std::uint32_t size;
     };
     constexpr std::size_t usualRecord = 24;
-    TextBuffer records = TextBuffer::withCapacity(words.size() * usualRecord); // with the word and a space behind each: what is needed together lies together
+    // With the word and a space behind each: what is needed together lies together.
+    TextBuffer records = TextBuffer::withCapacity(words.size() * usualRecord);
     words.forEach([&records](std::string_view word, std::uint32_t count) {
         const Record record{count, static_cast<std::uint32_t>(word.size())};
         char *to = records.room(sizeof record + word.size() + 1 + WordSet::leastReadable);
@@ -184,7 +185,7 @@ TextBuffer ShuffleLinesTransformation::apply(std::string_view text, const Parame
 }
 
 TextBuffer SortWordsAlphabeticallyTransformation::apply(std::string_view text, const ParameterMap &) const {
-    if (WordSet words(text, WordSet::Counting::on); countWords(words, text)) {
+    if (WordSet words(text, WordSet::Counting::on); countWords(words)) {
         return joinCounted(words, text.size());
     }
     StringSorter sorter(text, SortDirection::ascending, pieceCount(text, whitespaceAndNewlines),
