@@ -58,9 +58,10 @@ def peers(row_of):
 
 
 def full_table(rows, runs):
-    measured = "Measured" if runs == 1 else f"The medians of {runs} runs of one program, measured"
+    measured = ("Measured with `scripts/bench engine --docs`" if runs == 1 else
+                f"The medians of {runs} runs of `scripts/bench engine --json FILE`, each then given by `--from FILE`,")
     lines = [
-        f"{measured} with `scripts/bench engine --docs` on one core of {processor()}; `memcpy` copies about "
+        f"{measured} on one core of {processor()}; `memcpy` copies about "
         f"{memcpy_speed(rows):.0f} GB/s there.", "",
         "| operation | A | memcpy | best | B | memcpy | best | C | memcpy | best | fastest alternative, MB/s |",
         "|---|--:|--:|--:|--:|--:|--:|--:|--:|--:|---|",
