@@ -241,7 +241,9 @@ def combined_row(rows):
 
 
 def combined(runs):
-    return [combined_row(rows) for rows in zip(*runs, strict=True)]
+    if len({tuple((row["operation"], row["corpus"]) for row in run) for run in runs}) > 1:
+        sys.exit("engine.py: these runs did not measure the same")
+    return [combined_row(rows) for rows in zip(*runs)]
 
 
 def show(results):
