@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t hugePageSize = std::size_t{1} << 21; ///< Of x86-64, and of AArch64 with pages of 4 KB.
 
-constexpr bool hasPages(std::size_t capacity) { return capacity >= hugePageSize; }
+constexpr bool isWorthMapping(std::size_t capacity) { return capacity >= hugePageSize; }
 
 constexpr std::size_t roundedCapacity(std::size_t bytes) {
     const std::size_t wholePages = (bytes + hugePageSize - 1) / hugePageSize * hugePageSize;
@@ -75,7 +75,7 @@ char *remapped(char *bytes, std::size_t size, std::size_t capacity) {
 
 #else
 
-constexpr bool hasPages(std::size_t) { return false; }
+constexpr bool isWorthMapping(std::size_t) { return false; }
 constexpr std::size_t roundedCapacity(std::size_t bytes) { return bytes; }
 void unmap(char *, std::size_t) {}
 char *remapped(char *, std::size_t, std::size_t) { return nullptr; }
@@ -88,7 +88,7 @@ std::atomic<std::size_t> mapped = 0;
 
 std::size_t MemoryBlock::mappedBytes() { return mapped; }
 
-bool MemoryBlock::isMapped() const { return hasPages(m_capacity); }
+bool MemoryBlock::isMapped() const { return isWorthMapping(m_capacity); }
 
 bool MemoryBlock::resize(std::size_t capacity) {
     if (capacity > SIZE_MAX / 2) {
@@ -98,7 +98,7 @@ bool MemoryBlock::resize(std::size_t capacity) {
     if (rounded == m_capacity) {
         return true;
     }
-    if (m_bytes != nullptr && hasPages(rounded) != isMapped()) {
+    if (m_bytes != nullptr && isWorthMapping(rounded) != isMapped()) {
         MemoryBlock other;
         if (!other.resize(rounded)) {
             return false;
@@ -107,12 +107,12 @@ bool MemoryBlock::resize(std::size_t capacity) {
         *this = std::move(other);
         return true;
     }
-    char *const bytes = hasPages(rounded) ? remapped(m_bytes, m_capacity, rounded)
-                                          : static_cast<char *>(std::realloc(m_bytes, rounded));
+    char *const bytes = isWorthMapping(rounded) ? remapped(m_bytes, m_capacity, rounded)
+                                                : static_cast<char *>(std::realloc(m_bytes, rounded));
     if (bytes == nullptr) {
         return false;
     }
-    mapped += hasPages(rounded) ? rounded - m_capacity : 0;
+    mapped += isWorthMapping(rounded) ? rounded - m_capacity : 0;
     m_bytes = bytes;
     m_capacity = rounded;
     return true;
