@@ -311,6 +311,12 @@ struct PlainPrefix {
     bool hasCrLfs;
 };
 
+/// A bit of a mask, and how many bits of another one are set below it.
+struct RankedBit {
+    std::uint64_t bit; ///< 0 for none.
+    std::size_t rank;
+};
+
 struct Kernels {
     const char *name;
     /// The length of the longest prefix of `size` bytes that is ASCII.
@@ -349,6 +355,8 @@ struct Kernels {
                              std::uint64_t seconds, const CasePages &secondPages, char *to);
     /// The number of set bits in all of `size` masks.
     std::size_t (*countBits)(const std::uint64_t *masks, std::size_t size);
+    /// The highest bit of `mask` below which no more than `most` bits of `counted` are set.
+    RankedBit (*highestRanked)(std::uint64_t mask, std::uint64_t counted, std::size_t most);
     /// Writes the index of every set bit, counted from the first mask on, in order, and returns how many there are; at
     /// most 1024 masks. Up to 64 indices behind them are overwritten too.
     std::size_t (*listBits)(const std::uint64_t *masks, std::size_t size, std::uint16_t *indices);

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 namespace lexivore {
@@ -29,6 +30,13 @@ struct Piece {
     std::size_t characters = 0;    ///< Counted alone.
     bool joinsSpaceBefore = false; ///< Its first code point joins a space that stands before it.
     bool joinsSpaceBehind = false; ///< Its last one joins a space that stands behind it.
+};
+
+/// A piece whose end is not known yet.
+struct OpenPiece {
+    const char *begin = nullptr;
+    std::size_t characters = 0; ///< So far.
+    bool joinsSpaceBefore = false;
 };
 
 /// The line that is being filled, and the text before it.
@@ -52,6 +60,53 @@ public:
         }
     }
 
+    /// Goes on with the piece in a block where every space is one of ASCII and joins nothing, and adds the pieces that
+    /// end there, as many as the line has room for at once. `piece` is the one behind them then. Does nothing and
+    /// returns false where the line is not followed by the piece as in the text.
+    [[nodiscard]] bool add(const CharacterBlock &block, OpenPiece &piece) {
+        const char *const lineEnd = m_pending.data() + m_pending.size();
+        if (m_joinsSpaceBehind || (!m_isLineEmpty && (piece.begin != lineEnd + 1 || *lineEnd != ' '))) {
+            return false;
+        }
+        std::uint64_t spaces = block.members;
+        std::uint64_t boundaries = block.boundaries;
+        const auto passUpTo = [&](std::uint64_t space) {
+            piece = {block.begin + std::countr_zero(space) + 1};
+            spaces &= ~(space | (space - 1));
+            boundaries &= ~(space | (space - 1));
+        };
+        while (spaces != 0) {
+            const std::uint64_t first = spaces & (0 - spaces);
+            if (m_isLineEmpty && block.begin + std::countr_zero(first) == piece.begin) {
+                passUpTo(first);
+                continue;
+            }
+            const std::size_t before = piece.characters + (m_isLineEmpty ? 0 : m_length + 1);
+            kernels::RankedBit last = {0, 0};
+            if (before <= m_width) {
+                last = kernels::best().highestRanked(spaces, boundaries, m_width - before);
+            }
+            if (last.bit == 0 && !m_isLineEmpty) {
+                endLine();
+                continue;
+            }
+            if (last.bit == 0) { // too long for any line
+                last = {first, bitCount(boundaries & (first - 1))};
+            }
+            const char *const begin = m_isLineEmpty ? piece.begin : m_pending.data();
+            const char *const end = block.begin + std::countr_zero(last.bit);
+            m_pending = {begin, static_cast<std::size_t>(end - begin)};
+            m_length = before + last.rank;
+            m_isLineEmpty = false;
+            passUpTo(last.bit);
+            if (spaces != 0) { // the piece that ends at the next one finds no room
+                endLine();
+            }
+        }
+        piece.characters += bitCount(boundaries);
+        return true;
+    }
+
     [[nodiscard]] TextBuffer take() {
         m_result.append(m_pending);
         m_result.shrink();
@@ -65,14 +120,22 @@ private:
             return;
         }
         if (m_length + piece.characters + 1 > m_width) {
-            m_result.append(m_pending);
-            m_result.append('\n');
+            endLine();
             begin(piece);
             return;
         }
         m_length += (m_joinsSpaceBehind ? 0U : 1U) + piece.characters - (piece.joinsSpaceBefore ? 1U : 0U);
         m_joinsSpaceBehind = piece.joinsSpaceBehind;
         addBehindSpace(piece.text);
+    }
+
+    void endLine() {
+        m_result.append(m_pending);
+        m_result.append('\n');
+        m_pending = {};
+        m_length = 0;
+        m_isLineEmpty = true;
+        m_joinsSpaceBehind = false;
     }
 
     /// The piece is the first of a line.
@@ -147,7 +210,8 @@ private:
 class PieceCutter {
 public:
     PieceCutter(std::string_view text, LineFiller &filler)
-        : m_filler(filler), m_textBegin(text.data()), m_begin(text.data()) {}
+        : m_filler(filler), m_textBegin(text.data()), m_textEnd(text.data() + text.size()),
+          m_withoutTabs(text.data()), m_piece{text.data()} {}
 
     /// What stands at [begin, end) is ASCII; `isBoundary`: a character begins there.
     void addAscii(const char *begin, const char *end, bool isBoundary) {
@@ -157,28 +221,32 @@ public:
             const char *const space = finder.from(place);
             if (place != space) {
                 beginAt(place, isBoundary);
-                m_characters += charactersIn(place, space) - (isBoundary ? 0U : 1U);
+                m_piece.characters += charactersIn(place, space) - (isBoundary ? 0U : 1U);
                 isBoundary = true;
             }
             place = space;
             if (space != end) {
                 endAt(space, isBoundary);
-                place = std::min(m_begin, end);
+                place = std::min(m_piece.begin, end);
                 isBoundary = true;
             }
         }
     }
 
     void add(const CharacterBlock &block) {
+        if (isSimple(block) && m_filler.add(block, m_piece)) {
+            return;
+        }
         const char *const end = block.begin + block.size;
-        for (std::uint64_t spaces = block.members; m_begin < end;) { // the filler may have written more than the block
-            const auto from = static_cast<std::size_t>(std::max(m_begin, block.begin) - block.begin);
+        // The filler may have written more than the block.
+        for (std::uint64_t spaces = block.members; m_piece.begin < end;) {
+            const auto from = static_cast<std::size_t>(std::max(m_piece.begin, block.begin) - block.begin);
             spaces = spaces >> from << from;
             const std::size_t to = std::min(static_cast<std::size_t>(std::countr_zero(spaces)), block.size);
             if (from != to) {
                 beginAt(block.begin + from, (block.boundaries >> from & 1U) != 0);
                 const std::uint64_t behind = to == kernels::blockSize ? 0 : ~std::uint64_t{0} << to;
-                m_characters += bitCount((block.boundaries & ~behind) >> from);
+                m_piece.characters += bitCount((block.boundaries & ~behind) >> from);
             }
             if (to == block.size) {
                 return;
@@ -200,31 +268,51 @@ private:
         return count;
     }
 
+    /// Whether every space in the block is one of ASCII and joins neither what stands before it nor what stands behind.
+    bool isSimple(const CharacterBlock &block) {
+        const std::uint64_t own = ~std::uint64_t{0} >> (kernels::blockSize - block.size);
+        const bool joins = ((block.members | block.members << 1) & own & ~block.boundaries) != 0;
+        const bool joinsSpaceBefore = m_piece.begin == block.begin && (block.boundaries & 1U) == 0;
+        return !joins && !joinsSpaceBefore && !m_piece.joinsSpaceBefore && m_piece.begin <= block.begin &&
+               !hasTab(block);
+    }
+
+    bool hasTab(const CharacterBlock &block) {
+        const char *const end = block.begin + block.size;
+        if (end > m_withoutTabs) {
+            const auto size = static_cast<std::size_t>(std::min(stretch, m_textEnd - block.begin));
+            const void *const tab = std::memchr(block.begin, '\t', size);
+            m_withoutTabs = tab == nullptr ? block.begin + size : static_cast<const char *>(tab);
+        }
+        return end > m_withoutTabs;
+    }
+
     /// There is more of the piece at `place`.
     void beginAt(const char *place, bool isBoundary) {
-        if (place == m_begin && !isBoundary) {
-            m_joinsBefore = true;
-            ++m_characters; // counted alone it has its first character
+        if (place == m_piece.begin && !isBoundary) {
+            m_piece.joinsSpaceBefore = true;
+            ++m_piece.characters; // counted alone it has its first character
         }
     }
 
     void endAt(const char *space, bool isBoundary) {
         // A tab is apart from everything, but it becomes a space.
         const bool isTab = *space == '\t';
-        const bool joinsBehind = isTab ? space != m_begin && endsInPrepended({m_begin, space}) : !isBoundary;
+        const bool joinsBehind =
+            isTab ? space != m_piece.begin && endsInPrepended({m_piece.begin, space}) : !isBoundary;
         addPiece(space, joinsBehind);
-        m_begin = space + (isAscii(*space) ? 1 : static_cast<unsigned char>(*space) == 0xC2 ? 2 : 3);
-        m_begin = std::max(m_begin, m_filler.filledEnd()); // what is written need not be looked at
-        m_characters = 0;
-        m_joinsBefore = false;
+        m_piece.begin = space + (isAscii(*space) ? 1 : static_cast<unsigned char>(*space) == 0xC2 ? 2 : 3);
+        m_piece.begin = std::max(m_piece.begin, m_filler.filledEnd()); // what is written need not be looked at
+        m_piece.characters = 0;
+        m_piece.joinsSpaceBefore = false;
     }
 
     void addPiece(const char *end, bool joinsBehind) {
-        const std::string_view text(m_begin, static_cast<std::size_t>(end - m_begin));
-        const bool isBehindTab = m_begin != m_textBegin && m_begin[-1] == '\t';
-        const bool joinsBefore =
-            isBehindTab && !text.empty() && !isAscii(text[0]) ? lexivore::joinsSpaceBefore(text) : m_joinsBefore;
-        m_filler.add({text, m_characters, joinsBefore, joinsBehind});
+        const std::string_view text(m_piece.begin, static_cast<std::size_t>(end - m_piece.begin));
+        const bool isBehindTab = m_piece.begin != m_textBegin && m_piece.begin[-1] == '\t';
+        const bool joinsBefore = isBehindTab && !text.empty() && !isAscii(text[0]) ? lexivore::joinsSpaceBefore(text)
+                                                                                   : m_piece.joinsSpaceBefore;
+        m_filler.add({text, m_piece.characters, joinsBefore, joinsBehind});
     }
 
     static bool endsInPrepended(std::string_view piece) {
@@ -235,9 +323,9 @@ private:
 
     LineFiller &m_filler;
     const char *m_textBegin;
-    const char *m_begin; ///< Of the piece.
-    std::size_t m_characters = 0;
-    bool m_joinsBefore = false;
+    const char *m_textEnd;
+    const char *m_withoutTabs; ///< None stands before it, from the block on that was looked at last.
+    OpenPiece m_piece;
 };
 
 } // namespace

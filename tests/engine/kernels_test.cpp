@@ -144,6 +144,29 @@ TEST(Kernels, CountBitsCountsAllOfThem) {
     }
 }
 
+TEST(Kernels, HighestRankedEqualsThePlainLoop) {
+    std::mt19937_64 random(seed);
+    for (std::size_t round = 0; round < 20'000; ++round) {
+        const std::uint64_t counted = round % 9 == 0 ? ~std::uint64_t{0} : randomBits(random, 1U << random() % 7);
+        const std::uint64_t mask = randomBits(random, 1U << random() % 7) & (round % 2 == 0 ? counted : random());
+        const std::size_t most = round % 50 == 0 ? SIZE_MAX - round % 2 : random() % (blockSize + 3);
+        RankedBit expected = {0, 0};
+        std::size_t rank = 0;
+        for (std::size_t place = 0; place < blockSize && rank <= most; ++place) {
+            const std::uint64_t bit = std::uint64_t{1} << place;
+            if ((mask & bit) != 0) {
+                expected = {bit, rank};
+            }
+            rank += (counted & bit) != 0 ? 1 : 0;
+        }
+        onAllKernels([&](const Kernels &kernels) {
+            const RankedBit found = kernels.highestRanked(mask, counted, most);
+            ASSERT_EQ(found.bit, expected.bit) << mask << " " << counted << " " << most;
+            ASSERT_EQ(found.rank, expected.rank) << mask << " " << counted << " " << most;
+        });
+    }
+}
+
 TEST(Kernels, ListBitsGivesTheIndexOfEachInOrder) {
     std::mt19937_64 random(seed);
     for (std::size_t size = 0; size < 130; ++size) {

@@ -110,6 +110,35 @@ TEST(Wrapping, FillsLongPlainTextsAsItFillsAnyOther) {
     }
 }
 
+TEST(Wrapping, FillsLongTextsOfAllScriptsAsItFillsAnyOther) {
+    // Words that are mostly told apart by one space, at every distance from where blocks begin, and now and then all
+    // else that tells words apart or joins a space.
+    const std::string_view letters[] = {"a",  "é", "ж", "σ", "क",        "्",   "ि",  "漢",
+                                        "字", "م", "ً",  "👩", "👩\u200D👧", "🇩🇪", "각", "."};
+    const std::string_view others[] = {"\t",       "\u00A0", "\u3000", " \u0301", "\u0600 ",
+                                       "\t\u0301", "\n",     "\r\n",   "\u2028"};
+    std::mt19937 random(14);
+    const auto below = [&random](std::size_t limit) { return static_cast<std::size_t>(random()) % limit; };
+    for (const std::size_t width : {1U, 5U, 12U, 30U, 64U, 80U, 81U, 200U, 3'000U}) {
+        for (const std::size_t otherEvery : {0U, 300U, 10U}) {
+            for (const std::size_t longestWord : {4U, 12U, 100U, 1'000U}) {
+                const std::size_t asciiEvery = 1 + below(6);
+                std::string text(below(3), ' ');
+                while (text.size() < 6'000) {
+                    const std::size_t script = below(std::size(letters) - 2);
+                    for (std::size_t left = 1 + below(1 + below(longestWord)); left > 0; --left) {
+                        text += below(asciiEvery) == 0 ? "w" : letters[script + below(3)];
+                    }
+                    text.append(below(30) == 0 ? below(70) : 1, ' ');
+                    text += otherEvery > 0 && below(otherEvery) == 0 ? others[below(std::size(others))] : "";
+                }
+                ASSERT_EQ(wrapText(text, width), wrappedSlowly(text, width))
+                    << width << " " << testing::PrintToString(text);
+            }
+        }
+    }
+}
+
 /// The same for texts whose pieces have as many characters in a line as they have alone.
 std::string filledWordByWord(std::string_view text, std::size_t width) {
     std::string result;
