@@ -62,6 +62,25 @@ TEST(ReplaceAll, EqualsAPlainReplacement) {
     }
 }
 
+TEST(ReplaceAll, ReplacesWhatStandsAboutAsFarApartAsABlockIsLong) {
+    std::mt19937 random(6);
+    for (const std::string_view find : {"b", "the", "bcdefghijklmnopq", "abab", "éé"}) {
+        for (const std::string_view replacement :
+             {"", "x", "THAT", "as long as it may", "no longer a block", "0123456789abcdef"}) {
+            for (const std::size_t mostBetween : {20U, 60U, 130U, 300U}) {
+                std::string text;
+                std::string expected;
+                while (text.size() < 9'000) {
+                    const std::string between(random() % mostBetween, '-');
+                    text.append(between).append(find);
+                    expected.append(between).append(replacement);
+                }
+                ASSERT_EQ(replaceAll(text, find, replacement).view(), expected) << find << " " << replacement;
+            }
+        }
+    }
+}
+
 TEST(ReplaceAll, RefusesWhatWouldBeTooLargeBeforeItWritesIt) {
     std::string text(std::size_t{1} << 20U, 'a');
     const std::string replacement(4096, 'b');
