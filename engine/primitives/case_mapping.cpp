@@ -142,12 +142,18 @@ private:
     /// How the code points of a character are mapped.
     enum class Case { kept, upper, lower };
 
+    static char inCase(char ascii, Case mapping) {
+        constexpr int lowerBit = 0x20;
+        const bool stays = mapping == Case::kept || !isAsciiLetter(ascii);
+        return stays ? ascii : static_cast<char>(mapping == Case::lower ? ascii | lowerBit : ascii & ~lowerBit);
+    }
+
     void appendAscii(TextBuffer &result) {
         const char *position = m_blocks.position();
         const char *const limit = position + std::min(stretch, m_end - position);
         char *to = result.room(static_cast<std::size_t>(limit - position));
         if (!character_breaks::transition(m_blocks.state(), static_cast<unsigned char>(*position)).isBoundary) {
-            *to++ = *position++; // of a character that is not a letter
+            *to++ = inCase(*position++, m_case); // of the character before
         }
         const char *const begin = position;
         const std::size_t written =
@@ -157,10 +163,8 @@ private:
         const char *const runEnd =
             asciiRunEnd(position, position + std::min(std::ptrdiff_t{kernels::blockSize}, limit - position));
         for (; position != runEnd; ++position) {
-            const bool isLetter = isAsciiLetter(*position);
-            const int lowerBit = m_isUppersTurn ? 0 : 0x20;
-            *to++ = isLetter ? static_cast<char>((*position & ~0x20) | lowerBit) : *position;
-            m_isUppersTurn = m_isUppersTurn != isLetter;
+            *to++ = inCase(*position, m_isUppersTurn ? Case::upper : Case::lower);
+            m_isUppersTurn = m_isUppersTurn != isAsciiLetter(*position);
         }
         result.commit(to);
         if (runEnd != begin) { // marks may follow

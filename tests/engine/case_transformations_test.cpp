@@ -250,6 +250,7 @@ const Case alternatingCase[] = {
     {"a letter that becomes two took one turn", "ßab ﬁ", {}, "SSaB ﬁ"},
     {"a letter and its marks take one turn", "e\u0301ae\u0301", {}, "E\u0301aE\u0301"},
     {"joined consonants take one turn", "aक्षb", {}, "Aक्षB"},
+    {"a letter and the one it takes in take one turn", "\u0D4Eab", {}, "\u0D4EAb"},
     {"Hangul syllables of single letters take one turn", "a\u1112\u1161\u11ABb", {}, "A\u1112\u1161\u11ABB"},
     {"numbers and symbols that have case are no letters", "aⅷbⓒc", {}, "AⅷbⓒC"},
     {"a titlecase letter goes both ways", "ǅǅ", {}, "Ǆǆ"},

@@ -227,6 +227,16 @@ TEST(AlternateCase, TakesTurnsWhereverACharacterStands) {
     }
 }
 
+TEST(AlternateCase, MapsALetterWithTheOneItTakesIn) {
+    // U+0D4E takes in the letter behind it, wherever a block of the text ends between the two.
+    for (std::size_t before = 0; before < 140; ++before) {
+        const std::string digits(before, '1');
+        ASSERT_EQ(alternateCase("é" + digits + "\u0D4EBcd").view(), "É" + digits + "\u0D4EbCd") << before;
+        ASSERT_EQ(alternateCase("½" + digits + "\u0D4Ebcd").view(), "½" + digits + "\u0D4EBcD") << before;
+        ASSERT_EQ(alternateCase("½" + digits + "\u0D4Eb\u0345cd").view(), "½" + digits + "\u0D4EBΙcD") << before;
+    }
+}
+
 } // namespace
 
 } // namespace lexivore
