@@ -45,9 +45,47 @@ double secondsAllowed(std::size_t bytes) {
     return fixedSeconds + static_cast<double>(bytes) / bytesPerSecond;
 }
 
+/// A clock that ticks every few milliseconds and takes next to no time to look at.
+std::int64_t coarseTicks() {
+    std::timespec time{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &time);
+    return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+/// Until when the search of a text may go on.
+class Deadline {
+public:
+    explicit Deadline(std::size_t bytes) : m_seconds(processorSeconds() + secondsAllowed(bytes)) {}
+
+    [[nodiscard]] bool isPassed() const { return processorSeconds() >= m_seconds; }
+    /// The same, asked at each attempt to match. All of these may take a moment more: a search whose attempts are short
+    /// comes to its end, however many there are.
+    [[nodiscard]] bool isPassedAtAttempt() {
+        constexpr std::size_t attemptsForALook = 16;
+        return ++m_attempts % attemptsForALook == 0 && isPassedAfterAttempts();
+    }
+
+private:
+    [[nodiscard]] bool isPassedAfterAttempts() {
+        constexpr double secondsForAnAttempt = 1e-6;
+        const std::int64_t ticks = coarseTicks();
+        return std::exchange(m_ticks, ticks) != ticks &&
+               processorSeconds() >= m_seconds + static_cast<double>(m_attempts) * secondsForAnAttempt;
+    }
+
+    double m_seconds;
+    std::size_t m_attempts = 0;
+    std::int64_t m_ticks = 0; ///< When the processor's time was looked at.
+};
+
 /// ICU asks this from time to time while it backtracks.
 UBool U_CALLCONV mayGoOn(const void *deadline, std::int32_t) {
-    return processorSeconds() < *static_cast<const double *>(deadline) ? 1 : 0;
+    return static_cast<const Deadline *>(deadline)->isPassed() ? 0 : 1;
+}
+
+/// And this behind each attempt that failed, which may have read a whole text without backtracking.
+UBool U_CALLCONV mayTryAgain(const void *deadline, std::int64_t) {
+    return static_cast<Deadline *>(const_cast<void *>(deadline))->isPassedAtAttempt() ? 0 : 1;
 }
 
 std::string describe(UErrorCode status) {
@@ -337,14 +375,18 @@ TextBuffer replaceWithIcu(std::string_view text, const icu::RegexPattern &patter
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::RegexMatcher> matcher(pattern.matcher(input, status));
     check(status);
-    const double deadline = processorSeconds() + secondsAllowed(text.size());
+    Deadline deadline(text.size());
     matcher->setMatchCallback(mayGoOn, &deadline, status);
+    matcher->setFindProgressCallback(mayTryAgain, &deadline, status);
     matcher->setStackLimit(mostStackBytes, status);
     check(status);
 
     MatchReplacer replacer(text);
     ParallelPosition position(text, input.length());
     while (matcher->find(status) != 0) {
+        if (deadline.isPassedAtAttempt()) {
+            fail(U_REGEX_TIME_OUT);
+        }
         const std::size_t begin = position.moveTo(matcher->start(status));
         TextBuffer &result = replacer.replace(begin, position.moveTo(matcher->end(status)));
         replacement.append(result, [&](int group) {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <iterator>
 #include <random>
 #include <string>
@@ -94,6 +95,17 @@ TEST(RegularExpression, CountsTheTimeOfAllAttemptsTogether) {
         text += std::string(9000, 'a') + "\n";
     }
     EXPECT_EQ(replaced(text, "(?:a|c)*[bd]", ""), "error: U_REGEX_TIME_OUT");
+}
+
+TEST(RegularExpression, CountsTheTimeOfAttemptsThatNeverGoBack) {
+    // Each reads to the end of the text; ICU asks about the time only while it backtracks, which these hardly do.
+    const std::string text = "z" + std::string(2'000'000, 'a');
+    for (const char *pattern : {"(?>[a-y]*)z", "(?=(?>[a-y]*))"}) {
+        const std::clock_t begin = std::clock();
+        EXPECT_EQ(replaced(text, pattern, ""), "error: U_REGEX_TIME_OUT") << pattern;
+        // Of the processor, less than a second and a half; more is left for a busy machine.
+        EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 4) << pattern;
+    }
 }
 
 TEST(RegularExpression, HasTimeForALargeTextAndAHarmlessPattern) {
