@@ -134,7 +134,8 @@ void appendUtf8(TextBuffer &to, const icu::UnicodeString &text, std::int32_t beg
     while (begin < end) {
         UChar32 codePoint = 0;
         U16_NEXT(units, begin, end, codePoint);
-        place = encode(static_cast<char32_t>(codePoint), place);
+        // Where a pattern has one half of a surrogate pair, ICU lets a match or a group end between the two.
+        place = encode(U_IS_SURROGATE(codePoint) ? replacementCharacter : static_cast<char32_t>(codePoint), place);
     }
     to.commit(place);
 }

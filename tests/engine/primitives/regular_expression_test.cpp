@@ -108,6 +108,12 @@ TEST(RegularExpression, CountsTheTimeOfAttemptsThatNeverGoBack) {
     }
 }
 
+TEST(RegularExpression, GivesUtf8WhereAMatchEndsWithinACodePoint) {
+    EXPECT_EQ(replaced("a😀b", "a\\uD83D", "<$0>"), "<a\uFFFD>b");
+    EXPECT_EQ(replaced("a😀b", "(a\\uD83D)(.)", "<$1|$2>"), "<a\uFFFD|\uFFFD>b");
+    EXPECT_EQ(replaced("a😀b", "(a\\uD83D)\\uDE00", "<$0|$1>"), "<a😀|a\uFFFD>b");
+}
+
 TEST(RegularExpression, HasTimeForALargeTextAndAHarmlessPattern) {
     std::string text;
     std::string expected;
