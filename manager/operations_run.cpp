@@ -41,7 +41,7 @@ Text resultOf(const TextTransformation &transformation, const Text &text, const 
         }
         return Text(std::move(result));
     } catch (const std::length_error &) { // a string or list can be too long on the way as well
-        throw TransformationError::operationFailed("The result would be larger than 2 GB");
+        throw TransformationError::operationFailed(QT_TRANSLATE_NOOP("Engine", "The result would be larger than 2 GB"));
     }
 }
 

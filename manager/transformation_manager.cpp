@@ -97,7 +97,7 @@ void TransformationManager::applyTransformation(const TextTransformation &transf
 void TransformationManager::apply(State &state, const TextTransformation &transformation,
                                   const ParameterMap &parameters) {
     if (state.currentText.empty()) {
-        throw TransformationError::invalidInput("Text is empty");
+        throw TransformationError::invalidInput(QT_TRANSLATE_NOOP("Engine", "Text is empty"));
     }
     record(state, HistoryTransformation{});
     if (state.appliedOperations.empty()) {

@@ -63,7 +63,7 @@ void TransformationManager::renameRecipe(const Recipe &recipe, std::string newNa
 
 void TransformationManager::applyRecipe(const Recipe &recipe) {
     if (m_state.currentText.empty()) {
-        throw TransformationError::invalidInput("Text is empty");
+        throw TransformationError::invalidInput(QT_TRANSLATE_NOOP("Engine", "Text is empty"));
     }
     State next = m_state;
     if (next.appliedOperations.empty()) {

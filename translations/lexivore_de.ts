@@ -819,6 +819,14 @@
         <source>Unix Line Endings</source>
         <translation>Zeilenenden von Unix</translation>
     </message>
+    <message>
+        <source>The result would be larger than 2 GB</source>
+        <translation>Das Ergebnis wäre größer als 2 GB</translation>
+    </message>
+    <message>
+        <source>Text is empty</source>
+        <translation>Der Text ist leer</translation>
+    </message>
 </context>
 <context>
     <name>FilePanels</name>

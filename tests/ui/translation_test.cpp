@@ -3,7 +3,10 @@
 #include "ui/translation.h"
 
 #include "engine/catalog.h"
+#include "manager/operations_run.h"
 #include "manager/recipe.h"
+#include "manager/transformation_manager.h"
+#include "tests/support/memory_preferences.h"
 
 #include <QCoreApplication>
 
@@ -22,6 +25,11 @@ private:
     char m_name[5] = "test";
     char *m_arguments[2] = {m_name, nullptr};
     QCoreApplication m_application{m_count, m_arguments};
+};
+
+struct TooLarge final : TextTransformation {
+    TooLarge() : TextTransformation("too-large", "", "", TransformationCategory::lines, "") {}
+    [[nodiscard]] TextBuffer apply(std::string_view, const ParameterMap &) const override { throw TextTooLarge(); }
 };
 
 TEST_F(TranslationTest, englishIsTheLanguageOfTheSources) {
@@ -66,6 +74,25 @@ TEST_F(TranslationTest, anErrorIsTranslatedInItsParts) {
               "Ungültige Eingabe: Ungültiger regulärer Ausdruck: U_REGEX_MISMATCHED_PAREN at 1");
     EXPECT_EQ(translatedError("Missing parameter: prefix"), "Fehlender Parameter: prefix");
     EXPECT_EQ(translatedError(""), "");
+}
+
+TEST_F(TranslationTest, whatTheManagerRefusesIsTranslatedToo) {
+    startWith({"de-DE"});
+    test::MemoryPreferences preferences;
+    TransformationManager manager(preferences);
+    const auto refusal = [](auto action) {
+        try {
+            action();
+        } catch (const TransformationError &error) {
+            return translatedError(error.description());
+        }
+        return QString("nothing");
+    };
+    EXPECT_EQ(refusal([&] { manager.applyTransformation(*manager.findTransformation("uppercase"), {}); }),
+              "Ungültige Eingabe: Der Text ist leer");
+    EXPECT_EQ(refusal([&] { manager.applyRecipe(Recipe()); }), "Ungültige Eingabe: Der Text ist leer");
+    EXPECT_EQ(refusal([] { static_cast<void>(resultOf(TooLarge(), Text(), {})); }),
+              "Misslungen: Das Ergebnis wäre größer als 2 GB");
 }
 
 TEST_F(TranslationTest, theUsersOwnNameOfARecipeStaysAsItIs) {
