@@ -24,7 +24,7 @@ public:
     AppDelegate(const QVariantMap &information, Preferences &preferences, std::function<bool(const QUrl &)> openFile,
                 QObject *parent = nullptr);
 
-    /// It has looked for updates since the delegate was made.
+    /// Started when the delegate was made.
     [[nodiscard]] StandardUpdaterController &updaterController() { return m_updaterController; }
 
     /// The adopted window, or null.

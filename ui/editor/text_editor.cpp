@@ -56,15 +56,13 @@ void TextEditor::connectDocument() {
                 emit countsChanged();
             });
     connect(&m_document, &TextDocument::selectionChanged, this, &TextEditor::caretWasMoved);
-    connect(&m_document, &TextDocument::undoAvailable, this, &TextEditor::undoAvailable);
-    connect(&m_document, &TextDocument::redoAvailable, this, &TextEditor::redoAvailable);
 }
 
 void TextEditor::followEdit(std::size_t offset, std::size_t removed, std::size_t inserted) {
     if (offset < m_topOffset) {
         const bool isInFront = offset + removed <= m_topOffset;
         m_topOffset = isInFront ? m_topOffset - removed + inserted : offset;
-        m_topHidden = isInFront ? m_topHidden : m_topOffset == 0 ? -m_marginY : 0;
+        m_topHidden = isInFront ? m_topHidden : m_topOffset == 0 ? -marginY : 0;
     }
     if (m_dropOffset && *m_dropOffset > m_document.text().size()) {
         m_dropOffset.reset();
@@ -100,7 +98,6 @@ void TextEditor::setOverwriteMode(bool overwrite) {
     if (m_isOverwriteMode != overwrite) {
         m_isOverwriteMode = overwrite;
         updateCaret();
-        emit overwriteModeChanged(overwrite);
     }
 }
 
@@ -109,17 +106,10 @@ void TextEditor::setCaretColor(const QColor &color) {
     viewport()->update();
 }
 
-void TextEditor::setTextMargins(int horizontal, int vertical) {
-    m_marginX = horizontal;
-    m_marginY = vertical;
-    applyStyle();
-    scrollBy(0);
-}
-
 void TextEditor::applyStyle() {
     LayoutStyle style;
     style.font = font();
-    style.width = std::max(1, viewport()->width() - 2 * m_marginX);
+    style.width = std::max(1, viewport()->width() - 2 * marginX);
     style.tabDistance = tabColumns * QFontMetricsF(style.font).horizontalAdvance(u' ');
     style.quiet = palette().color(QPalette::PlaceholderText);
     m_layout.setStyle(style);
@@ -250,7 +240,7 @@ void TextEditor::changeEvent(QEvent *event) {
 
 void TextEditor::resizeEvent(QResizeEvent *event) {
     QAbstractScrollArea::resizeEvent(event);
-    const bool isSameWidth = m_layout.style().width == std::max(1, viewport()->width() - 2 * m_marginX);
+    const bool isSameWidth = m_layout.style().width == std::max(1, viewport()->width() - 2 * marginX);
     if (!isSameWidth) {
         applyStyle();
     }

@@ -57,8 +57,6 @@ public:
 
     /// The caret's colour; the palette's Text when none was set.
     void setCaretColor(const QColor &color);
-    /// The space between the text and the edges, in pixels: 16 at the sides and 12 above and below at first.
-    void setTextMargins(int horizontal, int vertical);
 
     /// Scrolls no further than needed.
     void ensureCaretVisible();
@@ -88,11 +86,8 @@ signals:
     /// The characters, words, lines or line endings of the text may be others now.
     void countsChanged();
     void selectionChanged();
-    void undoAvailable(bool available);
-    void redoAvailable(bool available);
     void undoRequested();
     void redoRequested();
-    void overwriteModeChanged(bool overwrite);
     /// Ctrl and the wheel: so many steps larger or, negative, smaller.
     void zoomRequested(int steps);
     /// Something was refused, with a sentence for the user that says why.
@@ -216,8 +211,9 @@ private:
     TextDocument m_document;
     mutable EditorLayout m_layout;
     QColor m_caretColor;
-    int m_marginX = 16;
-    int m_marginY = 12;
+    // Between the text and the edges, in pixels.
+    static constexpr int marginX = 16;
+    static constexpr int marginY = 12;
 
     /// What is on the screen, or asked to be painted, from top to bottom. Nothing when all has to be painted.
     std::vector<ShownLine> m_shown;
@@ -225,7 +221,7 @@ private:
 
     // The first visible row, by a place in it, and how many of its pixels are above the viewport.
     std::size_t m_topOffset = 0;
-    int m_topHidden = -12;
+    int m_topHidden = -marginY;
     int m_lastScrollValue = 0;
     bool m_isSettingScrollBar = false;
     double m_wheelRemainder = 0;

@@ -225,7 +225,7 @@ QRect TextEditorAccessible::characterRect(int offset) const {
     const std::size_t end = std::min(document().nextCharacter(begin), layout.rowEnd(row));
     const qreal left = layout.xOf(begin, row);
     const qreal right = layout.xOf(std::max(begin, end), row);
-    const QRect rect(editor().m_marginX + static_cast<int>(std::min(left, right)), *top,
+    const QRect rect(TextEditor::marginX + static_cast<int>(std::min(left, right)), *top,
                      std::max(1, static_cast<int>(std::abs(right - left))), row.height);
     return {editor().viewport()->mapToGlobal(rect.topLeft()), rect.size()};
 }

@@ -109,7 +109,7 @@ QVariant TextEditor::inputMethodQuery(Qt::InputMethodQuery query) const {
     case Qt::ImAnchorRectangle: {
         const Row row = m_layout.rowOf(m_document.anchor(), false);
         const int top = viewportTop(row).value_or(-10 * row.height);
-        const int x = m_marginX + static_cast<int>(m_layout.xOf(m_document.anchor(), row));
+        const int x = marginX + static_cast<int>(m_layout.xOf(m_document.anchor(), row));
         return QRect(x, top, 1, row.height).translated(viewport()->pos());
     }
     case Qt::ImSurroundingText:

@@ -148,7 +148,7 @@ void TextEditor::paintEvent(QPaintEvent *event) {
                 selection.begin = part.begin;
                 selection.end = part.end;
                 selection.hasBreak = part.hasBreak;
-                line.layout->draw(painter, QPointF(m_marginX, top), part.isAny() ? &selection : nullptr,
+                line.layout->draw(painter, QPointF(marginX, top), part.isAny() ? &selection : nullptr,
                                   clip.adjusted(0, -overhang, 0, overhang));
             }
         }
@@ -180,7 +180,7 @@ QRect TextEditor::dropCaretRect() const {
     }
     const Row row = m_layout.rowOf(*m_dropOffset, false);
     const auto top = viewportTop(row);
-    const int x = m_marginX + static_cast<int>(m_layout.xOf(*m_dropOffset, row));
+    const int x = marginX + static_cast<int>(m_layout.xOf(*m_dropOffset, row));
     return top ? QRect(x, *top, 1, row.height) : QRect();
 }
 
@@ -209,7 +209,7 @@ QRect TextEditor::caretRect() const {
     // Spaces at the end of a row may hang over its edge; the caret stays in sight.
     x = std::clamp<qreal>(x, 0, m_layout.style().width);
     const int top = viewportTop(row).value_or(-10 * row.height);
-    return {m_marginX + static_cast<int>(x), top, static_cast<int>(std::ceil(width)), row.height};
+    return {marginX + static_cast<int>(x), top, static_cast<int>(std::ceil(width)), row.height};
 }
 
 void TextEditor::restartBlinking() {

@@ -50,12 +50,12 @@ TextEditor::CaretTarget TextEditor::targetIn(const Row &row, qreal x) const {
 TextEditor::CaretTarget TextEditor::targetAt(QPoint point) const {
     const Row top = m_layout.rowOf(m_topOffset, false);
     const Row row = m_layout.rowAt(top.place, top.top + m_topHidden + point.y());
-    return targetIn(row, point.x() - m_marginX);
+    return targetIn(row, point.x() - marginX);
 }
 
 void TextEditor::showFrom(TextIndex::Place place, int y) {
     const TextIndex &index = m_document.index();
-    const int wanted = viewport()->height() - m_marginY;
+    const int wanted = viewport()->height() - marginY;
     int shown = -y;
     for (TextIndex::Place at = place; shown < wanted; at = index.next(at)) {
         shown += m_layout.chunk(at).height;
@@ -69,7 +69,7 @@ void TextEditor::showFrom(TextIndex::Place place, int y) {
         y += m_layout.chunk(place).height;
     }
     if (index.isFirst(place)) {
-        y = std::max(y, -m_marginY);
+        y = std::max(y, -marginY);
     }
     while (y >= m_layout.chunk(place).height && !index.isLast(place)) {
         y -= m_layout.chunk(place).height;
@@ -93,11 +93,11 @@ void TextEditor::scrollToFraction(double fraction) {
     TextIndex &index = m_document.index();
     if (fraction >= 1) {
         const TextIndex::Place last = index.atOffset(text().size());
-        showFrom(last, m_layout.chunk(last).height + m_marginY - viewport()->height());
+        showFrom(last, m_layout.chunk(last).height + marginY - viewport()->height());
         return;
     }
-    const double range = static_cast<double>(index.totalHeight()) + 2 * m_marginY - viewport()->height();
-    const double y = fraction * range - m_marginY;
+    const double range = static_cast<double>(index.totalHeight()) + 2 * marginY - viewport()->height();
+    const double y = fraction * range - marginY;
     const TextIndex::Place place = index.atHeight(static_cast<std::uint64_t>(std::max(y, 0.0)));
     const double estimated = std::max(1U, index.at(place).height);
     const double inside = y - static_cast<double>(place.heightBefore);
@@ -122,10 +122,10 @@ void TextEditor::updateScrollBar() {
     const QScopedValueRollback setting(m_isSettingScrollBar, true);
     const Row top = m_layout.rowOf(m_topOffset, false);
     const int height = viewport()->height();
-    const std::uint64_t total = m_document.index().totalHeight() + 2 * static_cast<std::uint64_t>(m_marginY);
+    const std::uint64_t total = m_document.index().totalHeight() + 2 * static_cast<std::uint64_t>(marginY);
     const std::uint64_t pixelsPerStep = total / mostBarSteps + 1;
     const auto steps = [pixelsPerStep](std::uint64_t pixels) { return static_cast<int>(pixels / pixelsPerStep); };
-    const std::int64_t above = static_cast<std::int64_t>(top.place.heightBefore) + top.top + m_topHidden + m_marginY;
+    const std::int64_t above = static_cast<std::int64_t>(top.place.heightBefore) + top.top + m_topHidden + marginY;
     const auto page = static_cast<std::uint64_t>(std::max(height, 1));
     bar->setRange(0, steps(total > page ? total - page : 0));
     bar->setPageStep(std::max(1, steps(page)));
@@ -155,7 +155,7 @@ void TextEditor::scrollContentsBy(int, int) {
     const QScrollBar *const bar = verticalScrollBar();
     const int value = bar->value();
     const std::int64_t steps = std::int64_t{value} - m_lastScrollValue;
-    const std::uint64_t total = m_document.index().totalHeight() + 2 * static_cast<std::uint64_t>(m_marginY);
+    const std::uint64_t total = m_document.index().totalHeight() + 2 * static_cast<std::uint64_t>(marginY);
     const auto pixels = steps * static_cast<std::int64_t>(total / mostBarSteps + 1);
     m_lastScrollValue = value;
     const bool isShort = std::abs(pixels) <= 3 * std::int64_t{viewport()->height()};
@@ -176,9 +176,9 @@ void TextEditor::ensureCaretVisible() {
     const bool isAbove = top ? *top < 0 : row.place.before.bytes < m_topOffset;
     // At the edges of the text its margin comes into view too.
     if (isAbove) {
-        showFrom(row.place, m_document.caret() == 0 ? -m_marginY : row.top);
+        showFrom(row.place, m_document.caret() == 0 ? -marginY : row.top);
     } else {
-        const int margin = m_document.caret() == text().size() ? m_marginY : 0;
+        const int margin = m_document.caret() == text().size() ? marginY : 0;
         showFrom(row.place, row.top + row.height + margin - height);
     }
     updateMicroFocus();

@@ -49,8 +49,6 @@ public:
     void stepRedone(const Text &previous, const Text &now);
     /// The manager forgot its history: only edits can bring back what the steps had changed.
     void forgetSteps();
-    /// The next edit begins an entry of its own.
-    void breakRun() { m_runIsOpen = false; }
 
     /// The latest change is an edit.
     [[nodiscard]] bool canUndoEdit() const;

@@ -34,16 +34,14 @@ public:
 
     /// The user's change of the text in the editor, to be carried out and remembered.
     void edit(std::size_t offset, std::size_t removed, std::string_view inserted);
-    /// The next edit is taken back on its own, not together with the run of typing before it.
-    void breakRun() { m_history.breakRun(); }
-    /// Takes notice of what the manager did without a signal: a failed application leaves an entry in its history.
-    void synchronize();
 
 signals:
     /// The text is about to be `text` again, by this change of what is shown.
     void restoring(const lexivore::Text &text, const lexivore::TextChange &change);
 
 private:
+    /// Takes notice of what the manager did since the last time.
+    void synchronize();
     void show(const ChangeHistory::Restored &restored);
     [[nodiscard]] std::vector<Text> textsBeforeNewSteps() const;
 
