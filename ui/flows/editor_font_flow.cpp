@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/flows/editor_font_flow.h"
 
+#include "ui/sheets/editor_settings_sheet.h"
 #include "ui/sheets/sheets.h"
 #include "ui/window/window_state.h"
 
@@ -17,7 +18,9 @@ void EditorFontFlow::showSettings() {
 }
 
 void EditorFontFlow::zoom(int steps) {
-    m_state.setEditorFontSize(std::clamp(m_state.editorFontSize() + steps, smallestSize, largestSize));
+    constexpr double least = EditorSettingsSheet::leastFontSize;
+    constexpr double greatest = EditorSettingsSheet::greatestFontSize;
+    m_state.setEditorFontSize(std::clamp(m_state.editorFontSize() + steps, least, greatest));
 }
 
 void EditorFontFlow::resetZoom() { m_state.setEditorFontSize(defaultSize); }

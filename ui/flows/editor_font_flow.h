@@ -15,8 +15,6 @@ class EditorFontFlow : public QObject {
 
 public:
     static constexpr double defaultSize = 13; ///< points
-    static constexpr double smallestSize = 9;
-    static constexpr double largestSize = 24;
 
     EditorFontFlow(WindowState &state, Sheets &sheets, QObject *parent = nullptr);
 

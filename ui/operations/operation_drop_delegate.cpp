@@ -31,7 +31,8 @@ void OperationDropDelegate::dropEntered() {
     if (!from || *from == m_index) {
         return;
     }
-    m_marks = {m_index<*from, m_index> * from};
+    m_marks.dropAbove = m_index < *from;
+    m_marks.dropBelow = *from < m_index;
 }
 
 void OperationDropDelegate::dropExited() { m_marks = {}; }

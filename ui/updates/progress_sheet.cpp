@@ -6,8 +6,8 @@
 #include "ui/controls/progress_bar.h"
 #include "ui/controls/push_button.h"
 #include "ui/theme/metrics.h"
+#include "ui/updates/size_text.h"
 
-#include <QLocale>
 #include <QVBoxLayout>
 
 namespace lexivore {
@@ -16,8 +16,6 @@ namespace {
 
 constexpr int sheetWidth = 360;
 constexpr int barSteps = 100;
-
-QString sizeText(qint64 bytes) { return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat); }
 
 } // namespace
 

@@ -7,8 +7,8 @@
 #include "ui/controls/sheet_edges.h"
 #include "ui/theme/metrics.h"
 #include "ui/updates/release_notes_view.h"
+#include "ui/updates/size_text.h"
 
-#include <QLocale>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -19,8 +19,6 @@ namespace {
 
 constexpr int sheetWidth = 500;
 constexpr int notesHeight = 220;
-
-QString sizeText(qint64 bytes) { return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat); }
 
 } // namespace
 

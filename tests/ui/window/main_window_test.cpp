@@ -305,7 +305,11 @@ TEST_F(MainWindow, ZoomingStaysWithinTheSettingsRange) {
     for (int i = 0; i < 30; ++i) {
         choose("ZoomOut");
     }
-    EXPECT_EQ(state().editorFontSize(), EditorFontFlow::smallestSize);
+    EXPECT_EQ(state().editorFontSize(), 9);
+    for (int i = 0; i < 30; ++i) {
+        choose("ZoomIn");
+    }
+    EXPECT_EQ(state().editorFontSize(), 24);
     choose("ResetZoom");
     EXPECT_EQ(state().editorFontSize(), 13);
 }
