@@ -35,6 +35,7 @@ public:
     /// `activationToken` is what the window system lets it take the keyboard with, if it gave one.
     void comeForward(const QStringList &files = {}, const QString &activationToken = {});
 
+    [[nodiscard]] AppDelegate &appDelegate() { return m_appDelegate; }
     [[nodiscard]] ContentView &window() { return *m_window; }
     [[nodiscard]] NotificationCenter &notificationCenter() { return m_center; }
     [[nodiscard]] TransformationManager &transformationManager() { return m_transformationManager; }
