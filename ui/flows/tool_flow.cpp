@@ -4,6 +4,8 @@
 
 #include "manager/transformation_manager.h"
 #include "tools/tools_manager.h"
+#include "ui/flows/memory_shortage.h"
+#include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
 #include "ui/text_conversion.h"
 #include "ui/window/window_state.h"
@@ -13,8 +15,8 @@
 namespace lexivore {
 
 ToolFlow::ToolFlow(TransformationManager &manager, const ToolsManager &tools, WindowState &state, Sheets &sheets,
-                   QObject *parent)
-    : QObject(parent), m_manager(manager), m_tools(tools), m_state(state), m_sheets(sheets) {}
+                   Alerts &alerts, QObject *parent)
+    : QObject(parent), m_manager(manager), m_tools(tools), m_state(state), m_sheets(sheets), m_alerts(alerts) {}
 
 void ToolFlow::run(const QString &id) {
     const std::vector<TextToolPointer> &tools = m_tools.tools();
@@ -23,8 +25,14 @@ void ToolFlow::run(const QString &id) {
     if (tool == tools.end()) {
         return;
     }
-    m_state.currentToolWrapper = ToolWrapper(*tool);
-    m_sheets.showToolResult(**tool, m_manager.currentText());
+    orReportShortage(m_alerts, [&] {
+        const Text text = m_manager.currentText();
+        // An edited text is joined into one here: the views compute within the toolkit, through which nothing may
+        // throw.
+        static_cast<void>(text.view());
+        m_state.currentToolWrapper = ToolWrapper(*tool);
+        m_sheets.showToolResult(**tool, text);
+    });
 }
 
 } // namespace lexivore

@@ -7,6 +7,7 @@
 
 namespace lexivore {
 
+class Alerts;
 class Sheets;
 class ToolsManager;
 class TransformationManager;
@@ -18,7 +19,7 @@ class ToolFlow : public QObject {
 
 public:
     ToolFlow(TransformationManager &manager, const ToolsManager &tools, WindowState &state, Sheets &sheets,
-             QObject *parent = nullptr);
+             Alerts &alerts, QObject *parent = nullptr);
 
     /// An unknown id is ignored.
     void run(const QString &id);
@@ -28,6 +29,7 @@ private:
     const ToolsManager &m_tools;
     WindowState &m_state;
     Sheets &m_sheets;
+    Alerts &m_alerts;
 };
 
 } // namespace lexivore

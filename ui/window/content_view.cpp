@@ -83,7 +83,7 @@ void ContentView::createFlows() {
     m_clipboardFlow = new ClipboardFlow(m_manager, *m_state, *m_alerts, this);
     m_operationsFlow = new OperationsFlow(m_manager, *m_state, m_center, *m_sheets, *m_alerts, this);
     m_fontFlow = new EditorFontFlow(*m_state, *m_sheets, this);
-    m_toolFlow = new ToolFlow(m_manager, m_tools, *m_state, *m_sheets, this);
+    m_toolFlow = new ToolFlow(m_manager, m_tools, *m_state, *m_sheets, *m_alerts, this);
 }
 
 void ContentView::layOut() {

@@ -22,12 +22,13 @@ constexpr std::size_t megabyte = std::size_t{1} << 20U;
 
 class Shortage : public WindowTest {
 public:
-    ~Shortage() override {
+    ~Shortage() override { allowAllMemory(); }
+
+protected:
+    static void allowAllMemory() {
         const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
         ::setrlimit(RLIMIT_DATA, &none);
     }
-
-protected:
     /// From now on the program gets no more than this beside what it has.
     static void limitMemoryTo(std::size_t bytes) {
         std::ifstream status("/proc/self/status");
@@ -101,6 +102,19 @@ TEST_F(Shortage, OfMemoryForAPastedTextIsAnError) {
     EXPECT_EQ(text(), "before\nand after");
     QGuiApplication::clipboard()->clear();
     expectError(shortage);
+}
+
+TEST_F(Shortage, OfMemoryForAToolIsAnError) {
+    for (const char *tool : {"statistics", "character-frequency", "reading-time", "readability"}) {
+        SCOPED_TRACE(tool);
+        setText(std::string(40 * megabyte, 'a'));
+        manager().editCurrentText(20 * megabyte, 0, "b"); // which leaves it in pieces that the tool needs in one
+        limitMemoryTo(16 * megabyte);
+        choose(QString("RunTool.") + tool);
+        EXPECT_FALSE(isShown(QString("toolResult.") + tool));
+        allowAllMemory();
+        expectError(shortage);
+    }
 }
 
 TEST_F(Shortage, OfMemoryForAFileIsAnError) {
