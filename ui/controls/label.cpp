@@ -62,7 +62,7 @@ Label::Label(const QString &text, FontRole role, ThemeColour colour, Lines lines
     : QLabel(parent), m_role(role), m_colour(colour), m_lines(lines) {
     setTextFormat(Qt::PlainText);
     setFont(fontFor(role));
-    setSizePolicy(QSizePolicy::Preferred, lines == Lines::one ? QSizePolicy::Fixed : QSizePolicy::Minimum);
+    setSizePolicy(QSizePolicy::Preferred, lines == Lines::wrapped ? QSizePolicy::Minimum : QSizePolicy::Fixed);
     setText(text);
 }
 
@@ -85,7 +85,7 @@ QSize Label::sizeHint() const {
 QSize Label::minimumSizeHint() const { return {0, lineHeightFor(m_role)}; }
 
 int Label::heightForWidth(int width) const {
-    if (m_lines == Lines::one)
+    if (m_lines != Lines::wrapped)
         return -1;
     if (!m_lineCounts.contains(width))
         m_lineCounts.insert(width, layoutFor(width).lineCount());
@@ -106,6 +106,18 @@ void Label::forgetLayout() {
     m_sizeHint = QSize();
 }
 
+QFont Label::shownFont() const {
+    QFont shown = font();
+    if (m_lines == Lines::shrunk) {
+        constexpr double step = 0.5;
+        const QString line = onOneLine(text());
+        const double least = qMin(shown.pointSizeF(), fontFor(FontRole::smallCaption).pointSizeF());
+        while (QFontMetrics(shown).horizontalAdvance(line) > width() && shown.pointSizeF() - step >= least)
+            shown.setPointSizeF(shown.pointSizeF() - step);
+    }
+    return shown;
+}
+
 bool Label::event(QEvent *event) {
     if (event->type() == QEvent::ApplicationFontChange) {
         setFont(fontFor(m_role));
@@ -124,12 +136,12 @@ void Label::changeEvent(QEvent *event) {
 void Label::paintEvent(QPaintEvent *event) {
     QPainter painter(this);
     painter.setPen(theme().*m_colour);
-    painter.setFont(font());
+    painter.setFont(shownFont());
     if (m_lines == Lines::wrapped) {
         layoutFor(width()).draw(&painter, {0, 0}, {}, event->rect());
         return;
     }
-    QString shown = QFontMetrics(font()).elidedText(onOneLine(text()), Qt::ElideRight, width());
+    QString shown = painter.fontMetrics().elidedText(onOneLine(text()), Qt::ElideRight, width());
     if (text().isRightToLeft()) {
         // In a window that runs the other way its words and the ellipsis would stand in the wrong order.
         shown = rightToLeftEmbedding + shown + endOfEmbedding;
@@ -143,7 +155,9 @@ void Label::resizeEvent(QResizeEvent *event) {
 }
 
 void Label::updateToolTip() {
-    const bool isCut = m_lines == Lines::one && Label::sizeHint().width() > width() + 1;
+    const int needed = m_lines == Lines::shrunk ? QFontMetrics(shownFont()).horizontalAdvance(onOneLine(text()))
+                                                : Label::sizeHint().width();
+    const bool isCut = m_lines != Lines::wrapped && needed > width() + 1;
     setToolTip(isCut ? plainToolTip(text()) : QString());
 }
 

@@ -22,7 +22,8 @@ class Label : public QLabel {
     Q_OBJECT
 
 public:
-    enum class Lines { one, wrapped };
+    /// On one line `shrunk` takes smaller letters before it cuts anything off.
+    enum class Lines { one, shrunk, wrapped };
 
     Label(const QString &text, FontRole role, ThemeColour colour = &Theme::text, Lines lines = Lines::one,
           QWidget *parent = nullptr);
@@ -44,6 +45,7 @@ protected:
 private:
     void updateToolTip();
     void forgetLayout();
+    [[nodiscard]] QFont shownFont() const;
     /// The wrapped text, laid out for the width; kept, since a long text takes milliseconds.
     [[nodiscard]] const QTextLayout &layoutFor(int width) const;
 

@@ -29,7 +29,7 @@ CompactStatCard::CompactStatCard(const QString &title, const QString &value, con
     auto *texts = new QVBoxLayout;
     texts->setSpacing(0);
     texts->addStretch();
-    texts->addWidget(new Label(value, FontRole::cardValue));
+    texts->addWidget(new Label(value, FontRole::cardValue, &Theme::text, Label::Lines::shrunk));
     texts->addWidget(new Label(title, FontRole::caption, &Theme::text2));
     texts->addStretch();
     row->addWidget(new Symbol(icon, symbolSize, color));

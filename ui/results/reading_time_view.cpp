@@ -38,7 +38,7 @@ QWidget *makeDurationCard(const QString &title, const char *icon, ThemeColour co
     column->addSpacing(17);
     column->addLayout(heading);
     column->addSpacing(12);
-    column->addWidget(new Label(value, FontRole::duration));
+    column->addWidget(new Label(value, FontRole::duration, &Theme::text, Label::Lines::shrunk));
     column->addSpacing(4);
     column->addWidget(new Label(speed, FontRole::caption, &Theme::text2));
     column->addStretch();

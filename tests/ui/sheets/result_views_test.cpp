@@ -4,6 +4,7 @@
 #include "tools/tools_manager.h"
 #include "ui/controls/label.h"
 #include "ui/results/average_row.h"
+#include "ui/results/card.h"
 #include "ui/results/character_frequency_view.h"
 #include "ui/results/compact_stat_card.h"
 #include "ui/results/frequency_row.h"
@@ -88,6 +89,24 @@ TEST_F(ResultViewsTest, StatisticsShowsSixCardsInThreeColumnsAndThreeAverages) {
         averages << QStringList{row->accessibleName(), row->accessibleDescription()};
     EXPECT_EQ(averages, (QList<QStringList>{
                             {"Chars per word", "3.8"}, {"Words per line", "3.0"}, {"Words per sentence", "1.5"}}));
+}
+
+TEST_F(ResultViewsTest, NoNumberOfALargeTextIsCutOff) {
+    constexpr std::int64_t most = 2'147'483'648;
+    const auto *statistics = dynamic_cast<const StatisticsTool *>(tools.tools()[0].get());
+    ASSERT_NE(statistics, nullptr);
+    show(new StatisticsResultView(*statistics, Text(), {most, most, most, most, most, most, most}));
+    const auto expectNothingCutOff = [this] {
+        for (const auto *label : window.findChildren<Label *>())
+            EXPECT_TRUE(label->toolTip().isEmpty()) << label->text().toStdString();
+    };
+    expectNothingCutOff();
+    press(Qt::Key_Escape);
+    std::string text;
+    for (int word = 0; word < 2'500'000; ++word)
+        text += "a ";
+    EXPECT_TRUE(labelsIn(*open(2, text)).contains("16666m 40s"));
+    expectNothingCutOff();
 }
 
 TEST_F(ResultViewsTest, EachCardHasItsSymbolInItsColour) {
@@ -211,21 +230,33 @@ TEST_F(ResultViewsTest, ReadingTimeShowsBothDurations) {
     std::string text;
     for (int word = 0; word < 199; ++word)
         text += "word ";
-    const QStringList texts = labelsIn(*open(2, text));
+    const ToolView *view = open(2, text);
+    const QStringList texts = labelsIn(*view);
     for (const char *expected : {"Reading Time", "59s", "(~200 words/min)", "Speaking Time", "1m 19s",
                                  "(~150 words/min)", "199", "words", "Based on average reading speed"})
         EXPECT_TRUE(texts.contains(expected)) << expected;
+    QList<QStringList> inCards;
+    for (const auto *card : view->findChildren<Card *>())
+        inCards << labelsIn(*card);
+    EXPECT_EQ(inCards, (QList<QStringList>{{"Reading Time", "59s", "(~200 words/min)"},
+                                           {"Speaking Time", "1m 19s", "(~150 words/min)"},
+                                           {"199", "words"}}));
     press(Qt::Key_Return);
     EXPECT_FALSE(isOpen());
     EXPECT_EQ(labelsIn(*open(2, "")).count("0s"), 2);
 }
 
 TEST_F(ResultViewsTest, ReadabilityShowsScoreLevelGradeAndCounts) {
-    const QStringList texts = labelsIn(*open(3, "Hello world"));
+    const ToolView *view = open(3, "Hello world");
+    const QStringList texts = labelsIn(*view);
     for (const char *expected :
          {"77.9", "Flesch Reading Ease", "Fairly Easy", "Grade Level:", "7th grade", "Words:", "2", "Sentences:", "1",
           "Syllables:", "3", "Higher scores indicate easier readability"})
         EXPECT_TRUE(texts.contains(expected)) << expected;
+    QList<QStringList> inCards;
+    for (const auto *card : view->findChildren<Card *>())
+        inCards << labelsIn(*card);
+    EXPECT_EQ(inCards.mid(1), (QList<QStringList>{{"Words:", "2"}, {"Sentences:", "1"}, {"Syllables:", "3"}}));
     press(Qt::Key_Escape);
     const ToolView *empty = open(3, "");
     EXPECT_TRUE(labelsIn(*empty).contains("0.0"));
