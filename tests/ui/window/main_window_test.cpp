@@ -349,6 +349,24 @@ TEST_F(MainWindow, AToolShowsItsResult) {
     EXPECT_EQ(text(), "one two");
 }
 
+TEST_F(MainWindow, AToolReportsOnTheWholeCurrentTextEachTimeItIsOpened) {
+    const auto words = [this] {
+        choose("RunTool.reading-time");
+        QTest::mouseClick(find("toolResult.reading-time")->findChild<QWidget *>("copy"), Qt::LeftButton);
+        click("done");
+        return QGuiApplication::clipboard()->text().section('\n', 2, 2);
+    };
+    setText("one two three");
+    manager().applyTransformation(*manager().findTransformation("remove-all-spaces"), {});
+    EXPECT_EQ(text(), "onetwothree");
+    EXPECT_EQ(words(), "Word Count: 1"); // of the result, not of the text that it was made from
+    setText("one two three four");
+    focusEditor();
+    press(Qt::Key_Home, Qt::ControlModifier);
+    press(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(words(), "Word Count: 4"); // not of the selection alone
+}
+
 TEST_F(MainWindow, TheSizeAndTheColumnsAreRemembered) {
     window().resize(1100, 700);
     EXPECT_TRUE(QTest::qWaitFor([this] { return preferences.values.contains(preference::windowSize); }));
