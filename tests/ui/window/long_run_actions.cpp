@@ -307,7 +307,7 @@ void LongRunActions::manageRecipes() {
 }
 
 void LongRunActions::runTool() {
-    static constexpr const char *tools[] = {"text-statistics", "character-frequency", "reading-time", "readability"};
+    static constexpr const char *tools[] = {"statistics", "character-frequency", "reading-time", "readability"};
     const QString chosen(oneOf(tools));
     say(chosen.toStdString());
     center().post(notification::runTool, chosen);
