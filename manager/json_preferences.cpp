@@ -106,22 +106,29 @@ bool JsonPreferences::write() {
             m_settings.remove(change.key());
         }
     }
-    m_waiting.clear();
-    m_settings.sync(); // keeps what it could not write for the next time
+    m_settings.sync();
     makeNewerThan(before);
-    return isOnDisk();
+    if (!isOnDisk()) {
+        return false;
+    }
+    m_waiting.clear();
+    return true;
 }
 
-/// Whether the file has what QSettings has, whose status stays an error for ever once there was one.
+/// Whether the file has every change. QSettings does not tell: its status stays an error for ever once there was one.
 bool JsonPreferences::isOnDisk() const {
     QFile file(m_path);
-    const std::optional<QVariantMap> onDisk =
-        file.open(QIODevice::ReadOnly) ? decodePreferences(file.readAll()) : std::nullopt;
-    QVariantMap wanted;
-    for (const QString &key : m_settings.allKeys()) {
-        wanted.insert(key, m_settings.value(key));
+    if (!file.open(QIODevice::ReadOnly) && file.exists()) {
+        return false;
     }
-    return onDisk.value_or(QVariantMap()) == wanted;
+    const QVariantMap onDisk =
+        file.isOpen() ? decodePreferences(file.readAll()).value_or(QVariantMap()) : QVariantMap();
+    for (auto change = m_waiting.constBegin(); change != m_waiting.constEnd(); ++change) {
+        if (change->isValid() ? onDisk.value(change.key()) != *change : onDisk.contains(change.key())) {
+            return false;
+        }
+    }
+    return true;
 }
 
 /// False when there is a corrupt file that cannot be renamed, or one that cannot be read to the end.

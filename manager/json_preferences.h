@@ -53,7 +53,7 @@ private:
     QString m_path;
     std::chrono::milliseconds m_longestWait;
     Settings m_settings;
-    QVariantMap m_waiting; ///< Changes that QSettings does not know yet; an invalid value removes the key.
+    QVariantMap m_waiting; ///< Changes that are not on disk yet; an invalid value removes the key.
     bool m_isStored = true;
 };
 
