@@ -3,7 +3,8 @@
 //
 // QSettings reads, merges and replaces the file. Left to itself it would do five things that must not happen here
 // (Qt 6.4):
-// - It takes a file that it cannot read for an empty one and overwrites it. So that file is renamed first.
+// - It takes a file that it cannot read for an empty one and overwrites it. So that file is renamed first, or copied
+//   when it is only later that it can be read.
 // - Its lock is a file; when a copy of the program is killed between making and filling it, every other copy waits 30
 //   seconds for it. So a lock of ours, which the kernel gives back, is around it, and a file that is there then is a
 //   leftover and is removed.
@@ -58,7 +59,8 @@ bool JsonPreferences::Settings::event(QEvent *event) {
 }
 
 JsonPreferences::JsonPreferences(const QString &path, std::chrono::milliseconds longestWait)
-    : m_path(QFileInfo(path).absoluteFilePath()), m_longestWait(longestWait), m_settings(m_path, jsonFormat()) {}
+    : m_path(QFileInfo(path).absoluteFilePath()), m_longestWait(longestWait), m_settings(m_path, jsonFormat()),
+      m_isUnread(isUnreadable()) {}
 
 QString JsonPreferences::defaultPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -131,8 +133,19 @@ bool JsonPreferences::isOnDisk() const {
     return true;
 }
 
-/// False when there is a corrupt file that cannot be renamed, or one that cannot be read to the end.
-bool JsonPreferences::setCorruptFileAside() const {
+/// Whether there is a file that cannot be read now.
+bool JsonPreferences::isUnreadable() const {
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return file.exists();
+    }
+    file.readAll();
+    return file.error() != QFileDevice::NoError;
+}
+
+/// False when there is a corrupt file that cannot be renamed, or one that cannot be read to the end. One that could not
+/// be read at first, so that the values in use are not its own, is copied before they replace those.
+bool JsonPreferences::setCorruptFileAside() {
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
         return true;
@@ -141,7 +154,8 @@ bool JsonPreferences::setCorruptFileAside() const {
     if (file.error() != QFileDevice::NoError) {
         return false;
     }
-    if (json.isEmpty() || decodePreferences(json)) {
+    const bool isCorrupt = !json.isEmpty() && !decodePreferences(json);
+    if (!isCorrupt && (!m_isUnread || json.isEmpty())) {
         return true;
     }
     file.close();
@@ -149,7 +163,9 @@ bool JsonPreferences::setCorruptFileAside() const {
     for (int number = 2; QFileInfo(aside).exists() || QFileInfo(aside).isSymLink(); ++number) {
         aside = QStringLiteral("%1.corrupt-%2").arg(m_path).arg(number);
     }
-    return file.rename(aside);
+    const bool isKept = isCorrupt ? file.rename(aside) : file.copy(aside);
+    m_isUnread = m_isUnread && !isKept;
+    return isKept;
 }
 
 /// Moves the file's time of change forward when it is not later than that of the version before it.

@@ -19,7 +19,7 @@ namespace lexivore {
 /// running copy of the program takes, so that none loses another's change of another key. When it cannot be written the
 /// file stays as it was, the program goes on with the new value, and the next change that can be written takes it
 /// along. A file that is no JSON object counts as absent; before the first change is written it is renamed to
-/// "NAME.corrupt".
+/// "NAME.corrupt". One that cannot be read at first, but later, is copied there before it is changed.
 class JsonPreferences : public Preferences {
 public:
     /// The file and its folder need not exist. `longestWait` is how long a change may wait for another copy's.
@@ -47,13 +47,15 @@ private:
     void save();
     [[nodiscard]] bool write();
     [[nodiscard]] bool isOnDisk() const;
-    [[nodiscard]] bool setCorruptFileAside() const;
+    [[nodiscard]] bool isUnreadable() const;
+    [[nodiscard]] bool setCorruptFileAside();
     void makeNewerThan(const QDateTime &before) const;
 
     QString m_path;
     std::chrono::milliseconds m_longestWait;
     Settings m_settings;
     QVariantMap m_waiting; ///< Changes that are not on disk yet; an invalid value removes the key.
+    bool m_isUnread;       ///< The file could not be read, and has not been copied since.
     bool m_isStored = true;
 };
 

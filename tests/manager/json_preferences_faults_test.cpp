@@ -352,6 +352,31 @@ TEST_F(JsonPreferencesFaultsTest, AFolderThatMayNotBeWrittenLeavesTheOldFile) {
     ASSERT_EQ(::chmod(place.constData(), 0755), 0);
 }
 
+TEST_F(JsonPreferencesFaultsTest, WhatCouldNotBeReadAtFirstIsKeptWhenItCanBeReplaced) {
+    put(someFavorites);
+    ASSERT_EQ(::chmod(QFile::encodeName(folder.path()).constData(), 0777), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(QFileInfo(path()).absolutePath()).constData(), 0777), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(path()).constData(), 0), 0);
+    ASSERT_EQ(::geteuid() == 0 ? ::chown(QFile::encodeName(path()).constData(), 65534, 65534) : 0, 0);
+    EXPECT_EQ(test::inChild([&] {
+                  if (::geteuid() == 0 && ::setuid(65534) != 0) {
+                      return 70;
+                  }
+                  JsonPreferences preferences(path());
+                  preferences.setValue(QStringLiteral("favorites"), QStringList{QStringLiteral("uppercase")});
+                  if (preferences.isStored() || files() != QStringList{QStringLiteral("preferences.json")}) {
+                      return 1;
+                  }
+                  ::chmod(QFile::encodeName(path()).constData(), 0600);
+                  preferences.setValue(QStringLiteral("hasText"), true);
+                  if (!preferences.isStored() || onDisk().size() != 2) {
+                      return 2;
+                  }
+                  return test::bytesOf(path("preferences.json.corrupt")) == someFavorites ? 0 : 3;
+              }),
+              0);
+}
+
 TEST_F(JsonPreferencesFaultsTest, AHomeWithoutRoomForTheFolderIsBorne) {
     const QString file = QStringLiteral("/proc/no/such/preferences.json");
     JsonPreferences preferences(file);
