@@ -22,11 +22,14 @@ std::size_t hashOf(const Text &text) { return std::hash<std::string_view>()(text
 } // namespace
 
 bool ChangeHistory::Seen::is(const Text &other) const {
+    if (m_isUnknown) {
+        return true;
+    }
     return m_hash.has_value() ? other.size() == m_size && hashOf(other) == *m_hash : m_text == other;
 }
 
-void ChangeHistory::Seen::forget() {
-    if (!m_hash.has_value()) {
+void ChangeHistory::Seen::drop() {
+    if (!isForgotten()) {
         m_hash = hashOf(m_text);
         m_size = m_text.size();
         m_text = Text();
@@ -41,11 +44,11 @@ void ChangeHistory::append(Entry entry) {
 
 void ChangeHistory::keepWithinBudget() {
     std::size_t bytes = 0;
-    for (auto entry = m_entries.rbegin(); entry != m_entries.rend() && !entry->isForgotten(); ++entry) {
+    for (auto entry = m_entries.rbegin(); entry != m_entries.rend() && !entry->wasDropped(); ++entry) {
         bytes += entry->isStep ? entry->before.text().size() : 0;
         if (entry->isStep && bytes > m_budget) {
-            entry->before.forget();
-            entry->after.forget();
+            entry->before.drop();
+            entry->after.drop();
         }
     }
 }
@@ -103,10 +106,11 @@ void ChangeHistory::recordEdit(const Text &before, const Text &after, const Text
     run.change.inserted += change.inserted;
 }
 
-void ChangeHistory::recordSteps(std::span<const Text> before, const Text &after) {
+void ChangeHistory::recordSteps(std::span<const std::optional<Text>> before, const Text &after) {
     for (std::size_t index = 0; index < before.size(); ++index) {
-        const Text &next = index + 1 < before.size() ? before[index + 1] : after;
-        append({before[index], next, wholeChange(before[index], next), true});
+        const Seen first(before[index]);
+        const Seen next = index + 1 < before.size() ? Seen(before[index + 1]) : Seen(after);
+        append({first, next, wholeChange(first.text(), next.text()), true});
     }
     m_runIsOpen = false;
     keepWithinBudget();

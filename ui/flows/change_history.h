@@ -40,9 +40,9 @@ public:
     /// An edit. Forgets what could be redone, unless it takes the latest edit back by hand. A run of typing or of
     /// deleting, character by character, is one edit.
     void recordEdit(const Text &before, const Text &after, const TextChange &change);
-    /// Steps of the manager's history that were just made, oldest first: the text before each of them, and the text
-    /// that is shown now. Forgets what could be redone.
-    void recordSteps(std::span<const Text> before, const Text &after);
+    /// Steps of the manager's history that were just made, oldest first: the text before each of them, where the
+    /// manager still has it, and the text that is shown now. Forgets what could be redone.
+    void recordSteps(std::span<const std::optional<Text>> before, const Text &after);
     /// The manager took its latest step back (with the edits made since) and shows `now` instead of `previous`.
     void stepUndone(const Text &previous, const Text &now);
     /// The manager redid a step, with the edits that had been made after it.
@@ -59,21 +59,25 @@ public:
     [[nodiscard]] std::optional<Restored> redoEdit();
 
 private:
-    /// A text that was shown. It can be forgotten and is known again nevertheless.
+    /// A text that was shown. It can be forgotten and is known again nevertheless. One that nobody has shown, because
+    /// the manager had forgotten it before, is taken for any text.
     class Seen {
     public:
         Seen() = default;
         Seen(const Text &text) : m_text(text) {} // NOLINT(google-explicit-constructor): it is that text
+        explicit Seen(const std::optional<Text> &text) : m_text(text.value_or(Text())), m_isUnknown(!text) {}
 
         [[nodiscard]] const Text &text() const { return m_text; }
-        [[nodiscard]] bool isForgotten() const { return m_hash.has_value(); }
+        [[nodiscard]] bool isForgotten() const { return m_isUnknown || wasDropped(); }
+        [[nodiscard]] bool wasDropped() const { return m_hash.has_value(); }
         [[nodiscard]] bool is(const Text &other) const;
-        void forget();
+        void drop();
 
     private:
         Text m_text;
         std::size_t m_size = 0;
-        std::optional<std::size_t> m_hash; ///< Of the text that was forgotten.
+        std::optional<std::size_t> m_hash; ///< Of the text that was dropped.
+        bool m_isUnknown = false;
     };
     struct Entry {
         Seen before;
@@ -82,6 +86,7 @@ private:
         bool isStep = false;
 
         [[nodiscard]] bool isForgotten() const { return before.isForgotten() || after.isForgotten(); }
+        [[nodiscard]] bool wasDropped() const { return before.wasDropped() || after.wasDropped(); }
     };
 
     void append(Entry entry);

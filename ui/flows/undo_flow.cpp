@@ -67,11 +67,13 @@ void UndoFlow::show(const ChangeHistory::Restored &restored) {
     m_shown = m_manager.currentText();
 }
 
-std::vector<Text> UndoFlow::textsBeforeNewSteps() const {
+/// A recipe makes several steps at once; of those the manager may have forgotten texts by now.
+std::vector<std::optional<Text>> UndoFlow::textsBeforeNewSteps() const {
     const std::vector<HistoryEntry> &stack = m_manager.history().undoStack();
-    std::vector<Text> texts;
+    std::vector<std::optional<Text>> texts;
     for (std::size_t depth = m_undoDepth; depth < stack.size(); ++depth) {
-        texts.push_back(stack[depth].state.text);
+        const TextHistoryState &state = stack[depth].state;
+        texts.push_back(state.isTextForgotten ? std::nullopt : std::optional(state.text));
     }
     return texts;
 }
@@ -87,10 +89,10 @@ void UndoFlow::synchronize() {
         if (m_isRedoing) {
             m_history.stepRedone(previous, m_shown);
         } else {
-            const std::vector<Text> before = textsBeforeNewSteps();
+            const std::vector<std::optional<Text>> before = textsBeforeNewSteps();
             // A change of the text and a step can come together: single mode returns to the base text first.
-            if (!(before.front() == previous)) {
-                m_history.recordEdit(previous, before.front(), wholeChange(previous, before.front()));
+            if (const std::optional<Text> &first = before.front(); first.has_value() && !(*first == previous)) {
+                m_history.recordEdit(previous, *first, wholeChange(previous, *first));
             }
             m_history.recordSteps(before, m_shown);
         }

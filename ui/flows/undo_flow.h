@@ -10,6 +10,8 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
+#include <vector>
 
 namespace lexivore {
 
@@ -43,7 +45,7 @@ private:
     /// Takes notice of what the manager did since the last time.
     void synchronize();
     void show(const ChangeHistory::Restored &restored);
-    [[nodiscard]] std::vector<Text> textsBeforeNewSteps() const;
+    [[nodiscard]] std::vector<std::optional<Text>> textsBeforeNewSteps() const;
 
     void takeBack();
     void doAgain();

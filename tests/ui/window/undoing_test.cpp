@@ -5,6 +5,10 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 namespace lexivore {
 namespace {
 
@@ -109,6 +113,41 @@ TEST_F(Undoing, ARecipeIsTakenBackStepByStep) {
         redo();
     }
     EXPECT_EQ(text(), "a\nb");
+}
+
+/// There are more texts between than the manager holds.
+TEST_F(Undoing, ARecipeOnALargeTextIsTakenBackStepByStepToo) {
+    constexpr std::size_t lines = 240'000;
+    std::string base;
+    for (std::size_t line = 0; line < lines; ++line) {
+        base +=
+            "The quick brown fox jumps over the lazy dog. The five boxing wizards jump quickly. Sphinx of quartz.\n";
+    }
+    Recipe recipe;
+    while (recipe.operations.size() * base.size() < TextHistory::usualBudget + 3 * base.size()) {
+        recipe.operations.emplace_back().transformation = recipe.operations.size() % 2 == 0 ? "uppercase" : "lowercase";
+    }
+    manager().importRecipes({recipe});
+    setText(base);
+    center().post(notification::applyRecipe,
+                  manager().userRecipes().front().id.toString(QUuid::WithoutBraces).toUpper());
+    const std::size_t steps = recipe.operations.size();
+    ASSERT_EQ(manager().appliedOperations().size(), steps);
+    ASSERT_TRUE(std::ranges::any_of(manager().history().undoStack(),
+                                    [](const HistoryEntry &entry) { return entry.state.isTextForgotten; }));
+    focusEditor();
+    std::vector<Text> shown{manager().currentText()};
+    for (std::size_t left = steps; left > 0; --left) {
+        undo();
+        ASSERT_EQ(manager().appliedOperations().size(), left - 1);
+        shown.push_back(manager().currentText());
+    }
+    EXPECT_TRUE(text() == base);
+    for (std::size_t done = 1; done <= steps; ++done) {
+        redo();
+        ASSERT_EQ(manager().appliedOperations().size(), done);
+        ASSERT_TRUE(manager().currentText() == shown[steps - done]);
+    }
 }
 
 TEST_F(Undoing, ATextThatTheManagerCannotRestoreStaysReachable) {
