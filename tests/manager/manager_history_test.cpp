@@ -184,6 +184,32 @@ TEST_F(ManagerStory, WhatFollowsARandomStepOrATypedTextCanBeMadeAgain) {
     EXPECT_TRUE(origin().text.sharesAllWith(manager.originalText()));
 }
 
+/// A pattern that had the time once may not have it again.
+TEST_F(ManagerStory, WhatAPatternMadeIsHeldAsAnOrigin) {
+    const auto origin = [this] { return *manager.history().undoStack().back().state.origin; };
+    manager.setCurrentText(Text("b\na"));
+    apply("uppercase");
+    apply("replace-regex", {{"pattern", "A"}, {"replace", "xy"}});
+    const Text made = manager.currentText();
+    apply("lowercase");
+    apply("reverse");
+    EXPECT_EQ(origin().operations, 2U);
+    EXPECT_EQ(origin().text, made);
+
+    manager.toggleOperation(3);
+    manager.toggleOperation(3);
+    EXPECT_EQ(origin().operations, 2U);
+    EXPECT_EQ(origin().text, made);
+
+    testing::internal::CaptureStdout();
+    manager.editOperationParameters(1, {{"pattern", "("}, {"replace", ""}}); // as if there had been no time
+    EXPECT_NE(testing::internal::GetCapturedStdout(), "");
+    const Text without = manager.currentText();
+    apply("uppercase");
+    EXPECT_EQ(origin().operations, 4U);
+    EXPECT_EQ(origin().text, without);
+}
+
 TEST_F(ManagerStory, HistoryOfAHundredMegabytesCostsNoSecondHundredMegabytes) {
     constexpr std::size_t size = 100'000'000;
     constexpr std::size_t little = 1'000'000;

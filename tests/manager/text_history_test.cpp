@@ -109,5 +109,54 @@ TEST(TextHistory, MakesForgottenTextsAgainAlsoWhereAStepFails) {
     }
 }
 
+TEST(TextHistory, MakesForgottenTextsAgainOfTheirOwnBaseAndParameters) {
+    const Catalog catalog = makeCatalog();
+    TextHistory history(catalog, 0);
+    std::vector<std::string> expected;
+    TextHistoryState now;
+    const auto show = [&] {
+        std::string text(now.origin->text.view());
+        for (const AppliedOperation &operation : now.operations) {
+            const TransformationPointer found = findTransformation(catalog, operation.transformation);
+            text = std::string(found->apply(text, operation.parameters).view());
+        }
+        now.text = text == now.origin->text.view() ? now.origin->text : Text(std::string_view(text));
+    };
+    const auto change = [&](auto how) {
+        history.push(now, HistoryTransformation{});
+        expected.emplace_back(now.text.view());
+        how();
+        show();
+    };
+    const auto add = [&](const char *prefix) {
+        change([&] {
+            AppliedOperation &operation = now.operations.emplace_back();
+            operation.transformation = "add-prefix";
+            operation.parameters = {{"prefix", prefix}};
+        });
+    };
+    for (const char *base : {"first", "second"}) {
+        const auto begin = [&] {
+            now.operations.clear();
+            now.origin = TextOrigin{Text(std::string_view(base)), 0};
+        };
+        if (expected.empty()) {
+            begin();
+            show();
+        } else {
+            change(begin);
+        }
+        add("1");
+        add("2");
+        change([&] { now.operations[0].parameters = {{"prefix", "one"}}; });
+        add("3");
+    }
+    while (!history.undoStack().empty()) {
+        now = history.undo(now);
+        EXPECT_EQ(now.text.view(), expected.back()) << "with " << now.operations.size() << " operations";
+        expected.pop_back();
+    }
+}
+
 } // namespace
 } // namespace lexivore
