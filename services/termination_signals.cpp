@@ -34,6 +34,7 @@ void receive(int) {
 } // namespace
 
 TerminationSignals::TerminationSignals(QObject *parent) : QObject(parent) {
+    ::signal(SIGPIPE, SIG_IGN); // then writing fails, which nobody minds
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
         return; // the signals then end the program as they always do

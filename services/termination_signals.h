@@ -10,7 +10,8 @@ namespace lexivore {
 
 /// Ends the program when SIGTERM, SIGINT or SIGHUP asks for it, by way of the event loop, so that everything is cleaned
 /// up. A signal that was ignored when the program started (nohup) stays ignored. A program that is too busy to end in
-/// two seconds, or gets the same signal again, is ended by the system. One object at a time.
+/// two seconds, or gets the same signal again, is ended by the system. From then on a reader of what the program prints
+/// may go without ending it. One object at a time.
 class TerminationSignals : public QObject {
     Q_OBJECT
 

@@ -48,6 +48,18 @@ TEST_F(TerminationSignalsTest, EndABusyProgramToo) {
     }
 }
 
+/// As the system sends it when something is printed and its reader has gone.
+TEST_F(TerminationSignalsTest, OutliveTheReaderOfWhatIsPrinted) {
+    const auto process = start();
+    waitForLog("primary");
+    send(*process, SIGPIPE);
+    const auto later = start({"still there"});
+    waitForLog("requested [still there] start");
+    send(*process, SIGTERM);
+    ASSERT_TRUE(ends(*process));
+    EXPECT_EQ(process->exitStatus(), QProcess::NormalExit);
+}
+
 TEST_F(TerminationSignalsTest, LeaveASignalIgnoredThatWasIgnored) {
     QProcess process;
     process.setProcessEnvironment(m_environment);
