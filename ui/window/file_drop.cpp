@@ -31,8 +31,12 @@ bool FileDrop::eventFilter(QObject *watched, QEvent *event) {
     if (!holdsLocalFiles(*drag->mimeData())) {
         return false;
     }
-    // The file stays where it is, whatever the other program proposes.
-    drag->setDropAction(Qt::CopyAction);
+    // The file stays where it is, whatever the other program proposes. One that can only be moved would not.
+    if ((drag->possibleActions() & (Qt::CopyAction | Qt::LinkAction)) == 0) {
+        drag->ignore();
+        return true;
+    }
+    drag->setDropAction((drag->possibleActions() & Qt::CopyAction) != 0 ? Qt::CopyAction : Qt::LinkAction);
     drag->accept();
     if (isDrop) {
         take(*drag->mimeData());

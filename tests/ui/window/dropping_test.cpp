@@ -104,6 +104,14 @@ TEST_F(Dropping, OfSeveralFilesNoneIsTakenAndTheUserIsTold) {
     EXPECT_EQ(text(), "kept");
 }
 
+TEST_F(Dropping, AFileThatCouldOnlyBeMovedIsNotTaken) {
+    setText("kept");
+    QMimeData data;
+    data.setUrls({write("in.txt", "dropped")});
+    EXPECT_FALSE(drop(data, Qt::MoveAction)) << "the other program would take it away";
+    EXPECT_EQ(text(), "kept");
+}
+
 TEST_F(Dropping, ATextIsInsertedWhereItIsDropped) {
     setText("end");
     EXPECT_TRUE(dropText("drop"));
