@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyleHints>
 #include <QTimerEvent>
@@ -22,6 +23,18 @@ Field::Field(const QString &name, QWidget *parent) : QLineEdit(parent) {
     colourText();
     connect(this, &QLineEdit::cursorPositionChanged, this, &Field::restartBlinking);
     connect(this, &QLineEdit::textChanged, this, &Field::restartBlinking);
+}
+
+bool Field::event(QEvent *event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if ((key->matches(QKeySequence::Undo) && !isUndoAvailable()) ||
+            (key->matches(QKeySequence::Redo) && !isRedoAvailable())) {
+            event->ignore();
+            return false;
+        }
+    }
+    return QLineEdit::event(event);
 }
 
 void Field::changeEvent(QEvent *event) {

@@ -8,7 +8,8 @@
 namespace lexivore {
 
 /// A text field that takes text of any length. It keeps its looks while a sheet lies over it, and draws its caret
-/// itself, because the toolkit's has no colour of its own.
+/// itself, because the toolkit's has no colour of its own. The keys of undo and redo are its own only as long as it has
+/// typing to take back or to do again; then they are the window's.
 class Field : public QLineEdit {
     Q_OBJECT
 
@@ -17,6 +18,7 @@ public:
     explicit Field(const QString &name, QWidget *parent = nullptr);
 
 protected:
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLineEdit>
 
 #include <algorithm>
 #include <string>
@@ -179,6 +180,23 @@ TEST_F(Undoing, RedoBringsBackWhatUndoTookBackWhereverTheKeyboardIs) {
     EXPECT_EQ(text(), "abhello");
     choose("RedoTransformation");
     EXPECT_EQ(text(), "ABHELLO");
+}
+
+TEST_F(Undoing, AFieldKeepsTheKeysOnlyAsLongAsItHasTypingToTakeBack) {
+    setText("hello");
+    choose("SearchTransformations");
+    type("uppercase");
+    press(Qt::Key_Return);
+    ASSERT_EQ(text(), "HELLO");
+    undo();
+    EXPECT_EQ(find<QLineEdit>("search")->text(), "");
+    EXPECT_EQ(text(), "HELLO");
+    undo();
+    EXPECT_EQ(text(), "hello");
+    redo();
+    EXPECT_EQ(find<QLineEdit>("search")->text(), "uppercase");
+    redo();
+    EXPECT_EQ(text(), "HELLO");
 }
 
 } // namespace
