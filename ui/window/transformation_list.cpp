@@ -25,6 +25,13 @@
 
 namespace lexivore {
 
+namespace {
+
+/// The same for texts that differ in case alone, whatever the number of letters: "ß", "ẞ" and "SS".
+QString withoutCase(const QString &text) { return text.toLower().toUpper(); }
+
+} // namespace
+
 TransformationList::TransformationList(TransformationManager &manager, WindowState &state, QWidget *parent)
     : Surface(&Theme::pane, parent), m_manager(manager), m_state(state),
       m_search(new Field(tr("Search transformations"), this)),
@@ -119,8 +126,9 @@ void TransformationList::createRows() {
 
 bool TransformationList::isListed(const TextTransformation &transformation) const {
     if (!m_state.searchText().isEmpty()) {
-        return translated(transformation.name()).contains(m_state.searchText(), Qt::CaseInsensitive) ||
-               translated(transformation.description()).contains(m_state.searchText(), Qt::CaseInsensitive);
+        const QString searched = withoutCase(m_state.searchText());
+        return withoutCase(translated(transformation.name())).contains(searched) ||
+               withoutCase(translated(transformation.description())).contains(searched);
     }
     if (!m_state.selectedCategory()) {
         return false;

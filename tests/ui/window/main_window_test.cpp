@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QSlider>
+#include <QTranslator>
 
 #include <algorithm>
 
@@ -68,6 +69,22 @@ TEST_F(MainWindow, TheSearchLooksInNamesAndDescriptionsOfAllCategories) {
     search("rot13");
     EXPECT_TRUE(listed().isEmpty());
     EXPECT_EQ(find("listEmptyState")->accessibleName(), "No results");
+}
+
+TEST_F(MainWindow, TheSearchIgnoresTheCaseOfEveryLetter) {
+    QTranslator german;
+    ASSERT_TRUE(german.load("lexivore_de", ":/translations"));
+    QCoreApplication::installTranslator(&german);
+    restart();
+    for (const auto &[small, capital] : {std::pair("außer", "AUSSER"), std::pair("außer", "AUẞER"),
+                                         std::pair("leerzeichen", "LEERZEICHEN"), std::pair("kürzen", "KÜRZEN")}) {
+        find<QLineEdit>("search")->setText(small);
+        const QStringList expected = listed();
+        EXPECT_FALSE(expected.isEmpty()) << small;
+        find<QLineEdit>("search")->setText(capital);
+        EXPECT_EQ(listed(), expected) << capital;
+    }
+    QCoreApplication::removeTranslator(&german);
 }
 
 TEST_F(MainWindow, EscapeAndTheClearButtonEmptyTheSearch) {
