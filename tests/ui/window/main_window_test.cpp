@@ -7,6 +7,7 @@
 #include "ui/window/transformation_button.h"
 #include "ui/window/transformation_list.h"
 
+#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -16,6 +17,7 @@
 #include <QMimeData>
 #include <QSlider>
 #include <QTranslator>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -211,7 +213,14 @@ TEST_F(MainWindow, TheStatusBarCountsTheTextAndFollowsTheCaret) {
     press(Qt::Key_Down);
     press(Qt::Key_End);
     EXPECT_EQ(find<StatusItem>("cursorPosition")->text(), "Ln 2, Col 8");
-    EXPECT_EQ(find("cursorPosition")->toolTip(), "Current cursor position");
+    const std::pair<const char *, const char *> helps[] = {{"cursorPosition", "Current cursor position"},
+                                                           {"characterCount", "Total characters"},
+                                                           {"wordCount", "Word count"},
+                                                           {"lineCount", "Lines of text"},
+                                                           {"editorSettings", "Editor settings"}};
+    for (const auto &[name, help] : helps) {
+        EXPECT_EQ(find(name)->toolTip(), help);
+    }
 }
 
 TEST_F(MainWindow, CopyShowsTheConfirmationFor15Seconds) {
@@ -329,6 +338,45 @@ TEST_F(MainWindow, ZoomingStaysWithinTheSettingsRange) {
     EXPECT_EQ(state().editorFontSize(), 24);
     choose("ResetZoom");
     EXPECT_EQ(state().editorFontSize(), 13);
+}
+
+TEST_F(MainWindow, TheWheelZoomsWithCtrl) {
+    QWidget *viewport = find<QAbstractScrollArea>("editor")->viewport();
+    for (const auto &[turned, size] : {std::pair(120, 14.0), std::pair(-240, 12.0)}) {
+        QWheelEvent event({50, 50}, viewport->mapToGlobal(QPointF(50, 50)), {}, {0, turned}, Qt::NoButton,
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(viewport, &event);
+        EXPECT_EQ(state().editorFontSize(), size);
+    }
+}
+
+TEST_F(MainWindow, ReturnInAnEmptySearchAppliesNothing) {
+    setText("kept");
+    choose("SearchTransformations");
+    press(Qt::Key_Return);
+    EXPECT_EQ(text(), "kept");
+}
+
+TEST_F(MainWindow, FindGoesBothWaysByKeyButtonAndCommand) {
+    setText("one One ONE");
+    const auto place = [this] { return find<QLabel>("matchCount")->text(); };
+    choose("Find");
+    type("one");
+    press(Qt::Key_Return);
+    EXPECT_EQ(place(), "1 of 3");
+    press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(place(), "3 of 3") << "round the beginning";
+    click("findPrevious");
+    EXPECT_EQ(place(), "2 of 3");
+    click("findNext");
+    EXPECT_EQ(place(), "3 of 3");
+    choose("FindPrevious");
+    EXPECT_EQ(place(), "2 of 3");
+    choose("FindNext");
+    EXPECT_EQ(place(), "3 of 3");
+    click("closeFind");
+    EXPECT_FALSE(isShown("findBar"));
+    EXPECT_TRUE(find("editor")->hasFocus());
 }
 
 TEST_F(MainWindow, FindCountsAndSelectsMatches) {

@@ -80,6 +80,33 @@ TEST_F(Recipes, WithAnEmptyStackARecipeIsAppliedWithoutAsking) {
     EXPECT_EQ(text(), "\xE2\x80\xA2 a\n\xE2\x80\xA2 b");
 }
 
+TEST_F(Recipes, AnErrorIsShownHoweverTheRecipeWasChosen) {
+    const auto isTold = [this](const QString &why) {
+        const bool told = isShown("alert") && find<QLabel>("message")->text() == why;
+        click("confirm");
+        return told && alertHasGone();
+    };
+    select("Create Bullet List");
+    EXPECT_TRUE(isTold("Invalid input: Text is empty"));
+
+    setText("%");
+    center().post(notification::applyTransformation, QString("url-encode"));
+    manager().saveRecipe("Encode");
+    Recipe failing = recipe("Encode");
+    failing.operations[0].transformation = "base64-decode";
+    failing.id = QUuid::createUuid();
+    failing.name = "Decode";
+    manager().importRecipes({failing});
+    select("Decode");
+    ASSERT_TRUE(isShown("alert"));
+    click("confirm"); // replaces the operations
+    ASSERT_TRUE(QTest::qWaitFor([this] { return window().findChildren<QWidget *>("alert").size() == 1; }));
+    EXPECT_TRUE(find<QLabel>("message")->text().startsWith("Invalid input: ")) << "the error";
+    click("confirm");
+    EXPECT_TRUE(alertHasGone());
+    EXPECT_EQ(text(), "%");
+}
+
 TEST_F(Recipes, WithOperationsTheUserIsAskedAndCancelKeepsThem) {
     setText("a\nb");
     click("transformation.uppercase");

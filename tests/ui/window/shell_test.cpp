@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTemporaryFile>
 
 #include <algorithm>
 
@@ -191,6 +192,19 @@ TEST_F(Shell, ClosingHidesTheWindowAndItComesBackWithItsText) {
     EXPECT_EQ(text(), "kept");
     EXPECT_TRUE(app().showSidebar());
     EXPECT_TRUE(isShown("sidebar"));
+}
+
+TEST_F(Shell, ComingForwardUndoesMinimizingAndOpensTheFile) {
+    EXPECT_EQ(window().windowTitle(), "Lexivore");
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.write("opened");
+    file.close();
+    window().showMinimized();
+    ASSERT_TRUE(window().isMinimized());
+    app().comeForward({file.fileName()});
+    EXPECT_FALSE(window().isMinimized());
+    EXPECT_EQ(text(), "opened");
 }
 
 } // namespace

@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
+#include "ui/window/status_item.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMenu>
 
 #include <algorithm>
 #include <string>
@@ -180,6 +183,37 @@ TEST_F(Undoing, RedoBringsBackWhatUndoTookBackWhereverTheKeyboardIs) {
     EXPECT_EQ(text(), "abhello");
     choose("RedoTransformation");
     EXPECT_EQ(text(), "ABHELLO");
+}
+
+TEST_F(Undoing, TheEditorsContextMenuTakesBackAndDoesAgain) {
+    setText("hello");
+    click("transformation.uppercase");
+    for (const auto &[title, expected] : {std::pair("Undo", "hello"), std::pair("Redo", "HELLO")}) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, find("editor")->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(find("editor"), &event);
+        auto *menu = find<QMenu>("editorContextMenu");
+        ASSERT_NE(menu, nullptr);
+        for (QAction *action : menu->actions()) {
+            if (action->text().remove('&') == title) {
+                action->trigger();
+            }
+        }
+        delete menu;
+        EXPECT_EQ(text(), expected);
+    }
+}
+
+TEST_F(Undoing, TheCaretGoesWhereTheEditWas) {
+    setText("one\ntwo\nthree");
+    focusEditor();
+    press(Qt::Key_End, Qt::ControlModifier);
+    type("x");
+    press(Qt::Key_Home, Qt::ControlModifier);
+    undo();
+    EXPECT_EQ(find<StatusItem>("cursorPosition")->text(), "Ln 3, Col 6");
+    press(Qt::Key_Home, Qt::ControlModifier);
+    redo();
+    EXPECT_EQ(find<StatusItem>("cursorPosition")->text(), "Ln 3, Col 7");
 }
 
 TEST_F(Undoing, AFieldKeepsTheKeysOnlyAsLongAsItHasTypingToTakeBack) {
