@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
 #include "ui/flows/editor_font_flow.h"
+#include "ui/icon.h"
+#include "ui/theme/theme.h"
 #include "ui/window/category_button.h"
 #include "ui/window/status_item.h"
 #include "ui/window/transformation_button.h"
@@ -20,6 +22,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace lexivore {
 namespace {
@@ -35,6 +38,36 @@ protected:
             }
         }
         return names;
+    }
+    /// Whether the symbol is drawn anywhere on the widget in this size and colour, and nothing of the colour around it.
+    [[nodiscard]] static bool shows(QWidget *widget, const char *symbol, int size, const QColor &colour) {
+        const QImage drawn = pictureOf(widget).convertToFormat(QImage::Format_ARGB32);
+        const QImage ink = symbolPixmap(symbol, size, colour, 1).toImage().convertToFormat(QImage::Format_ARGB32);
+        // On a ground of its own only what covers the ground has the colour.
+        const auto isSame = [&](QRgb pixel, QRgb wanted, bool hasGround) {
+            return hasGround
+                       ? (qAlpha(wanted) != 255 || pixel == wanted) && (qAlpha(wanted) != 0 || pixel != colour.rgba())
+                       : std::abs(qAlpha(pixel) - qAlpha(wanted)) <= 2;
+        };
+        const auto isHere = [&](QPoint place, bool hasGround) {
+            for (int y = 0; y < size; ++y) {
+                for (int x = 0; x < size; ++x) {
+                    if (!isSame(drawn.pixel(place + QPoint(x, y)), ink.pixel(x, y), hasGround)) {
+                        return false;
+                    }
+                }
+            }
+            return true;
+        };
+        const bool hasGround = qAlpha(drawn.pixel(drawn.width() / 2, 1)) > 0;
+        for (int y = 0; y + size <= drawn.height(); ++y) {
+            for (int x = 0; x + size <= drawn.width(); ++x) {
+                if (isHere({x, y}, hasGround)) {
+                    return true;
+                }
+            }
+        }
+        return false;
     }
     [[nodiscard]] QString header() { return find<QLabel>("listHeader")->text(); }
     void search(const QString &text) {
@@ -437,6 +470,72 @@ TEST_F(MainWindow, TheSizeAndTheColumnsAreRemembered) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return preferences.values.contains(preference::windowSize); }));
     restart();
     EXPECT_EQ(window().size(), QSize(1100, 700));
+}
+
+TEST_F(MainWindow, EachThingHasItsIcon) {
+    setText("x");
+    state().setSelectedCategory(std::nullopt);
+    const Theme &colours = theme();
+    const std::tuple<const char *, const char *, int, QColor> icons[] = {
+        {"paste", "doc.on.clipboard", 20, colours.text2},
+        {"copy", "doc.on.doc", 20, colours.text2},
+        {"clearText", "trash", 20, colours.text2},
+        {"recipes", "book.closed", 20, colours.text2},
+        {"saveRecipe", "bookmark", 20, colours.text2},
+        {"clearOperations", "xmark.circle", 20, colours.text2},
+        {"toggleOperations", "sidebar.right", 20, colours.accentText},
+        {"category.Favorites", "star.fill", 18, colours.text2},
+        {"listEmptyState", "questionmark.circle", 40, colours.text3},
+        {"cursorPosition", "location", 14, colours.text2},
+        {"characterCount", "character.cursor.ibeam", 14, colours.text2},
+        {"wordCount", "character.textbox", 14, colours.text2},
+        {"lineCount", "text.line.first.and.arrowtriangle.forward", 14, colours.text2},
+        {"editorSettings", "gearshape", 18, colours.text2},
+    };
+    for (const auto &[name, symbol, size, colour] : icons) {
+        EXPECT_TRUE(shows(find(name), symbol, size, colour)) << name;
+        EXPECT_FALSE(shows(find(name), "shuffle", size, colour)) << name;
+    }
+    center().post(notification::toggleOperations);
+    EXPECT_TRUE(shows(find("toggleOperations"), "sidebar.right", 20, colours.text2));
+    click("copy");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return shows(find("copyToast"), "checkmark.circle.fill", 18, colours.toastIcon); }, 1400));
+    const auto isIcon = [](const QAction *action, const char *symbol) {
+        return action->icon().pixmap(16, 16).toImage() ==
+               symbolIcon(symbol, theme().text2, theme().text2).pixmap(16, 16).toImage();
+    };
+    EXPECT_TRUE(isIcon(find("search")->actions().constFirst(), "magnifyingglass"));
+    EXPECT_TRUE(isIcon(window().findChild<QAction *>("clearSearch"), "xmark.circle.fill"));
+}
+
+TEST_F(MainWindow, TheKeyboardIsInTheEditorWhenTheWindowAppears) { EXPECT_TRUE(find("editor")->hasFocus()); }
+
+TEST_F(MainWindow, TheSizeOfAMaximizedWindowIsNotRemembered) {
+    window().resize(1100, 700);
+    const auto isRemembered = [this] {
+        return preferences.value(preference::windowSize).toList() == QVariantList{1100, 700};
+    };
+    ASSERT_TRUE(QTest::qWaitFor(isRemembered));
+    window().showMaximized();
+    QCoreApplication::processEvents();
+    ASSERT_NE(window().size(), QSize(1100, 700));
+    restart();
+    EXPECT_TRUE(isRemembered());
+}
+
+TEST_F(MainWindow, FindStartsWithWhatIsSelectedOnOneLine) {
+    setText("one two\nthree");
+    focusEditor();
+    press(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    choose("Find");
+    EXPECT_EQ(find<QLineEdit>("find")->text().trimmed(), "one");
+    EXPECT_EQ(find<QLineEdit>("find")->selectedText(), find<QLineEdit>("find")->text());
+    const QString before = find<QLineEdit>("find")->text();
+    focusEditor();
+    choose("selectAll");
+    choose("Find");
+    EXPECT_EQ(find<QLineEdit>("find")->text(), before) << "not several lines";
 }
 
 TEST_F(MainWindow, TheListTellsAssistiveTechnologyWhatIsShown) {
