@@ -64,16 +64,29 @@ void SheetLayer::close() {
     if (m_isClosing)
         return;
     m_isClosing = true;
-    for (const QPointer<QWidget> &sibling : std::as_const(m_disabled)) {
-        if (sibling != nullptr)
-            sibling->setEnabled(true);
+    if (SheetLayer *above = layerAbove()) {
+        above->m_disabled << m_disabled;
+        above->m_focusBefore = m_focusBefore;
+    } else {
+        for (const QPointer<QWidget> &sibling : std::as_const(m_disabled)) {
+            if (sibling != nullptr)
+                sibling->setEnabled(true);
+        }
+        if (m_focusBefore != nullptr)
+            m_focusBefore->setFocus(Qt::OtherFocusReason);
     }
-    if (m_focusBefore != nullptr)
-        m_focusBefore->setFocus(Qt::OtherFocusReason);
     hide();
     // No longer found as the window's layer while it waits for its deletion.
     setParent(nullptr);
     deleteLater();
+}
+
+SheetLayer *SheetLayer::layerAbove() const {
+    for (auto *layer : parent()->findChildren<SheetLayer *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (layer->m_disabled.contains(this))
+            return layer;
+    }
+    return nullptr;
 }
 
 bool SheetLayer::event(QEvent *event) {

@@ -10,7 +10,8 @@ namespace lexivore {
 class Sheet;
 
 /// A scrim over the whole of a window, menu bar included, with one sheet in the middle. Everything beneath is disabled
-/// until the sheet is dismissed; the focus then goes back to where it was. A layer over another one disables that.
+/// until the sheet is dismissed; the focus then goes back to where it was. A layer over another one disables that; when
+/// the lower one ends first, the upper one gives back in its place.
 class SheetLayer : public QWidget {
     Q_OBJECT
 
@@ -32,6 +33,8 @@ private:
     void disableBeneath();
     void place();
     void close();
+    /// The layer that has disabled this one, if any.
+    [[nodiscard]] SheetLayer *layerAbove() const;
 
     Sheet *m_sheet;
     QPointer<QWidget> m_focusBefore;

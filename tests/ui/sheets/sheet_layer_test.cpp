@@ -110,6 +110,19 @@ TEST_F(SheetLayerTest, AnAlertOverASheetHasAScrimOfItsOwnAndGivesTheFocusBackToT
     EXPECT_FALSE(below->isEnabled());
 }
 
+TEST_F(SheetLayerTest, ASheetThatEndsBeneathAnotherLeavesTheWindowToThatOne) {
+    RecipeSaveSheet *beneath = show(new RecipeSaveSheet("name", {}));
+    const AlertSheet *alert = show(new AlertSheet({"Error", "Something else went wrong", "OK"}, {}));
+    beneath->dismiss();
+    settle();
+    EXPECT_FALSE(below->isEnabled());
+    EXPECT_TRUE(alert->isAncestorOf(QApplication::focusWidget()));
+    press(Qt::Key_Return);
+    EXPECT_FALSE(isOpen());
+    EXPECT_TRUE(below->isEnabled());
+    EXPECT_TRUE(below->hasFocus());
+}
+
 TEST_F(SheetLayerTest, ReturnPressesTheButtonThatHasTheFocus) {
     bool isSaved = false;
     show(new RecipeSaveSheet("name", [&](const QString &) { isSaved = true; }));
