@@ -68,10 +68,11 @@ QWidget *EditorSettingsSheet::makeSizeRow(double fontSize) {
     m_slider->setRange(leastFontSize, greatestFontSize);
     m_slider->setSingleStep(1);
     m_slider->setPageStep(1);
-    m_slider->setValue(qBound(leastFontSize, static_cast<int>(qBound(0.0, fontSize, 1000.0)), greatestFontSize));
+    const int points = static_cast<int>(qBound(-999.0, fontSize, 999.0));
+    m_slider->setValue(qBound(leastFontSize, points, greatestFontSize));
     setFocusShape(*m_slider, {FocusShape::Placement::outside, 9});
 
-    m_value = new Label(QString::number(m_slider->value()), FontRole::body);
+    m_value = new Label(QString::number(points), FontRole::body);
     m_value->setObjectName(QStringLiteral("fontSizeValue"));
     m_value->setFont(fontWithEvenDigits(m_value->font()));
     m_value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

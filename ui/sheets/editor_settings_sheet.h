@@ -21,8 +21,8 @@ public:
     static constexpr int leastFontSize = 9; ///< points
     static constexpr int greatestFontSize = 24;
 
-    /// A size outside the slider's range is shown clamped, and stays what it is until the slider moves. `onChange` gets
-    /// every size that the slider passes, in points.
+    /// The slider shows a size outside its range clamped; the size stays what it is until the slider moves. `onChange`
+    /// gets every size that the slider passes, in points.
     EditorSettingsSheet(double fontSize, std::function<void(double)> onChange);
 
     void confirm() override { dismiss(); }

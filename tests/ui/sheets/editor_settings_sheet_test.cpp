@@ -64,11 +64,13 @@ TEST_F(EditorSettingsSheetTest, FollowsThePointerWhileItMovesAndSnapsToWholePoin
 TEST_F(EditorSettingsSheetTest, ClampsAStoredSizeForTheSliderAlone) {
     open(72);
     EXPECT_EQ(slider()->value(), 24);
+    EXPECT_EQ(value()->text(), "72");
     EXPECT_EQ(preview()->font().pointSizeF(), 72);
     EXPECT_TRUE(sizes.isEmpty()) << "the editor keeps its size until the slider moves";
     press(Qt::Key_Escape);
     open(3.5);
     EXPECT_EQ(slider()->value(), 9);
+    EXPECT_EQ(value()->text(), "3");
     EXPECT_TRUE(sizes.isEmpty());
 }
 
