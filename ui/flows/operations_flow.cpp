@@ -67,8 +67,9 @@ void OperationsFlow::edit(std::size_t index) {
         transformation, operation.parameters,
         [this, index](const ParameterMap &parameters) {
             orReportShortage(m_alerts, [&] {
-                m_manager.editOperationParameters(index, parameters);
-                keepPaused();
+                if (m_manager.editOperationParameters(index, parameters)) {
+                    keepPaused();
+                }
             });
         },
         [] {});

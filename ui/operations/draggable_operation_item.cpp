@@ -277,7 +277,7 @@ void DraggableOperationItem::keyPressEvent(QKeyEvent *event) {
         }
         break;
     case Qt::Key_Down:
-        if (movesIt) {
+        if (movesIt && m_index + 1 < m_manager.appliedOperations().size()) {
             emit moved(m_index, m_index + 1);
             return;
         }

@@ -190,8 +190,36 @@ TEST_F(Operations, ChangesWhilePausedKeepTheBaseText) {
     row(0)->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Space);
     EXPECT_EQ(text(), "b a");
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(text(), "b a");
+    press(Qt::Key_Delete);
+    EXPECT_EQ(text(), "b a");
     click("pause");
     EXPECT_NE(text(), "b a");
+}
+
+TEST_F(Operations, WhatIsTypedWhilePausedOutlivesAMoveThatLeadsNowhere) {
+    click("pause");
+    setText("typed");
+    row(2)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(text(), "typed");
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(text(), "typed");
+}
+
+TEST_F(Operations, WhatIsTypedWhilePausedOutlivesParametersThatStayTheSame) {
+    manager().clearAll();
+    setText("a");
+    center().post(notification::applyTransformation, QString("add-prefix"));
+    click("apply");
+    click("pause");
+    setText("typed");
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_F2);
+    click("apply");
+    EXPECT_EQ(text(), "typed");
 }
 
 TEST_F(Operations, PausingWithoutOperationsKeepsTheTypedText) {
