@@ -15,8 +15,6 @@ namespace lexivore {
 
 namespace {
 
-constexpr auto longestCheck = std::chrono::minutes(1);
-
 /// A stored number of seconds. Nothing when it is no number of this age of the world.
 std::optional<QDateTime> timeIn(const QVariant &stored) {
     constexpr double latest = 1e11;
@@ -101,7 +99,8 @@ void Updater::check(Origin origin) {
     }
     m_feed.clear();
     m_feedTransfer = std::make_unique<SecureTransfer>(
-        network(), m_settings.feed, SecureTransfer::Limits{longestAppcast, m_settings.silence, longestCheck});
+        network(), m_settings.feed,
+        SecureTransfer::Limits{longestAppcast, m_settings.silence, m_settings.longestCheck});
     connect(m_feedTransfer.get(), &SecureTransfer::received, this,
             [this](const QByteArray &bytes) { m_feed += bytes; });
     connect(m_feedTransfer.get(), &SecureTransfer::finished, this, &Updater::readFeed);

@@ -43,6 +43,7 @@ public:
         std::chrono::milliseconds firstLook = std::chrono::seconds(10); ///< After the start.
         std::chrono::milliseconds laterLooks = std::chrono::hours(1);   ///< How often it looks whether a check is due.
         std::chrono::milliseconds silence = std::chrono::seconds(30);   ///< What a server may take to say something.
+        std::chrono::milliseconds longestCheck = std::chrono::minutes(1); ///< However much the server says.
         std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
     };
 

@@ -12,11 +12,29 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace lexivore::test {
 
 namespace {
 
 constexpr qint64 mostWaiting = 1 << 18; // bytes of an endless answer that wait to be sent
+constexpr int dripInterval = 150;       // milliseconds
+constexpr int drops = 10;
+
+void drip(QTcpSocket &socket, const QByteArray &body) {
+    auto *timer = new QTimer(&socket);
+    QObject::connect(timer, &QTimer::timeout, &socket, [&socket, timer, rest = body, body]() mutable {
+        const qsizetype size = body.size() / drops + 1;
+        socket.write(rest.first(std::min(size, rest.size())));
+        rest.remove(0, size);
+        if (rest.isEmpty()) {
+            timer->stop();
+            socket.disconnectFromHost();
+        }
+    });
+    timer->start(dripInterval);
+}
 
 } // namespace
 
@@ -83,6 +101,10 @@ void LoopbackServer::answer(QTcpSocket &socket, const Answer &answer) {
     socket.write("\r\n");
     if (answer.behaviour == Behaviour::stalling) {
         socket.write(answer.body.first(answer.body.size() / 2));
+        return;
+    }
+    if (answer.behaviour == Behaviour::dripping) {
+        drip(socket, answer.body);
         return;
     }
     socket.write(answer.body);

@@ -31,6 +31,7 @@ public:
             endless,       ///< Repeats the body for ever.
             silent,        ///< Says nothing.
             stalling,      ///< Says nothing more after the first half of the body.
+            dripping,      ///< Sends the body in ten pieces, 150 ms apart.
         } behaviour = Behaviour::plain;
     };
 

@@ -51,6 +51,13 @@ TEST_F(UpdaterTest, RefusesABadFeed) {
     }
 }
 
+TEST_F(UpdaterTest, DoesNotWaitForEverForAFeedThatComesDropByDrop) {
+    serve("/feed", feed(), Behaviour::dripping);
+    settings.longestCheck = 500ms;
+    updater().checkForUpdates();
+    expectFailure(Kind::silentServer);
+}
+
 TEST_F(UpdaterTest, RefusesAnErrorOfTheServer) {
     for (const QByteArray status : {"404 Not Found", "500 Oops", "204 No Content", "206 Partial Content"}) {
         SCOPED_TRACE(status.toStdString());

@@ -66,6 +66,13 @@ TEST_F(UpdaterTest, TakesAFileOfUnknownLengthWhenItHasTheRightOne) {
     EXPECT_TRUE(hears("handed 2.0"));
 }
 
+TEST_F(UpdaterTest, HasPatienceWithASlowServerAsLongAsItSaysSomething) {
+    serve("/lexivore-2.0.deb", file, Behaviour::dripping);
+    settings.silence = 1s;
+    checkAndInstall();
+    EXPECT_TRUE(hears("handed 2.0")) << error.message().toStdString();
+}
+
 TEST_F(UpdaterTest, GivesTheFileAHarmlessName) {
     const std::pair<const char *, const char *> names[] = {
         {"/a/..%2f..%2fevil%20name.deb", "evil_name.deb"},
