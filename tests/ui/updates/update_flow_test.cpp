@@ -10,6 +10,7 @@
 #include "ui/updates/update_flow.h"
 #include "ui/updates/update_sheet.h"
 
+#include <QMenu>
 #include <QNetworkProxy>
 #include <QProgressBar>
 #include <QTemporaryDir>
@@ -268,6 +269,31 @@ TEST_F(UpdateFlowTest, WhatNobodyAskedForWaitsUntilNobodyTypes) {
     EXPECT_TRUE(opened.isEmpty());
     press(Qt::Key_Escape);
     EXPECT_FALSE(isOpen());
+}
+
+TEST_F(UpdateFlowTest, WhatNobodyAskedForWaitsForTheMouse) {
+    begin();
+    updater->start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !updater->canCheckForUpdates(); }, patience));
+    for (int i = 0; i < 20; ++i) {
+        QTest::mouseClick(below, Qt::LeftButton);
+        QTest::qWait(20);
+    }
+    EXPECT_FALSE(isOpen());
+    EXPECT_NE(waitFor<UpdateSheet>(), nullptr);
+}
+
+TEST_F(UpdateFlowTest, WhatNobodyAskedForWaitsForAnOpenMenu) {
+    QMenu menu(&window);
+    menu.addAction("Choosing");
+    menu.popup(window.mapToGlobal(QPoint(10, 10)));
+    ASSERT_EQ(QApplication::activePopupWidget(), &menu);
+    begin();
+    updater->start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !updater->canCheckForUpdates(); }, patience));
+    EXPECT_FALSE(QTest::qWaitFor([this] { return isOpen(); }, 500));
+    menu.close();
+    EXPECT_NE(waitFor<UpdateSheet>(), nullptr);
 }
 
 TEST_F(UpdateFlowTest, WhatNobodyAskedForWaitsForTheWindowAndForOtherSheets) {
