@@ -59,7 +59,7 @@ def works_on_the_rows(program):
     assert row(program, "Add Prefix").description.startswith("Disabled")
     program.keys("space")
     wait_for_characters(program, 10)
-    program.keys("Return")
+    program.keys("F2")
     program.find("push button", "Apply")
     program.keys("ctrl+a")
     program.type("+++ ")

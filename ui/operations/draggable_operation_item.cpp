@@ -283,10 +283,10 @@ void DraggableOperationItem::keyPressEvent(QKeyEvent *event) {
         }
         break;
     case Qt::Key_Space:
-        emit toggled();
-        return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        emit toggled();
+        return;
     case Qt::Key_F2:
         emit editRequested();
         return;
@@ -317,7 +317,7 @@ void DraggableOperationItem::contextMenuEvent(QContextMenuEvent *event) {
     add(tr("Remove"), Qt::Key_Delete, [this] { emit removed(); });
     menu->addSeparator();
     if (!m_operation.parameters.empty()) {
-        add(tr("Edit Parameters..."), Qt::Key_Return, [this] { emit editRequested(); });
+        add(tr("Edit Parameters..."), Qt::Key_F2, [this] { emit editRequested(); });
     }
     const std::size_t last = m_manager.appliedOperations().size() - 1;
     add(tr("Move Up"), Qt::ALT | Qt::Key_Up, [this] { emit moved(m_index, m_index - 1); })->setEnabled(m_index > 0);

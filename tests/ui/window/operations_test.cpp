@@ -84,8 +84,12 @@ TEST_F(Operations, TheRemoveButtonRemovesAndTheLastOneShowsTheEmptyState) {
     EXPECT_EQ(text(), "b a");
 }
 
-TEST_F(Operations, SpaceTogglesDeleteRemovesAndAltArrowsMove) {
+TEST_F(Operations, SpaceAndReturnToggleDeleteRemovesAndAltArrowsMove) {
     row(1)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Return);
+    EXPECT_EQ(stack(), "uppercase reverse- sort-words ");
+    press(Qt::Key_Enter);
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ");
     press(Qt::Key_Space);
     EXPECT_EQ(stack(), "uppercase reverse- sort-words ");
     press(Qt::Key_Up, Qt::AltModifier);
@@ -324,7 +328,7 @@ TEST_F(Operations, ParametersAreEditedInPlace) {
     ASSERT_EQ(text(), "> a\n> b");
     const QUuid id = manager().appliedOperations()[0].id;
     row(0)->setFocus(Qt::TabFocusReason);
-    press(Qt::Key_Return);
+    press(Qt::Key_F2);
     auto *prefix = find<QLineEdit>("parameter.prefix");
     ASSERT_NE(prefix, nullptr);
     EXPECT_EQ(prefix->text(), "> ");
