@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <fstream>
 #include <limits>
+#include <optional>
 #include <sys/resource.h>
 #include <unistd.h>
+#include <utility>
 
 namespace lexivore {
 
@@ -43,6 +45,22 @@ std::string ownControlGroup() {
     return {};
 }
 
+/// What `limitMemory` replaced, if it did.
+std::optional<rlim_t> &limitBefore() {
+    static std::optional<rlim_t> before;
+    return before;
+}
+
+/// Sets the limit of what this process may have and returns the one before; none when it cannot be done.
+std::optional<rlim_t> exchangeLimit(rlim_t wanted) {
+    rlimit limit{};
+    if (::getrlimit(RLIMIT_DATA, &limit) != 0) {
+        return std::nullopt;
+    }
+    const rlim_t before = std::exchange(limit.rlim_cur, wanted);
+    return ::setrlimit(RLIMIT_DATA, &limit) == 0 ? std::optional(before) : std::nullopt;
+}
+
 } // namespace
 
 std::uint64_t memoryOfControlGroup(std::string_view group, const std::string &root) {
@@ -64,8 +82,22 @@ void limitMemory() {
     if (!canBeLimited || memory == unlimited || ::getrlimit(RLIMIT_DATA, &limit) != 0) {
         return;
     }
-    limit.rlim_cur = std::min<rlim_t>(limit.rlim_cur, memory / 4 * 3);
-    ::setrlimit(RLIMIT_DATA, &limit);
+    const rlim_t most = memory / 4 * 3;
+    if (limit.rlim_cur > most) {
+        limitBefore() = exchangeLimit(most);
+    }
+}
+
+ChildrenWithoutMemoryLimit::ChildrenWithoutMemoryLimit() {
+    if (limitBefore()) {
+        limitBefore() = exchangeLimit(*limitBefore());
+    }
+}
+
+ChildrenWithoutMemoryLimit::~ChildrenWithoutMemoryLimit() {
+    if (limitBefore()) {
+        limitBefore() = exchangeLimit(*limitBefore());
+    }
 }
 
 } // namespace lexivore

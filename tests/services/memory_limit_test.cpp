@@ -50,6 +50,36 @@ TEST(MemoryLimit, MoreThanTheMachineHasIsRefusedInsteadOfGranted) {
               0);
 }
 
+TEST(MemoryLimit, ProgramsCanBeStartedWithoutIt) {
+    EXPECT_EQ(test::inChild([] {
+                  const auto limit = [] {
+                      rlimit now{};
+                      ::getrlimit(RLIMIT_DATA, &now);
+                      return now.rlim_cur;
+                  };
+                  const rlim_t before = limit();
+                  { const ChildrenWithoutMemoryLimit nothingToLift; }
+                  if (limit() != before) {
+                      return 1;
+                  }
+                  limitMemory();
+                  const rlim_t limited = limit();
+                  for (int times = 0; times < 2; ++times) {
+                      {
+                          const ChildrenWithoutMemoryLimit lifted;
+                          if (limit() != before) {
+                              return 2;
+                          }
+                      }
+                      if (limit() != limited || limited == before) {
+                          return 3;
+                      }
+                  }
+                  return 0;
+              }),
+              0);
+}
+
 TEST(MemoryLimit, AStricterLimitStays) {
     EXPECT_EQ(test::inChild([] {
                   const rlimit strict{std::size_t{100} << 20U, RLIM_INFINITY};

@@ -4,23 +4,21 @@
 
 #include "manager/preferences.h"
 #include "ui/shell/menu_bar_builder.h"
+#include "ui/shell/open_address.h"
 #include "ui/updates/update_flow.h"
-
-#include <QDesktopServices>
 
 #include <utility>
 
 namespace lexivore {
 
 LexivoreApp::LexivoreApp(Preferences &preferences, std::unique_ptr<FilePanels> panels, const QVariantMap &information)
-    : m_preferences(preferences), m_appDelegate(information, preferences, &QDesktopServices::openUrl),
+    : m_preferences(preferences), m_appDelegate(information, preferences, &openAddress),
       m_transformationManager(preferences),
       m_window(std::make_unique<ContentView>(m_transformationManager, m_toolsManager, preferences, m_center,
                                              std::move(panels))),
       m_menuBar(new MenuBarBuilder(*m_window, m_center, m_transformationManager, m_toolsManager,
                                    m_appDelegate.updaterController().updater())),
-      m_updateFlow(std::make_unique<UpdateFlow>(m_appDelegate.updaterController().updater(), *m_window,
-                                                &QDesktopServices::openUrl)) {
+      m_updateFlow(std::make_unique<UpdateFlow>(m_appDelegate.updaterController().updater(), *m_window, &openAddress)) {
     subscribe();
     m_appDelegate.adoptWindow(m_window.get(), [this] { m_window->hide(); });
 }

@@ -10,13 +10,13 @@
 #include "ui/sheets/alert_sheet.h"
 #include "ui/sheets/sheet_layer.h"
 #include "ui/shell/notification_center.h"
+#include "ui/shell/open_address.h"
 #include "ui/text_conversion.h"
 #include "ui/translation.h"
 #include "ui/updates/check_for_updates_menu_item.h"
 #include "ui/window/recipe_menu.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -255,9 +255,7 @@ void MenuBarBuilder::buildToolsMenu() {
 void MenuBarBuilder::buildHelpMenu() {
     QAction *support = addMenu("help", tr("&Help"))->addAction(tr("Contact Support"));
     support->setObjectName("ContactSupport");
-    connect(support, &QAction::triggered, this, [] {
-        contactSupport(mainBundleInformation(), [](const QUrl &address) { QDesktopServices::openUrl(address); });
-    });
+    connect(support, &QAction::triggered, this, [] { contactSupport(mainBundleInformation(), &openAddress); });
 }
 
 } // namespace lexivore
