@@ -18,9 +18,10 @@ void EditorFontFlow::showSettings() {
 }
 
 void EditorFontFlow::zoom(int steps) {
-    constexpr double least = EditorSettingsSheet::leastFontSize;
-    constexpr double greatest = EditorSettingsSheet::greatestFontSize;
-    m_state.setEditorFontSize(std::clamp(m_state.editorFontSize() + steps, least, greatest));
+    const double size = m_state.editorFontSize(); // which the preferences may hold beyond the settings' range
+    const double least = std::min<double>(size, EditorSettingsSheet::leastFontSize);
+    const double greatest = std::max<double>(size, EditorSettingsSheet::greatestFontSize);
+    m_state.setEditorFontSize(std::clamp(size + steps, least, greatest));
 }
 
 void EditorFontFlow::resetZoom() { m_state.setEditorFontSize(defaultSize); }

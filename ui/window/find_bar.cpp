@@ -138,12 +138,17 @@ bool FindBar::eventFilter(QObject *watched, QEvent *event) {
             find((key->modifiers() & Qt::ShiftModifier) == 0);
             return true;
         }
-        if (key->key() == Qt::Key_Escape) {
-            close();
-            return true;
-        }
     }
     return Surface::eventFilter(watched, event);
+}
+
+/// What neither the field nor a button takes.
+void FindBar::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Escape) {
+        close();
+        return;
+    }
+    Surface::keyPressEvent(event);
 }
 
 } // namespace lexivore

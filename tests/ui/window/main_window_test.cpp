@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <tuple>
 
 namespace lexivore {
 namespace {
@@ -373,6 +374,17 @@ TEST_F(MainWindow, ZoomingStaysWithinTheSettingsRange) {
     EXPECT_EQ(state().editorFontSize(), 13);
 }
 
+TEST_F(MainWindow, ZoomingFromBeyondThatRangeNeverGoesTheOtherWay) {
+    for (const auto &[size, in, out] : {std::tuple(72.0, 72.0, 71.0), std::tuple(4.0, 5.0, 4.0)}) {
+        state().setEditorFontSize(size);
+        choose("ZoomIn");
+        EXPECT_EQ(state().editorFontSize(), in);
+        state().setEditorFontSize(size);
+        choose("ZoomOut");
+        EXPECT_EQ(state().editorFontSize(), out);
+    }
+}
+
 TEST_F(MainWindow, TheWheelZoomsWithCtrl) {
     QWidget *viewport = find<QAbstractScrollArea>("editor")->viewport();
     for (const auto &[turned, size] : {std::pair(120, 14.0), std::pair(-240, 12.0)}) {
@@ -410,6 +422,16 @@ TEST_F(MainWindow, FindGoesBothWaysByKeyButtonAndCommand) {
     click("closeFind");
     EXPECT_FALSE(isShown("findBar"));
     EXPECT_TRUE(find("editor")->hasFocus());
+}
+
+TEST_F(MainWindow, EscapeClosesTheFindBarFromEachOfItsControls) {
+    for (const char *control : {"find", "findPrevious", "findNext", "closeFind"}) {
+        choose("Find");
+        find(control)->setFocus(Qt::TabFocusReason);
+        press(Qt::Key_Escape);
+        EXPECT_FALSE(isShown("findBar")) << control;
+        EXPECT_TRUE(find("editor")->hasFocus()) << control;
+    }
 }
 
 TEST_F(MainWindow, FindCountsAndSelectsMatches) {
