@@ -54,7 +54,7 @@ void ClipboardFlow::copy() {
 
 void ClipboardFlow::clear() {
     if (!m_manager.currentText().empty()) {
-        m_alerts.askToClearText([this] { m_manager.clearAll(); });
+        m_alerts.askToClearText([this] { orReportShortage(m_alerts, [this] { m_manager.clearAll(); }); });
     }
 }
 

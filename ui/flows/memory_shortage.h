@@ -16,12 +16,15 @@ namespace lexivore {
     return QCoreApplication::translate("MemoryShortage", "There is not enough memory for the result.");
 }
 
-/// Does `action`, which leaves everything as it was when memory runs out, and tells the user if it does.
-template<typename Action> void orReportShortage(Alerts &alerts, Action &&action) {
+/// Does `action`, which leaves everything as it was when memory runs out, and tells the user if it does. Whether it was
+/// done.
+template<typename Action> bool orReportShortage(Alerts &alerts, Action &&action) {
     try {
         std::forward<Action>(action)();
+        return true;
     } catch (const std::bad_alloc &) {
         alerts.showError(memoryShortageMessage());
+        return false;
     }
 }
 

@@ -77,7 +77,7 @@ void OperationsFlow::edit(std::size_t index) {
 
 void OperationsFlow::clear() {
     if (!m_manager.appliedOperations().empty()) {
-        m_alerts.askToClearOperations([this] { m_manager.clearOperations(); });
+        m_alerts.askToClearOperations([this] { orReportShortage(m_alerts, [this] { m_manager.clearOperations(); }); });
     }
 }
 

@@ -43,8 +43,9 @@ void TransformationFlow::select(const TransformationPointer &transformation) {
     if (!m_state.operationsEnabled()) {
         return;
     }
-    if (!m_state.stackOperationMode() && !m_manager.appliedOperations().empty()) {
-        m_manager.returnToOriginalText();
+    if (!m_state.stackOperationMode() && !m_manager.appliedOperations().empty() &&
+        !orReportShortage(m_alerts, [this] { m_manager.returnToOriginalText(); })) {
+        return;
     }
     if (transformation->parameters().empty()) {
         apply(*transformation, {});
