@@ -12,6 +12,7 @@ namespace {
 
 constexpr QChar rightToLeftEmbedding(0x202B);
 constexpr QChar endOfEmbedding(0x202C);
+constexpr QChar ellipsis(0x2026);
 constexpr qsizetype longestToolTip = 500;
 constexpr qsizetype longestUnwrapped = 200; ///< Characters that a wrapped text would like to have on one line.
 
@@ -47,15 +48,18 @@ QString onOneLine(QString text) {
     return text;
 }
 
+QString shortened(const QString &text, qsizetype longest) {
+    if (text.size() <= longest)
+        return text;
+    const bool wouldHalve = longest > 0 && text[longest - 1].isHighSurrogate();
+    return text.left(wouldHalve ? longest - 1 : longest) + ellipsis;
+}
+
 QString plainToolTip(const QString &text) {
     if (text.isEmpty())
         return {};
-    QString shown = text.left(longestToolTip);
-    if (!shown.isEmpty() && shown.back().isHighSurrogate())
-        shown.chop(1);
-    if (text.size() > shown.size())
-        shown += QChar(0x2026);
-    return QStringLiteral("<qt>%1</qt>").arg(shown.toHtmlEscaped().replace('\n', QStringLiteral("<br>")));
+    QString shown = shortened(text, longestToolTip).toHtmlEscaped();
+    return QStringLiteral("<qt>%1</qt>").arg(shown.replace('\n', QStringLiteral("<br>")));
 }
 
 Label::Label(const QString &text, FontRole role, ThemeColour colour, Lines lines, QWidget *parent)

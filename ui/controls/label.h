@@ -61,6 +61,9 @@ private:
 /// Text on one line: what would break the line or draw as a box becomes a space.
 [[nodiscard]] QString onOneLine(QString text);
 
+/// At most `longest` UTF-16 units of the text and an ellipsis for the rest; no surrogate pair is halved.
+[[nodiscard]] QString shortened(const QString &text, qsizetype longest);
+
 /// A tooltip that reads exactly `text`, never taken for markup, cut off after some 500 characters, wrapped.
 [[nodiscard]] QString plainToolTip(const QString &text);
 

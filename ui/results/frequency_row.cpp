@@ -21,6 +21,8 @@ constexpr int barHeight = 20;
 constexpr int characterColumn = 60;
 constexpr int besideBar = 100; ///< The column of the character and the place for the count.
 constexpr int countGap = 8;
+/// UTF-16 units. One letter can carry a million marks, and to lay them out takes seconds with every painting.
+constexpr qsizetype longestCharacter = 64;
 
 /// A character that leaves no ink, as a sign for the row and as words for assistive technology.
 struct Invisible {
@@ -58,14 +60,15 @@ std::optional<Invisible> invisible(const QString &character) {
 } // namespace
 
 FrequencyRow::FrequencyRow(const QString &character, qint64 count, qint64 greatest, QWidget *parent)
-    : QWidget(parent), m_character(onOneLine(character)), m_count(count), m_greatest(greatest) {
+    : QWidget(parent), m_character(shortened(character, longestCharacter)), m_count(count), m_greatest(greatest) {
     setAccessibleRole(*this, QAccessible::ListItem);
-    setAccessibleName(character);
-    if (const std::optional<Invisible> shown = invisible(character)) {
+    setAccessibleName(m_character);
+    if (const std::optional<Invisible> shown = invisible(m_character)) {
         m_character = shown->sign;
         setAccessibleName(shown->name);
         setToolTip(shown->name);
     }
+    m_character = onOneLine(m_character);
     setAccessibleDescription(QString::number(count));
     setFixedHeight(heightFor(rowHeight, FontRole::body));
 }

@@ -14,7 +14,7 @@ public:
     /// `greatest` is the largest count of the list.
     FrequencyRow(const QString &character, qint64 count, qint64 greatest, QWidget *parent = nullptr);
 
-    /// A sign where the character itself leaves no ink.
+    /// A sign where the character itself leaves no ink, and only the start of a very long one.
     [[nodiscard]] const QString &shownCharacter() const { return m_character; }
     /// In device-independent pixels: 0 when nothing was counted.
     [[nodiscard]] double barWidth() const;

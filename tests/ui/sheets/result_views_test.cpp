@@ -226,6 +226,25 @@ TEST_F(ResultViewsTest, FrequencyShowsASignForWhatLeavesNoInk) {
         EXPECT_EQ(shown(character), QString::fromUtf8(character) + "|" + QString::fromUtf8(character));
 }
 
+TEST_F(ResultViewsTest, FrequencyShowsTheStartOfACharacterOfVeryManyMarks) {
+    const auto marked = [](const char *mark, qsizetype count) { return "a" + QString::fromUtf8(mark).repeated(count); };
+    const auto expectShown = [](const QString &character, const QString &shown) {
+        FrequencyRow row(character, 1, 1);
+        EXPECT_TRUE(row.shownCharacter() == shown) << row.shownCharacter().left(100).toStdString();
+        EXPECT_TRUE(row.accessibleName() == shown) << row.accessibleName().left(100).toStdString();
+        EXPECT_FALSE(row.grab().isNull());
+    };
+    const char *acute = "\u0301";
+    expectShown(marked(acute, 63), marked(acute, 63));
+    expectShown(marked(acute, 64), marked(acute, 63) + QChar(0x2026));
+    expectShown(marked(acute, 1'000'000), marked(acute, 63) + QChar(0x2026));
+    EXPECT_NE(FrequencyRow(marked(acute, 64), 1, 1).grab().toImage(),
+              FrequencyRow(marked(acute, 63), 1, 1).grab().toImage())
+        << "no ellipsis";
+    const char *stem = "\U0001D165"; // two UTF-16 units
+    expectShown(marked(stem, 1'000'000), marked(stem, 31) + QChar(0x2026));
+}
+
 TEST_F(ResultViewsTest, ReadingTimeShowsBothDurations) {
     std::string text;
     for (int word = 0; word < 199; ++word)
