@@ -34,6 +34,31 @@ protected:
         return found;
     }
 
+    /// What the widget itself draws, on nothing.
+    static QImage drawingOf(QWidget &widget) {
+        QImage picture(widget.size(), QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        widget.render(&picture, {}, {}, QWidget::DrawChildren);
+        return picture;
+    }
+
+    /// The row in the width that it has in its sheet.
+    static QImage pictureOf(FrequencyRow &row) {
+        row.resize(458, 24);
+        return drawingOf(row);
+    }
+
+    /// Whether anything is drawn from `left` to just before `right`.
+    static bool hasInk(const QImage &picture, int left, int right) {
+        for (int x = left; x < right; ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                if (picture.pixelColor(x, y).alpha() > 0)
+                    return true;
+            }
+        }
+        return false;
+    }
+
     ToolsManager tools;
     ResultViewFactory factory;
 };
@@ -186,6 +211,44 @@ TEST_F(ResultViewsTest, ABarWithoutCountsHasNoWidth) {
     FrequencyRow row("a", 0, 0);
     row.resize(458, 24);
     EXPECT_EQ(row.barWidth(), 0);
+}
+
+TEST_F(ResultViewsTest, FrequencyDrawsCharacterBarAndCountBesideOneAnother) {
+    FrequencyRow row("W", 25, 50);
+    const QImage picture = pictureOf(row);
+    const int barEnd = 60 + 179;
+    EXPECT_TRUE(hasInk(picture, 0, 56));
+    EXPECT_FALSE(hasInk(picture, 56, 60));
+    for (int x = 60; x < barEnd; ++x)
+        EXPECT_TRUE(hasInk(picture, x, x + 1)) << x;
+    EXPECT_FALSE(hasInk(picture, barEnd, barEnd + 8));
+    EXPECT_TRUE(hasInk(picture, barEnd + 8, barEnd + 40));
+    EXPECT_FALSE(hasInk(picture, barEnd + 40, row.width()));
+
+    FrequencyRow other("i", 26, 50);
+    const QRect character(0, 0, 56, 24);
+    EXPECT_NE(pictureOf(other).copy(character), picture.copy(character));
+}
+
+TEST_F(ResultViewsTest, FrequencyFillsItsBarsWithTheGradient) {
+    FrequencyRow row("a", 1, 1);
+    const QImage picture = pictureOf(row);
+    const auto expectColour = [&](int x, const QColor &expected) {
+        const QColor drawn = picture.pixelColor(x, 12);
+        EXPECT_NEAR(drawn.red(), expected.red(), 3) << x;
+        EXPECT_NEAR(drawn.green(), expected.green(), 3) << x;
+        EXPECT_NEAR(drawn.blue(), expected.blue(), 3) << x;
+    };
+    expectColour(61, theme().barStart);
+    expectColour(60 + 358 - 2, theme().barEnd);
+}
+
+TEST_F(ResultViewsTest, FrequencyKeepsRoomForTheDigitsOfVeryLargeCounts) {
+    FrequencyRow row("a", 100'000'000, 100'000'000);
+    row.resize(458, 24);
+    const int digits = QFontMetrics(fontFor(FontRole::caption)).horizontalAdvance("100000000");
+    EXPECT_GT(digits, 100 - 60 - 8);
+    EXPECT_EQ(60 + row.barWidth() + 8 + digits, row.width());
 }
 
 TEST_F(ResultViewsTest, FrequencyScrollsByTheKeys) {
