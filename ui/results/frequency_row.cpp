@@ -8,7 +8,6 @@
 
 #include <QLinearGradient>
 #include <QPainter>
-#include <QStyle>
 
 #include <optional>
 
@@ -85,29 +84,37 @@ double FrequencyRow::barWidth() const {
     return qMax(0, width() - widthBesideBar()) * (static_cast<double>(m_count) / static_cast<double>(m_greatest));
 }
 
+QRectF FrequencyRow::mirrored(QRectF place) const {
+    if (layoutDirection() == Qt::RightToLeft)
+        place.moveRight(width() - place.left());
+    return place;
+}
+
 void FrequencyRow::paintEvent(QPaintEvent *) {
     QPainter painter(this);
+    painter.setLayoutDirection(layoutDirection());
     const Theme &colours = theme();
     painter.setFont(monospacedFont(systemPoints()));
     painter.setPen(colours.text);
     const QRect column(0, 0, widthFor(characterColumn) - 4, height());
-    painter.drawText(QStyle::visualRect(layoutDirection(), rect(), column), Qt::AlignVCenter | Qt::TextSingleLine,
+    painter.drawText(mirrored(column), Qt::AlignVCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(m_character, Qt::ElideRight, column.width()));
 
     const QRectF bar(widthFor(characterColumn), (height() - barHeight) / 2.0, barWidth(), barHeight);
-    QLinearGradient fill(bar.topLeft(), bar.topRight());
+    const QRectF shownBar = mirrored(bar);
+    QLinearGradient fill(shownBar.topLeft(), shownBar.topRight());
     fill.setColorAt(0, colours.barStart);
     fill.setColorAt(1, colours.barEnd);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(fill);
     const double radius = qMin<double>(metrics::barRadius, bar.width() / 2);
-    painter.drawRoundedRect(bar, radius, radius);
+    painter.drawRoundedRect(shownBar, radius, radius);
 
     painter.setFont(fontFor(FontRole::caption));
     painter.setPen(colours.text2);
     const QRectF count(bar.right() + countGap, 0, width() - bar.right() - countGap, height());
-    painter.drawText(count, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine | Qt::TextDontClip,
+    painter.drawText(mirrored(count), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine | Qt::TextDontClip,
                      QString::number(m_count));
 }
 

@@ -25,6 +25,8 @@ protected:
 private:
     /// The column of the character and the place for the count: 100 pixels, more for very many digits.
     [[nodiscard]] int widthBesideBar() const;
+    /// That place of a row that runs from left to right, where it lies in this one.
+    [[nodiscard]] QRectF mirrored(QRectF place) const;
 
     QString m_character;
     qint64 m_count;

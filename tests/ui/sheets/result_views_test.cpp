@@ -217,8 +217,8 @@ TEST_F(ResultViewsTest, FrequencyDrawsCharacterBarAndCountBesideOneAnother) {
     FrequencyRow row("W", 25, 50);
     const QImage picture = pictureOf(row);
     const int barEnd = 60 + 179;
-    EXPECT_TRUE(hasInk(picture, 0, 56));
-    EXPECT_FALSE(hasInk(picture, 56, 60));
+    EXPECT_TRUE(hasInk(picture, 0, 20));
+    EXPECT_FALSE(hasInk(picture, 20, 60));
     for (int x = 60; x < barEnd; ++x)
         EXPECT_TRUE(hasInk(picture, x, x + 1)) << x;
     EXPECT_FALSE(hasInk(picture, barEnd, barEnd + 8));
@@ -228,6 +228,24 @@ TEST_F(ResultViewsTest, FrequencyDrawsCharacterBarAndCountBesideOneAnother) {
     FrequencyRow other("i", 26, 50);
     const QRect character(0, 0, 56, 24);
     EXPECT_NE(pictureOf(other).copy(character), picture.copy(character));
+    FrequencyRow hebrew(QString::fromUtf8("\u05E9"), 25, 50);
+    EXPECT_TRUE(hasInk(pictureOf(hebrew), 0, 20));
+    EXPECT_FALSE(hasInk(pictureOf(hebrew), 20, 60));
+}
+
+TEST_F(ResultViewsTest, FrequencyIsMirroredInAWindowThatRunsFromRightToLeft) {
+    FrequencyRow row("W", 25, 50);
+    row.setLayoutDirection(Qt::RightToLeft);
+    const QImage picture = pictureOf(row);
+    const int barBegin = 458 - 60;
+    const int barEnd = barBegin - 179;
+    EXPECT_TRUE(hasInk(picture, row.width() - 20, row.width()));
+    EXPECT_FALSE(hasInk(picture, barBegin, row.width() - 20));
+    for (int x = barEnd; x < barBegin; ++x)
+        EXPECT_TRUE(hasInk(picture, x, x + 1)) << x;
+    EXPECT_FALSE(hasInk(picture, barEnd - 8, barEnd));
+    EXPECT_TRUE(hasInk(picture, barEnd - 40, barEnd - 8));
+    EXPECT_FALSE(hasInk(picture, 0, barEnd - 40));
 }
 
 TEST_F(ResultViewsTest, FrequencyFillsItsBarsWithTheGradient) {
