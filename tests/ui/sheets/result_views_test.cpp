@@ -3,6 +3,8 @@
 #include "tests/ui/sheets/sheet_fixture.h"
 #include "tools/tools_manager.h"
 #include "ui/controls/label.h"
+#include "ui/controls/symbol.h"
+#include "ui/controls/symbol_chip.h"
 #include "ui/results/average_row.h"
 #include "ui/results/card.h"
 #include "ui/results/character_frequency_view.h"
@@ -59,6 +61,12 @@ protected:
         return false;
     }
 
+    /// Whether both draw the same in the same size.
+    static bool looksLike(QWidget &widget, QWidget &&expected) {
+        expected.resize(widget.size());
+        return drawingOf(widget) == drawingOf(expected);
+    }
+
     ToolsManager tools;
     ResultViewFactory factory;
 };
@@ -77,6 +85,19 @@ TEST_F(ResultViewsTest, EveryViewHasItsSizeHeaderAndFooter) {
             click(find("done"));
             EXPECT_FALSE(isOpen());
         }
+    }
+}
+
+TEST_F(ResultViewsTest, EveryViewShowsTheSymbolOfItsToolAndOfCopying) {
+    for (std::size_t index = 0; index < 4; ++index) {
+        SCOPED_TRACE(index);
+        const ToolView *view = open(index, "one");
+        auto *header = view->findChild<SymbolChip *>();
+        EXPECT_TRUE(looksLike(*header, SymbolChip(QString::fromStdString(tools.tools()[index]->icon()))));
+        PushButton copy("Copy");
+        copy.setSymbol("doc.on.doc");
+        EXPECT_TRUE(looksLike(*find("copy"), std::move(copy)));
+        press(Qt::Key_Escape);
     }
 }
 
@@ -135,22 +156,31 @@ TEST_F(ResultViewsTest, NoNumberOfALargeTextIsCutOff) {
 }
 
 TEST_F(ResultViewsTest, EachCardHasItsSymbolInItsColour) {
-    const ToolView *view = open(0, "one");
-    const auto all = view->findChildren<CompactStatCard *>();
-    const QList<QColor> colours = {theme().blue,   theme().green,  theme().orange,
-                                   theme().purple, theme().indigo, theme().teal};
-    ASSERT_EQ(all.size(), colours.size());
-    for (qsizetype card = 0; card < all.size(); ++card) {
-        const QImage picture = all[card]->grab().toImage();
-        QColor strongest = Qt::white;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                if (picture.pixelColor(x, y).saturation() > strongest.saturation())
-                    strongest = picture.pixelColor(x, y);
-            }
+    struct Expected {
+        QString title;
+        QString symbol;
+        ThemeColour colour;
+    };
+    const auto expectSymbols = [](const QWidget &view, const QList<Expected> &expected) {
+        const auto cards = view.findChildren<Card *>();
+        ASSERT_GE(cards.size(), expected.size());
+        for (qsizetype index = 0; index < expected.size(); ++index) {
+            const auto &[title, name, colour] = expected[index];
+            EXPECT_EQ(cards[index]->accessibleName(), title);
+            auto *symbol = cards[index]->findChild<Symbol *>();
+            ASSERT_NE(symbol, nullptr);
+            EXPECT_TRUE(looksLike(*symbol, Symbol(name, symbol->width(), colour))) << title.toStdString();
         }
-        EXPECT_NEAR(strongest.hue(), colours[card].hue(), 8) << card;
-    }
+    };
+    expectSymbols(*open(0, "one"), {{"Characters", "textformat.abc", &Theme::blue},
+                                    {"Words", "character.book.closed", &Theme::green},
+                                    {"Lines", "list.bullet", &Theme::orange},
+                                    {"No Spaces", "space", &Theme::purple},
+                                    {"Sentences", "text.quote", &Theme::indigo},
+                                    {"Paragraphs", "doc.text", &Theme::teal}});
+    press(Qt::Key_Escape);
+    expectSymbols(*open(2, "one"),
+                  {{"Reading Time", "book.fill", &Theme::blue}, {"Speaking Time", "mic.fill", &Theme::orange}});
 }
 
 TEST_F(ResultViewsTest, ComputeWhenTheyFirstAppear) {
