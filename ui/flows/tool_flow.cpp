@@ -30,8 +30,8 @@ void ToolFlow::run(const QString &id) {
         // An edited text is joined into one here: the views compute within the toolkit, through which nothing may
         // throw.
         static_cast<void>(text.view());
+        m_sheets.showToolResult(**tool, text, [this] { m_state.currentToolWrapper.reset(); });
         m_state.currentToolWrapper = ToolWrapper(*tool);
-        m_sheets.showToolResult(**tool, text);
     });
 }
 

@@ -55,9 +55,11 @@ void Sheets::showEditorSettings(double fontSize, std::function<void(double)> cha
     SheetLayer::show(m_window, new EditorSettingsSheet(fontSize, std::move(changed)));
 }
 
-void Sheets::showToolResult(const TextTool &tool, const Text &text) {
+void Sheets::showToolResult(const TextTool &tool, const Text &text, std::function<void()> closed) {
     ResultViewFactory factory;
-    SheetLayer::show(m_window, tool.makeView(text, factory));
+    ToolView *view = tool.makeView(text, factory);
+    connect(view, &ToolView::dismissed, this, std::move(closed));
+    SheetLayer::show(m_window, view);
 }
 
 } // namespace lexivore

@@ -49,7 +49,7 @@ public:
     void showEditorSettings(double fontSize, std::function<void(double)> changed);
 
     /// Shows what the tool finds in the text as it is now.
-    void showToolResult(const TextTool &tool, const Text &text);
+    void showToolResult(const TextTool &tool, const Text &text, std::function<void()> closed);
 
 private:
     QWidget &m_window;

@@ -163,5 +163,18 @@ TEST_F(ToolBar, AToolThatIsNotKnownIsIgnored) {
     EXPECT_TRUE(isShown("toolResult.reading-time"));
 }
 
+TEST_F(ToolBar, AToolIsTheCurrentOneUntilItsResultIsClosed) {
+    setText("x");
+    for (const char *id : {"statistics", "character-frequency", "reading-time", "readability"}) {
+        for (const bool byKey : {true, false}) {
+            center().post(notification::runTool, QString(id));
+            ASSERT_TRUE(state().currentToolWrapper.has_value());
+            EXPECT_EQ(state().currentToolWrapper->id, id);
+            byKey ? press(Qt::Key_Escape) : click("done");
+            EXPECT_FALSE(state().currentToolWrapper.has_value()) << id;
+        }
+    }
+}
+
 } // namespace
 } // namespace lexivore
