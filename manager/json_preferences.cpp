@@ -77,11 +77,6 @@ void JsonPreferences::setValue(const QString &key, const QVariant &value) {
     save();
 }
 
-void JsonPreferences::remove(const QString &key) {
-    m_waiting.insert(key, QVariant());
-    save();
-}
-
 void JsonPreferences::save() { m_isStored = write(); }
 
 /// False when the file is as it was before.
@@ -102,11 +97,7 @@ bool JsonPreferences::write() {
         QFile::remove(m_path + QStringLiteral(".lock"));
     }
     for (auto change = m_waiting.constBegin(); change != m_waiting.constEnd(); ++change) {
-        if (change->isValid()) {
-            m_settings.setValue(change.key(), *change);
-        } else {
-            m_settings.remove(change.key());
-        }
+        m_settings.setValue(change.key(), *change);
     }
     m_settings.sync();
     makeNewerThan(before);
@@ -126,7 +117,7 @@ bool JsonPreferences::isOnDisk() const {
     const QVariantMap onDisk =
         file.isOpen() ? decodePreferences(file.readAll()).value_or(QVariantMap()) : QVariantMap();
     for (auto change = m_waiting.constBegin(); change != m_waiting.constEnd(); ++change) {
-        if (change->isValid() ? onDisk.value(change.key()) != *change : onDisk.contains(change.key())) {
+        if (onDisk.value(change.key()) != *change) {
             return false;
         }
     }

@@ -31,7 +31,6 @@ public:
 
     [[nodiscard]] QVariant value(const QString &key) const override;
     void setValue(const QString &key, const QVariant &value) override;
-    void remove(const QString &key) override;
     [[nodiscard]] bool isStored() const override { return m_isStored; }
 
 private:
@@ -54,7 +53,7 @@ private:
     QString m_path;
     std::chrono::milliseconds m_longestWait;
     Settings m_settings;
-    QVariantMap m_waiting; ///< Changes that are not on disk yet; an invalid value removes the key.
+    QVariantMap m_waiting; ///< Changes that are not on disk yet.
     bool m_isUnread;       ///< The file could not be read, and has not been copied since.
     bool m_isStored = true;
 };

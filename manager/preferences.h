@@ -29,9 +29,8 @@ public:
     /// The stored value, or an invalid variant when the key is absent.
     [[nodiscard]] virtual QVariant value(const QString &key) const = 0;
     virtual void setValue(const QString &key, const QVariant &value) = 0;
-    virtual void remove(const QString &key) = 0;
 
-    /// False while something that was set or removed would be forgotten if the program ended now.
+    /// False while something that was set would be forgotten if the program ended now.
     [[nodiscard]] virtual bool isStored() const = 0;
 };
 

@@ -36,9 +36,7 @@ TEST_F(JsonPreferencesTest, EveryTypeOutlivesTheProgram) {
             preferences.setValue(QStringLiteral("whole"), 14.0);
             preferences.setValue(QStringLiteral("hasText"), true);
             preferences.setValue(QStringLiteral("text"), QStringLiteral("true"));
-            preferences.setValue(QStringLiteral("gone"), 1);
-            preferences.remove(QStringLiteral("gone"));
-            return preferences.value(QStringLiteral("gone")).isValid() ? 1 : preferences.isStored() ? 0 : 2;
+            return preferences.isStored() ? 0 : 1;
         }),
         0);
     EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});
@@ -48,7 +46,6 @@ TEST_F(JsonPreferencesTest, EveryTypeOutlivesTheProgram) {
     EXPECT_EQ(value("favorites"), QVariant(QVariantList{QStringLiteral("b"), QStringLiteral("a")}));
     EXPECT_EQ(value("none"), QVariant(QVariantList()));
     EXPECT_FALSE(value("missing").isValid());
-    EXPECT_FALSE(value("gone").isValid());
     ASSERT_EQ(value("mixed").toList().size(), 2);
     EXPECT_EQ(value("mixed").toList()[0].typeId(), QMetaType::QString);
     EXPECT_EQ(value("mixed").toList()[1].typeId(), QMetaType::LongLong);
@@ -118,17 +115,6 @@ TEST_F(JsonPreferencesTest, KeepsWhatItDoesNotKnow) {
     EXPECT_EQ(after.take(QStringLiteral("hasText")), QVariant(true));
     EXPECT_EQ(after, before);
     EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});
-}
-
-TEST_F(JsonPreferencesTest, WhatIsRemovedIsGoneFromTheFileToo) {
-    put(R"({"skippedUpdateVersion": "2.0", "other": 1})");
-    EXPECT_EQ(elsewhere([](JsonPreferences &preferences) {
-                  preferences.remove(QStringLiteral("skippedUpdateVersion"));
-                  preferences.remove(QStringLiteral("never there"));
-                  return preferences.value(QStringLiteral("skippedUpdateVersion")).isValid() ? 1 : 0;
-              }),
-              0);
-    EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("other"), 1LL}}));
 }
 
 TEST_F(JsonPreferencesTest, SeesAndKeepsTheOtherCopysChanges) {

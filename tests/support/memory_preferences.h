@@ -17,16 +17,13 @@ public:
         m_values.insert(key, asStored(value));
         ++m_writeCount;
     }
-    void remove(const QString &key) override {
-        m_values.remove(key);
-        ++m_writeCount;
-    }
-
     [[nodiscard]] bool isStored() const override { return true; }
 
     [[nodiscard]] bool contains(const QString &key) const { return m_values.contains(key); }
-    /// How often something was set or removed.
+    /// How often something was set.
     [[nodiscard]] int writeCount() const { return m_writeCount; }
+    /// As if it had never been set.
+    void remove(const QString &key) { m_values.remove(key); }
 
 private:
     QVariantMap m_values;

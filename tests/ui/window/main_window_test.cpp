@@ -354,7 +354,7 @@ TEST_F(MainWindow, AStoredFontSizeOfAnyKindLeavesAnEditorToReadIn) {
         click("done");
         EXPECT_EQ(preferences.value(preference::editorFontSize), value) << "kept until the slider moves";
     }
-    preferences.remove(preference::editorFontSize);
+    preferences.values.remove(preference::editorFontSize);
     restart();
     EXPECT_EQ(state().editorFontSize(), 13);
 }

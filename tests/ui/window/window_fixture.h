@@ -28,7 +28,6 @@ public:
         values[key] = value;
         ++writes;
     }
-    void remove(const QString &key) override { values.remove(key); }
     [[nodiscard]] bool isStored() const override { return canStore; }
 
     QMap<QString, QVariant> values;
