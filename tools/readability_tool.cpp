@@ -16,16 +16,6 @@ namespace lexivore {
 
 namespace {
 
-constexpr ReadabilityBand bands[] = {
-    {90, "Very Easy", "5th grade"},
-    {80, "Easy", "6th grade"},
-    {70, "Fairly Easy", "7th grade"},
-    {60, "Standard", "8th-9th grade"},
-    {50, "Fairly Difficult", "10th-12th grade"},
-    {30, "Difficult", "College"}, // One band where the usual scale has two.
-    {0, "Very Difficult", "College Graduate"},
-};
-
 double readingEase(double words, double sentences, double syllables) {
     return 206.835 - 1.015 * (words / sentences) - 84.6 * (syllables / words);
 }
@@ -73,7 +63,7 @@ std::int64_t syllableCount(std::string_view word) {
 }
 
 const ReadabilityBand &readabilityBand(double score) {
-    return *std::find_if(std::begin(bands), std::prev(std::end(bands)),
+    return *std::find_if(readabilityBands.rbegin(), std::prev(readabilityBands.rend()),
                          [score](const ReadabilityBand &band) { return score >= band.lowestScore; });
 }
 

@@ -4,6 +4,7 @@
 
 #include "tools/text_tool.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -33,7 +34,18 @@ struct ReadabilityBand {
     const char *gradeLevel;
 };
 
-/// The band that `score`, from 0 to 100, lies in.
+/// From hard to easy: each reaches to just below the lowest score of the next, the last one to 100.
+inline constexpr std::array readabilityBands = {
+    ReadabilityBand{0, "Very Difficult", "College Graduate"},
+    ReadabilityBand{30, "Difficult", "College"}, // One band where the usual scale has two.
+    ReadabilityBand{50, "Fairly Difficult", "10th-12th grade"},
+    ReadabilityBand{60, "Standard", "8th-9th grade"},
+    ReadabilityBand{70, "Fairly Easy", "7th grade"},
+    ReadabilityBand{80, "Easy", "6th grade"},
+    ReadabilityBand{90, "Very Easy", "5th grade"},
+};
+
+/// The one of them that `score`, from 0 to 100, lies in.
 [[nodiscard]] const ReadabilityBand &readabilityBand(double score);
 
 /// For any bytes; a few passes.

@@ -102,9 +102,9 @@ void addTools(Texts &texts) {
         texts.add(tool->name());
         texts.add(tool->description());
     }
-    for (int score = 0; score <= 100; ++score) {
-        texts.add(readabilityBand(score).level);
-        texts.add(readabilityBand(score).gradeLevel);
+    for (const ReadabilityBand &band : readabilityBands) {
+        texts.add(band.level);
+        texts.add(band.gradeLevel);
     }
     CharacterFrequency space;
     texts.add(displayedCharacter(space));

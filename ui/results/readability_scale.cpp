@@ -2,23 +2,26 @@
 // SPDX-License-Identifier: MIT
 #include "ui/results/readability_scale.h"
 
+#include "tools/readability_tool.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/theme.h"
 
 #include <QPainter>
 
-#include <array>
-
 namespace lexivore {
 
 namespace {
 
-constexpr std::array bounds = {0, 30, 50, 60, 70, 80, 90, 100};
-constexpr int bandCount = static_cast<int>(bounds.size()) - 1;
+constexpr int bandCount = static_cast<int>(readabilityBands.size());
 constexpr double gap = 3;
 constexpr double thickness = 6;
 constexpr QSizeF markSize(4, 14);
+
+/// Where the band begins, and where the one before it ends; 100 after the last.
+double boundOf(int band) {
+    return band < bandCount ? readabilityBands[static_cast<std::size_t>(band)].lowestScore : 100;
+}
 
 } // namespace
 
@@ -29,10 +32,7 @@ ReadabilityScale::ReadabilityScale(double score, bool hasScore, QWidget *parent)
 }
 
 int ReadabilityScale::bandOf(double score) {
-    int band = 0;
-    while (band + 1 < bandCount && score >= bounds[static_cast<std::size_t>(band) + 1])
-        ++band;
-    return band;
+    return static_cast<int>(&readabilityBand(score) - readabilityBands.data());
 }
 
 void ReadabilityScale::paintEvent(QPaintEvent *) {
@@ -41,8 +41,7 @@ void ReadabilityScale::paintEvent(QPaintEvent *) {
     const double perPoint = (width() - (bandCount - 1) * gap) / 100;
     const double top = (height() - thickness) / 2;
     for (int band = 0; band < bandCount; ++band) {
-        const auto index = static_cast<std::size_t>(band);
-        const QRectF place(bounds[index] * perPoint + band * gap, top, (bounds[index + 1] - bounds[index]) * perPoint,
+        const QRectF place(boundOf(band) * perPoint + band * gap, top, (boundOf(band + 1) - boundOf(band)) * perPoint,
                            thickness);
         const bool isCurrent = m_hasScore && band == bandOf(m_score);
         fillRounded(painter, place, thickness / 2, isCurrent ? colours.accent : colours.track);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/sheets/sheet_fixture.h"
+#include "tools/readability_tool.h"
 #include "tools/tools_manager.h"
 #include "ui/controls/label.h"
 #include "ui/controls/symbol.h"
@@ -398,6 +399,15 @@ TEST_F(ResultViewsTest, TheScaleHasABandForEachLevel) {
                                                     {70, 4}, {80, 5},   {90, 6}, {100, 6}};
     for (const auto &[score, band] : expected)
         EXPECT_EQ(ReadabilityScale::bandOf(score), band) << score;
+}
+
+TEST_F(ResultViewsTest, TheScaleMarksTheBandOfTheToolsLevelAtEveryScore) {
+    const char *const levels[] = {"Very Difficult", "Difficult", "Fairly Difficult", "Standard",
+                                  "Fairly Easy",    "Easy",      "Very Easy"};
+    for (int hundredths = 0; hundredths <= 10000; ++hundredths) {
+        const double score = hundredths / 100.0;
+        EXPECT_STREQ(levels[ReadabilityScale::bandOf(score)], readabilityBand(score).level) << score;
+    }
 }
 
 TEST_F(ResultViewsTest, KeepTheTextTheyWereOpenedWith) {
