@@ -17,7 +17,7 @@ LexivoreApp::LexivoreApp(Preferences &preferences, std::unique_ptr<FilePanels> p
       m_window(std::make_unique<ContentView>(m_transformationManager, m_toolsManager, preferences, m_center,
                                              std::move(panels))),
       m_menuBar(new MenuBarBuilder(*m_window, m_center, m_transformationManager, m_toolsManager,
-                                   m_appDelegate.updaterController().updater())),
+                                   m_appDelegate.updaterController().updater(), information)),
       m_updateFlow(std::make_unique<UpdateFlow>(m_appDelegate.updaterController().updater(), *m_window, &openAddress)) {
     subscribe();
     m_appDelegate.adoptWindow(m_window.get(), [this] { m_window->hide(); });

@@ -3,7 +3,6 @@
 #include "ui/shell/menu_bar_builder.h"
 
 #include "manager/transformation_manager.h"
-#include "services/bundle_information.h"
 #include "services/support_request.h"
 #include "tools/tools_manager.h"
 #include "ui/icon.h"
@@ -77,7 +76,7 @@ QString inMenu(const char *text) { return QCoreApplication::translate("Menu", te
 } // namespace
 
 MenuBarBuilder::MenuBarBuilder(QMainWindow &window, NotificationCenter &center, TransformationManager &manager,
-                               const ToolsManager &tools, Updater &updater)
+                               const ToolsManager &tools, Updater &updater, const QVariantMap &information)
     : QObject(&window), m_window(window), m_center(center), m_manager(manager), m_tools(tools) {
     buildApplicationMenu(updater);
     addCommands(addMenu("file", tr("&File")));
@@ -86,7 +85,7 @@ MenuBarBuilder::MenuBarBuilder(QMainWindow &window, NotificationCenter &center, 
     buildRecipesMenu();
     buildTransformationsMenu();
     buildToolsMenu();
-    buildHelpMenu();
+    buildHelpMenu(information);
     setHasText(false);
     setStackOperationMode(false);
 }
@@ -252,10 +251,10 @@ void MenuBarBuilder::buildToolsMenu() {
     }
 }
 
-void MenuBarBuilder::buildHelpMenu() {
+void MenuBarBuilder::buildHelpMenu(const QVariantMap &information) {
     QAction *support = addMenu("help", tr("&Help"))->addAction(tr("Contact Support"));
     support->setObjectName("ContactSupport");
-    connect(support, &QAction::triggered, this, [] { contactSupport(mainBundleInformation(), &openAddress); });
+    connect(support, &QAction::triggered, this, [information] { contactSupport(information, &openAddress); });
 }
 
 } // namespace lexivore

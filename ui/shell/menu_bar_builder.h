@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <QVariantMap>
 
 #include <string>
 #include <vector>
@@ -24,9 +25,9 @@ class MenuBarBuilder : public QObject {
     Q_OBJECT
 
 public:
-    /// Builds the menu bar of `window` at once and belongs to it.
+    /// Builds the menu bar of `window` at once and belongs to it. `information` is what the program was built with.
     MenuBarBuilder(QMainWindow &window, NotificationCenter &center, TransformationManager &manager,
-                   const ToolsManager &tools, Updater &updater);
+                   const ToolsManager &tools, Updater &updater, const QVariantMap &information);
 
     /// Enables what acts on the text.
     void setHasText(bool hasText);
@@ -50,7 +51,7 @@ private:
     void enableExport();
     void buildTransformationsMenu();
     void buildToolsMenu();
-    void buildHelpMenu();
+    void buildHelpMenu(const QVariantMap &information);
 
     QMainWindow &m_window;
     NotificationCenter &m_center;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "services/bundle_information.h"
 #include "tests/ui/window/window_fixture.h"
 #include "ui/theme/theme.h"
 
@@ -420,6 +421,17 @@ TEST_F(MenuCommands, ContactSupportWritesAMail) {
     ASSERT_EQ(mail.opened.size(), 1);
     EXPECT_EQ(mail.opened.front().scheme(), "mailto");
     EXPECT_TRUE(mail.opened.front().query().contains("subject=Lexivore"));
+}
+
+TEST_F(MenuCommands, ContactSupportGoesByTheInformationThatTheProgramWasGiven) {
+    LexivoreApp other(preferences, nullptr, {{bundle_key::name, "Other"}, {bundle_key::supportAddress, "a@b.example"}});
+    MailProgram mail;
+    QDesktopServices::setUrlHandler("mailto", &mail, "open");
+    other.window().findChild<QAction *>("ContactSupport")->trigger();
+    QDesktopServices::unsetUrlHandler("mailto");
+    ASSERT_EQ(mail.opened.size(), 1);
+    EXPECT_EQ(mail.opened.front().path(), "a@b.example");
+    EXPECT_TRUE(mail.opened.front().query().startsWith("subject=Other"));
 }
 
 } // namespace
