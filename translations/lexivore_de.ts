@@ -1364,6 +1364,13 @@
     </message>
 </context>
 <context>
+    <name>lexivore::FileFlow</name>
+    <message>
+        <source>Open one file at a time.</source>
+        <translation>Bitte nur eine Datei auf einmal öffnen.</translation>
+    </message>
+</context>
+<context>
     <name>lexivore::FindBar</name>
     <message>
         <source>Find in text</source>

@@ -21,6 +21,14 @@ void FileFlow::open() {
 
 void FileFlow::openGiven(const QString &path) { openPath(path, NotText::isTold); }
 
+void FileFlow::openGivenFiles(const QStringList &paths) {
+    if (paths.size() == 1) {
+        openGiven(paths.front());
+    } else if (!paths.isEmpty()) {
+        m_alerts.showError(tr("Open one file at a time."));
+    }
+}
+
 void FileFlow::openPath(const QString &path, NotText notText) {
     std::variant<Text, textFile::NotUtf8, textFile::Failure> content = textFile::read(path);
     if (const auto *failure = std::get_if<textFile::Failure>(&content)) {

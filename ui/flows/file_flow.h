@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 namespace lexivore {
 
@@ -23,6 +24,8 @@ public:
     void open();
     /// The same for a file that was handed over, by a drop or by the desktop; one that is not UTF-8 is told as well.
     void openGiven(const QString &path);
+    /// The same for what a start was given. Of several files none is opened, as of several dropped ones; this is told.
+    void openGivenFiles(const QStringList &paths);
     void saveAs();
 
 private:

@@ -32,9 +32,7 @@ void LexivoreApp::comeForward(const QStringList &files, const QString &activatio
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->raise();
     m_window->activateWindow();
-    if (!files.isEmpty()) {
-        m_window->openFile(files.front());
-    }
+    m_window->openFiles(files);
 }
 
 LexivoreApp::~LexivoreApp() = default;

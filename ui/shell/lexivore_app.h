@@ -31,8 +31,9 @@ public:
                          const QVariantMap &information = mainBundleInformation());
     ~LexivoreApp() override;
 
-    /// Brings the window forward, with its text as it was, and opens the first of `files` if there is any.
-    /// `activationToken` is what the window system lets it take the keyboard with, if it gave one.
+    /// Brings the window forward, with its text as it was, and opens the file that `files` may hold. Of several it
+    /// opens none and tells the user. `activationToken` is what the window system lets it take the keyboard with, if it
+    /// gave one.
     void comeForward(const QStringList &files = {}, const QString &activationToken = {});
 
     [[nodiscard]] AppDelegate &appDelegate() { return m_appDelegate; }

@@ -185,7 +185,7 @@ void ContentView::reportUnstored() {
     m_hasReportedUnstored = !isStored;
 }
 
-void ContentView::openFile(const QString &path) { m_fileFlow->openGiven(path); }
+void ContentView::openFiles(const QStringList &paths) { m_fileFlow->openGivenFiles(paths); }
 
 void ContentView::post(const char *name) { m_center.post(name); }
 

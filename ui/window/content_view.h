@@ -45,8 +45,8 @@ public:
                 NotificationCenter &center, std::unique_ptr<FilePanels> panels = nullptr);
     ~ContentView() override;
 
-    /// As if the user had opened the file.
-    void openFile(const QString &path);
+    /// The file that a start of the program was given; of several none.
+    void openFiles(const QStringList &paths);
 
     [[nodiscard]] WindowState &state() { return *m_state; }
 

@@ -72,6 +72,25 @@ TEST_F(Files, AFileThatIsNotUtf8IsIgnoredWithoutAMessage) {
     EXPECT_TRUE(alertMessage().isEmpty());
 }
 
+TEST_F(Files, TheFileThatALaterStartIsGivenIsOpened) {
+    setText("before");
+    write("a.txt", "a");
+    app().comeForward({path("a.txt")});
+    EXPECT_EQ(text(), "a");
+    EXPECT_TRUE(alertMessage().isEmpty());
+    app().comeForward({});
+    EXPECT_EQ(text(), "a");
+}
+
+TEST_F(Files, OfSeveralFilesThatAStartIsGivenNoneIsOpenedAndTheUserIsTold) {
+    setText("kept");
+    write("a.txt", "a");
+    write("b.txt", "b");
+    app().comeForward({path("a.txt"), path("b.txt")});
+    EXPECT_EQ(text(), "kept");
+    EXPECT_EQ(alertMessage(), "Open one file at a time.");
+}
+
 TEST_F(Files, WhatIsNoReadableFileIsToldAndTheTextStays) {
     setText("kept");
     ASSERT_TRUE(QDir(folder.path()).mkdir("folder"));
