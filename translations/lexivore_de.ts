@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
+    <name>Appcast</name>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>the elements are nested too deeply</source>
+        <translation>die Elemente sind zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>this is no RSS</source>
+        <translation>das ist kein RSS</translation>
+    </message>
+    <message>
+        <source>longer than %1 bytes</source>
+        <translation>länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>this is no UTF-8</source>
+        <translation>das ist kein UTF-8</translation>
+    </message>
+    <message>
+        <source>a document type is not allowed</source>
+        <translation>ein Dokumenttyp ist nicht erlaubt</translation>
+    </message>
+</context>
+<context>
     <name>Engine</name>
     <message>
         <source>Favorites</source>

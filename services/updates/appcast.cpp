@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "services/updates/appcast.h"
 
+#include <QCoreApplication>
 #include <QStringDecoder>
 #include <QXmlStreamReader>
 
@@ -10,6 +11,10 @@
 namespace lexivore {
 
 namespace {
+
+struct Words {
+    Q_DECLARE_TR_FUNCTIONS(Appcast)
+};
 
 constexpr int deepestElement = 32;
 constexpr qsizetype longestVersion = 100; // UTF-16 units; comparing many long ones could take minutes
@@ -42,7 +47,7 @@ public:
             readNext();
         }
         if (m_xml.hasError()) {
-            return {{}, QString("line %1: %2").arg(m_xml.lineNumber()).arg(m_xml.errorString())};
+            return {{}, Words::tr("line %1: %2").arg(m_xml.lineNumber()).arg(m_xml.errorString())};
         }
         return {std::move(m_appcast), {}};
     }
@@ -62,9 +67,9 @@ private:
     void startElement() {
         m_path << m_xml.name().toString();
         if (m_path.size() > deepestElement) {
-            m_xml.raiseError("the elements are nested too deeply");
+            m_xml.raiseError(Words::tr("the elements are nested too deeply"));
         } else if (m_path.front() != QLatin1String("rss")) {
-            m_xml.raiseError("this is no RSS");
+            m_xml.raiseError(Words::tr("this is no RSS"));
         } else if (isItem()) {
             m_item = {};
             m_hasForeignFile = false;
@@ -173,15 +178,15 @@ private:
 
 AppcastResult parseAppcast(const QByteArray &feed) {
     if (feed.size() > longestAppcast) {
-        return {{}, QString("longer than %1 bytes").arg(longestAppcast)};
+        return {{}, Words::tr("longer than %1 bytes").arg(longestAppcast)};
     }
     QStringDecoder decoder(QStringDecoder::Utf8);
     const QString xml = decoder(feed);
     if (decoder.hasError()) {
-        return {{}, "this is no UTF-8"};
+        return {{}, Words::tr("this is no UTF-8")};
     }
     if (hasDocumentType(xml)) {
-        return {{}, "a document type is not allowed"};
+        return {{}, Words::tr("a document type is not allowed")};
     }
     return Reader(xml).read();
 }

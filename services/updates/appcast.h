@@ -35,7 +35,7 @@ struct Appcast {
 /// What came of reading a feed.
 struct AppcastResult {
     Appcast appcast;
-    QString error; ///< What is wrong with the feed, in English: a detail of an error message. Empty when nothing is.
+    QString error; ///< What is wrong with the feed: a detail of a message to the user. Empty when nothing is.
 
     [[nodiscard]] bool isValid() const { return error.isEmpty(); }
 };

@@ -6,6 +6,7 @@
 #include "manager/operations_run.h"
 #include "manager/recipe.h"
 #include "manager/transformation_manager.h"
+#include "services/updates/appcast.h"
 #include "tests/support/memory_preferences.h"
 
 #include <QCoreApplication>
@@ -93,6 +94,28 @@ TEST_F(TranslationTest, whatTheManagerRefusesIsTranslatedToo) {
     EXPECT_EQ(refusal([&] { manager.applyRecipe(Recipe()); }), "Ungültige Eingabe: Der Text ist leer");
     EXPECT_EQ(refusal([] { static_cast<void>(resultOf(TooLarge(), Text(), {})); }),
               "Misslungen: Das Ergebnis wäre größer als 2 GB");
+}
+
+TEST_F(TranslationTest, whatIsWrongWithAListOfUpdatesIsTranslatedToo) {
+    const struct {
+        QByteArray feed;
+        const char *english;
+        const char *german;
+    } refusals[] = {
+        {QByteArray(longestAppcast + 1, ' '), "longer than 1048576 bytes", "länger als 1048576 Bytes"},
+        {"<rss>\xff</rss>", "this is no UTF-8", "das ist kein UTF-8"},
+        {"<!DOCTYPE rss><rss/>", "a document type is not allowed", "ein Dokumenttyp ist nicht erlaubt"},
+        {"\n<html/>", "line 2: this is no RSS", "Zeile 2: das ist kein RSS"},
+        {QByteArray("<rss>").repeated(40), "line 1: the elements are nested too deeply",
+         "Zeile 1: die Elemente sind zu tief verschachtelt"},
+    };
+    for (const auto &refusal : refusals) {
+        EXPECT_EQ(parseAppcast(refusal.feed).error, refusal.english);
+    }
+    startWith({"de-DE"});
+    for (const auto &refusal : refusals) {
+        EXPECT_EQ(parseAppcast(refusal.feed).error, refusal.german);
+    }
 }
 
 TEST_F(TranslationTest, theUsersOwnNameOfARecipeStaysAsItIs) {
