@@ -1,16 +1,20 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
+#include "ui/editor/text_editor.h"
 #include "ui/window/status_item.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lexivore {
@@ -20,6 +24,25 @@ class Undoing : public WindowTest {
 protected:
     void undo() { press(Qt::Key_Z, Qt::ControlModifier); }
     void redo() { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+    [[nodiscard]] TextEditor &editor() { return *find<TextEditor>("editor"); }
+    [[nodiscard]] std::size_t caret() { return editor().document().caret(); }
+    void commit(const QString &committed) {
+        QInputMethodEvent event;
+        event.setCommitString(committed);
+        QApplication::sendEvent(&editor(), &event);
+    }
+    void chooseFromEditorMenu(const QString &title) {
+        QContextMenuEvent open(QContextMenuEvent::Keyboard, QPoint(10, 10), editor().mapToGlobal(QPoint(10, 10)));
+        QApplication::sendEvent(editor().viewport(), &open);
+        auto *const menu = editor().findChild<QMenu *>("editorContextMenu");
+        ASSERT_NE(menu, nullptr);
+        for (QAction *action : menu->actions()) {
+            if (action->text().remove(u'&') == title) {
+                action->trigger();
+            }
+        }
+        delete menu;
+    }
 };
 
 TEST_F(Undoing, TheMenuTakesBackATransformation) {
@@ -185,24 +208,6 @@ TEST_F(Undoing, RedoBringsBackWhatUndoTookBackWhereverTheKeyboardIs) {
     EXPECT_EQ(text(), "ABHELLO");
 }
 
-TEST_F(Undoing, TheEditorsContextMenuTakesBackAndDoesAgain) {
-    setText("hello");
-    click("transformation.uppercase");
-    for (const auto &[title, expected] : {std::pair("Undo", "hello"), std::pair("Redo", "HELLO")}) {
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5}, find("editor")->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(find("editor"), &event);
-        auto *menu = find<QMenu>("editorContextMenu");
-        ASSERT_NE(menu, nullptr);
-        for (QAction *action : menu->actions()) {
-            if (action->text().remove('&') == title) {
-                action->trigger();
-            }
-        }
-        delete menu;
-        EXPECT_EQ(text(), expected);
-    }
-}
-
 TEST_F(Undoing, TheCaretGoesWhereTheEditWas) {
     setText("one\ntwo\nthree");
     focusEditor();
@@ -231,6 +236,106 @@ TEST_F(Undoing, AFieldKeepsTheKeysOnlyAsLongAsItHasTypingToTakeBack) {
     EXPECT_EQ(find<QLineEdit>("search")->text(), "uppercase");
     redo();
     EXPECT_EQ(text(), "HELLO");
+}
+
+TEST_F(Undoing, ARunOfTypingOrDeletingIsTakenBackAtOnceAndTheCaretGoesThere) {
+    focusEditor();
+    type("one two three");
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Home);
+    press(Qt::Key_Delete);
+    press(Qt::Key_Delete);
+    ASSERT_EQ(text(), "e two thr");
+    const std::pair<std::string, std::size_t> earlier[] = {{"one two thr", 2}, {"one two three", 13}, {"", 0}, {"", 0}};
+    for (const auto &[expected, place] : earlier) {
+        undo();
+        EXPECT_EQ(text(), expected);
+        EXPECT_EQ(caret(), place) << expected;
+    }
+    const std::pair<std::string, std::size_t> later[] = {
+        {"one two three", 13}, {"one two thr", 11}, {"e two thr", 0}, {"e two thr", 0}};
+    for (const auto &[expected, place] : later) {
+        redo();
+        EXPECT_EQ(text(), expected);
+        EXPECT_EQ(caret(), place) << expected;
+    }
+    EXPECT_EQ(editor().text(), manager().currentText());
+}
+
+TEST_F(Undoing, TypingElsewhereOrAfterAnUndoOrRedoBeginsAnew) {
+    focusEditor();
+    type("ab");
+    press(Qt::Key_Home);
+    type("c");
+    undo();
+    EXPECT_EQ(text(), "ab");
+    type("d");
+    ASSERT_EQ(text(), "dab");
+    redo(); // typing forgot it
+    EXPECT_EQ(text(), "dab");
+    undo();
+    EXPECT_EQ(text(), "ab");
+    undo();
+    EXPECT_EQ(text(), "");
+    redo();
+    type("e");
+    ASSERT_EQ(text(), "abe");
+    undo();
+    EXPECT_EQ(text(), "ab");
+}
+
+TEST_F(Undoing, WhatIsCutPastedOverwrittenOrCommittedIsTakenBackOnItsOwn) {
+    setText("one two");
+    focusEditor();
+    press(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_X, Qt::ControlModifier);
+    ASSERT_EQ(text(), "two");
+    type("x");
+    QGuiApplication::clipboard()->setText("pasted");
+    press(Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(text(), "xpastedtwo");
+    press(Qt::Key_Insert);
+    type("2");
+    ASSERT_EQ(text(), "xpasted2wo");
+    editor().document().select(1, 7);
+    commit("pâté");
+    ASSERT_EQ(text(), "xpâté2wo");
+    press(Qt::Key_Backspace, Qt::ControlModifier);
+    ASSERT_EQ(text(), "2wo");
+
+    const std::string texts[] = {"xpâté2wo", "xpasted2wo", "xpastedtwo", "xtwo", "two", "one two"};
+    for (const std::string &earlier : texts) {
+        undo();
+        EXPECT_EQ(text(), earlier);
+    }
+    for (int i = 0; i < 6; ++i) {
+        redo();
+    }
+    EXPECT_EQ(text(), "2wo");
+}
+
+TEST_F(Undoing, WhatIsTakenBackByHandCanBeDoneAgain) {
+    focusEditor();
+    type("a");
+    press(Qt::Key_Backspace);
+    ASSERT_EQ(text(), "");
+    redo();
+    EXPECT_EQ(text(), "a");
+}
+
+TEST_F(Undoing, TheEditorsOwnMenuTakesBackTypingAndTransformations) {
+    setText("hello");
+    click("transformation.uppercase");
+    focusEditor();
+    type("ab");
+    chooseFromEditorMenu("Undo");
+    EXPECT_EQ(text(), "HELLO");
+    chooseFromEditorMenu("Undo");
+    EXPECT_EQ(text(), "hello");
+    chooseFromEditorMenu("Redo");
+    chooseFromEditorMenu("Redo");
+    EXPECT_EQ(text(), "abHELLO");
 }
 
 } // namespace
