@@ -83,12 +83,6 @@ bool TextEditor::setText(const Text &text) {
     return false;
 }
 
-void TextEditor::setReadOnly(bool readOnly) {
-    m_isReadOnly = readOnly;
-    setAttribute(Qt::WA_InputMethodEnabled, !readOnly);
-    restartBlinking();
-}
-
 void TextEditor::setUndoEnabled(bool enabled) {
     m_isUndoEnabled = enabled;
     m_document.setUndoEnabled(enabled);
@@ -143,17 +137,13 @@ bool TextEditor::findPrevious(std::string_view needle, TextSearch options) {
 }
 
 void TextEditor::undo() {
-    if (!m_isReadOnly) {
-        m_document.undo();
-        ensureCaretVisible();
-    }
+    m_document.undo();
+    ensureCaretVisible();
 }
 
 void TextEditor::redo() {
-    if (!m_isReadOnly) {
-        m_document.redo();
-        ensureCaretVisible();
-    }
+    m_document.redo();
+    ensureCaretVisible();
 }
 
 void TextEditor::selectAll() {
@@ -162,7 +152,7 @@ void TextEditor::selectAll() {
 }
 
 void TextEditor::deleteSelection() {
-    if (!m_isReadOnly && m_document.hasSelection()) {
+    if (m_document.hasSelection()) {
         m_document.insert({});
         ensureCaretVisible();
     }

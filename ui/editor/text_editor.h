@@ -47,8 +47,6 @@ public:
     [[nodiscard]] TextDocument &document() { return m_document; }
     [[nodiscard]] const TextDocument &document() const { return m_document; }
 
-    [[nodiscard]] bool isReadOnly() const { return m_isReadOnly; }
-    void setReadOnly(bool readOnly);
     /// When off, the editor keeps no edits to undo: the keys of undo and redo are left to the window, and the context
     /// menu asks for them by `undoRequested` and `redoRequested`. On at first.
     void setUndoEnabled(bool enabled);
@@ -250,7 +248,6 @@ private:
     bool m_isPreeditCursorShown = true;
 
     bool m_isUndoEnabled = true;
-    bool m_isReadOnly = false;
     bool m_isOverwriteMode = false;
 };
 

@@ -93,7 +93,7 @@ void *TextEditorAccessible::interface_cast(QAccessible::InterfaceType type) {
     if (type == QAccessible::TextInterface) {
         return static_cast<QAccessibleTextInterface *>(this);
     }
-    if (type == QAccessible::EditableTextInterface && !editor().isReadOnly()) {
+    if (type == QAccessible::EditableTextInterface) {
         return static_cast<QAccessibleEditableTextInterface *>(this);
     }
     return QAccessibleWidget::interface_cast(type);
@@ -103,8 +103,7 @@ QAccessible::State TextEditorAccessible::state() const {
     QAccessible::State state = QAccessibleWidget::state();
     state.multiLine = true;
     state.selectableText = true;
-    state.editable = !editor().isReadOnly();
-    state.readOnly = editor().isReadOnly();
+    state.editable = true;
     return state;
 }
 
@@ -255,9 +254,6 @@ void TextEditorAccessible::deleteText(int startOffset, int endOffset) { replaceT
 void TextEditorAccessible::insertText(int offset, const QString &text) { replaceText(offset, offset, text); }
 
 void TextEditorAccessible::replaceText(int startOffset, int endOffset, const QString &text) {
-    if (editor().isReadOnly()) {
-        return;
-    }
     const std::size_t begin = byteAt(startOffset);
     const std::size_t end = std::max(begin, byteAt(endOffset));
     document().replace(begin, end - begin, toUtf8(text));

@@ -17,10 +17,6 @@ constexpr std::size_t surroundingReach = 1024;
 } // namespace
 
 void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
-    if (m_isReadOnly) {
-        event->ignore();
-        return;
-    }
     const bool beginsToCompose = !event->preeditString().isEmpty() && event->commitString().isEmpty();
     if (beginsToCompose && m_document.hasSelection() && event->replacementLength() == 0) {
         m_document.insert({});
@@ -97,9 +93,9 @@ QVariant TextEditor::inputMethodQuery(Qt::InputMethodQuery query) const {
     };
     switch (query) {
     case Qt::ImEnabled:
-        return !m_isReadOnly;
+        return true;
     case Qt::ImReadOnly:
-        return m_isReadOnly;
+        return false;
     case Qt::ImHints:
         return static_cast<int>(inputMethodHints() | Qt::ImhMultiLine);
     case Qt::ImFont:

@@ -121,10 +121,10 @@ const std::array<QKeySequence::StandardKey, 12> editKeys{QKeySequence::Undo,
 bool TextEditor::isOwnKey(QKeyEvent *event) const {
     // Undo and redo belong to the editor only as long as there is typing to undo or redo.
     if (event->matches(QKeySequence::Undo)) {
-        return m_document.canUndo() && !m_isReadOnly;
+        return m_document.canUndo();
     }
     if (event->matches(QKeySequence::Redo)) {
-        return m_document.canRedo() && !m_isReadOnly;
+        return m_document.canRedo();
     }
     const bool isEdit = std::any_of(editKeys.begin(), editKeys.end(),
                                     [event](QKeySequence::StandardKey key) { return event->matches(key); });
@@ -314,9 +314,6 @@ bool TextEditor::editByKey(QKeyEvent *event) {
     if (event->matches(QKeySequence::SelectAll)) {
         selectAll();
         return true;
-    }
-    if (m_isReadOnly) {
-        return false;
     }
     if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) {
         const bool isOwn = isOwnKey(event);

@@ -32,7 +32,7 @@ void TextEditor::mousePressEvent(QMouseEvent *event) {
     m_pressPoint = event->position().toPoint();
     if (event->button() == Qt::MiddleButton) {
         const QClipboard *const clipboard = QGuiApplication::clipboard();
-        if (!m_isReadOnly && clipboard->supportsSelection()) {
+        if (clipboard->supportsSelection()) {
             moveTo(target, Anchor::moves);
             pasteFrom(clipboard->mimeData(QClipboard::Selection));
         }
@@ -174,8 +174,8 @@ void TextEditor::contextMenuEvent(QContextMenuEvent *event) {
             moveTo(target, Anchor::moves);
         }
     }
-    const bool canPaste = !m_isReadOnly && QGuiApplication::clipboard()->mimeData() != nullptr &&
-                          QGuiApplication::clipboard()->mimeData()->hasText();
+    const bool canPaste =
+        QGuiApplication::clipboard()->mimeData() != nullptr && QGuiApplication::clipboard()->mimeData()->hasText();
     auto *const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setObjectName(QStringLiteral("editorContextMenu"));
@@ -185,19 +185,18 @@ void TextEditor::contextMenuEvent(QContextMenuEvent *event) {
         action->setShortcut(key);
         action->setEnabled(enabled);
     };
-    const bool canChange = !m_isReadOnly;
     if (m_isUndoEnabled) {
-        add(tr("&Undo"), QKeySequence::Undo, canChange && m_document.canUndo(), &TextEditor::undo);
-        add(tr("&Redo"), QKeySequence::Redo, canChange && m_document.canRedo(), &TextEditor::redo);
+        add(tr("&Undo"), QKeySequence::Undo, m_document.canUndo(), &TextEditor::undo);
+        add(tr("&Redo"), QKeySequence::Redo, m_document.canRedo(), &TextEditor::redo);
     } else {
-        add(tr("&Undo"), QKeySequence::Undo, canChange, &TextEditor::undoRequested);
-        add(tr("&Redo"), QKeySequence::Redo, canChange, &TextEditor::redoRequested);
+        add(tr("&Undo"), QKeySequence::Undo, true, &TextEditor::undoRequested);
+        add(tr("&Redo"), QKeySequence::Redo, true, &TextEditor::redoRequested);
     }
     menu->addSeparator();
-    add(tr("Cu&t"), QKeySequence::Cut, canChange && m_document.hasSelection(), &TextEditor::cut);
+    add(tr("Cu&t"), QKeySequence::Cut, m_document.hasSelection(), &TextEditor::cut);
     add(tr("&Copy"), QKeySequence::Copy, m_document.hasSelection(), &TextEditor::copy);
     add(tr("&Paste"), QKeySequence::Paste, canPaste, &TextEditor::paste);
-    add(tr("Delete"), QKeySequence::UnknownKey, canChange && m_document.hasSelection(), &TextEditor::deleteSelection);
+    add(tr("Delete"), QKeySequence::UnknownKey, m_document.hasSelection(), &TextEditor::deleteSelection);
     menu->addSeparator();
     add(tr("Select All"), QKeySequence::SelectAll, !text().empty(), &TextEditor::selectAll);
     const QPoint place = event->reason() == QContextMenuEvent::Mouse
@@ -208,7 +207,7 @@ void TextEditor::contextMenuEvent(QContextMenuEvent *event) {
 }
 
 void TextEditor::cut() {
-    if (!m_isReadOnly && m_document.hasSelection()) {
+    if (m_document.hasSelection()) {
         copy();
         deleteSelection();
     }
@@ -223,7 +222,7 @@ void TextEditor::copy() {
 void TextEditor::paste() { pasteFrom(QGuiApplication::clipboard()->mimeData()); }
 
 void TextEditor::pasteFrom(const QMimeData *mimeData) {
-    if (m_isReadOnly || mimeData == nullptr || !mimeData->hasText()) {
+    if (mimeData == nullptr || !mimeData->hasText()) {
         return;
     }
     const Text pasted = textOf(*mimeData);
@@ -242,8 +241,7 @@ void TextEditor::startDrag() {
     auto *const drag = new QDrag(this);
     drag->setMimeData(new TextMimeData(m_document.selectedText()));
     m_isDragging = true;
-    const Qt::DropActions allowed = m_isReadOnly ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
-    const Qt::DropAction action = drag->exec(allowed, m_isReadOnly ? Qt::CopyAction : Qt::MoveAction);
+    const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
     // A move within the editor was carried out by the drop.
     const bool leftForElsewhere = action == Qt::MoveAction && drag->target() != this && drag->target() != viewport();
     m_isDragging = false;
@@ -253,7 +251,7 @@ void TextEditor::startDrag() {
 }
 
 void TextEditor::dragEnterEvent(QDragEnterEvent *event) {
-    if (m_isReadOnly || !event->mimeData()->hasText()) {
+    if (!event->mimeData()->hasText()) {
         event->ignore();
         return;
     }
@@ -261,7 +259,7 @@ void TextEditor::dragEnterEvent(QDragEnterEvent *event) {
 }
 
 void TextEditor::dragMoveEvent(QDragMoveEvent *event) {
-    if (m_isReadOnly || !event->mimeData()->hasText()) {
+    if (!event->mimeData()->hasText()) {
         event->ignore();
         return;
     }
@@ -291,7 +289,7 @@ void TextEditor::forgetDrop() {
 
 void TextEditor::dropEvent(QDropEvent *event) {
     forgetDrop();
-    if (m_isReadOnly || !event->mimeData()->hasText()) {
+    if (!event->mimeData()->hasText()) {
         event->ignore();
         return;
     }

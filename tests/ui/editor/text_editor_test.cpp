@@ -170,18 +170,6 @@ TEST_F(TextEditorTest, SaysWhereTheCaretIs) {
     EXPECT_EQ(moved.last().at(1).toULongLong(), 3U);
 }
 
-TEST_F(TextEditorTest, ReadOnlyTextCanBeSelectedAndCopiedButNotChanged) {
-    show("abc");
-    editor.setReadOnly(true);
-    type("x");
-    keys("Delete");
-    editor.paste();
-    keys("Ctrl+A");
-    keys("Ctrl+X");
-    EXPECT_EQ(text(), "abc");
-    EXPECT_EQ(document().selectedText().size(), 3U);
-}
-
 TEST_F(TextEditorTest, FindsAroundTheEnd) {
     show("one two one");
     EXPECT_TRUE(editor.findNext("one"));
