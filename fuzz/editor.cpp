@@ -15,7 +15,6 @@
 
 #include <algorithm>
 #include <string>
-#include <vector>
 
 namespace lexivore::fuzz {
 namespace {
@@ -50,7 +49,6 @@ public:
             act();
             check();
         }
-        undoAndRedoEverything();
     }
 
 private:
@@ -58,11 +56,10 @@ private:
         switch (m_input.byte()) {
         case 'd':
             return m_document.remove(m_document.caret(),
-                                     m_document.nextCharacter(m_document.caret()) - m_document.caret(),
-                                     EditKind::deletingAhead);
+                                     m_document.nextCharacter(m_document.caret()) - m_document.caret());
         case 'b': {
             const std::size_t begin = m_document.previousCharacter(m_document.caret());
-            return m_document.remove(begin, m_document.caret() - begin, EditKind::deletingBack);
+            return m_document.remove(begin, m_document.caret() - begin);
         }
         case 'r':
             return replace();
@@ -80,16 +77,12 @@ private:
             return m_document.select(m_document.lineBegin(m_document.caret()), m_document.lineEnd(m_document.caret()));
         case 'f':
             return find();
-        case 'u':
-            return m_document.undo();
-        case 'U':
-            return m_document.redo();
         case 'x':
             return setText(m_input.field());
         case 'n':
             return grow();
         default:
-            return (void)m_document.insert(wellFormed(m_input.field()), EditKind::typing);
+            return (void)m_document.insert(wellFormed(m_input.field()));
         }
     }
 
@@ -133,20 +126,6 @@ private:
         require(back && back->offset >= found->offset, "a match is found from behind as well");
         require(countMatches(m_document.text(), needle, search) > 0, "a match counts");
         m_document.select(found->offset, found->offset + found->length);
-    }
-
-    void undoAndRedoEverything() {
-        std::vector<std::string> texts;
-        while (m_document.canUndo()) {
-            texts.push_back(m_plain);
-            m_document.undo();
-            check();
-        }
-        for (; !texts.empty(); texts.pop_back()) {
-            m_document.redo();
-            check();
-            require(m_plain == texts.back(), "redo brings back the text that undo took");
-        }
     }
 
     void check() {

@@ -54,11 +54,8 @@ bool TextDocument::setText(const Text &text) {
     if (difference.removed == 0 && difference.inserted == 0) {
         return true;
     }
-    const bool couldUndo = canUndo();
-    const bool couldRedo = canRedo();
     // Characters can begin elsewhere in front of the change too, but never in front of the one that it touches.
     m_index.replaced(m_text, difference.offset, difference.removed, difference.inserted);
-    m_history.clear();
     const auto follow = [&difference](std::size_t offset) {
         const std::size_t changedEnd = difference.offset + difference.removed;
         return offset > changedEnd ? offset - difference.removed + difference.inserted
@@ -68,13 +65,7 @@ bool TextDocument::setText(const Text &text) {
     m_anchor = boundaryAt(follow(m_anchor));
     emit textReplaced(difference.offset, difference.removed, difference.inserted);
     emit selectionChanged();
-    announceHistory(couldUndo, couldRedo);
     return true;
-}
-
-void TextDocument::setUndoEnabled(bool enabled) {
-    m_isUndoEnabled = enabled;
-    m_history.clear();
 }
 
 QString TextDocument::lineEnding() const {
@@ -105,7 +96,6 @@ void TextDocument::select(std::size_t anchor, std::size_t caret) {
     }
     m_anchor = newAnchor;
     m_caret = newCaret;
-    m_history.close();
     emit selectionChanged();
 }
 
@@ -200,7 +190,7 @@ std::size_t TextDocument::offsetOfUnit(std::size_t unit) const {
     return place.before.bytes + static_cast<std::size_t>(position - chunk.data());
 }
 
-bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_view replacement, EditKind kind) {
+bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_view replacement) {
     const std::size_t begin = boundaryAt(offset);
     const std::size_t end = length == 0 ? begin : boundaryAt(std::min(offset + length, m_text.size()), Side::behind);
     if (begin == end && replacement.empty()) {
@@ -209,72 +199,27 @@ bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_v
     if (replacement.size() > maximumSize - (m_text.size() - (end - begin))) {
         return false;
     }
-    EditStep step;
-    step.offset = begin;
-    step.removed = m_text.slice(begin, end - begin);
-    step.inserted = Text(replacement);
-    step.caretBefore = m_caret;
-    step.anchorBefore = m_anchor;
-    step.caretAfter = begin + replacement.size();
-    step.anchorAfter = step.caretAfter;
-    const bool couldUndo = canUndo();
-    const bool couldRedo = canRedo();
-    if (m_isUndoEnabled) {
-        m_history.push(step, kind);
+    const Text removed = m_text.slice(begin, end - begin);
+    const Text inserted(replacement);
+    m_text = m_text.replaced(begin, removed.size(), inserted);
+    m_index.replaced(m_text, begin, removed.size(), inserted.size());
+    // What was inserted may have joined what stands around it, so that its end is no place between characters.
+    m_caret = boundaryAt(begin + inserted.size(), Side::behind);
+    m_anchor = m_caret;
+    {
+        const QScopedValueRollback announcing(m_isAnnouncing, true);
+        const QScopedValueRollback removing(m_removedText, removed);
+        emit edited(begin, removed.size(), inserted.view());
     }
-    apply(step);
-    announceHistory(couldUndo, couldRedo);
+    emit selectionChanged();
     return true;
 }
 
-bool TextDocument::insert(std::string_view inserted, EditKind kind) {
-    return replace(selectionStart(), selectionEnd() - selectionStart(), inserted, kind);
+bool TextDocument::insert(std::string_view inserted) {
+    return replace(selectionStart(), selectionEnd() - selectionStart(), inserted);
 }
 
-void TextDocument::remove(std::size_t offset, std::size_t length, EditKind kind) { replace(offset, length, {}, kind); }
-
-void TextDocument::undo() {
-    if (!canUndo()) {
-        return;
-    }
-    const bool couldRedo = canRedo();
-    const EditStep step = m_history.undo();
-    apply({step.offset, step.inserted, step.removed, step.caretAfter, step.anchorAfter, step.caretBefore,
-           step.anchorBefore});
-    announceHistory(true, couldRedo);
-}
-
-void TextDocument::redo() {
-    if (!canRedo()) {
-        return;
-    }
-    const bool couldUndo = canUndo();
-    apply(m_history.redo());
-    announceHistory(couldUndo, true);
-}
-
-void TextDocument::apply(const EditStep &step) {
-    m_text = m_text.replaced(step.offset, step.removed.size(), step.inserted);
-    m_index.replaced(m_text, step.offset, step.removed.size(), step.inserted.size());
-    // What was inserted may have joined what stands around it, so that its end is no place between characters.
-    m_caret = boundaryAt(step.caretAfter, Side::behind);
-    m_anchor = step.anchorAfter == step.caretAfter ? m_caret : boundaryAt(step.anchorAfter, Side::behind);
-    {
-        const QScopedValueRollback announcing(m_isAnnouncing, true);
-        const QScopedValueRollback removing(m_removedText, step.removed);
-        emit edited(step.offset, step.removed.size(), step.inserted.view());
-    }
-    emit selectionChanged();
-}
-
-void TextDocument::announceHistory(bool couldUndo, bool couldRedo) {
-    if (canUndo() != couldUndo) {
-        emit undoAvailable(canUndo());
-    }
-    if (canRedo() != couldRedo) {
-        emit redoAvailable(canRedo());
-    }
-}
+void TextDocument::remove(std::size_t offset, std::size_t length) { replace(offset, length, {}); }
 
 std::string_view TextDocument::bytes(std::size_t offset, std::size_t length) const {
     return readText(m_text, offset, length, m_scratch);

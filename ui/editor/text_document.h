@@ -3,7 +3,6 @@
 #pragma once
 
 #include "engine/text.h"
-#include "ui/editor/edit_history.h"
 #include "ui/editor/text_index.h"
 #include "ui/editor/text_search.h"
 
@@ -15,11 +14,12 @@
 
 namespace lexivore {
 
-/// The editor's model, without any widget: the exact text, the caret and the selection, the edits and their undo.
+/// The editor's model, without any widget: the exact text, the caret and the selection. It keeps no edits to undo: it
+/// announces each, and who listens can remember them.
 ///
 /// Offsets are in bytes and lie between characters (so never inside a CR LF); one that does not is moved to the
-/// boundary before it, one behind the end to the end. Every operation but `setText` and an undo or redo of something
-/// large costs the change and a few kilobytes, whatever the size of the text.
+/// boundary before it, one behind the end to the end. Every operation but `setText` costs the change and a few
+/// kilobytes, whatever the size of the text.
 class TextDocument : public QObject {
     Q_OBJECT
 
@@ -38,10 +38,9 @@ public:
     explicit TextDocument(QObject *parent = nullptr);
 
     [[nodiscard]] const Text &text() const { return m_text; }
-    /// Shows another text and forgets the edits. Costs a comparison with the old one and a pass over what is different,
-    /// so it is cheap to go back to a text that shares most bytes with the one shown. The caret and the selection stay
-    /// with what stands in front of the change or behind it; within it they go to its start. The same bytes change and
-    /// announce nothing.
+    /// Shows another text. Costs a comparison with the old one and a pass over what is different, so it is cheap to go
+    /// back to a text that shares most bytes with the one shown. The caret and the selection stay with what stands in
+    /// front of the change or behind it; within it they go to its start. The same bytes change and announce nothing.
     /// False, and nothing happens, when the text is too large.
     bool setText(const Text &text);
 
@@ -96,47 +95,31 @@ public:
 
     /// Replaces a range and puts the caret behind the replacement. Bytes that are no UTF-8 are the caller's mistake.
     /// False when the text would become too large: nothing happens then.
-    bool replace(std::size_t offset, std::size_t length, std::string_view replacement, EditKind kind = EditKind::other);
+    bool replace(std::size_t offset, std::size_t length, std::string_view replacement);
     /// Replaces the selection, or inserts at the caret.
-    bool insert(std::string_view inserted, EditKind kind = EditKind::other);
-    void remove(std::size_t offset, std::size_t length, EditKind kind = EditKind::other);
-    /// What is typed next is undone on its own.
-    void closeTyping() { m_history.close(); }
-
-    /// Whether edits are remembered. Not for a document whose owner keeps the order of edits and other changes himself.
-    void setUndoEnabled(bool enabled);
-    [[nodiscard]] bool canUndo() const { return m_history.canUndo(); }
-    [[nodiscard]] bool canRedo() const { return m_history.canRedo(); }
-    void undo();
-    void redo();
+    bool insert(std::string_view inserted);
+    void remove(std::size_t offset, std::size_t length);
 
     /// What the change that is being announced took away. Nothing at other times.
     [[nodiscard]] const Text &removedText() const { return m_removedText; }
 
 signals:
-    /// An edit, an undo of one or a redo. `inserted` is valid during the call.
+    /// An edit. `inserted` is valid during the call.
     void edited(std::size_t offset, std::size_t removed, std::string_view inserted);
     /// Another text is shown, which differs from the old one in this range.
     void textReplaced(std::size_t offset, std::size_t removed, std::size_t inserted);
     /// The caret or the selection is elsewhere.
     void selectionChanged();
-    void undoAvailable(bool available);
-    void redoAvailable(bool available);
 
 private:
-    /// Makes the change and announces it.
-    void apply(const EditStep &step);
-    void announceHistory(bool couldUndo, bool couldRedo);
     [[nodiscard]] std::string_view bytes(std::size_t offset, std::size_t length) const;
 
     Text m_text;
     TextIndex m_index;
-    EditHistory m_history;
     std::size_t m_caret = 0;
     std::size_t m_anchor = 0;
     Text m_removedText;
     bool m_isAnnouncing = false;
-    bool m_isUndoEnabled = true;
     mutable std::string m_scratch;
 };
 

@@ -83,11 +83,6 @@ bool TextEditor::setText(const Text &text) {
     return false;
 }
 
-void TextEditor::setUndoEnabled(bool enabled) {
-    m_isUndoEnabled = enabled;
-    m_document.setUndoEnabled(enabled);
-}
-
 void TextEditor::setOverwriteMode(bool overwrite) {
     if (m_isOverwriteMode != overwrite) {
         m_isOverwriteMode = overwrite;
@@ -134,16 +129,6 @@ bool TextEditor::findPrevious(std::string_view needle, TextSearch options) {
         ensureCaretVisible();
     }
     return match.has_value();
-}
-
-void TextEditor::undo() {
-    m_document.undo();
-    ensureCaretVisible();
-}
-
-void TextEditor::redo() {
-    m_document.redo();
-    ensureCaretVisible();
 }
 
 void TextEditor::selectAll() {
@@ -250,7 +235,6 @@ void TextEditor::focusInEvent(QFocusEvent *event) {
 
 void TextEditor::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
-    m_document.closeTyping();
     m_blinkTimer.stop();
     updateEverything();
 }

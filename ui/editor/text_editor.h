@@ -38,18 +38,15 @@ public:
 
     /// Shares everything with the text that is shown. Constant time.
     [[nodiscard]] const Text &text() const { return m_document.text(); }
-    /// Shows `text` and forgets the edits. See `TextDocument::setText` for the cost and for where the caret goes: the
-    /// text that is shown already costs nothing, so whatever `edited` led to can be handed back.
-    /// False when the text is larger than `TextDocument::maximumSize`: the old one stays.
+    /// Shows `text`. See `TextDocument::setText` for the cost and for where the caret goes: the text that is shown
+    /// already costs nothing, so whatever `edited` led to can be handed back. False when the text is larger than
+    /// `TextDocument::maximumSize`: the old one stays.
     bool setText(const Text &text);
 
     /// The model: counts, caret, selection, search. Changing it changes what is shown.
     [[nodiscard]] TextDocument &document() { return m_document; }
     [[nodiscard]] const TextDocument &document() const { return m_document; }
 
-    /// When off, the editor keeps no edits to undo: the keys of undo and redo are left to the window, and the context
-    /// menu asks for them by `undoRequested` and `redoRequested`. On at first.
-    void setUndoEnabled(bool enabled);
     [[nodiscard]] bool isOverwriteMode() const { return m_isOverwriteMode; }
     void setOverwriteMode(bool overwrite);
 
@@ -69,21 +66,21 @@ public slots:
     void cut();
     void copy();
     void paste();
-    void undo();
-    void redo();
     void selectAll();
     /// Removes the selection.
     void deleteSelection();
 
 signals:
-    /// The user, or an undo of the user's typing, replaced `removed` bytes at `offset` by `inserted`, which is valid
-    /// during the call. `text()` is the new text already. Not emitted for `setText`.
+    /// The user replaced `removed` bytes at `offset` by `inserted`, which is valid during the call. `text()` is the new
+    /// text already. Not emitted for `setText`.
     void edited(std::size_t offset, std::size_t removed, std::string_view inserted);
     /// Line and column of the caret, from 1; the column counts characters.
     void caretMoved(std::size_t line, std::size_t column);
     /// The characters, words, lines or line endings of the text may be others now.
     void countsChanged();
     void selectionChanged();
+    /// Chosen from the context menu. Edits and transformations are undone in one order, which the window keeps; the
+    /// keys of undo and redo are left to it as well.
     void undoRequested();
     void redoRequested();
     /// Ctrl and the wheel: so many steps larger or, negative, smaller.
@@ -190,12 +187,12 @@ private:
     /// The place one character to the left or the right of the caret, as the eye sees it.
     [[nodiscard]] std::size_t besideCaret(bool left) const;
     bool editByKey(QKeyEvent *event);
-    bool isOwnKey(QKeyEvent *event) const;
+    static bool isOwnKey(QKeyEvent *event);
     void moveByRows(int rows, Anchor anchor);
     void moveByPage(int pages, Anchor anchor);
-    void removeUpTo(std::size_t offset, EditKind kind);
+    void removeUpTo(std::size_t offset);
     void insertTyped(std::string_view typed);
-    bool insertOrRefuse(std::string_view inserted, EditKind kind);
+    bool insertOrRefuse(std::string_view inserted);
 
     // text_editor_mouse.cpp
     void extendSelection(QPoint point);
@@ -247,7 +244,6 @@ private:
     int m_preeditCursor = 0;
     bool m_isPreeditCursorShown = true;
 
-    bool m_isUndoEnabled = true;
     bool m_isOverwriteMode = false;
 };
 

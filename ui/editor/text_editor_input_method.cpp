@@ -36,7 +36,7 @@ void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
         if (begin == end && begin == m_document.caret()) {
             insertTyped(committed);
         } else {
-            m_document.replace(begin, end - begin, committed, EditKind::typing);
+            m_document.replace(begin, end - begin, committed);
         }
     }
 

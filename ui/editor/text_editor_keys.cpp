@@ -103,9 +103,7 @@ QString typedBy(const QKeyEvent *event) {
     return isText ? text : QString();
 }
 
-const std::array<QKeySequence::StandardKey, 12> editKeys{QKeySequence::Undo,
-                                                         QKeySequence::Redo,
-                                                         QKeySequence::Copy,
+const std::array<QKeySequence::StandardKey, 10> editKeys{QKeySequence::Copy,
                                                          QKeySequence::Cut,
                                                          QKeySequence::Paste,
                                                          QKeySequence::SelectAll,
@@ -118,14 +116,7 @@ const std::array<QKeySequence::StandardKey, 12> editKeys{QKeySequence::Undo,
 
 } // namespace
 
-bool TextEditor::isOwnKey(QKeyEvent *event) const {
-    // Undo and redo belong to the editor only as long as there is typing to undo or redo.
-    if (event->matches(QKeySequence::Undo)) {
-        return m_document.canUndo();
-    }
-    if (event->matches(QKeySequence::Redo)) {
-        return m_document.canRedo();
-    }
+bool TextEditor::isOwnKey(QKeyEvent *event) {
     const bool isEdit = std::any_of(editKeys.begin(), editKeys.end(),
                                     [event](QKeySequence::StandardKey key) { return event->matches(key); });
     const bool isPlain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
@@ -315,11 +306,6 @@ bool TextEditor::editByKey(QKeyEvent *event) {
         selectAll();
         return true;
     }
-    if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) {
-        const bool isOwn = isOwnKey(event);
-        event->matches(QKeySequence::Undo) ? undo() : redo();
-        return isOwn;
-    }
     if (event->matches(QKeySequence::Cut)) {
         cut();
     } else if (event->key() == Qt::Key_Insert && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
@@ -327,24 +313,24 @@ bool TextEditor::editByKey(QKeyEvent *event) {
     } else if (event->matches(QKeySequence::Paste)) {
         paste();
     } else if (event->matches(QKeySequence::DeleteEndOfWord)) {
-        removeUpTo(m_document.nextWord(caret), EditKind::other);
+        removeUpTo(m_document.nextWord(caret));
     } else if (event->matches(QKeySequence::DeleteStartOfWord)) {
-        removeUpTo(m_document.previousWord(caret), EditKind::other);
+        removeUpTo(m_document.previousWord(caret));
     } else if (event->matches(QKeySequence::DeleteEndOfLine) ||
                (event->key() == Qt::Key_Delete && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier))) {
         const std::size_t end = m_document.lineEnd(caret);
-        removeUpTo(end == caret ? m_document.nextCharacter(caret) : end, EditKind::other);
+        removeUpTo(end == caret ? m_document.nextCharacter(caret) : end);
     } else if (event->key() == Qt::Key_Backspace && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
         const std::size_t begin = m_document.lineBegin(caret);
-        removeUpTo(begin == caret ? m_document.previousCharacter(caret) : begin, EditKind::other);
+        removeUpTo(begin == caret ? m_document.previousCharacter(caret) : begin);
     } else if (event->matches(QKeySequence::Delete)) {
-        removeUpTo(m_document.nextCharacter(caret), EditKind::deletingAhead);
+        removeUpTo(m_document.nextCharacter(caret));
     } else if (event->matches(QKeySequence::Backspace) ||
                (event->key() == Qt::Key_Backspace && (event->modifiers() & ~Qt::ShiftModifier) == 0)) {
-        removeUpTo(m_document.previousCharacter(caret), EditKind::deletingBack);
+        removeUpTo(m_document.previousCharacter(caret));
     } else if (event->matches(QKeySequence::InsertParagraphSeparator) ||
                event->matches(QKeySequence::InsertLineSeparator)) {
-        insertOrRefuse(m_document.newline(), EditKind::typing);
+        insertOrRefuse(m_document.newline());
     } else if (event->key() == Qt::Key_Insert && event->modifiers() == Qt::NoModifier) {
         setOverwriteMode(!m_isOverwriteMode);
     } else if (const QString typed = typedBy(event); !typed.isEmpty()) {
@@ -356,26 +342,26 @@ bool TextEditor::editByKey(QKeyEvent *event) {
     return true;
 }
 
-void TextEditor::removeUpTo(std::size_t offset, EditKind kind) {
+void TextEditor::removeUpTo(std::size_t offset) {
     if (m_document.hasSelection()) {
         m_document.insert({});
         return;
     }
     const std::size_t caret = m_document.caret();
-    m_document.remove(std::min(offset, caret), offset < caret ? caret - offset : offset - caret, kind);
+    m_document.remove(std::min(offset, caret), offset < caret ? caret - offset : offset - caret);
 }
 
 void TextEditor::insertTyped(std::string_view typed) {
     const std::size_t caret = m_document.caret();
     if (m_isOverwriteMode && !m_document.hasSelection() && caret != m_document.lineEnd(caret)) {
-        m_document.replace(caret, m_document.nextCharacter(caret) - caret, typed, EditKind::typing);
+        m_document.replace(caret, m_document.nextCharacter(caret) - caret, typed);
         return;
     }
-    insertOrRefuse(typed, EditKind::typing);
+    insertOrRefuse(typed);
 }
 
-bool TextEditor::insertOrRefuse(std::string_view inserted, EditKind kind) {
-    if (m_document.insert(inserted, kind)) {
+bool TextEditor::insertOrRefuse(std::string_view inserted) {
+    if (m_document.insert(inserted)) {
         return true;
     }
     emit refused(tr("The text would be larger than 2 GB, the most that the editor can hold."));

@@ -185,13 +185,8 @@ void TextEditor::contextMenuEvent(QContextMenuEvent *event) {
         action->setShortcut(key);
         action->setEnabled(enabled);
     };
-    if (m_isUndoEnabled) {
-        add(tr("&Undo"), QKeySequence::Undo, m_document.canUndo(), &TextEditor::undo);
-        add(tr("&Redo"), QKeySequence::Redo, m_document.canRedo(), &TextEditor::redo);
-    } else {
-        add(tr("&Undo"), QKeySequence::Undo, true, &TextEditor::undoRequested);
-        add(tr("&Redo"), QKeySequence::Redo, true, &TextEditor::redoRequested);
-    }
+    add(tr("&Undo"), QKeySequence::Undo, true, &TextEditor::undoRequested);
+    add(tr("&Redo"), QKeySequence::Redo, true, &TextEditor::redoRequested);
     menu->addSeparator();
     add(tr("Cu&t"), QKeySequence::Cut, m_document.hasSelection(), &TextEditor::cut);
     add(tr("&Copy"), QKeySequence::Copy, m_document.hasSelection(), &TextEditor::copy);
@@ -226,7 +221,7 @@ void TextEditor::pasteFrom(const QMimeData *mimeData) {
         return;
     }
     const Text pasted = textOf(*mimeData);
-    insertOrRefuse(pasted.view(), EditKind::other);
+    insertOrRefuse(pasted.view());
     ensureCaretVisible();
 }
 
@@ -315,7 +310,7 @@ void TextEditor::dropEvent(QDropEvent *event) {
     } else {
         m_document.setCaret(offset);
         from = m_document.caret();
-        if (!insertOrRefuse(dropped.view(), EditKind::other)) {
+        if (!insertOrRefuse(dropped.view())) {
             event->setDropAction(Qt::IgnoreAction); // Where it comes from it must not be taken away.
             event->ignore();
             return;

@@ -52,8 +52,6 @@ EditorPane::EditorPane(TransformationManager &manager, WindowState &state, QWidg
 }
 
 void EditorPane::connectEditor() {
-    // Edits and transformations are undone in one order, which the window keeps.
-    m_editor->setUndoEnabled(false);
     connect(m_editor, &TextEditor::edited, this, &EditorPane::edited);
     connect(m_editor, &TextEditor::undoRequested, this, &EditorPane::undoRequested);
     connect(m_editor, &TextEditor::redoRequested, this, &EditorPane::redoRequested);

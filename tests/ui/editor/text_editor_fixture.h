@@ -34,6 +34,11 @@ protected:
         editor.setText(Text(text));
         followed = text;
     }
+    /// As undo in the window does.
+    void goBackTo(const Text &earlier) {
+        editor.setText(earlier);
+        followed = text();
+    }
     [[nodiscard]] std::string text() const { return std::string(Text(editor.text()).view()); }
     void keys(const char *sequence) { QTest::keySequence(&editor, QKeySequence(QString::fromLatin1(sequence))); }
     void type(const char *typed) { QTest::keyClicks(&editor, QString::fromLatin1(typed)); }

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QSignalSpy>
 
 namespace lexivore {
 namespace {
@@ -143,12 +144,12 @@ TEST_F(TextEditorMouseTest, DraggingAfterADoubleClickSelectsByWordsAndAfterATrip
 
 TEST_F(TextEditorMouseTest, TakesTextThatIsDroppedAsOneEditAndSelectsIt) {
     show("one two");
+    const QSignalSpy edits(&editor, &TextEditor::edited);
     drop("x\r\ny", pointOf(4), Qt::CopyAction);
     EXPECT_EQ(text(), "one x\r\nytwo");
     EXPECT_EQ(selected(), "x\r\ny");
     EXPECT_EQ(followed, text());
-    keys("Ctrl+Z");
-    EXPECT_EQ(text(), "one two");
+    EXPECT_EQ(edits.size(), 1);
 }
 
 TEST_F(TextEditorMouseTest, ScrollsWhileSomethingIsHeldOverAnEdge) {
@@ -190,15 +191,14 @@ TEST_F(TextEditorMouseTest, TheContextMenuOffersWhatCanBeDone) {
     };
     QGuiApplication::clipboard()->clear();
     show("");
-    EXPECT_EQ(enabled(), "");
+    EXPECT_EQ(enabled(), "Undo Redo");
     show("abc");
-    EXPECT_EQ(enabled(), "Select All");
-    type("x");
+    EXPECT_EQ(enabled(), "Undo Redo Select All");
     keys("Shift+Right");
     keys("Ctrl+C");
-    EXPECT_EQ(enabled(), "Undo Cut Copy Paste Delete Select All");
-    keys("Ctrl+Z");
-    EXPECT_EQ(enabled(), "Redo Paste Select All");
+    EXPECT_EQ(enabled(), "Undo Redo Cut Copy Paste Delete Select All");
+    keys("Right");
+    EXPECT_EQ(enabled(), "Undo Redo Paste Select All");
 }
 
 TEST_F(TextEditorMouseTest, ARightClickKeepsTheSelectionItIsIn) {
