@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
-#include "ui/flows/editor_font_flow.h"
 #include "ui/icon.h"
 #include "ui/theme/theme.h"
 #include "ui/window/category_button.h"
@@ -9,7 +8,6 @@
 #include "ui/window/transformation_button.h"
 #include "ui/window/transformation_list.h"
 
-#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -17,9 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QSlider>
 #include <QTranslator>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <cstdlib>
@@ -316,148 +312,11 @@ TEST_F(MainWindow, ApplyingToNoTextIsAnError) {
     EXPECT_EQ(find<QLabel>("message")->text(), "Invalid input: Text is empty");
 }
 
-TEST_F(MainWindow, TheFontSizeIsKept) {
-    EXPECT_EQ(state().editorFontSize(), 13);
-    click("editorSettings");
-    find<QSlider>("fontSize")->setValue(18);
-    click("done");
-    EXPECT_EQ(state().editorFontSize(), 18);
-    EXPECT_EQ(preferences.value(preference::editorFontSize).toDouble(), 18);
-    restart();
-    EXPECT_EQ(state().editorFontSize(), 18);
-    preferences.setValue(preference::editorFontSize, 0);
-    restart();
-    EXPECT_EQ(state().editorFontSize(), 13);
-    preferences.setValue(preference::editorFontSize, 72.0);
-    restart();
-    EXPECT_EQ(find("editor")->font().pointSizeF(), 72);
-}
-
-TEST_F(MainWindow, AStoredFontSizeOfAnyKindLeavesAnEditorToReadIn) {
-    const std::pair<QVariant, double> stored[] = {
-        {QVariant(), 13}, {0.0, 13},  {QString("large"), 13}, {QVariantList{20}, 13}, {true, 1}, {-3.0, -3},
-        {3.5, 3.5},       {1e9, 1e9},
-    };
-    setText("some text");
-    for (const auto &[value, size] : stored) {
-        preferences.setValue(preference::editorFontSize, value);
-        restart();
-        EXPECT_EQ(state().editorFontSize(), size);
-        setText("some text");
-        const QImage picture = find("editor")->grab().toImage();
-        EXPECT_FALSE(picture.isNull());
-        click("editorSettings");
-        EXPECT_GE(find<QSlider>("fontSize")->value(), 9);
-        EXPECT_LE(find<QSlider>("fontSize")->value(), 24);
-        EXPECT_TRUE(window().rect().contains(find("editorSettingsSheet")->geometry()));
-        EXPECT_FALSE(find("editorSettingsSheet")->grab().isNull());
-        click("done");
-        EXPECT_EQ(preferences.value(preference::editorFontSize), value) << "kept until the slider moves";
-    }
-    preferences.values.remove(preference::editorFontSize);
-    restart();
-    EXPECT_EQ(state().editorFontSize(), 13);
-}
-
-TEST_F(MainWindow, ZoomingStaysWithinTheSettingsRange) {
-    choose("ZoomIn");
-    EXPECT_EQ(state().editorFontSize(), 14);
-    for (int i = 0; i < 30; ++i) {
-        choose("ZoomOut");
-    }
-    EXPECT_EQ(state().editorFontSize(), 9);
-    for (int i = 0; i < 30; ++i) {
-        choose("ZoomIn");
-    }
-    EXPECT_EQ(state().editorFontSize(), 24);
-    choose("ResetZoom");
-    EXPECT_EQ(state().editorFontSize(), 13);
-}
-
-TEST_F(MainWindow, ZoomingFromBeyondThatRangeNeverGoesTheOtherWay) {
-    for (const auto &[size, in, out] : {std::tuple(72.0, 72.0, 71.0), std::tuple(4.0, 5.0, 4.0)}) {
-        state().setEditorFontSize(size);
-        choose("ZoomIn");
-        EXPECT_EQ(state().editorFontSize(), in);
-        state().setEditorFontSize(size);
-        choose("ZoomOut");
-        EXPECT_EQ(state().editorFontSize(), out);
-    }
-}
-
-TEST_F(MainWindow, TheWheelZoomsWithCtrl) {
-    QWidget *viewport = find<QAbstractScrollArea>("editor")->viewport();
-    for (const auto &[turned, size] : {std::pair(120, 14.0), std::pair(-240, 12.0)}) {
-        QWheelEvent event({50, 50}, viewport->mapToGlobal(QPointF(50, 50)), {}, {0, turned}, Qt::NoButton,
-                          Qt::ControlModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(viewport, &event);
-        EXPECT_EQ(state().editorFontSize(), size);
-    }
-}
-
 TEST_F(MainWindow, ReturnInAnEmptySearchAppliesNothing) {
     setText("kept");
     choose("SearchTransformations");
     press(Qt::Key_Return);
     EXPECT_EQ(text(), "kept");
-}
-
-TEST_F(MainWindow, FindGoesBothWaysByKeyButtonAndCommand) {
-    setText("one One ONE");
-    const auto place = [this] { return find<QLabel>("matchCount")->text(); };
-    choose("Find");
-    type("one");
-    press(Qt::Key_Return);
-    EXPECT_EQ(place(), "1 of 3");
-    press(Qt::Key_Return, Qt::ShiftModifier);
-    EXPECT_EQ(place(), "3 of 3") << "round the beginning";
-    click("findPrevious");
-    EXPECT_EQ(place(), "2 of 3");
-    click("findNext");
-    EXPECT_EQ(place(), "3 of 3");
-    choose("FindPrevious");
-    EXPECT_EQ(place(), "2 of 3");
-    choose("FindNext");
-    EXPECT_EQ(place(), "3 of 3");
-    click("closeFind");
-    EXPECT_FALSE(isShown("findBar"));
-    EXPECT_TRUE(find("editor")->hasFocus());
-}
-
-TEST_F(MainWindow, EscapeClosesTheFindBarFromEachOfItsControls) {
-    for (const char *control : {"find", "findPrevious", "findNext", "closeFind"}) {
-        choose("Find");
-        find(control)->setFocus(Qt::TabFocusReason);
-        press(Qt::Key_Escape);
-        EXPECT_FALSE(isShown("findBar")) << control;
-        EXPECT_TRUE(find("editor")->hasFocus()) << control;
-    }
-}
-
-TEST_F(MainWindow, FindCountsAndSelectsMatches) {
-    setText("one two One");
-    focusEditor();
-    choose("Find");
-    type("one");
-    EXPECT_EQ(find<QLabel>("matchCount")->text(), "2 matches");
-    press(Qt::Key_Return);
-    EXPECT_EQ(find<QLabel>("matchCount")->text(), "1 of 2");
-    press(Qt::Key_Return);
-    EXPECT_EQ(find<QLabel>("matchCount")->text(), "2 of 2");
-    EXPECT_EQ(find<StatusItem>("cursorPosition")->text(), "Ln 1, Col 12");
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(isShown("findBar"));
-    EXPECT_TRUE(find("editor")->hasFocus());
-}
-
-TEST_F(MainWindow, TheCountOfMatchesFollowsTheText) {
-    setText("one two One");
-    choose("Find");
-    type("one");
-    setText("one");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "1 match"; }));
-    setText("");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "No matches"; }));
 }
 
 TEST_F(MainWindow, AToolShowsItsResult) {
@@ -544,20 +403,6 @@ TEST_F(MainWindow, TheSizeOfAMaximizedWindowIsNotRemembered) {
     ASSERT_NE(window().size(), QSize(1100, 700));
     restart();
     EXPECT_TRUE(isRemembered());
-}
-
-TEST_F(MainWindow, FindStartsWithWhatIsSelectedOnOneLine) {
-    setText("one two\nthree");
-    focusEditor();
-    press(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
-    choose("Find");
-    EXPECT_EQ(find<QLineEdit>("find")->text().trimmed(), "one");
-    EXPECT_EQ(find<QLineEdit>("find")->selectedText(), find<QLineEdit>("find")->text());
-    const QString before = find<QLineEdit>("find")->text();
-    focusEditor();
-    choose("selectAll");
-    choose("Find");
-    EXPECT_EQ(find<QLineEdit>("find")->text(), before) << "not several lines";
 }
 
 TEST_F(MainWindow, TheListTellsAssistiveTechnologyWhatIsShown) {
