@@ -58,18 +58,13 @@ TextBuffer sortLines(std::string_view text, SortDirection direction) {
     return writer.takeAllButLast();
 }
 
-bool isAscii(std::string_view text) {
-    const char *const end = text.data() + text.size();
-    return asciiRunEnd(text.data(), end) == end;
-}
-
 /// Counts the different words: a text of a language has few, and only they need sorting. False when most of the words
 /// are different, or when different ones could be equal in the order and must keep their places.
 bool countWords(WordSet &words) {
     constexpr std::size_t fewWords = 4096;
     bool isWorthIt = true;
     words.addWords([&](std::string_view word) {
-        isWorthIt = isOrderedByBytes(word) && words.size() < fewWords + words.addedCount() / 2;
+        isWorthIt = (isAscii(word) || isOrderedByBytes(word)) && words.size() < fewWords + words.addedCount() / 2;
         return isWorthIt;
     });
     return isWorthIt;

@@ -48,6 +48,10 @@ bool isComposed(std::string_view text) {
 
 /// The first code point from there on that may change in composing, or the end.
 const char *findChangeable(const char *position, const char *end) {
+    constexpr std::ptrdiff_t worthFiltering = 64; // a word is read through sooner
+    if (end - position < worthFiltering) {
+        return findMember(position, end, property::mayChangeInComposing);
+    }
     while ((position = asciiRunEnd(position, end)) != end) {
         position += kernels::best().findFiltered(position, static_cast<std::size_t>(end - position),
                                                  unicode_tables::changeableFilters);

@@ -101,6 +101,29 @@ inline char *encode(char32_t codePoint, char *to) {
 /// The end of the run of ASCII bytes that begins at `position`.
 [[nodiscard]] const char *asciiRunEnd(const char *position, const char *end);
 
+/// True when all of `text` is ASCII. Of a word it asks without a loop, whose end could not be guessed.
+[[nodiscard]] inline bool isAscii(std::string_view text) {
+    const auto areEndsAscii = [text]<typename Bytes>(Bytes) { // two parts that overlap
+        constexpr auto highBits = static_cast<Bytes>(0x8080808080808080U);
+        Bytes first = 0;
+        Bytes last = 0;
+        std::memcpy(&first, text.data(), sizeof first);
+        std::memcpy(&last, text.data() + text.size() - sizeof last, sizeof last);
+        return ((first | last) & highBits) == 0;
+    };
+    if (text.size() > 2 * sizeof(std::uint64_t)) {
+        const char *const end = text.data() + text.size();
+        return asciiRunEnd(text.data(), end) == end;
+    }
+    if (text.size() >= sizeof(std::uint64_t)) {
+        return areEndsAscii(std::uint64_t{});
+    }
+    if (text.size() >= sizeof(std::uint32_t)) {
+        return areEndsAscii(std::uint32_t{});
+    }
+    return text.empty() || (isAscii(text.front()) && isAscii(text[text.size() / 2]) && isAscii(text.back()));
+}
+
 /// RFC 3629: no overlong forms, no surrogates, nothing above U+10FFFF, nothing cut off.
 [[nodiscard]] bool isValidUtf8(std::string_view text);
 
