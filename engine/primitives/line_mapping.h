@@ -82,19 +82,23 @@ private:
 /// has to be asked for each part.
 class LineWriter {
 public:
-    /// Of parts that are about as long as that, however much shorter some are, as much is copied as most have: for the
-    /// processor to guess it each time would cost more.
+    /// Parts that are about as long as two blocks are copied in two, however short some are: for the processor to guess
+    /// it each time would cost more. The second one ends where the part does, for parts come from anywhere in the text,
+    /// and what lies behind them would have to be waited for.
     explicit LineWriter(std::string_view text, std::size_t usualSize = 0)
-        : m_textEnd(text.data() + text.size()), m_leastCopied(usualSize > copySlack / 2 ? 2 * copySlack : 0),
-          m_to(m_result.room(text.size() + 1 + 2 * copySlack)) {}
+        : m_textEnd(text.data() + text.size()), m_areTwoBlocksUsual(usualSize > copySlack / 2),
+          m_to(m_result.room(text.size() + 1 + copySlack)) {}
 
     void add(char separator) { *m_to++ = separator; }
     void add(std::string_view part) {
-        const std::size_t size = std::max(part.size(), m_leastCopied);
-        if (static_cast<std::size_t>(m_textEnd - part.data()) >= size + copySlack) {
-            copyInBlocks(part.data(), size, m_to);
-        } else {
+        if (static_cast<std::size_t>(m_textEnd - part.data()) < part.size() + copySlack) {
             copyBytes(part.data(), part.size(), m_to);
+        } else if (m_areTwoBlocksUsual && part.size() <= 2 * copySlack) {
+            const std::size_t second = std::max(part.size(), copySlack) - copySlack;
+            std::memcpy(m_to, part.data(), copySlack);
+            std::memcpy(m_to + second, part.data() + second, copySlack);
+        } else {
+            copyInBlocks(part.data(), part.size(), m_to);
         }
         m_to += part.size();
     }
@@ -111,7 +115,7 @@ public:
 
 private:
     const char *m_textEnd;
-    std::size_t m_leastCopied;
+    bool m_areTwoBlocksUsual;
     TextBuffer m_result;
     char *m_to;
 };
