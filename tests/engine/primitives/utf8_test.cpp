@@ -50,6 +50,19 @@ std::string encoded(char32_t codePoint) {
     return {bytes, encode(codePoint, bytes)};
 }
 
+TEST(Utf8, AsciiIsAsciiThroughout) {
+    constexpr std::size_t longest = 200;
+    for (std::size_t size = 0; size <= longest; ++size) {
+        const PlacedBytes text(std::string(size, '\x7F'));
+        EXPECT_TRUE(isAscii(text.view())) << size;
+        for (std::size_t place = 0; place < size; ++place) {
+            std::string bytes(size, 'a');
+            bytes[place] = '\x80';
+            EXPECT_FALSE(isAscii(std::string_view(bytes))) << size << ", " << place;
+        }
+    }
+}
+
 TEST(Utf8, EveryScalarValueSurvivesEncodingAndDecoding) {
     for (char32_t codePoint = 0; codePoint <= 0x10FFFF; ++codePoint) {
         if (codePoint == 0xD800) {
