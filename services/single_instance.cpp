@@ -17,7 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr char acknowledgement = '\n';
-constexpr qint64 longestRequest = 1 << 20; // bytes; nobody opens that many files at once
+constexpr qint64 longestRequest = 1 << 24; // bytes; a command line holds less than 6 MB
 
 QByteArray encode(const SingleInstance::Request &request) {
     const QJsonObject object{{"files", QJsonArray::fromStringList(request.files)},
@@ -45,13 +45,17 @@ int milliseconds(const QDeadlineTimer &deadline) { return static_cast<int>(deadl
 } // namespace
 
 SingleInstance::SingleInstance(const QString &folder, QObject *parent)
-    : QObject(parent), m_socketPath(folder + "/lexivore.socket"), m_lock(folder + "/lexivore.lock") {
+    : QObject(parent), m_hasFolder(!folder.isEmpty()), m_socketPath(folder + "/lexivore.socket"),
+      m_lock(folder + "/lexivore.lock") {
     m_lock.setStaleLockTime(0); // stale when its process is gone, however old it is
 }
 
 SingleInstance::~SingleInstance() = default;
 
 SingleInstance::Role SingleInstance::start(const Request &request, std::chrono::milliseconds patience) {
+    if (!m_hasFolder) {
+        return Role::primary;
+    }
     const QDeadlineTimer deadline(patience);
     while (true) {
         if (m_lock.tryLock(0ms)) {
@@ -66,10 +70,22 @@ SingleInstance::Role SingleInstance::start(const Request &request, std::chrono::
             return Role::secondary;
         }
         if (deadline.hasExpired()) {
+            if (removeUnreadableLock() && m_lock.tryLock(0ms)) {
+                listen();
+            }
             return Role::primary;
         }
         QThread::msleep(20);
     }
+}
+
+/// Whoever was killed between making the lock and filling it left one that never counts as stale. False too when its
+/// owner lives.
+bool SingleInstance::removeUnreadableLock() {
+    qint64 owner = 0;
+    QString host;
+    QString name;
+    return !m_lock.getLockInfo(&owner, &host, &name) && m_lock.removeStaleLockFile();
 }
 
 /// Only the holder of the lock listens, so that whatever stands at the socket's path is a leftover.
@@ -102,6 +118,9 @@ void SingleInstance::receive(QLocalSocket *socket) {
     // At once: what the request starts may take long, and the later instance must not give up waiting.
     socket->putChar(acknowledgement);
     socket->flush();
+    if (socket->state() != QLocalSocket::ConnectedState) {
+        return; // it has given up waiting, and does itself what it asked for
+    }
     socket->disconnectFromServer();
     emit requested(*request);
 }

@@ -34,7 +34,8 @@ public:
         QString busAddress;      ///< Of the session bus that the start belongs to; may be empty.
     };
 
-    /// `folder` holds the lock and the socket: the user's own runtime folder.
+    /// `folder` holds the lock and the socket: the user's own runtime folder. When it is empty there is none, and every
+    /// start becomes a primary one.
     explicit SingleInstance(const QString &folder, QObject *parent = nullptr);
     ~SingleInstance() override;
 
@@ -48,9 +49,11 @@ signals:
 
 private:
     bool listen();
+    [[nodiscard]] bool removeUnreadableLock();
     bool send(const Request &request, std::chrono::milliseconds patience) const;
     void receive(QLocalSocket *socket);
 
+    bool m_hasFolder;
     QString m_socketPath;
     QLockFile m_lock;
     QLocalServer *m_server = nullptr;

@@ -10,6 +10,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <memory>
 #include <vector>
 
@@ -128,6 +129,53 @@ TEST_F(SingleInstanceTest, AFirstInstanceThatDoesNotAnswerBlocksNoStart) {
     ASSERT_TRUE(held.tryLock());
     SingleInstance instance(m_folder.path());
     EXPECT_EQ(instance.start({}, std::chrono::milliseconds(100)), SingleInstance::Role::primary);
+}
+
+TEST_F(SingleInstanceTest, WhatAStartAskedForThatGaveUpWaitingIsNotDoneLater) {
+    const auto first = start();
+    ASSERT_EQ(nextLine(*first), "primary");
+    ASSERT_EQ(::kill(static_cast<pid_t>(first->processId()), SIGSTOP), 0);
+    SingleInstance impatient(m_folder.path());
+    EXPECT_EQ(impatient.start({{"/opened by the impatient one itself"}, {}, {}}, std::chrono::milliseconds(300)),
+              SingleInstance::Role::primary);
+    ASSERT_EQ(::kill(static_cast<pid_t>(first->processId()), SIGCONT), 0);
+    const auto later = start({"/later"});
+    EXPECT_EQ(nextLine(*later), "secondary");
+    EXPECT_EQ(nextLine(*first), "requested [/later] token");
+    end(*first);
+}
+
+TEST_F(SingleInstanceTest, AStartCanHandOverAsManyFilesAsACommandLineHolds) {
+    const auto first = start();
+    ASSERT_EQ(nextLine(*first), "primary");
+    const QStringList files(20'000, "/" + QString(100, 'x'));
+    SingleInstance later(m_folder.path());
+    EXPECT_EQ(later.start({files, "token", {}}), SingleInstance::Role::secondary);
+    EXPECT_EQ(nextLine(*first), "requested [" + files.join('|').toUtf8() + "] token");
+    end(*first);
+}
+
+TEST_F(SingleInstanceTest, ALockThatSaysNotWhoseItIsIsTakenOver) {
+    for (const char *const content : {"", "no number\n"}) {
+        QFile leftover(m_folder.path() + "/lexivore.lock");
+        ASSERT_TRUE(leftover.open(QIODevice::WriteOnly));
+        leftover.write(content);
+        leftover.close();
+        SingleInstance first(m_folder.path());
+        EXPECT_EQ(first.start({}, std::chrono::milliseconds(100)), SingleInstance::Role::primary);
+        qint64 owner = 0;
+        QString host;
+        QString name;
+        EXPECT_TRUE(QLockFile(leftover.fileName()).getLockInfo(&owner, &host, &name)) << '"' << content << '"';
+        EXPECT_EQ(owner, QCoreApplication::applicationPid());
+    }
+}
+
+TEST_F(SingleInstanceTest, WithoutAFolderNothingIsWrittenAnywhere) {
+    SingleInstance instance{QString()};
+    EXPECT_EQ(instance.start({}, std::chrono::milliseconds(100)), SingleInstance::Role::primary);
+    EXPECT_FALSE(QFile::exists("/lexivore.lock"));
+    EXPECT_FALSE(QFile::exists("/lexivore.socket"));
 }
 
 TEST_F(SingleInstanceTest, AFolderThatCannotBeWrittenBlocksNoStart) {
