@@ -57,7 +57,7 @@ bool RecipeFile::write(const QString &path, const std::vector<Recipe> &recipes, 
     }
     QSaveFile file(path);
     // Committing does not notice that its own flush failed, so it is flushed before.
-    if (!file.open(QIODevice::WriteOnly) ||
+    if (!openToReplace(file) ||
         !writeAll(file, std::string_view(json->constData(), static_cast<std::size_t>(json->size()))) ||
         !flushAll(file) || !file.commit()) {
         problem = message.arg(path, file.errorString());

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <unistd.h>
 #include <vector>
 
 namespace lexivore {
@@ -89,6 +90,16 @@ TEST_F(RecipeFileTest, AFailedWriteLeavesTheOldFileAndSaysWhy) {
     EXPECT_NE(problem, QString());
     EXPECT_FALSE(RecipeFile::write(QStringLiteral("/dev/null"), {}, problem));
     EXPECT_EQ(problem, QStringLiteral("The recipes could not be written to “/dev/null”: It is not a file."));
+}
+
+TEST_F(RecipeFileTest, AReplacedFileKeepsItsGroup) {
+    test::writeBytes(path("recipes.json"), "the old file");
+    constexpr uint group = 5000;
+    if (::chown(QFile::encodeName(path("recipes.json")).constData(), static_cast<uid_t>(-1), group) != 0) {
+        GTEST_SKIP() << "Only root can give a file to any group.";
+    }
+    EXPECT_TRUE(RecipeFile::write(path("recipes.json"), makeRecipeTemplates(), problem));
+    EXPECT_EQ(QFileInfo(path("recipes.json")).groupId(), group);
 }
 
 TEST_F(RecipeFileTest, ARecipeWithoutAValidTimeIsNotWritten) {

@@ -96,7 +96,7 @@ QString write(const QString &path, const Text &text) {
         return cannotSave(path, info.isDir() ? Words::tr("it is a folder") : Words::tr("it is not a regular file"));
     }
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!openToReplace(file)) {
         return cannotSave(path, file.errorString());
     }
     bool isWritten = true;

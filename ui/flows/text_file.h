@@ -31,7 +31,7 @@ struct NotUtf8 {
 [[nodiscard]] std::variant<Text, NotUtf8, Failure> read(const QString &path, std::size_t maximum = maximumSize);
 
 /// Writes the file anew beside the old one and puts it in its place when all of it is on the disk: a failure leaves the
-/// old file as it was. Gives an empty message for success.
+/// old file as it was. Who may read and write it stays as it was. Gives an empty message for success.
 [[nodiscard]] QString write(const QString &path, const Text &text);
 
 } // namespace textFile

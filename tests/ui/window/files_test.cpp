@@ -9,7 +9,9 @@
 #include <QLabel>
 #include <QTemporaryDir>
 
+#include <grp.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace lexivore {
@@ -171,6 +173,66 @@ TEST_F(Files, AFileThatMayNotBeWrittenStaysWholeAndIsTold) {
               0);
     EXPECT_EQ(read("out.txt"), "old");
     ASSERT_EQ(::chmod(qPrintable(folder.path()), 0700), 0);
+}
+
+/// The group and the rights of the file after a user saved over it who is in `usersGroup`, and in `sharedGroup` too.
+std::string groupAndRightsAfterSaving(const QString &path, gid_t usersGroup, gid_t sharedGroup) {
+    EXPECT_EQ(test::inChild([&] {
+                  const bool isOther =
+                      ::setgroups(1, &sharedGroup) == 0 && ::setgid(usersGroup) == 0 && ::setuid(usersGroup) == 0;
+                  return isOther && textFile::write(path, Text("new")).isEmpty() ? 0 : 1;
+              }),
+              0);
+    struct stat saved {};
+    EXPECT_EQ(::stat(qPrintable(path), &saved), 0);
+    return QString("%1 %2").arg(saved.st_gid).arg(saved.st_mode & 07777, 0, 8).toStdString();
+}
+
+TEST_F(Files, AReplacedFileIsSharedWithTheSamePeople) {
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "Only root can be several users.";
+    }
+    constexpr gid_t users = 4242;
+    constexpr gid_t team = 5000;
+    constexpr gid_t strangers = 6000;
+    write("out.txt", "old");
+    ASSERT_EQ(::chmod(qPrintable(folder.path()), 0777), 0);
+    const QString file = path("out.txt");
+    const auto own = [&file](gid_t group, mode_t rights) {
+        ASSERT_EQ(::chown(qPrintable(file), users, group), 0);
+        ASSERT_EQ(::chmod(qPrintable(file), rights), 0);
+    };
+    own(team, 0640);
+    EXPECT_EQ(groupAndRightsAfterSaving(file, users, team), "5000 640");
+    // A group that the user cannot give has its rights no more, and the user's own does not get them.
+    own(strangers, 0664);
+    EXPECT_EQ(groupAndRightsAfterSaving(file, users, team), "4242 644");
+
+    own(team, 0600);
+    ASSERT_EQ(textFile::write(file, Text("by root")), "");
+    EXPECT_EQ(QFileInfo(file).ownerId(), users);
+    EXPECT_EQ(QFileInfo(file).groupId(), team);
+}
+
+TEST_F(Files, AReplacedFileKeepsItsAccessList) {
+    // Version 2; the owner and the user 7777 may read and write, the group and all others nothing.
+    const QByteArray list = QByteArray::fromHex("02000000"
+                                                "01000600ffffffff"
+                                                "02000600611e0000"
+                                                "04000000ffffffff"
+                                                "10000600ffffffff"
+                                                "20000000ffffffff");
+    constexpr char name[] = "system.posix_acl_access";
+    write("out.txt", "old");
+    const QByteArray file = path("out.txt").toUtf8();
+    if (::setxattr(file.constData(), name, list.constData(), static_cast<std::size_t>(list.size()), 0) != 0) {
+        GTEST_SKIP() << "This file system has no access lists.";
+    }
+    ASSERT_EQ(textFile::write(path("out.txt"), Text("new")), "");
+    EXPECT_EQ(read("out.txt"), "new");
+    QByteArray kept(100, '\0');
+    kept.truncate(::getxattr(file.constData(), name, kept.data(), static_cast<std::size_t>(kept.size())));
+    EXPECT_EQ(kept.toHex().toStdString(), list.toHex().toStdString());
 }
 
 TEST_F(Files, SaveAsIsDisabledWithoutText) {
