@@ -43,11 +43,12 @@ void FileFlow::openPath(const QString &path, NotText notText) {
 }
 
 void FileFlow::saveAs() {
-    m_panels.askForFileToSave([this](const QString &path) { savePath(path); });
+    // The text that is there now: while the user chooses, another one may be opened from outside.
+    m_panels.askForFileToSave([this, text = m_manager.currentText()](const QString &path) { savePath(path, text); });
 }
 
-void FileFlow::savePath(const QString &path) {
-    const QString failure = textFile::write(path, m_manager.currentText());
+void FileFlow::savePath(const QString &path, const Text &text) {
+    const QString failure = textFile::write(path, text);
     if (!failure.isEmpty()) {
         m_alerts.showError(failure);
     }

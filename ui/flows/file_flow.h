@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "engine/text.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -32,7 +34,7 @@ private:
     enum class NotText { isIgnored, isTold };
 
     void openPath(const QString &path, NotText notText);
-    void savePath(const QString &path);
+    void savePath(const QString &path, const Text &text);
 
     TransformationManager &m_manager;
     FilePanels &m_panels;

@@ -121,6 +121,17 @@ TEST_F(Files, TheTextIsSavedByteForByte) {
     EXPECT_EQ(read("out.txt").toStdString(), bytes);
 }
 
+TEST_F(Files, TheTextThatWasToBeSavedIsSavedThoughAnotherFileIsOpenedMeanwhile) {
+    write("handed over.txt", "other");
+    setText("mine");
+    chosenFile.reset();
+    choose("SaveFile");
+    app().comeForward({path("handed over.txt")});
+    EXPECT_EQ(text(), "other");
+    ScriptedPanels::unanswered(path("mine.txt"));
+    EXPECT_EQ(read("mine.txt"), "mine");
+}
+
 TEST_F(Files, SavingReplacesTheOldFile) {
     write("out.txt", "a much longer old content");
     setText("new");

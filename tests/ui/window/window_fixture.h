@@ -48,11 +48,14 @@ public:
     }
 
     static inline QString proposedName; ///< The last one for a file of recipes.
+    static inline Answer unanswered;    ///< To the last question that found no answer prepared.
 
 private:
     void give(const Answer &answer) {
         if (m_path) {
             answer(*m_path);
+        } else {
+            unanswered = answer;
         }
     }
     std::optional<QString> &m_path;
