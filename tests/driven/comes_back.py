@@ -89,6 +89,12 @@ def comes_back_every_way(executable, folder):
         wait_for_window(program, window, "kept")
 
         close(program)
+        ended(program.start(opened.name, cwd=folder))  # a name that means nothing in the first one's folder
+        wait_for_window(program, window, "from a file")
+        program.keys("ctrl+z")
+        wait_for(lambda: text_of(program) == "kept", "the text before the later start")
+
+        close(program)
         ended(program.start("a file.txt", DBUS_SESSION_BUS_ADDRESS=None))
         wait_for(lambda: shown_windows(program.process) == [window], "the window without a session bus")
 

@@ -117,12 +117,12 @@ class Program:
         self.home = pathlib.Path(home or tempfile.mkdtemp(prefix="lexivore-driven-"))
         self.owns_home = home is None
 
-    def start(self, *arguments, **more_environment):
+    def start(self, *arguments, cwd=None, **more_environment):
         """Another process of the program, at home in the same place. A variable that is None is left out."""
         environment = dict(os.environ, QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
                            HOME=str(self.home), XDG_RUNTIME_DIR=str(self.home),
                            XDG_CONFIG_HOME=str(self.home / ".config"), LC_ALL="C.UTF-8", **more_environment)
-        return subprocess.Popen([self.executable, *arguments], cwd=self.home, stdout=self.output,
+        return subprocess.Popen([self.executable, *arguments], cwd=cwd or self.home, stdout=self.output,
                                 stderr=subprocess.STDOUT,
                                 env={name: value for name, value in environment.items() if value is not None})
 
