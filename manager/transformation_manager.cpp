@@ -24,7 +24,11 @@ bool isRepeatable(const TextTransformation &transformation) {
 } // namespace
 
 TransformationManager::TransformationManager(Preferences &preferences, QObject *parent)
-    : QObject(parent), m_preferences(preferences), m_transformations(makeCatalog()) {
+    : TransformationManager(preferences, MemoryBudget(), parent) {}
+
+TransformationManager::TransformationManager(Preferences &preferences, const MemoryBudget &memory, QObject *parent)
+    : QObject(parent), m_preferences(preferences), m_transformations(makeCatalog()),
+      m_runner(m_transformations, memory.run), m_history(m_transformations, memory.historyBytes) {
     loadFavorites();
     loadRecipes();
 }

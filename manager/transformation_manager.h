@@ -31,6 +31,12 @@ struct OperationMeasures {
     bool operator==(const OperationMeasures &) const = default;
 };
 
+/// What the manager may hold only so that it need not be computed again. With less all is the same, but slower.
+struct MemoryBudget {
+    OperationsRunner::Budget run = {};
+    std::size_t historyBytes = TextHistory::usualBudget;
+};
+
 /// The one state object: the catalog, the text, the operations stack, the history, the recipes and the favorites.
 ///
 /// Each published field has a signal. It is emitted once for an operation that really changed the field, after all
@@ -42,6 +48,7 @@ class TransformationManager : public QObject {
 public:
     /// Builds the catalog, then loads favorites and recipes from `preferences`, which must outlive the manager.
     explicit TransformationManager(Preferences &preferences, QObject *parent = nullptr);
+    TransformationManager(Preferences &preferences, const MemoryBudget &memory, QObject *parent = nullptr);
     ~TransformationManager() override;
 
     [[nodiscard]] const Catalog &transformations() const { return m_transformations; }
@@ -146,8 +153,8 @@ private:
     Catalog m_transformations;
     std::set<std::string, std::less<>> m_favorites;
     State m_state;
-    OperationsRunner m_runner{m_transformations};
-    TextHistory m_history{m_transformations};
+    OperationsRunner m_runner;
+    TextHistory m_history;
     bool m_historyHasChanged = false; ///< Since the last time that it was announced.
     std::vector<Recipe> m_recipes;
     std::optional<Recipe> m_selectedRecipe;
