@@ -17,8 +17,9 @@ template<typename Container> auto at(Container &container, std::size_t index) {
     return std::next(container.begin(), static_cast<std::ptrdiff_t>(index));
 }
 
-bool isRepeatable(const TextTransformation &transformation) {
-    return !transformation.isRandom() && !transformation.hasTimeLimit();
+/// Whether it can be run again for the same result, as far as the catalog, which may lack it, can tell.
+bool isRepeatable(const TransformationPointer &found) {
+    return found != nullptr && !found->isRandom() && !found->hasTimeLimit();
 }
 
 } // namespace
@@ -115,7 +116,7 @@ void TransformationManager::apply(State &state, const TextTransformation &transf
         m_runner.add(state.originalText, state.appliedOperations, state.currentText, applied, result);
     state.appliedOperations.push_back(applied);
     state.currentText = std::move(result);
-    if (!isRepeatable(transformation)) {
+    if (!isRepeatable(findTransformation(transformation.id()))) {
         state.origin = {state.currentText, state.appliedOperations.size()};
     }
 }
@@ -204,7 +205,7 @@ void TransformationManager::reapply(State &state) {
     const auto found = std::find_if(
         state.appliedOperations.rbegin(), state.appliedOperations.rend(), [&](const AppliedOperation &operation) {
             const TransformationPointer transformation = findTransformation(operation.transformation);
-            return operation.isEnabled && transformation != nullptr && !isRepeatable(*transformation);
+            return operation.isEnabled && transformation != nullptr && !isRepeatable(transformation);
         });
     if (found == state.appliedOperations.rend()) {
         return;

@@ -16,6 +16,15 @@ namespace {
 
 using test::ManagerStory;
 
+/// No catalog has it.
+class OwnTransformation final : public TextTransformation {
+public:
+    OwnTransformation() : TextTransformation("own", "Own", "", TransformationCategory::lines, "") {}
+    TextBuffer apply(std::string_view text, const ParameterMap &) const override {
+        return TextBuffer("own " + std::string(text));
+    }
+};
+
 TEST_F(ManagerStory, UndoingToAnEmptyStackShowsTheBase) {
     manager.setCurrentText(Text("abc"));
     apply("uppercase");
@@ -208,6 +217,21 @@ TEST_F(ManagerStory, WhatAPatternMadeIsHeldAsAnOrigin) {
     apply("uppercase");
     EXPECT_EQ(origin().operations, 4U);
     EXPECT_EQ(origin().text, without);
+}
+
+/// What no catalog has cannot be run again.
+TEST_F(ManagerStory, WhatAnUnknownOperationMadeIsHeldAsAnOrigin) {
+    TransformationManager forgetful(preferences, {.historyBytes = 0});
+    forgetful.setCurrentText(Text("abc"));
+    forgetful.applyTransformation(OwnTransformation(), {});
+    for (const char *id : {"uppercase", "reverse", "base64-encode"}) {
+        forgetful.applyTransformation(*forgetful.findTransformation(id), {});
+    }
+    EXPECT_TRUE(forgetful.history().undoStack()[2].state.isTextForgotten);
+    for (const char *before : {"CBA NWO", "OWN ABC", "own abc", "abc"}) {
+        forgetful.undo();
+        EXPECT_EQ(forgetful.currentText().view(), before);
+    }
 }
 
 TEST_F(ManagerStory, HistoryOfAHundredMegabytesCostsNoSecondHundredMegabytes) {
