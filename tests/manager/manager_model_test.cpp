@@ -1,440 +1,352 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 //
-// Random sequences of operations on the manager and on a plain model that copies whole texts and states each rule as a
-// few assignments. After every step all fields must be equal, and exactly the changed ones announced, once.
-#include "manager/transformation_manager.h"
-
-#include "engine/primitives/characters.h"
-#include "engine/primitives/lines.h"
-#include "tests/manager/change_counter.h"
-#include "tests/support/memory_preferences.h"
+// Random walks through all that can be done with a manager, beside a plain model of its rules. In every second walk the
+// manager keeps next to nothing of what it could compute again: nobody may be able to tell, but by the time it takes.
+#include "manager/preferences.h"
+#include "manager/recipe_json.h"
+#include "tests/manager/manager_and_model.h"
+#include "tests/support/property.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <iterator>
-#include <map>
 #include <optional>
-#include <random>
+#include <set>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
-namespace lexivore {
+namespace lexivore::test {
+
 namespace {
 
-struct ModelOperation {
-    std::string transformation;
-    ParameterMap parameters;
-    bool isEnabled = true;
+constexpr unsigned walks = 200;
+constexpr int stepsOfAWalk = 300;
+constexpr std::size_t mostOperations = 10; // some double the text
 
-    bool operator==(const ModelOperation &) const = default;
-};
-
-/// The texts that an operation began and ended with when it last ran.
-using ModelTexts = std::optional<std::pair<std::string, std::string>>;
-
-struct ModelState {
-    std::string text;
-    std::vector<ModelOperation> operations;
-    std::vector<ModelTexts> texts; ///< One for each operation.
-
-    bool operator==(const ModelState &) const = default;
-};
-
-class Model {
+/// One that no catalog has.
+class UnknownTransformation final : public TextTransformation {
 public:
-    explicit Model(const Catalog &catalog) : m_catalog(catalog) {}
+    UnknownTransformation() : TextTransformation("unknown", "Unknown", "", TransformationCategory::lines, "") {}
+    TextBuffer apply(std::string_view text, const ParameterMap &) const override {
+        return TextBuffer(std::string(text) + "?");
+    }
+};
 
-    ModelState now;
-    std::string original;
-    std::vector<ModelState> undoStack;
-    std::vector<ModelState> redoStack;
-    std::string printed; ///< Since it was last cleared.
+class Walk : ManagerAndModel {
+public:
+    Walk(std::uint64_t seed, const std::optional<MemoryBudget> &little) : ManagerAndModel(little), m_dice(seed) {}
 
-    /// Applies the steps one after the other; false when one fails.
-    bool apply(const std::vector<ModelOperation> &steps) {
-        if (now.text.empty()) {
-            return false;
+    void run() {
+        for (int step = 0; step < stepsOfAWalk && !testing::Test::HasFailure(); ++step) {
+            SCOPED_TRACE("step " + std::to_string(step));
+            takeStep();
         }
-        if (now.operations.empty()) {
-            original = now.text;
+        SCOPED_TRACE("all the way back and forth");
+        while (!model.undoStack.empty() && !testing::Test::HasFailure()) {
+            undo();
         }
-        for (const ModelOperation &step : steps) {
-            const TransformationPointer found = findTransformation(m_catalog, step.transformation);
-            if (found == nullptr) {
-                continue;
-            }
-            if (now.text.empty()) {
-                return false;
-            }
-            push();
-            if (now.operations.empty()) {
-                original = now.text;
-            }
-            std::string result;
-            try {
-                result = std::string(found->apply(now.text, step.parameters).view());
-            } catch (const TransformationError &) {
-                return false;
-            }
-            now.operations.push_back({step.transformation, step.parameters, true});
-            now.texts.emplace_back(std::pair(now.text, result));
-            now.text = result;
-        }
-        return true;
-    }
-    void toggle(std::size_t index) {
-        if (index < now.operations.size()) {
-            push();
-            now.operations[index].isEnabled = !now.operations[index].isEnabled;
-            reapply();
+        while (!model.redoStack.empty() && !testing::Test::HasFailure()) {
+            redo();
         }
     }
-    void remove(std::size_t index) {
-        if (index < now.operations.size()) {
-            push();
-            now.operations.erase(now.operations.begin() + static_cast<std::ptrdiff_t>(index));
-            now.texts.clear();
-            if (now.operations.empty()) {
-                now.text = original;
-            } else {
-                reapply();
-            }
+
+private:
+    void takeStep() {
+        static constexpr struct {
+            std::size_t weight;
+            void (Walk::*take)();
+        } choices[] = {
+            {8, &Walk::type},
+            {4, &Walk::paste},
+            {16, &Walk::apply},
+            {4, &Walk::applyAlone},
+            {4, &Walk::applyAnyRecipe},
+            {2, &Walk::applyStoredRecipe},
+            {8, &Walk::toggle},
+            {5, &Walk::remove},
+            {7, &Walk::move},
+            {7, &Walk::edit},
+            {12, &Walk::undo},
+            {8, &Walk::redo},
+            {4, &Walk::pause},
+            {4, &Walk::reapply},
+            {1, &Walk::returnToOriginalText},
+            {2, &Walk::clearOperations},
+            {1, &Walk::clearAll},
+            {1, &Walk::toggleFavorite},
+            {1, &Walk::loadFavorites},
+            {1, &Walk::saveRecipe},
+            {1, &Walk::deleteRecipe},
+            {1, &Walk::renameRecipe},
+            {1, &Walk::importRecipes},
+            {1, &Walk::ensureTemplates},
+            {1, &Walk::loadRecipes},
+            {1, &Walk::selectRecipe},
+        };
+        std::size_t left = 0;
+        for (const auto &choice : choices) {
+            left += choice.weight;
         }
+        left = m_dice.below(left);
+        const auto *choice = std::begin(choices);
+        for (; left >= choice->weight; ++choice) {
+            left -= choice->weight;
+        }
+        (this->*choice->take)();
     }
-    void move(std::size_t from, std::size_t to) {
-        if (from < now.operations.size() && to < now.operations.size() && from != to) {
-            push();
-            const ModelOperation moved = now.operations[from];
-            now.operations.erase(now.operations.begin() + static_cast<std::ptrdiff_t>(from));
-            now.operations.insert(now.operations.begin() + static_cast<std::ptrdiff_t>(to), moved);
-            reapply();
-        }
+
+    // The text.
+
+    void type() {
+        const std::size_t offset = m_dice.between(0, model.now.text.size());
+        const std::size_t length = std::min(m_dice.below(5), model.now.text.size() - offset);
+        const std::string typed = word();
+        act(
+            "type", [&] { manager.editCurrentText(offset, length, typed); },
+            [&] { model.now.text.replace(offset, length, typed); });
     }
-    void edit(std::size_t index, const ParameterMap &parameters) {
-        if (index < now.operations.size() && now.operations[index].parameters != parameters) {
-            push();
-            now.operations[index].parameters = parameters;
-            reapply();
+    void paste() {
+        const std::string pasted = m_dice.chance(10) ? "" : word() + word() + word();
+        setText("paste", pasted);
+    }
+    /// What the window does while the operations are paused, also after each change of the stack.
+    void pause() { setText("pause", model.original); }
+    void setText(const std::string &name, const std::string &text) {
+        act(
+            name, [&] { manager.setCurrentText(Text(text)); }, [&] { model.now.text = text; });
+    }
+
+    // The stack.
+
+    void apply() {
+        if (model.now.operations.size() >= mostOperations) {
+            return clearOperations();
         }
+        const AppliedOperation one = operation();
+        const TransformationPointer found = manager.findTransformation(one.transformation);
+        const UnknownTransformation unknown;
+        const TextTransformation &applied = found != nullptr ? *found : unknown;
+        act(
+            "apply " + one.transformation, [&] { manager.applyTransformation(applied, one.parameters); },
+            [&] { model.applyTransformation(applied, one.parameters, manager.appliedOperations()); });
+    }
+    /// Only one transformation at a time.
+    void applyAlone() {
+        returnToOriginalText();
+        apply();
+    }
+    void applyAnyRecipe() {
+        Recipe recipe;
+        for (std::size_t count = m_dice.below(4); count > 0; --count) {
+            recipe.operations.push_back(operation());
+            recipe.operations.back().isEnabled = m_dice.chance(50);
+        }
+        applyRecipe(recipe);
+    }
+    void applyStoredRecipe() { applyRecipe(anyRecipe()); }
+    void applyRecipe(const Recipe &recipe) {
+        if (model.now.operations.size() + recipe.operations.size() > mostOperations) {
+            clearOperations();
+        }
+        std::string name = "apply the recipe";
+        for (const AppliedOperation &one : recipe.operations) {
+            name += " " + one.transformation;
+        }
+        act(
+            name, [&] { manager.applyRecipe(recipe); },
+            [&] { model.applyRecipe(recipe, manager.appliedOperations()); });
+    }
+    void toggle() {
+        const std::size_t at = index();
+        act(
+            "toggle", [&] { manager.toggleOperation(at); }, [&] { model.toggle(at); });
+    }
+    void remove() {
+        const std::size_t at = index();
+        act(
+            "remove", [&] { manager.removeOperation(at); }, [&] { model.remove(at); });
+    }
+    void move() {
+        const std::size_t from = index();
+        const std::size_t to = index();
+        act(
+            "move", [&] { manager.moveOperation(from, to); }, [&] { model.move(from, to); });
+    }
+    void edit() {
+        const std::size_t at = index();
+        const bool isThere = at < model.now.operations.size();
+        const ParameterMap parameters = parametersFor(isThere ? model.now.operations[at].transformation : "add-prefix");
+        act(
+            "edit", [&] { manager.editOperationParameters(at, parameters); }, [&] { model.edit(at, parameters); });
     }
     void clearOperations() {
-        if (!now.operations.empty()) {
-            push();
-            now.operations.clear();
-            now.texts.clear();
-            now.text = original;
-        }
+        act(
+            "clear operations", [&] { manager.clearOperations(); }, [&] { model.clearOperations(); });
     }
     void clearAll() {
-        now = {};
-        original.clear();
-        undoStack.clear();
-        redoStack.clear();
+        act(
+            "clear all", [&] { manager.clearAll(); }, [&] { model.clearAll(); });
     }
     void returnToOriginalText() {
-        if (!now.operations.empty()) {
-            now = {original, {}, {}};
-        }
+        act(
+            "return", [&] { manager.returnToOriginalText(); }, [&] { model.returnToOriginalText(); });
     }
     void reapply() {
-        now.text = original;
-        now.texts.assign(now.operations.size(), std::nullopt);
-        for (std::size_t i = 0; i < now.operations.size(); ++i) {
-            const ModelOperation &operation = now.operations[i];
-            const TransformationPointer found = findTransformation(m_catalog, operation.transformation);
-            if (operation.isEnabled && found != nullptr) {
-                try {
-                    const std::string result(found->apply(now.text, operation.parameters).view());
-                    now.texts[i] = std::pair(now.text, result);
-                    now.text = result;
-                } catch (const TransformationError &error) {
-                    printed += "Error reapplying operation: " + error.description() + "\n";
+        act(
+            "reapply", [&] { manager.reapplyOperations(); }, [&] { model.reapply(); });
+    }
+    void undo() {
+        act(
+            "undo", [&] { manager.undo(); }, [&] { model.undo(); });
+    }
+    void redo() {
+        act(
+            "redo", [&] { manager.redo(); }, [&] { model.redo(); });
+    }
+
+    // Favorites and recipes.
+
+    void toggleFavorite() {
+        const std::string id = m_dice.pick(ids);
+        act(
+            "toggle favorite", [&] { manager.toggleFavorite(id); }, [&] { model.toggleFavorite(id); });
+        const QVariantList stored = preferences.value(preference::favorites).toList();
+        EXPECT_EQ(static_cast<std::size_t>(stored.size()), model.favorites.size());
+        EXPECT_EQ(favoritesIn(stored), model.favorites);
+    }
+    /// What is stored may have come from elsewhere.
+    void loadFavorites() {
+        static const QVariant lists[] = {QVariantList{}, QVariantList{"reverse", "no such id", "reverse"}};
+        static const QVariant others[] = {QVariant(), "reverse", QVariantList{"reverse", 1.0}};
+        const bool isList = m_dice.chance(50);
+        const QVariant &stored = isList ? m_dice.pick(lists) : m_dice.pick(others);
+        store(preference::favorites, stored);
+        act(
+            "load favorites", [&] { manager.loadFavorites(); },
+            [&] { model.favorites = isList ? favoritesIn(stored.toList()) : model.favorites; });
+    }
+    void saveRecipe() {
+        const std::string name = word();
+        act(
+            "save recipe", [&] { manager.saveRecipe(name); }, [&] { model.saveRecipe(name, manager.recipes()); });
+    }
+    void deleteRecipe() {
+        const Recipe recipe = anyRecipe();
+        act(
+            "delete recipe", [&] { manager.deleteRecipe(recipe); }, [&] { model.deleteRecipe(recipe); });
+    }
+    void renameRecipe() {
+        const Recipe recipe = anyRecipe();
+        const std::string name = word();
+        act(
+            "rename recipe", [&] { manager.renameRecipe(recipe, name); }, [&] { model.renameRecipe(recipe, name); });
+    }
+    void importRecipes() {
+        std::vector<Recipe> imported;
+        for (std::size_t count = m_dice.below(3); count > 0; --count) {
+            imported.push_back(anyRecipe());
+        }
+        act(
+            "import recipes", [&] { manager.importRecipes(imported); },
+            [&] { model.importRecipes(imported, manager.recipes()); });
+    }
+    void ensureTemplates() {
+        act(
+            "ensure templates", [&] { manager.ensureTemplates(); }, [&] { model.ensureTemplates(manager.recipes()); });
+    }
+    void loadRecipes() {
+        std::vector<Recipe> recipes = model.recipes;
+        recipes.resize(m_dice.below(recipes.size() + 1));
+        const bool isList = m_dice.chance(80);
+        store(preference::recipes, isList ? RecipeJson::encode(recipes).value() : QByteArray("[{}]"));
+        act(
+            "load recipes", [&] { manager.loadRecipes(); }, [&] { model.recipes = isList ? recipes : model.recipes; });
+    }
+    void selectRecipe() {
+        const std::optional<Recipe> recipe = m_dice.chance(30) ? std::nullopt : std::optional(anyRecipe());
+        act(
+            "select recipe", [&] { manager.setSelectedRecipe(recipe); }, [&] { model.selectedRecipe = recipe; });
+    }
+
+    // What is drawn.
+
+    static constexpr const char *ids[] = {"uppercase",   "reverse",       "base64-encode", "base64-decode",
+                                          "trim-lines",  "hex-decode",    "add-prefix",    "reverse-lines",
+                                          "json-escape", "unknown",       "shuffle-lines", "delete-lines-containing",
+                                          "wrap-lines",  "replace-regex", "replace-regex", "keep-first-n-lines",
+                                          "join-lines",  "shuffle-lines"};
+
+    /// Mostly an index of the stack, now and then one behind it.
+    std::size_t index() { return m_dice.between(0, model.now.operations.size()); }
+    std::string word() { return std::string(m_dice.below(4), "ab \n!"[m_dice.below(5)]) + "abc=\n "[m_dice.below(6)]; }
+    AppliedOperation operation() {
+        AppliedOperation one;
+        one.transformation = m_dice.pick(ids);
+        one.parameters = parametersFor(one.transformation);
+        return one;
+    }
+    ParameterMap parametersFor(const std::string &id) {
+        ParameterMap given;
+        if (const TransformationPointer found = manager.findTransformation(id)) {
+            for (const TransformationParameter &one : found->parameters()) {
+                if (m_dice.chance(95)) {
+                    given[one.id] = valueFor(one.id);
                 }
             }
         }
+        return given;
     }
-    void undo() {
-        if (!undoStack.empty()) {
-            redoStack.push_back(now);
-            now = undoStack.back();
-            undoStack.pop_back();
-            if (now.operations.empty()) {
-                now.text = original;
-            }
+    std::string valueFor(const std::string &parameter) {
+        if (parameter == "pattern") {
+            static constexpr const char *patterns[] = {"a", "(a|b)(\\n)?", "^", "(", "[z", "", "\\s+"};
+            return m_dice.pick(patterns);
         }
+        if (parameter == "count" || parameter == "width") {
+            static constexpr const char *numbers[] = {"1", "2", "3", "0", "many"};
+            return m_dice.pick(numbers);
+        }
+        return word();
     }
-    void redo() {
-        if (!redoStack.empty()) {
-            undoStack.push_back(now);
-            now = redoStack.back();
-            redoStack.pop_back();
+    /// One of the list, one of the same id but another category, or one that is not in the list.
+    Recipe anyRecipe() {
+        Recipe recipe{.name = word(), .operations = {operation(), operation()}};
+        if (!model.recipes.empty() && m_dice.chance(80)) {
+            recipe = m_dice.pick(model.recipes);
         }
+        recipe.category = m_dice.chance(10) ? RecipeCategory::coding : recipe.category;
+        return recipe;
+    }
+    static std::set<std::string, std::less<>> favoritesIn(const QVariantList &stored) {
+        std::set<std::string, std::less<>> found;
+        for (const QVariant &id : stored) {
+            found.insert(id.toString().toStdString());
+        }
+        return found;
+    }
+    void store(const char *key, const QVariant &value) {
+        preferences.setValue(key, value);
+        ++model.writes;
     }
 
-private:
-    void push() {
-        undoStack.push_back(now);
-        redoStack.clear();
+    void act(const std::string &name, const std::function<void()> &onManager, const std::function<void()> &onModel) {
+        SCOPED_TRACE(name);
+        ManagerAndModel::act(static_cast<std::uint32_t>(m_dice.below(1U << 31U)), onManager, onModel);
     }
 
-    const Catalog &m_catalog;
+    Dice m_dice;
 };
 
-std::vector<ModelOperation> operationsOf(const std::vector<AppliedOperation> &operations) {
-    std::vector<ModelOperation> plain;
-    plain.reserve(operations.size());
-    for (const AppliedOperation &operation : operations) {
-        plain.push_back({operation.transformation, operation.parameters, operation.isEnabled});
-    }
-    return plain;
-}
-
-struct ShownState {
-    std::string text;
-    std::vector<ModelOperation> operations;
-    std::vector<std::optional<OperationMeasures>> measures;
-
-    bool operator==(const ShownState &) const = default;
-};
-
-TextMeasures measuresOf(const std::string &text) { return {lineCount(text), characterCount(text)}; }
-
-ShownState shown(const ModelState &state) {
-    ShownState found{state.text, state.operations, {}};
-    for (const ModelTexts &texts : state.texts) {
-        found.measures.push_back(
-            texts.has_value() ? std::optional(OperationMeasures{measuresOf(texts->first), measuresOf(texts->second)})
-                              : std::nullopt);
-    }
-    return found;
-}
-
-ShownState shown(const TextHistoryState &state) {
-    ShownState found{std::string(state.text.view()), operationsOf(state.operations), {}};
-    for (const AppliedOperation &operation : state.operations) {
-        const auto texts = state.texts.find(operation.id);
-        found.measures.push_back(
-            texts != state.texts.end()
-                ? std::optional(OperationMeasures{texts->second.before->measures(), texts->second.after->measures()})
-                : std::nullopt);
-    }
-    return found;
-}
-
-std::vector<ShownState> shown(const std::vector<ModelState> &states) {
-    std::vector<ShownState> found;
-    std::ranges::transform(states, std::back_inserter(found), [](const ModelState &state) { return shown(state); });
-    return found;
-}
-
-std::vector<ShownState> shown(const std::vector<HistoryEntry> &entries) {
-    std::vector<ShownState> found;
-    std::ranges::transform(entries, std::back_inserter(found),
-                           [](const HistoryEntry &entry) { return shown(entry.state); });
-    return found;
-}
-
-class Walk {
-public:
-    explicit Walk(unsigned seed) : m_random(seed) {}
-
-    void run() {
-        for (int step = 0; step < 300 && !testing::Test::HasFailure(); ++step) {
-            const Model before = m_model;
-            m_model.printed.clear();
-            testing::internal::CaptureStdout();
-            const std::string done = takeStep();
-            const std::string printed = testing::internal::GetCapturedStdout();
-            SCOPED_TRACE("step " + std::to_string(step) + ": " + done);
-            EXPECT_EQ(printed, m_model.printed);
-            compare(before);
-        }
-    }
-
-private:
-    std::size_t upTo(std::size_t most) { return static_cast<std::size_t>(m_random()) % (most + 1); }
-    /// Mostly an index of the stack, now and then one behind it.
-    std::size_t index() { return upTo(m_model.now.operations.size()); }
-    std::string word() { return std::string(upTo(3), "ab \n!"[upTo(4)]) + "abc=\n "[upTo(5)]; }
-
-    ModelOperation step() {
-        static const char *const ids[] = {"uppercase",  "reverse",       "base64-encode", "base64-decode", "trim-lines",
-                                          "hex-decode", "reverse-lines", "json-escape",   "no such id"};
-        switch (upTo(3)) {
-        case 0:
-            return {"add-prefix", {{"prefix", word()}}, true};
-        case 1:
-            return {"delete-lines-containing", {{"text", word()}}, true};
-        default:
-            return {ids[upTo(std::size(ids) - 1)], {}, true};
-        }
-    }
-
-    std::string takeStep() {
-        switch (upTo(15)) {
-        case 0:
-        case 1: {
-            const std::size_t offset = upTo(m_model.now.text.size());
-            const std::size_t length = std::min(upTo(4), m_model.now.text.size() - offset);
-            const std::string typed = word();
-            m_manager.editCurrentText(offset, length, typed);
-            m_model.now.text.replace(offset, length, typed);
-            return "type";
-        }
-        case 2: {
-            const std::string pasted = word() + word() + word();
-            m_manager.setCurrentText(Text(pasted));
-            m_model.now.text = pasted;
-            return "set";
-        }
-        case 3:
-        case 4:
-        case 5: {
-            const ModelOperation one = step();
-            const TransformationPointer found = m_manager.findTransformation(one.transformation);
-            if (found != nullptr) {
-                expectSame([&] { m_manager.applyTransformation(*found, one.parameters); }, m_model.apply({one}));
-            }
-            return "apply " + one.transformation;
-        }
-        case 6: {
-            const std::vector<ModelOperation> steps = {step(), step(), step()};
-            Recipe recipe;
-            for (const ModelOperation &one : steps) {
-                AppliedOperation &operation = recipe.operations.emplace_back();
-                operation.transformation = one.transformation;
-                operation.parameters = one.parameters;
-                operation.isEnabled = upTo(1) == 0;
-            }
-            expectSame([&] { m_manager.applyRecipe(recipe); }, m_model.apply(steps));
-            return "recipe " + steps[0].transformation + " " + steps[1].transformation + " " + steps[2].transformation;
-        }
-        case 7: {
-            const std::size_t at = index();
-            m_manager.toggleOperation(at);
-            m_model.toggle(at);
-            return "toggle";
-        }
-        case 8: {
-            const std::size_t at = index();
-            m_manager.removeOperation(at);
-            m_model.remove(at);
-            return "remove";
-        }
-        case 9: {
-            const std::size_t from = index();
-            const std::size_t to = index();
-            m_manager.moveOperation(from, to);
-            m_model.move(from, to);
-            return "move";
-        }
-        case 10: {
-            const std::size_t at = index();
-            const ParameterMap parameters = {{"prefix", word()}};
-            m_manager.editOperationParameters(at, parameters);
-            m_model.edit(at, parameters);
-            return "edit";
-        }
-        case 11:
-            m_manager.undo();
-            m_model.undo();
-            return "undo";
-        case 12:
-            m_manager.redo();
-            m_model.redo();
-            return "redo";
-        case 13:
-            m_manager.reapplyOperations();
-            m_model.reapply();
-            return "reapply";
-        case 14:
-            m_manager.returnToOriginalText();
-            m_model.returnToOriginalText();
-            return "return";
-        default:
-            if (upTo(3) == 0) {
-                m_manager.clearAll();
-                m_model.clearAll();
-                return "clear all";
-            }
-            m_manager.clearOperations();
-            m_model.clearOperations();
-            return "clear operations";
-        }
-    }
-
-    template<typename Action> void expectSame(const Action &action, bool succeeds) {
-        bool succeeded = true;
-        try {
-            action();
-        } catch (const TransformationError &) {
-            succeeded = false;
-        }
-        EXPECT_EQ(succeeded, succeeds);
-    }
-
-    void compare(const Model &before) {
-        EXPECT_EQ(m_manager.currentText().view(), m_model.now.text);
-        EXPECT_EQ(m_manager.originalText().view(), m_model.original);
-        EXPECT_EQ(operationsOf(m_manager.appliedOperations()), m_model.now.operations);
-        EXPECT_EQ(shown(m_manager.history().undoStack()), shown(m_model.undoStack));
-        EXPECT_EQ(shown(m_manager.history().redoStack()), shown(m_model.redoStack));
-        std::map<QUuid, OperationMeasures> measures;
-        const ShownState expected = shown(m_model.now);
-        for (std::size_t i = 0; i < expected.operations.size(); ++i) {
-            const QUuid id = m_manager.appliedOperations()[i].id;
-            const std::optional<OperationMeasures> found = m_manager.operationMeasures(id);
-            EXPECT_EQ(found, expected.measures[i]);
-            if (found.has_value()) {
-                measures[id] = *found;
-            }
-        }
-
-        const std::string announced = m_changes.take();
-        EXPECT_EQ(timesIn(announced, "currentText"), before.now.text != m_model.now.text ? 1 : 0);
-        EXPECT_EQ(timesIn(announced, "originalText"), before.original != m_model.original ? 1 : 0);
-        const int least = before.now.operations != m_model.now.operations ? 1 : 0;
-        EXPECT_GE(timesIn(announced, "operations"), least); // two with the same parameters may have changed places
-        EXPECT_LE(timesIn(announced, "operations"), 1);
-        const bool historyIsNew = before.undoStack != m_model.undoStack || before.redoStack != m_model.redoStack;
-        EXPECT_EQ(timesIn(announced, "history"), historyIsNew ? 1 : 0);
-        const bool problemsAreNew = m_problems != m_manager.operationProblems();
-        EXPECT_EQ(timesIn(announced, "problems"), problemsAreNew ? 1 : 0);
-        EXPECT_GE(timesIn(announced, "measures"), m_measures != measures ? 1 : 0); // a text can be new and as long
-        EXPECT_LE(timesIn(announced, "measures"), 1);
-        m_measures = measures;
-        m_problems = m_manager.operationProblems();
-        EXPECT_TRUE(std::ranges::all_of(m_problems, [&](const auto &problem) {
-            return std::ranges::count(m_manager.appliedOperations(), problem.first, &AppliedOperation::id) == 1;
-        }));
-    }
-
-    static int timesIn(const std::string &announced, const std::string &name) {
-        int times = 0;
-        for (std::size_t at = announced.find(name); at != std::string::npos; at = announced.find(name, at + 1)) {
-            ++times;
-        }
-        return times;
-    }
-
-    std::mt19937 m_random;
-    test::MemoryPreferences m_preferences;
-    TransformationManager m_manager{m_preferences};
-    test::ChangeCounter m_changes{m_manager};
-    Model m_model{m_manager.transformations()};
-    OperationProblems m_problems;
-    std::map<QUuid, OperationMeasures> m_measures;
-};
-
-TEST(ManagerModel, EveryFieldFollowsTheRulesThroughRandomSequences) {
-    for (unsigned seed = 1; seed <= 150 && !testing::Test::HasFailure(); ++seed) {
-        SCOPED_TRACE("seed " + std::to_string(seed));
-        Walk(seed).run();
+TEST(ManagerModel, EveryFieldFollowsTheRulesThroughRandomWalks) {
+    for (unsigned number = 0; number < walks && !testing::Test::HasFailure(); ++number) {
+        SCOPED_TRACE("walk " + std::to_string(number));
+        const MemoryBudget little{.run = {.bytes = number % 100, .texts = number % 7}, .historyBytes = number % 90};
+        Walk(testSeed() + number, number % 2 == 0 ? std::nullopt : std::optional(little)).run();
     }
 }
 
 } // namespace
-} // namespace lexivore
+
+} // namespace lexivore::test
