@@ -21,6 +21,7 @@
 
 #include <QHash>
 #include <QScrollArea>
+#include <QSignalBlocker>
 #include <QUuid>
 #include <QVBoxLayout>
 
@@ -80,7 +81,8 @@ void OperationsPanel::createHeader() {
     m_mode = new Switch({}, header);
     m_mode->setObjectName("modeSwitch");
     m_mode->setFocusPolicy(Qt::TabFocus);
-    connect(m_mode, &QAbstractButton::clicked, this, [this] {
+    // Assistive technology toggles without a click.
+    connect(m_mode, &QAbstractButton::toggled, this, [this] {
         // The notification decides; until then the switch shows what holds.
         showMode();
         emit modeToggled();
@@ -91,7 +93,7 @@ void OperationsPanel::createHeader() {
     m_pause->setObjectName("pause");
     m_pause->setCheckable(true);
     m_pause->setFocusPolicy(Qt::TabFocus);
-    connect(m_pause, &ToolButton::clicked, this, [this] {
+    connect(m_pause, &ToolButton::toggled, this, [this] {
         showPause();
         emit pauseToggled();
     });
@@ -126,7 +128,10 @@ void OperationsPanel::showMode() {
         isStack ? tr("combine multiple transformations, as a stack") : tr("only one transformation at a time");
     m_modeIcon->setName(isStack ? "square.stack" : "1.square");
     m_modeName->setText(nameOfMode(isStack));
-    m_mode->setChecked(isStack);
+    {
+        const QSignalBlocker blocker(m_mode);
+        m_mode->setChecked(isStack);
+    }
     m_mode->setAccessibleName(m_modeName->text());
     m_mode->setAccessibleDescription(help);
     for (QWidget *part :
@@ -139,7 +144,10 @@ void OperationsPanel::showPause() {
     const bool isActive = m_state.operationsEnabled();
     const QString help =
         isActive ? tr("Operations active (click to pause)") : tr("Operations paused (click to resume)");
-    m_pause->setChecked(!isActive);
+    {
+        const QSignalBlocker blocker(m_pause);
+        m_pause->setChecked(!isActive);
+    }
     m_pause->setSymbol(isActive ? "pause" : "play");
     m_pause->setHelp(help);
 }

@@ -9,6 +9,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QVariantAnimation>
 
 namespace lexivore {
@@ -37,7 +38,10 @@ StarButton::StarButton(QWidget *parent) : QAbstractButton(parent), m_fading(new 
 }
 
 void StarButton::setFavorite(bool favorite) {
-    setChecked(favorite);
+    {
+        const QSignalBlocker blocker(this);
+        setChecked(favorite);
+    }
     setToolTip(favorite ? tr("Remove from favorites") : tr("Add to favorites"));
     setAccessibleName(tr("Favorite"));
     update();

@@ -16,6 +16,7 @@ public:
     explicit StarButton(QWidget *parent = nullptr);
 
     [[nodiscard]] bool isFavorite() const { return isChecked(); }
+    /// Without the signal `toggled`, which stands for what the user does.
     void setFavorite(bool favorite);
     /// Fades in or out.
     void setRevealed(bool revealed);
@@ -26,7 +27,6 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void nextCheckState() override {}
 
 private:
     QVariantAnimation *m_fading;

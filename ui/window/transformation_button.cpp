@@ -64,7 +64,8 @@ TransformationButton::TransformationButton(TransformationPointer transformation,
     auto *reveal = new HoverReveal(this);
     connect(reveal, &HoverReveal::revealed, this, [this] { setShowFavorite(true); });
     connect(reveal, &HoverReveal::concealed, this, [this] { setShowFavorite(false); });
-    connect(m_star, &StarButton::clicked, this, &TransformationButton::favoriteToggled);
+    // Assistive technology toggles without a click.
+    connect(m_star, &StarButton::toggled, this, &TransformationButton::favoriteToggled);
 }
 
 bool TransformationButton::isFavorite() const { return m_star->isFavorite(); }

@@ -10,6 +10,7 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <QSignalBlocker>
 
 namespace lexivore {
 
@@ -99,7 +100,8 @@ void WindowToolBar::addOperationsGroup(TransformationManager &manager) {
             &WindowToolBar::clearOperationsRequested);
     m_panelToggle = addButton("toggleOperations", "sidebar.right", tr("Toggle operations panel"));
     m_panelToggle->setCheckable(true);
-    connect(m_panelToggle, &ToolButton::clicked, this, [this] {
+    // Assistive technology toggles without a click.
+    connect(m_panelToggle, &ToolButton::toggled, this, [this] {
         // The notification decides; until then the button shows what holds.
         showPanelState();
         emit operationsPanelToggled();
@@ -107,6 +109,7 @@ void WindowToolBar::addOperationsGroup(TransformationManager &manager) {
 }
 
 void WindowToolBar::showPanelState() {
+    const QSignalBlocker blocker(m_panelToggle);
     m_panelToggle->setChecked(m_state.showOperations());
     m_showOperations->setVisible(!m_state.showOperations());
 }

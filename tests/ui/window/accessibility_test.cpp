@@ -140,5 +140,28 @@ TEST_F(Accessibility, TheModeSwitchAndThePauseButtonTellTheirStates) {
     EXPECT_EQ(pause->text(QAccessible::Name), "Operations paused (click to resume)");
 }
 
+TEST_F(Accessibility, TogglingIsAnActionThatDoesWhatAClickDoes) {
+    const auto toggle = [this](QWidget *control) {
+        seen(control)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    };
+    auto *row = find("transformation.lowercase");
+    row->setFocus(Qt::TabFocusReason);
+    for (const bool isOn : {true, false}) {
+        toggle(find("modeSwitch"));
+        EXPECT_EQ(state().stackOperationMode(), isOn);
+        EXPECT_EQ(bool(seen(find("modeSwitch"))->state().checked), isOn);
+        toggle(find("pause"));
+        EXPECT_EQ(state().operationsEnabled(), !isOn);
+        EXPECT_EQ(bool(seen(find("pause"))->state().checked), isOn);
+        toggle(find("toggleOperations"));
+        EXPECT_EQ(state().showOperations(), !isOn);
+        EXPECT_EQ(bool(seen(find("toggleOperations"))->state().checked), !isOn);
+        auto *star = row->findChild<QWidget *>("star");
+        toggle(star);
+        EXPECT_EQ(manager().favorites().contains("lowercase"), isOn);
+        EXPECT_EQ(bool(seen(star)->state().checked), isOn);
+    }
+}
+
 } // namespace
 } // namespace lexivore
