@@ -22,6 +22,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <iterator>
 
 namespace lexivore {
 
@@ -144,12 +145,19 @@ void TransformationList::showMatches() {
         m_search->setText(m_state.searchText());
     }
     m_header->setText(m_state.searchText().isEmpty() ? tr("Transformations") : tr("Search Results"));
-    bool isEmpty = true;
+    std::vector<TransformationButton *> unlisted;
     for (TransformationButton *button : m_buttons) {
-        const bool isShown = isListed(*button->transformation());
-        button->setVisible(isShown);
-        isEmpty = isEmpty && !isShown;
+        if (isListed(*button->transformation())) {
+            button->show();
+        } else {
+            unlisted.push_back(button);
+        }
     }
+    keepFocus();
+    for (TransformationButton *button : unlisted) {
+        button->hide();
+    }
+    const bool isEmpty = unlisted.size() == m_buttons.size();
     m_scroll->setVisible(!isEmpty);
     if (!isEmpty) {
         m_emptyState->hide();
@@ -157,6 +165,27 @@ void TransformationList::showMatches() {
         m_emptyState->show("questionmark.circle", tr("Select a category"));
     } else {
         m_emptyState->show({}, tr("No results"));
+    }
+}
+
+// A row that is hidden with the focus would pass it on out of the list, to the editor.
+void TransformationList::keepFocus() {
+    const QWidget *focused = window()->focusWidget();
+    const auto isListedRow = [this](const auto *row) { return isListed(*row->transformation()); };
+    const auto row = std::find_if(m_buttons.begin(), m_buttons.end(), [focused](const auto *button) {
+        return button == focused || button->isAncestorOf(focused);
+    });
+    if (row == m_buttons.end() || isListedRow(*row)) {
+        return;
+    }
+    const auto next = std::find_if(row, m_buttons.end(), isListedRow);
+    const auto previous = std::find_if(std::make_reverse_iterator(row), m_buttons.rend(), isListedRow);
+    if (next != m_buttons.end()) {
+        (*next)->setFocus(Qt::OtherFocusReason);
+    } else if (previous != m_buttons.rend()) {
+        (*previous)->setFocus(Qt::OtherFocusReason);
+    } else {
+        m_search->setFocus(Qt::OtherFocusReason);
     }
 }
 

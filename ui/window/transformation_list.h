@@ -45,6 +45,7 @@ private:
     void colourSearchIcons();
     void createRows();
     void showMatches();
+    void keepFocus();
     void showFavorites();
     void showPause();
     [[nodiscard]] bool isListed(const TextTransformation &transformation) const;

@@ -181,6 +181,26 @@ TEST_F(ListRows, TheContextMenuMarksAFavoriteAndTakesTheMarkAway) {
     EXPECT_EQ(text(), "Kept");
 }
 
+TEST_F(ListRows, AMarkTakenAwayAmongTheFavoritesLeavesTheKeyboardInTheList) {
+    setText("Kept");
+    for (const char *id : {"uppercase", "lowercase", "trim-lines"}) {
+        manager().toggleFavorite(id);
+    }
+    click("category.Favorites");
+    row("lowercase")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Right);
+    ASSERT_TRUE(star("lowercase")->hasFocus());
+    press(Qt::Key_Space);
+    EXPECT_TRUE(row("trim-lines")->hasFocus()) << "the next one";
+    manager().toggleFavorite("trim-lines");
+    EXPECT_TRUE(row("uppercase")->hasFocus()) << "the one before, if there is no next";
+    press(Qt::Key_Right);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(find("search")->hasFocus());
+    press(Qt::Key_Space);
+    EXPECT_EQ(text(), "Kept");
+}
+
 TEST_F(ListRows, ARowWhoseContextMenuIsClosedElsewhereIsNoLongerHovered) {
     useStackMode();
     setText("a");
