@@ -158,6 +158,14 @@ void OperationsPanel::createRows() {
         DraggableOperationItem *item = m_items.back();
         m_items.pop_back();
         m_column->removeWidget(item);
+        // Hidden with the focus, the last stop of Tab would pass it on to the first: a button that replaces the text.
+        if (window()->focusWidget() == item) {
+            QWidget *heir = m_pause;
+            if (count > 0) {
+                heir = m_items[count - 1];
+            }
+            heir->setFocus(Qt::OtherFocusReason);
+        }
         item->hide();
         item->setObjectName({});
         item->deleteLater();

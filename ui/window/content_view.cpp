@@ -107,8 +107,13 @@ void ContentView::layOut() {
 void ContentView::connectPieces() {
     connect(m_state, &WindowState::showSidebarChanged, m_sidebar,
             [this] { m_sidebar->setVisible(m_state->showSidebar()); });
-    connect(m_state, &WindowState::showOperationsChanged, m_operations,
-            [this] { m_operations->setVisible(m_state->showOperations()); });
+    connect(m_state, &WindowState::showOperationsChanged, m_operations, [this] {
+        // Hidden with the focus, the last column would pass it on to the first button of the toolbar.
+        if (!m_state->showOperations() && m_operations->isAncestorOf(focusWidget())) {
+            m_editor->focusEditor();
+        }
+        m_operations->setVisible(m_state->showOperations());
+    });
     connect(m_list, &TransformationList::transformationSelected, m_transformationFlow,
             [this](const TransformationPointer &chosen) { m_transformationFlow->select(chosen); });
     connect(m_list, &TransformationList::favoriteToggled, m_transformationFlow,

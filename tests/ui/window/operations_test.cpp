@@ -104,6 +104,34 @@ TEST_F(Operations, SpaceAndReturnToggleDeleteRemovesAndAltArrowsMove) {
     EXPECT_TRUE(row(1)->hasFocus());
 }
 
+TEST_F(Operations, RowsThatGoLeaveTheKeyboardInThePanel) {
+    row(2)->setFocus(Qt::TabFocusReason);
+    center().post(notification::undoTransformation);
+    ASSERT_EQ(stack(), "uppercase reverse ");
+    EXPECT_TRUE(row(1)->hasFocus());
+    press(Qt::Key_Delete);
+    press(Qt::Key_Delete);
+    ASSERT_EQ(stack(), "");
+    EXPECT_TRUE(find("pause")->hasFocus());
+    center().post(notification::undoTransformation);
+    center().post(notification::undoTransformation);
+    row(1)->setFocus(Qt::TabFocusReason);
+    manager().clearOperations();
+    EXPECT_TRUE(find("pause")->hasFocus());
+}
+
+TEST_F(Operations, HidingThePanelPutsItsKeyboardInTheEditor) {
+    for (const char *name : {"operation.1", "pause"}) {
+        find(name)->setFocus(Qt::TabFocusReason);
+        choose("ToggleOperations");
+        EXPECT_TRUE(find("editor")->hasFocus()) << name;
+        choose("ToggleOperations");
+    }
+    find("search")->setFocus(Qt::TabFocusReason);
+    choose("ToggleOperations");
+    EXPECT_TRUE(find("search")->hasFocus());
+}
+
 TEST_F(Operations, TheContextMenuTogglesAndRemoves) {
     const auto openMenu = [this] {
         QContextMenuEvent event(QContextMenuEvent::Keyboard, {10, 10}, row(0)->mapToGlobal(QPoint(10, 10)));
