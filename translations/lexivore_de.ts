@@ -1706,8 +1706,16 @@ Formt reinen Text um.</translation>
         <translation>Umbenennen</translation>
     </message>
     <message>
+        <source>Rename %1</source>
+        <translation>%1 umbenennen</translation>
+    </message>
+    <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
     </message>
     <message>
         <source>Recipe name</source>

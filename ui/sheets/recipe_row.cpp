@@ -57,8 +57,10 @@ void RecipeRow::showRecipe(const Recipe &recipe) {
     texts->addStretch();
     auto *rename = new ToolButton(QStringLiteral("pencil"), tr("Rename"), ToolButton::row);
     rename->setObjectName(QStringLiteral("rename"));
+    rename->setAccessibleName(tr("Rename %1").arg(accessibleName()));
     auto *remove = new ToolButton(QStringLiteral("trash"), tr("Delete"), ToolButton::row);
     remove->setObjectName(QStringLiteral("delete"));
+    remove->setAccessibleName(tr("Delete %1").arg(accessibleName()));
     row->addLayout(texts, 1);
     row->addSpacing(8);
     row->addWidget(rename);

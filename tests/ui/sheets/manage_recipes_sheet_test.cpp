@@ -323,8 +323,8 @@ TEST_F(ManageRecipesSheetTest, IsAListForAssistiveTechnology) {
     press(Qt::Key_Down);
     EXPECT_TRUE(list->child(1)->state().selected);
     EXPECT_FALSE(list->child(0)->state().selected);
-    EXPECT_EQ(row(0)->findChild<ToolButton *>("rename")->accessibleName(), "Rename");
-    EXPECT_EQ(row(0)->findChild<ToolButton *>("delete")->accessibleName(), "Delete");
+    EXPECT_EQ(row(0)->findChild<ToolButton *>("rename")->accessibleName(), "Rename a");
+    EXPECT_EQ(row(0)->findChild<ToolButton *>("delete")->accessibleName(), "Delete a");
 }
 
 } // namespace
