@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/copy_toast.h"
 
+#include "ui/controls/accessible_role.h"
 #include "ui/icon.h"
 #include "ui/theme/motion.h"
 #include "ui/theme/theme.h"
@@ -29,6 +30,7 @@ constexpr int fromTheBottom = 16;
 CopyToast::CopyToast(WindowState &state, QWidget *editor)
     : QWidget(editor), m_state(state), m_fading(new QVariantAnimation(this)), m_text(tr("Copied to clipboard")) {
     setObjectName("copyToast");
+    setAccessibleRole(*this, QAccessible::Notification); // of which screen readers tell when it shows
     setAccessibleName(m_text);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);

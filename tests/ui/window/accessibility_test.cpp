@@ -163,5 +163,13 @@ TEST_F(Accessibility, TogglingIsAnActionThatDoesWhatAClickDoes) {
     }
 }
 
+// As it shows, screen readers tell of a notification and of nothing else that is without the focus.
+TEST_F(Accessibility, TheConfirmationOfACopyIsANotification) {
+    setText("x");
+    click("copy");
+    EXPECT_EQ(seen(find("copyToast"))->role(), QAccessible::Notification);
+    EXPECT_EQ(seen(find("copyToast"))->text(QAccessible::Name), "Copied to clipboard");
+}
+
 } // namespace
 } // namespace lexivore
