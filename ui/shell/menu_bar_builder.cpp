@@ -205,7 +205,8 @@ void MenuBarBuilder::buildViewMenu() {
 }
 
 void MenuBarBuilder::buildRecipesMenu() {
-    m_recipes = new RecipeMenu(m_manager, &m_window);
+    // Disabled with the bar, as the other menus are, while a sheet is open.
+    m_recipes = new RecipeMenu(m_manager, m_window.menuBar());
     m_recipes->setTitle(tr("&Recipes"));
     m_recipes->setObjectName("menu.recipes");
     std::vector<QAction *> fixed = commandsOf("recipes");

@@ -3,6 +3,7 @@
 #include "tests/ui/window/window_fixture.h"
 
 #include <QAccessible>
+#include <QMenuBar>
 #include <QSet>
 
 namespace lexivore {
@@ -169,6 +170,25 @@ TEST_F(Accessibility, TheConfirmationOfACopyIsANotification) {
     click("copy");
     EXPECT_EQ(seen(find("copyToast"))->role(), QAccessible::Notification);
     EXPECT_EQ(seen(find("copyToast"))->text(QAccessible::Name), "Copied to clipboard");
+}
+
+TEST_F(Accessibility, NoMenuIsEnabledBeneathASheet) {
+    setText("x");
+    const auto enabledMenus = [this] {
+        QStringList names;
+        forEach(seen(window().menuBar()), [&](QAccessibleInterface &node) {
+            if (node.role() == QAccessible::MenuItem && !node.state().disabled) {
+                names << node.text(QAccessible::Name);
+            }
+        });
+        return names;
+    };
+    const QStringList all = enabledMenus();
+    EXPECT_TRUE(all.contains("Recipes"));
+    choose("ShowRecipeSheet");
+    EXPECT_EQ(enabledMenus(), QStringList());
+    press(Qt::Key_Escape);
+    EXPECT_EQ(enabledMenus(), all);
 }
 
 } // namespace
