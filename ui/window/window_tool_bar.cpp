@@ -3,6 +3,7 @@
 #include "ui/window/window_tool_bar.h"
 
 #include "ui/controls/menu_pointer.h"
+#include "ui/controls/menu_tool_button.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/tool_button.h"
 #include "ui/window/recipe_menu.h"
@@ -63,10 +64,14 @@ bool WindowToolBar::event(QEvent *event) {
 
 ToolButton *WindowToolBar::addButton(const QString &name, const QString &icon, const QString &help) {
     auto *button = new ToolButton(icon, help, ToolButton::toolBar, this);
-    button->setObjectName(name);
-    button->setFocusPolicy(Qt::TabFocus);
-    addWidget(button);
+    place(*button, name);
     return button;
+}
+
+void WindowToolBar::place(ToolButton &button, const QString &name) {
+    button.setObjectName(name);
+    button.setFocusPolicy(Qt::TabFocus);
+    addWidget(&button);
 }
 
 void WindowToolBar::addTextGroup() {
@@ -86,8 +91,8 @@ void WindowToolBar::addTextGroup() {
 }
 
 void WindowToolBar::addOperationsGroup(TransformationManager &manager) {
-    ToolButton *recipes = addButton("recipes", "book.closed", tr("Load a saved recipe"));
-    recipes->setPopupMode(ToolButton::InstantPopup);
+    auto *recipes = new MenuToolButton("book.closed", tr("Load a saved recipe"), ToolButton::toolBar, this);
+    place(*recipes, "recipes");
     auto *menu = new RecipeMenu(manager, recipes);
     menu->setObjectName("recipesToolMenu");
     recipes->setMenu(menu);

@@ -33,6 +33,7 @@ private:
     void placeButtons();
     void addEnd();
     ToolButton *addButton(const QString &name, const QString &icon, const QString &help);
+    void place(ToolButton &button, const QString &name);
     void addTextGroup();
     void addOperationsGroup(TransformationManager &manager);
     void showPanelState();

@@ -3,8 +3,10 @@
 #include "tests/ui/window/window_fixture.h"
 
 #include <QAccessible>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSet>
+#include <QTimer>
 
 namespace lexivore {
 namespace {
@@ -162,6 +164,26 @@ TEST_F(Accessibility, TogglingIsAnActionThatDoesWhatAClickDoes) {
         EXPECT_EQ(manager().favorites().contains("lowercase"), isOn);
         EXPECT_EQ(bool(seen(star)->state().checked), isOn);
     }
+}
+
+TEST_F(Accessibility, TheRecipesButtonOpensItsMenuAndTakesTheFocus) {
+    auto *actions = seen(find("recipes"))->actionInterface();
+    auto *menu = find<QMenu>("recipesToolMenu");
+    EXPECT_EQ(seen(find("recipes"))->text(QAccessible::Name), "Load a saved recipe");
+    actions->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(find("recipes")->hasFocus());
+    bool wasShown = false;
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, menu, [&] {
+        wasShown = wasShown || menu->isVisible();
+        menu->close();
+    });
+    closing.start(10);
+    actions->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_FALSE(wasShown) << "the one who asks is not kept waiting";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return wasShown; }, 30'000));
+    choose("ShowRecipeSheet");
+    EXPECT_EQ(actions->actionNames(), QStringList());
 }
 
 // As it shows, screen readers tell of a notification and of nothing else that is without the focus.
