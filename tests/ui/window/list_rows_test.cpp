@@ -181,6 +181,20 @@ TEST_F(ListRows, TheContextMenuMarksAFavoriteAndTakesTheMarkAway) {
     EXPECT_EQ(text(), "Kept");
 }
 
+TEST_F(ListRows, KeysLeadFromTheStarToTheRowsAround) {
+    const std::pair<Qt::Key, QString> ways[] = {{Qt::Key_Down, "lowercase"},
+                                                {Qt::Key_Left, "lowercase"},
+                                                {Qt::Key_Escape, "lowercase"},
+                                                {Qt::Key_Up, "uppercase"}};
+    row("uppercase")->setFocus(Qt::TabFocusReason);
+    for (const auto &[key, id] : ways) {
+        press(Qt::Key_Right);
+        EXPECT_TRUE(qobject_cast<StarButton *>(QApplication::focusWidget())) << key;
+        press(key);
+        EXPECT_TRUE(row(id)->hasFocus()) << key;
+    }
+}
+
 TEST_F(ListRows, AMarkTakenAwayAmongTheFavoritesLeavesTheKeyboardInTheList) {
     setText("Kept");
     for (const char *id : {"uppercase", "lowercase", "trim-lines"}) {
