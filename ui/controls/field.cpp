@@ -39,7 +39,8 @@ bool Field::event(QEvent *event) {
 
 void Field::changeEvent(QEvent *event) {
     QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::ApplicationPaletteChange)
+    // Of a new palette of the application only windows are told; what they contain gets theirs.
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange)
         colourText();
 }
 

@@ -7,6 +7,7 @@
 #include "ui/controls/label.h"
 #include "ui/controls/switch.h"
 #include "ui/controls/tool_button.h"
+#include "ui/sheets/alert_sheet.h"
 
 #include <QCheckBox>
 #include <QPainter>
@@ -181,6 +182,21 @@ TEST_F(ControlsTest, AFieldShowsItsFocusAndTakesTextOfAnyLength) {
     EXPECT_EQ(colourAt(below, edge), theme().borderStrong);
     below->setText(QString(100'000, 'x'));
     EXPECT_EQ(below->text().size(), 100'000);
+}
+
+TEST_F(ControlsTest, AFieldBeneathASheetFollowsTheTheme) {
+    below->setText("text");
+    show(new AlertSheet({"Clear", "?", "Clear", true}, {}));
+    ASSERT_FALSE(below->isEnabled());
+    const QPalette before = QApplication::palette();
+    for (const Theme *colours : {&darkTheme(), &lightTheme()}) {
+        QApplication::setPalette(paletteOf(*colours));
+        settle();
+        EXPECT_EQ(below->palette().color(QPalette::Disabled, QPalette::Text), colours->text);
+        EXPECT_EQ(below->palette().color(QPalette::Disabled, QPalette::PlaceholderText), colours->text3);
+    }
+    QApplication::setPalette(before);
+    press(Qt::Key_Escape);
 }
 
 TEST_F(ControlsTest, ALabelOnOneLineCutsOffAndShowsTheRestInItsToolTip) {
