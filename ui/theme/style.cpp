@@ -148,7 +148,15 @@ void Style::polish(QWidget *widget) {
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
     } else if (widget->inherits("QTipLabel")) {
         widget->setPalette(paletteOf(theme()));
+        widget->installEventFilter(this);
     }
+}
+
+bool Style::eventFilter(QObject *watched, QEvent *event) {
+    // While a tooltip is in sight, the next one is shown in the same label.
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        static_cast<QWidget *>(watched)->setPalette(paletteOf(theme()));
+    return QProxyStyle::eventFilter(watched, event);
 }
 
 int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const {

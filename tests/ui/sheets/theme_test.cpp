@@ -9,7 +9,9 @@
 #include "ui/theme/typography.h"
 
 #include <QScrollBar>
+#include <QToolTip>
 
+#include <algorithm>
 #include <cmath>
 
 namespace lexivore {
@@ -117,6 +119,21 @@ TEST_F(RunningThemeTest, FollowsAChangeOfThePalette) {
     QApplication::setPalette(QPalette());
     settle();
     EXPECT_EQ(fill(), lightTheme().accent);
+}
+
+TEST_F(RunningThemeTest, ATooltipThatIsShownFollowsTheTheme) {
+    QToolTip::showText(QPoint(10, 10), "one", &window);
+    settle();
+    const QWidgetList shown = QApplication::topLevelWidgets();
+    const auto tip = std::ranges::find_if(shown, [](const QWidget *widget) { return widget->inherits("QTipLabel"); });
+    ASSERT_NE(tip, shown.end());
+    for (const Theme *colours : {&darkTheme(), &lightTheme()}) {
+        QApplication::setPalette(paletteOf(*colours));
+        settle();
+        EXPECT_EQ((*tip)->palette().color(QPalette::ToolTipText), colours->text);
+    }
+    QApplication::setPalette(QPalette());
+    QToolTip::hideText();
 }
 
 TEST_F(RunningThemeTest, RowsGrowWithTheLettersAndNeverClipThem) {
