@@ -76,7 +76,8 @@ QWidget *EditorSettingsSheet::makeSizeRow(double fontSize) {
     m_value->setObjectName(QStringLiteral("fontSizeValue"));
     m_value->setFont(fontWithEvenDigits(m_value->font()));
     m_value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_value->setFixedWidth(qMax(valueWidth - 8, m_value->sizeHint().width()));
+    const int widest = QFontMetrics(m_value->font()).horizontalAdvance(QString::number(greatestFontSize)) + 1;
+    m_value->setFixedWidth(qMax(valueWidth - 8, qMax(widest, m_value->sizeHint().width())));
 
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);

@@ -47,6 +47,17 @@ TEST_F(EditorSettingsSheetTest, GoesFrom9To24InWholePointsAndFollowsTheKeys) {
     EXPECT_EQ(sizes, (QList<double>{9, 10, 24}));
 }
 
+TEST_F(EditorSettingsSheetTest, HasRoomForTwoDigitsInLargeLetters) {
+    QFont font = QApplication::font();
+    font.setPointSizeF(20);
+    QApplication::setFont(font);
+    open(9);
+    slider()->setFocus();
+    press(Qt::Key_End);
+    EXPECT_EQ(value()->text(), "24");
+    EXPECT_GE(value()->width(), value()->sizeHint().width());
+}
+
 TEST_F(EditorSettingsSheetTest, FollowsThePointerWhileItMovesAndSnapsToWholePoints) {
     open(9);
     const int y = slider()->height() / 2;
