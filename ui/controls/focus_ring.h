@@ -25,6 +25,7 @@ struct FocusShape {
     int radius = 8; ///< Of the widget's own corners, in device-independent pixels.
     /// A checked button is filled with the accent: it gets a second ring that stands out on the fill.
     bool isDoubledWhenChecked = false;
+    int inset = 0; ///< How much of the widget's top, and of its bottom, is a gap to its neighbours.
 };
 
 void setFocusShape(QWidget &widget, FocusShape shape);

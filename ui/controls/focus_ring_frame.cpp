@@ -65,8 +65,10 @@ void FocusRingFrame::watch(bool isWatching) {
 }
 
 void FocusRingFrame::place() {
-    const int margin = marginAround(focusShape(*m_widget));
-    const QRect surrounded(m_widget->mapTo(parentWidget(), QPoint()), m_widget->size());
+    const FocusShape shape = focusShape(*m_widget);
+    const int margin = marginAround(shape);
+    const QRect widget(m_widget->mapTo(parentWidget(), QPoint()), m_widget->size());
+    const QRect surrounded = widget.adjusted(0, shape.inset, 0, -shape.inset);
     setGeometry(surrounded.adjusted(-margin, -margin, margin, margin));
     setVisible(m_widget->isVisible());
     raise();

@@ -4,6 +4,7 @@
 
 #include "manager/transformation_manager.h"
 #include "ui/controls/badge.h"
+#include "ui/controls/focus_ring.h"
 #include "ui/controls/label.h"
 #include "ui/controls/menu_pointer.h"
 #include "ui/controls/tool_button.h"
@@ -62,6 +63,9 @@ DraggableOperationItem::DraggableOperationItem(const TransformationManager &mana
                                                QWidget *parent)
     : RowButton(parent), m_manager(manager), m_state(state),
       m_remove(new ToolButton("xmark.circle.fill", tr("Remove"), ToolButton::small, this)) {
+    // The gap belongs to the insertion mark, which the ring must not hide.
+    setFocusShape(*this,
+                  {.placement = FocusShape::Placement::inside, .radius = metrics::radius, .inset = gapToNextRow / 2});
     m_remove->setObjectName("remove");
     m_remove->setFocusPolicy(Qt::NoFocus);
     connect(m_remove, &ToolButton::clicked, this, &DraggableOperationItem::removed);

@@ -152,6 +152,15 @@ TEST_F(ControlsTest, TheRingLies2PixelsAroundAButtonAndInsideATool) {
     EXPECT_EQ(ring(), nullptr);
 }
 
+TEST_F(ControlsTest, TheRingLeavesOutTheGapToTheNeighbours) {
+    auto *row = place(new ToolButton("trash", "Clear"));
+    setFocusShape(*row, {.placement = FocusShape::Placement::inside, .inset = 2});
+    row->setFocus(Qt::TabFocusReason);
+    ASSERT_NE(ring(), nullptr);
+    EXPECT_EQ(ring()->mapToGlobal(QPoint()), row->mapToGlobal(QPoint(0, 2)));
+    EXPECT_EQ(ring()->size(), row->size() - QSize(0, 4));
+}
+
 TEST_F(ControlsTest, TheRingIsCutOffWithWhatScrolls) {
     auto *area = place(new QScrollArea);
     auto *content = new QWidget;

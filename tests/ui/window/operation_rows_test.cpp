@@ -150,6 +150,22 @@ TEST_F(OperationRows, TheInsertionMarkIs2PixelsOfTheAccent) {
     EXPECT_EQ(pixel(2, {60, 0}).alpha(), 0);
 }
 
+TEST_F(OperationRows, TheFocusRingLeavesTheInsertionMarkInSight) {
+    QWidget *panel = find("operationsPanel");
+    const auto colourAt = [&](int index, QPoint position) {
+        return panel->grab().toImage().pixelColor(row(index)->mapTo(panel, position));
+    };
+    row(0)->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(colourAt(0, {60, 1}), theme().pane) << "the gap";
+    EXPECT_EQ(colourAt(0, {60, 2}), theme().focus) << "just inside the row";
+    EXPECT_EQ(colourAt(0, {60, row(0)->height() - 3}), theme().focus);
+    EXPECT_EQ(colourAt(0, {60, row(0)->height() - 2}), theme().pane);
+    state().setDraggedOperation(row(1)->operation());
+    row(0)->dropEntered();
+    EXPECT_EQ(colourAt(0, {60, 0}), theme().accent);
+    EXPECT_EQ(colourAt(0, {60, 1}), theme().accent);
+}
+
 TEST_F(OperationRows, EachParameterHasALineOfItsOwnWhateverItHolds) {
     manager().clearAll();
     setText("x");
