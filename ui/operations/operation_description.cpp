@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/operations/operation_description.h"
 
+#include "ui/controls/label.h"
 #include "ui/text_conversion.h"
 #include "ui/translation.h"
 
@@ -19,10 +20,7 @@ struct Words {
 
 /// A parameter can hold anything: line breaks and other controls become signs that stand on one line.
 QString oneLine(QString text) {
-    text.truncate(longestParameter);
-    if (!text.isEmpty() && text.back().isHighSurrogate()) {
-        text.chop(1);
-    }
+    text = shortened(text, longestParameter);
     for (QChar &unit : text) {
         if (unit.unicode() < 0x20) {
             unit = QChar(0x2400 + unit.unicode());

@@ -190,6 +190,7 @@ TEST_F(OperationRows, EachParameterHasALineOfItsOwnWhateverItHolds) {
     EXPECT_FALSE(strange->accessibleDescription().contains('\n'));
     EXPECT_TRUE(strange->accessibleDescription().startsWith("Enabled, suffix: a"));
     EXPECT_LT(strange->accessibleDescription().size(), 300);
+    EXPECT_TRUE(strange->accessibleDescription().endsWith(QChar(0x2026))) << "tells that there is more";
 }
 
 TEST_F(OperationRows, TheTooltipShowsWhatItReadsAndNoMarkup) {
