@@ -7,6 +7,7 @@
 #include "ui/controls/label.h"
 #include "ui/controls/menu_pointer.h"
 #include "ui/controls/push_button.h"
+#include "ui/controls/scrolling_pointer.h"
 #include "ui/controls/sheet_edges.h"
 #include "ui/controls/symbol.h"
 #include "ui/menu_text.h"
@@ -43,6 +44,7 @@ ManageRecipesSheet::ManageRecipesSheet(TransformationManager &manager)
     // In the order of Tab: behind the rows, which are made last, the round begins anew.
     addBelowBody(makeFooter());
     addAboveBody(makeHeader());
+    pointAtWhatScrolls(scrollArea());
     rebuild();
     connect(&manager, &TransformationManager::recipesChanged, this, &ManageRecipesSheet::rebuild);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/row_column.h"
 
+#include "ui/controls/scrolling_pointer.h"
 #include "ui/window/row_accessibility.h"
 #include "ui/window/row_button.h"
 
@@ -29,6 +30,7 @@ void RowColumn::standIn(QScrollArea &area, const QMargins &margins) {
     area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area.setFocusPolicy(Qt::NoFocus);
     area.setWidget(this);
+    pointAtWhatScrolls(area);
     area.viewport()->setAutoFillBackground(false);
     setAutoFillBackground(false);
     placeRows();

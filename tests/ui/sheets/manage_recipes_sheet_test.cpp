@@ -8,8 +8,10 @@
 #include "ui/controls/tool_button.h"
 #include "ui/sheets/recipe_row.h"
 
+#include <QCursor>
 #include <QMouseEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace lexivore {
 namespace {
@@ -291,6 +293,22 @@ TEST_F(ManageRecipesSheetTest, ARecipeWithoutANameIsCalledUntitledAsInTheMenus) 
     }
     press(Qt::Key_F2);
     EXPECT_EQ(field()->text(), "") << "that is no name to go on from";
+}
+
+TEST_F(ManageRecipesSheetTest, WhatScrollsBeneathARestingPointerIsHovered) {
+    for (int count = 0; count < 20; ++count)
+        add("Recipe " + std::to_string(count));
+    open();
+    QCursor::setPos(row(0)->mapToGlobal(QPoint(20, 20)));
+    settle();
+    ASSERT_TRUE(row(0)->underMouse());
+    auto *area = window.findChild<Sheet *>()->findChild<QScrollArea *>();
+    area->verticalScrollBar()->setValue(row(1)->y() - row(0)->y());
+    EXPECT_FALSE(row(0)->underMouse());
+    EXPECT_TRUE(row(1)->underMouse());
+    QCursor::setPos(window.mapToGlobal(QPoint(5, 5)));
+    settle();
+    EXPECT_FALSE(row(1)->underMouse());
 }
 
 TEST_F(ManageRecipesSheetTest, ALongListScrollsToTheFocusedRow) {

@@ -235,6 +235,25 @@ TEST_F(ListRows, ARowWhoseContextMenuIsClosedElsewhereIsNoLongerHovered) {
     }
 }
 
+TEST_F(ListRows, WhatScrollsBeneathARestingPointerIsHovered) {
+    state().setSelectedCategory(TransformationCategory::lines);
+    QCoreApplication::processEvents();
+    RowButton *first = row("trim-lines");
+    RowButton *second = row("number-lines");
+    QCursor::setPos(first->mapToGlobal(QPoint(60, 20)));
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(first->isHovered());
+    QScrollBar *bar = find<QScrollArea>("transformationScroll")->verticalScrollBar();
+    bar->setValue(first->height());
+    EXPECT_FALSE(first->isHovered());
+    EXPECT_TRUE(second->isHovered());
+    QCursor::setPos(find("editor")->mapToGlobal(QPoint(50, 50)));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(second->isHovered());
+    bar->setValue(0);
+    EXPECT_FALSE(first->isHovered()) << "the pointer is elsewhere";
+}
+
 TEST_F(ListRows, WhilePausedTheRowsShowThatTheyDoNothing) {
     const auto isDisabled = [this] {
         return QAccessible::queryAccessibleInterface(row("lowercase"))->state().disabled != 0;

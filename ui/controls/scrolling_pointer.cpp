@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: Lexivore contributors
+// SPDX-License-Identifier: MIT
+#include "ui/controls/scrolling_pointer.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QWindow>
+
+namespace lexivore {
+
+namespace {
+
+void pointAgain(const QScrollArea &area) {
+    QWindow *window = area.window()->windowHandle();
+    const bool isPointedAt = area.viewport()->underMouse() && QGuiApplication::mouseButtons() == Qt::NoButton;
+    if (window == nullptr || !isPointedAt)
+        return;
+    // As if the pointer had moved.
+    const QPoint pointer = QCursor::pos();
+    const QPoint place = window->mapFromGlobal(pointer);
+    QMouseEvent move(QEvent::MouseMove, place, place, pointer, Qt::NoButton, Qt::NoButton,
+                     QGuiApplication::keyboardModifiers());
+    QCoreApplication::sendEvent(window, &move);
+}
+
+} // namespace
+
+void pointAtWhatScrolls(QScrollArea &area) {
+    QObject::connect(area.verticalScrollBar(), &QScrollBar::valueChanged, &area, [&area] { pointAgain(area); });
+}
+
+} // namespace lexivore
