@@ -107,14 +107,21 @@ void TextEditor::applyStyle() {
     refresh();
 }
 
+void TextEditor::showMatch(const TextMatch &match) {
+    // What matches can be a part of a character, such as a letter without its accent: all of it is selected, and the
+    // next search goes on behind it.
+    const std::size_t end = m_document.boundaryAt(match.offset + match.length, TextDocument::Side::behind);
+    m_document.select(match.offset, end);
+    ensureCaretVisible();
+}
+
 bool TextEditor::findNext(std::string_view needle, TextSearch options) {
     auto match = findForward(text(), needle, m_document.selectionEnd(), options);
     if (!match) {
         match = findForward(text(), needle, 0, options);
     }
     if (match) {
-        m_document.select(match->offset, match->offset + match->length);
-        ensureCaretVisible();
+        showMatch(*match);
     }
     return match.has_value();
 }
@@ -125,8 +132,7 @@ bool TextEditor::findPrevious(std::string_view needle, TextSearch options) {
         match = findBackward(text(), needle, text().size(), options);
     }
     if (match) {
-        m_document.select(match->offset, match->offset + match->length);
-        ensureCaretVisible();
+        showMatch(*match);
     }
     return match.has_value();
 }

@@ -131,6 +131,7 @@ private:
     void announceChange(std::size_t offset, std::size_t inserted);
     void applyStyle();
     void caretWasMoved();
+    void showMatch(const TextMatch &match);
 
     // text_editor_painting.cpp
     /// How a line looks on the screen, and where.

@@ -123,12 +123,16 @@ std::size_t FindBar::selectedMatch() const {
     if (!document.hasSelection()) {
         return 0;
     }
-    const TextMatch selection{document.selectionStart(), document.selectionEnd() - document.selectionStart()};
     const Text &text = m_editor.text();
-    if (findForward(text.slice(0, document.selectionEnd()), needle(), selection.offset) != selection) {
+    const std::size_t begin = document.selectionStart();
+    const std::size_t end = document.selectionEnd();
+    const auto match = findForward(text.slice(0, end), needle(), begin);
+    // The characters that the match lies in are selected whole.
+    if (!match || document.boundaryAt(match->offset) != begin ||
+        document.boundaryAt(match->offset + match->length, TextDocument::Side::behind) != end) {
         return 0;
     }
-    return countMatches(text.slice(0, selection.offset), needle()) + 1;
+    return countMatches(text.slice(0, begin), needle()) + 1;
 }
 
 bool FindBar::eventFilter(QObject *watched, QEvent *event) {

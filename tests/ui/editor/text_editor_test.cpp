@@ -181,6 +181,26 @@ TEST_F(TextEditorTest, FindsAroundTheEnd) {
     EXPECT_FALSE(editor.findNext("three"));
 }
 
+TEST_F(TextEditorTest, FindsAPartOfACharacterSelectsAllOfItAndGoesOn) {
+    const std::string conjunct = "\u0915\u094D\u0937\u093F";
+    show("e\u0301 " + conjunct + " caf\u0065\u0301 " + conjunct);
+    const auto selection = [this] { return std::string(Text(document().selectedText()).view()); };
+    EXPECT_TRUE(editor.findNext("e"));
+    EXPECT_EQ(selection(), "e\u0301");
+    EXPECT_TRUE(editor.findNext("e"));
+    EXPECT_EQ(document().selectionStart(), 20U);
+    EXPECT_EQ(selection(), "e\u0301");
+    EXPECT_TRUE(editor.findPrevious("e"));
+    EXPECT_EQ(document().selectionStart(), 0U);
+    EXPECT_TRUE(editor.findNext("cafe"));
+    EXPECT_EQ(selection(), "cafe\u0301");
+    EXPECT_TRUE(editor.findPrevious("\u0937"));
+    EXPECT_EQ(document().selectionStart(), 4U);
+    EXPECT_EQ(selection(), conjunct);
+    EXPECT_TRUE(editor.findNext("\u0937"));
+    EXPECT_EQ(document().selectionEnd(), text().size());
+}
+
 TEST_F(TextEditorTest, FollowsAPlainStringThroughRandomKeysAndClicks) {
     const char *const sequences[] = {"Left",
                                      "Right",

@@ -59,6 +59,19 @@ TEST_F(Finding, FindCountsAndSelectsMatches) {
     EXPECT_TRUE(find("editor")->hasFocus());
 }
 
+TEST_F(Finding, PartsOfCharactersAreCountedAndFoundOneAfterTheOther) {
+    setText("e\u0301 xe\u0301 e");
+    focusEditor();
+    choose("Find");
+    type("e");
+    for (const char *place : {"1 of 3", "2 of 3", "3 of 3", "1 of 3"}) {
+        press(Qt::Key_Return);
+        EXPECT_EQ(find<QLabel>("matchCount")->text(), place);
+    }
+    press(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "3 of 3");
+}
+
 TEST_F(Finding, TheCountOfMatchesFollowsTheText) {
     setText("one two One");
     choose("Find");
