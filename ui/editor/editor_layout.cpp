@@ -324,6 +324,13 @@ std::size_t EditorLayout::offsetAt(qreal x, const Row &row) {
     return isNearerBehind ? behind : before;
 }
 
+std::size_t EditorLayout::characterAt(qreal x, const Row &row) {
+    const ChunkLayout::Line &line = chunk(row.place).lines[row.line];
+    const std::size_t place = line.layout->placeAt(x, row.row, QTextLine::CursorOnCharacter);
+    const std::size_t offset = m_document.boundaryAt(line.begin + place);
+    return offset == rowEnd(row) && isWrapped(row) ? m_document.previousCharacter(offset) : offset;
+}
+
 bool EditorLayout::isWrapped(const Row &row) {
     const ChunkLayout &layout = chunk(row.place);
     const LineLayout &line = *layout.lines[row.line].layout;

@@ -85,6 +85,8 @@ public:
     [[nodiscard]] qreal xOf(std::size_t offset, const Row &row);
     /// The place between characters nearest to `x` in the row.
     [[nodiscard]] std::size_t offsetAt(qreal x, const Row &row);
+    /// Where the character at `x` in the row begins. Beside the end of the row: its last character, or the line break.
+    [[nodiscard]] std::size_t characterAt(qreal x, const Row &row);
     /// True when the row is not the last of its line: what follows it is not a line break.
     [[nodiscard]] bool isWrapped(const Row &row);
 

@@ -208,7 +208,9 @@ qreal LineLayout::xInPreedit(int units, int *row) const {
     return m_layout.lineAt(*row).cursorToX(unit);
 }
 
-std::size_t LineLayout::placeAt(qreal x, int row) const { return placeOf(m_layout.lineAt(row).xToCursor(x)); }
+std::size_t LineLayout::placeAt(qreal x, int row, QTextLine::CursorPosition position) const {
+    return placeOf(m_layout.lineAt(row).xToCursor(x, position));
+}
 
 void LineLayout::draw(QPainter &painter, QPointF position, const Selection *selection, const QRectF &clip) const {
     QList<QTextLayout::FormatRange> selections;

@@ -81,8 +81,9 @@ public:
     [[nodiscard]] qreal xOf(std::size_t place, int row) const;
     /// As `xOf`, `units` UTF-16 code units into the preedit text.
     [[nodiscard]] qreal xInPreedit(int units, int *row) const;
-    /// The place nearest to `x` in the row. Not always between characters.
-    [[nodiscard]] std::size_t placeAt(qreal x, int row) const;
+    /// The place nearest to `x` in the row, or where the letter at `x` begins. Not always between characters.
+    [[nodiscard]] std::size_t placeAt(qreal x, int row,
+                                      QTextLine::CursorPosition position = QTextLine::CursorBetweenCharacters) const;
     void draw(QPainter &painter, QPointF position, const Selection *selection, const QRectF &clip) const;
 
 private:

@@ -170,6 +170,9 @@ private:
     [[nodiscard]] std::optional<int> viewportTop(const Row &row) const;
     [[nodiscard]] CaretTarget targetAt(QPoint point) const;
     [[nodiscard]] CaretTarget targetIn(const Row &row, qreal x) const;
+    /// The character under `point`, where `targetAt` has the gap between two that is nearest to it.
+    [[nodiscard]] std::size_t characterAt(QPoint point) const;
+    [[nodiscard]] Row rowAt(QPoint point) const;
     /// Scrolls so that `y` pixels below the top of the chunk are at the top of the viewport, as far as possible.
     void showFrom(TextIndex::Place place, int y);
     void scrollBy(int pixels);
@@ -196,6 +199,7 @@ private:
     bool insertOrRefuse(std::string_view inserted);
 
     // text_editor_mouse.cpp
+    [[nodiscard]] bool isInSelection(std::size_t offset) const;
     void extendSelection(QPoint point);
     void startDrag();
     /// How far the text is scrolled while something is held over an edge of it; 0 elsewhere.

@@ -56,9 +56,7 @@ void TextEditor::mousePressEvent(QMouseEvent *event) {
         return;
     }
     m_mouseUnit = MouseUnit::character;
-    const bool isInSelection = m_document.hasSelection() && target.offset >= m_document.selectionStart() &&
-                               target.offset < m_document.selectionEnd();
-    if (isInSelection && (event->modifiers() & Qt::ShiftModifier) == 0) {
+    if (isInSelection(characterAt(m_pressPoint)) && (event->modifiers() & Qt::ShiftModifier) == 0) {
         m_mayDrag = true;
         return;
     }
@@ -70,6 +68,10 @@ void TextEditor::mousePressEvent(QMouseEvent *event) {
         m_mouseAnchor = {target.offset, target.offset};
         moveTo(target, Anchor::moves);
     }
+}
+
+bool TextEditor::isInSelection(std::size_t offset) const {
+    return offset >= m_document.selectionStart() && offset < m_document.selectionEnd();
 }
 
 void TextEditor::mouseMoveEvent(QMouseEvent *event) {
@@ -103,7 +105,7 @@ void TextEditor::extendSelection(QPoint point) {
     }
     TextDocument::Range range{m_document.lineBegin(target.offset), m_document.nextLineBegin(target.offset)};
     if (m_mouseUnit == MouseUnit::word) {
-        range = m_document.wordAround(target.offset);
+        range = m_document.wordAround(characterAt(point));
     }
     if (target.offset < m_mouseAnchor.begin) {
         m_document.select(m_mouseAnchor.end, range.begin);
@@ -131,9 +133,8 @@ void TextEditor::mouseDoubleClickEvent(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) {
         return;
     }
-    const CaretTarget target = targetAt(event->position().toPoint());
     m_mouseUnit = MouseUnit::word;
-    m_mouseAnchor = m_document.wordAround(target.offset);
+    m_mouseAnchor = m_document.wordAround(characterAt(event->position().toPoint()));
     m_mayDrag = false;
     m_isSelecting = true;
     m_document.select(m_mouseAnchor.begin, m_mouseAnchor.end);
@@ -167,11 +168,12 @@ void TextEditor::wheelEvent(QWheelEvent *event) {
 
 void TextEditor::contextMenuEvent(QContextMenuEvent *event) {
     if (event->reason() == QContextMenuEvent::Mouse) {
-        const CaretTarget target = targetAt(viewport()->mapFromGlobal(event->globalPos()));
-        const bool isInSelection =
-            target.offset >= m_document.selectionStart() && target.offset < m_document.selectionEnd();
-        if (!isInSelection) {
-            moveTo(target, Anchor::moves);
+        const QPoint point = viewport()->mapFromGlobal(event->globalPos());
+        const std::size_t offset = characterAt(point);
+        // Below the text there is nothing else to click on: what is selected up to its end stays.
+        const bool isAtEnd = offset == text().size() && offset == m_document.selectionEnd();
+        if (!isInSelection(offset) && !isAtEnd) {
+            moveTo(targetAt(point), Anchor::moves);
         }
     }
     const bool canPaste =

@@ -47,10 +47,15 @@ TextEditor::CaretTarget TextEditor::targetIn(const Row &row, qreal x) const {
     return {offset, offset == m_layout.rowEnd(row) && m_layout.isWrapped(row)};
 }
 
-TextEditor::CaretTarget TextEditor::targetAt(QPoint point) const {
+TextEditor::Row TextEditor::rowAt(QPoint point) const {
     const Row top = m_layout.rowOf(m_topOffset, false);
-    const Row row = m_layout.rowAt(top.place, top.top + m_topHidden + point.y());
-    return targetIn(row, point.x() - marginX);
+    return m_layout.rowAt(top.place, top.top + m_topHidden + point.y());
+}
+
+TextEditor::CaretTarget TextEditor::targetAt(QPoint point) const { return targetIn(rowAt(point), point.x() - marginX); }
+
+std::size_t TextEditor::characterAt(QPoint point) const {
+    return m_layout.characterAt(point.x() - marginX, rowAt(point));
 }
 
 void TextEditor::showFrom(TextIndex::Place place, int y) {

@@ -142,6 +142,48 @@ TEST_F(TextEditorMouseTest, DraggingAfterADoubleClickSelectsByWordsAndAfterATrip
     QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(2));
 }
 
+TEST_F(TextEditorMouseTest, ADoubleClickMeansTheLetterUnderThePointer) {
+    struct Case {
+        const char *text;
+        std::size_t behind; ///< Where the letter ends whose far half is clicked.
+        const char *word;
+    };
+    for (const Case &row :
+         {Case{"one two, a b", 3, "one"}, Case{"one two, a b", 7, "two"}, Case{"one two, a b", 10, "a"},
+          Case{"one two, a b", 12, "b"}, Case{"one two, a b", 8, ","}, Case{"שלום עולם", 8, "שלום"}}) {
+        show(row.text);
+        const int towardsTheLetter = pointOf(0).x() < pointOf(row.behind).x() ? -2 : 2;
+        const QPoint point = pointOf(row.behind) + QPoint(towardsTheLetter, 0);
+        doubleClickAndHold(point);
+        EXPECT_EQ(selected(), row.word) << row.text << ", " << row.behind;
+        moveWithButton(point);
+        EXPECT_EQ(selected(), row.word) << row.text << ", " << row.behind;
+        QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, point);
+    }
+    // Beside the end of a wrapped row its last word is meant, not the first of the next row.
+    show("first " + std::string(40, 'w') + " " + std::string(40, 'x'));
+    doubleClickAndHold(QPoint(editor.viewport()->width() - 2, pointOf(6).y()));
+    EXPECT_EQ(selected().find('x'), std::string::npos);
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(6));
+}
+
+TEST_F(TextEditorMouseTest, OnlyWhatIsSelectedCanBeDragged) {
+    show("one two three");
+    document().select(4, 7);
+    QTest::mouseClick(editor.viewport(), Qt::LeftButton, {}, QPoint(450, 380));
+    const auto startsAnew = [this](QPoint point) {
+        document().select(4, 7);
+        QTest::mousePress(editor.viewport(), Qt::LeftButton, {}, point);
+        const bool isAnew = !document().hasSelection();
+        QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, point);
+        return isAnew;
+    };
+    EXPECT_TRUE(startsAnew(pointOf(4) - QPoint(2, 0))) << "the space in front";
+    EXPECT_FALSE(startsAnew(pointOf(4) + QPoint(2, 0)));
+    EXPECT_FALSE(startsAnew(pointOf(7) - QPoint(2, 0))) << "the second half of the last letter";
+    EXPECT_TRUE(startsAnew(pointOf(7) + QPoint(2, 0)));
+}
+
 TEST_F(TextEditorMouseTest, TakesTextThatIsDroppedAsOneEditAndSelectsIt) {
     show("one two");
     const QSignalSpy edits(&editor, &TextEditor::edited);
@@ -212,6 +254,12 @@ TEST_F(TextEditorMouseTest, ARightClickKeepsTheSelectionItIsIn) {
     QApplication::sendEvent(editor.viewport(), &outside);
     EXPECT_EQ(document().caret(), 10U);
     EXPECT_FALSE(document().hasSelection());
+    delete editor.findChild<QMenu *>(QStringLiteral("editorContextMenu"));
+    keys("Ctrl+A");
+    const QPoint below(300, 350);
+    QContextMenuEvent belowTheText(QContextMenuEvent::Mouse, below, editor.viewport()->mapToGlobal(below));
+    QApplication::sendEvent(editor.viewport(), &belowTheText);
+    EXPECT_EQ(selected(), "one two three");
     delete editor.findChild<QMenu *>(QStringLiteral("editorContextMenu"));
 }
 
