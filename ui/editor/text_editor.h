@@ -208,6 +208,12 @@ private:
     void publishPrimarySelection();
     void pasteFrom(const QMimeData *mimeData);
 
+    // text_editor_input_method.cpp
+    /// Replaces `length` UTF-16 code units, the first of them `first` behind the caret.
+    void replaceForInputMethod(int first, int length, std::string_view committed);
+    /// Where the text begins that an input method is told.
+    [[nodiscard]] std::size_t surroundingBegin() const;
+
     TextDocument m_document;
     mutable EditorLayout m_layout;
     QColor m_caretColor;

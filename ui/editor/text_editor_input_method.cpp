@@ -16,27 +16,41 @@ namespace {
 constexpr std::size_t surroundingReach = 1024;
 } // namespace
 
+void TextEditor::replaceForInputMethod(int first, int length, std::string_view committed) {
+    const auto caret = static_cast<std::ptrdiff_t>(m_document.unitsBefore(m_document.caret()));
+    const auto at = [&](std::ptrdiff_t unit) {
+        return m_document.offsetOfUnit(static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, caret + unit)));
+    };
+    const std::size_t begin = at(first);
+    const std::size_t end = at(std::ptrdiff_t{first} + length);
+    // It may take back a part of a character, such as the last mark on a letter: the rest of that stays.
+    const std::size_t outerBegin = m_document.boundaryAt(begin);
+    const std::size_t outerEnd = m_document.boundaryAt(end, TextDocument::Side::behind);
+    std::string scratch;
+    std::string replacement(readText(text(), outerBegin, begin - outerBegin, scratch));
+    replacement += committed;
+    replacement += readText(text(), end, outerEnd - end, scratch);
+    m_document.replace(outerBegin, outerEnd - outerBegin, replacement);
+}
+
+std::size_t TextEditor::surroundingBegin() const {
+    const std::size_t caret = m_document.caret();
+    return std::max(m_document.lineBegin(caret), m_document.boundaryAt(caret - std::min(caret, surroundingReach)));
+}
+
 void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
+    const std::size_t toldFrom = surroundingBegin();
     const bool beginsToCompose = !event->preeditString().isEmpty() && event->commitString().isEmpty();
     if (beginsToCompose && m_document.hasSelection() && event->replacementLength() == 0) {
         m_document.insert({});
     }
     m_layout.setPreedit({}, 0);
     if (event->replacementLength() > 0 || !event->commitString().isEmpty()) {
-        const auto caretUnit = static_cast<std::ptrdiff_t>(m_document.unitsBefore(m_document.caret()));
-        const std::ptrdiff_t first = std::max<std::ptrdiff_t>(0, caretUnit + event->replacementStart());
-        const std::size_t begin = event->replacementStart() == 0 && event->replacementLength() == 0
-                                      ? m_document.caret()
-                                      : m_document.offsetOfUnit(static_cast<std::size_t>(first));
-        const std::size_t end =
-            event->replacementLength() == 0
-                ? begin
-                : m_document.offsetOfUnit(static_cast<std::size_t>(first + event->replacementLength()));
         const std::string committed = toUtf8(event->commitString());
-        if (begin == end && begin == m_document.caret()) {
+        if (event->replacementStart() == 0 && event->replacementLength() == 0) {
             insertTyped(committed);
         } else {
-            m_document.replace(begin, end - begin, committed);
+            replaceForInputMethod(event->replacementStart(), event->replacementLength(), committed);
         }
     }
 
@@ -58,9 +72,9 @@ void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
                 preedit.formats.push_back(range);
             }
         } else if (attribute.type == QInputMethodEvent::Selection) {
-            const std::size_t lineBegin = m_document.unitsBefore(m_document.lineBegin(m_document.caret()));
+            const std::size_t unitsBefore = m_document.unitsBefore(toldFrom);
             const auto at = [&](int unit) {
-                return m_document.offsetOfUnit(lineBegin + static_cast<std::size_t>(std::max(unit, 0)));
+                return m_document.offsetOfUnit(unitsBefore + static_cast<std::size_t>(std::max(unit, 0)));
             };
             m_document.select(at(attribute.start), at(attribute.start + attribute.length));
         }
@@ -81,8 +95,7 @@ void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
 
 QVariant TextEditor::inputMethodQuery(Qt::InputMethodQuery query) const {
     const std::size_t caret = m_document.caret();
-    const std::size_t lineBegin = m_document.lineBegin(caret);
-    const std::size_t begin = std::max(lineBegin, m_document.boundaryAt(caret - std::min(caret, surroundingReach)));
+    const std::size_t begin = surroundingBegin();
     const std::size_t end = std::min(m_document.lineEnd(caret), m_document.boundaryAt(caret + surroundingReach));
     const auto piece = [this](std::size_t from, std::size_t to) {
         std::string scratch;

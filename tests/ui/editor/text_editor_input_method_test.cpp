@@ -69,6 +69,38 @@ TEST_F(TextEditorInputMethodTest, TellsOnlyTheTextAroundTheCaretHoweverLongTheLi
     EXPECT_EQ(editor.inputMethodQuery(Qt::ImAbsolutePosition).toInt(), 300001);
 }
 
+TEST_F(TextEditorInputMethodTest, CanTakeBackAPartOfACharacter) {
+    show("ae\u0301\u0323b");
+    document().setCaret(6);
+    QInputMethodEvent replacing;
+    replacing.setCommitString(QStringLiteral("\u0302"), -1, 1);
+    QApplication::sendEvent(&editor, &replacing);
+    EXPECT_EQ(text(), "ae\u0301\u0302b");
+    QInputMethodEvent inFront;
+    inFront.setCommitString(QStringLiteral("o"), -3, 1);
+    QApplication::sendEvent(&editor, &inFront);
+    EXPECT_EQ(text(), "ao\u0301\u0302b");
+    EXPECT_EQ(followed, text());
+}
+
+TEST_F(TextEditorInputMethodTest, TakesBackNoMoreThanStandsInFrontOfTheCaret) {
+    show("abc");
+    document().setCaret(1);
+    QInputMethodEvent replacing;
+    replacing.setCommitString(QStringLiteral("x"), -3, 3);
+    QApplication::sendEvent(&editor, &replacing);
+    EXPECT_EQ(text(), "xbc");
+}
+
+TEST_F(TextEditorInputMethodTest, SelectsInTheTextThatItWasTold) {
+    show(std::string(5000, 'a') + "one two");
+    keys("Ctrl+End");
+    const int caret = editor.inputMethodQuery(Qt::ImCursorPosition).toInt();
+    QInputMethodEvent select({}, {{QInputMethodEvent::Selection, caret - 3, 3, {}}});
+    QApplication::sendEvent(&editor, &select);
+    EXPECT_EQ(std::string(Text(document().selectedText()).view()), "two");
+}
+
 TEST_F(TextEditorInputMethodTest, TheCandidateWindowCanFollowTheCaretWithinThePreedit) {
     show("ab\ncd");
     const auto left = [this] { return editor.inputMethodQuery(Qt::ImCursorRectangle).toRect().left(); };
