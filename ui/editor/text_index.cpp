@@ -88,8 +88,6 @@ public:
         m_begin += size;
         return size <= length ? bytes.substr(0, size) : readText(m_text, m_begin - size, size, m_scratch);
     }
-    /// Takes back the end of the chunk that `next` returned.
-    void giveBack(std::size_t bytes) { m_begin -= bytes; }
 
 private:
     std::size_t cut(std::string_view bytes) {
@@ -205,21 +203,29 @@ void TextIndex::replaced(const Text &text, std::size_t offset, std::size_t remov
 }
 
 void TextIndex::appendChunks(std::vector<TextChunk> &chunks, const Text &text, std::size_t begin, std::size_t end) {
-    Cutter cutter(text, begin, end);
-    do {
-        std::string_view bytes = cutter.isAtEnd() ? std::string_view() : cutter.next();
-        TextCounts counts = countsOf(bytes);
-        if (counts.breaks > mostBreaks) {
-            // Many short lines hold few bytes, but take long to lay out.
-            const std::size_t size = endOfBreakNumber(bytes, breaksWhenCut);
-            cutter.giveBack(bytes.size() - size);
-            bytes = bytes.substr(0, size);
-            counts = countsOf(bytes);
-        }
+    const auto append = [&](std::string_view bytes, const TextCounts &counts) {
         chunks.push_back(makeChunk(bytes, counts));
         if (chunks.size() > 1) {
             joinWords(chunks[chunks.size() - 2], chunks.back());
         }
+    };
+    Cutter cutter(text, begin, end);
+    do {
+        std::string_view bytes = cutter.isAtEnd() ? std::string_view() : cutter.next();
+        const TextCounts counts = countsOf(bytes);
+        if (counts.breaks <= mostBreaks) {
+            append(bytes, counts);
+            continue;
+        }
+        // Many short lines hold few bytes, but take long to lay out. Looked at once more here, not in each piece.
+        std::size_t pieces = (counts.breaks + breaksWhenCut - 1) / breaksWhenCut;
+        for (std::size_t breaks = counts.breaks; pieces > 1; --pieces) {
+            const std::size_t size = endOfBreakNumber(bytes, breaks / pieces);
+            append(bytes.substr(0, size), countsOf(bytes.substr(0, size)));
+            bytes.remove_prefix(size);
+            breaks -= breaks / pieces;
+        }
+        append(bytes, countsOf(bytes));
     } while (!cutter.isAtEnd());
 }
 

@@ -240,6 +240,25 @@ TEST(TextDocument, KeepsEveryByteOfWhatItIsGiven) {
     EXPECT_EQ(bytesOf(document.text()), text);
 }
 
+TEST(TextDocument, CutsManyShortLinesIntoPiecesThatAreSoonLaidOut) {
+    for (const std::string line : {"\n", "\r\n", "5\r", "\u2028"}) {
+        std::string text;
+        for (int i = 0; i < 50000; ++i) {
+            text += line;
+        }
+        TextDocument document;
+        document.setText(Text(std::string_view(text)));
+        const TextIndex &index = document.index();
+        std::size_t chunks = 1;
+        for (TextIndex::Place place = index.first(); !index.isLast(place); place = index.next(place)) {
+            ASSERT_LE(index.at(place).breaks, 160U);
+            ASSERT_GE(index.at(place).breaks, 64U);
+            ++chunks;
+        }
+        EXPECT_GT(chunks, 300U);
+    }
+}
+
 TEST(TextDocument, KeepsTheCaretWhereTheTextAroundItStays) {
     TextDocument document;
     document.setText(Text(std::string_view("one two three")));
