@@ -84,8 +84,13 @@ void LineLayout::setFormats(const LayoutStyle &style, const Preedit *preedit) {
     QList<QTextLayout::FormatRange> formats;
     for (const QuietUnit &mark : m_marks) {
         if (mark.mark == QuietMark::picture) {
+            const auto start = static_cast<int>(mark.unit >= m_preeditUnit ? mark.unit + m_preeditLength : mark.unit);
+            if (!formats.isEmpty() && formats.back().start + formats.back().length == start) {
+                ++formats.back().length; // Thousands of ranges take long to lay out.
+                continue;
+            }
             QTextLayout::FormatRange range;
-            range.start = static_cast<int>(mark.unit >= m_preeditUnit ? mark.unit + m_preeditLength : mark.unit);
+            range.start = start;
             range.length = 1;
             range.format.setForeground(style.quiet);
             formats.push_back(range);
