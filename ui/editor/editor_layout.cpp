@@ -320,6 +320,10 @@ std::size_t EditorLayout::offsetAt(qreal x, const Row &row) {
         return offset;
     }
     const std::size_t behind = m_document.boundaryAt(offset, TextDocument::Side::behind);
+    // The toolkit may break a row inside of what is one character here.
+    if (before < rowBegin(row) || behind > rowEnd(row)) {
+        return behind > rowEnd(row) ? before : behind;
+    }
     const bool isNearerBehind = std::abs(xOf(behind, row) - x) < std::abs(xOf(before, row) - x);
     return isNearerBehind ? behind : before;
 }

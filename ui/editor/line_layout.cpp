@@ -214,7 +214,22 @@ qreal LineLayout::xInPreedit(int units, int *row) const {
 }
 
 std::size_t LineLayout::placeAt(qreal x, int row, QTextLine::CursorPosition position) const {
-    return placeOf(m_layout.lineAt(row).xToCursor(x, position));
+    const QTextLine line = m_layout.lineAt(row);
+    const int begin = line.textStart();
+    const int end = begin + line.textLength();
+    const auto isNearer = [&](int one, int other) {
+        return std::abs(line.cursorToX(one) - x) < std::abs(line.cursorToX(other) - x);
+    };
+    int unit = line.xToCursor(x, position);
+    // To the right of a row that is not the last one the toolkit stays in front of the last character, which it takes
+    // for a space; of a row that runs from right to left it answers with the end of the row above.
+    if (unit < begin) {
+        unit = isNearer(end, begin) ? end : begin;
+    } else if (position == QTextLine::CursorBetweenCharacters && end > begin &&
+               !m_layout.text().at(end - 1).isSpace() && isNearer(end, unit)) {
+        unit = end;
+    }
+    return placeOf(unit);
 }
 
 void LineLayout::draw(QPainter &painter, QPointF position, const Selection *selection, const QRectF &clip) const {

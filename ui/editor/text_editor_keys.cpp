@@ -190,7 +190,7 @@ bool TextEditor::moveByKey(QKeyEvent *event) {
         moveByPage(1, anchor);
         break;
     case Move::rowBegin:
-        go(m_layout.rowBegin(row));
+        go(m_document.boundaryAt(m_layout.rowBegin(row), TextDocument::Side::behind));
         break;
     case Move::rowEnd:
         go(m_layout.rowEnd(row), m_layout.isWrapped(row));

@@ -109,6 +109,40 @@ TEST(EditorLayout, FindsEveryPlaceInTheRowThatShowsIt) {
     }
 }
 
+TEST(EditorLayout, FindsNoPlaceOutsideOfTheRow) {
+    std::string rightToLeft;
+    std::string mixed;
+    std::string flags;
+    for (int i = 0; i < 100; ++i) {
+        rightToLeft += "שלום עולם ";
+        mixed += i % 7 == 0 ? "שלום עולם " : "abc 12 ";
+        flags += i % 3 == 0 ? "🇩🇪x" : "🇩🇪";
+    }
+    for (const std::string &text : {rightToLeft, mixed, flags, std::string(700, 'x')}) {
+        TextDocument document;
+        document.setText(Text(std::string_view(text)));
+        EditorLayout layout(document);
+        layout.setStyle(plainStyle());
+        std::optional<EditorLayout::Row> row = layout.rowOf(0, false);
+        for (; row; row = layout.rowBelow(*row)) {
+            for (int x = -20; x <= plainStyle().width + 20; x += 5) {
+                const std::size_t offset = layout.offsetAt(x, *row);
+                ASSERT_GE(offset, layout.rowBegin(*row)) << x;
+                ASSERT_LE(offset, layout.rowEnd(*row)) << x;
+            }
+        }
+    }
+}
+
+TEST(EditorLayout, TheEndOfARowIsBesideIt) {
+    TextDocument document;
+    document.setText(Text(std::string_view(std::string(200, 'x') + " " + std::string(30, 'y') + " z")));
+    EditorLayout layout(document);
+    layout.setStyle(plainStyle());
+    const EditorLayout::Row row = layout.rowOf(0, false);
+    EXPECT_EQ(layout.offsetAt(plainStyle().width + 10, row), layout.rowEnd(row));
+}
+
 TEST(EditorLayout, LaysOutOnlyWhatIsAskedFor) {
     TextDocument document;
     document.setText(Text(std::string_view(std::string(3000000, 'z'))));

@@ -105,6 +105,33 @@ TEST_F(TextEditorTest, KeepsTheWantedColumnWhenMovingOverAShortLine) {
     EXPECT_EQ(document().caretPlace(), (TextDocument::LineAndColumn{3, 12}));
 }
 
+TEST_F(TextEditorTest, MovesFromRowToRowWhereverARowBegins) {
+    std::string rightToLeft;
+    std::string mixed;
+    std::string families;
+    for (int i = 0; i < 60; ++i) {
+        rightToLeft += "שלום עולם ";
+        mixed += i % 7 == 0 ? "שלום עולם " : "abc 12 ";
+        families += i % 4 == 0 ? "x🇩🇪" : "👩‍👩‍👧🇩🇪";
+    }
+    const auto y = [this] { return editor.inputMethodQuery(Qt::ImCursorRectangle).toRect().top(); };
+    for (const std::string &line : {rightToLeft, mixed, families}) {
+        for (const char *sideways : {"Home", "End"}) {
+            show(line);
+            document().setCaret(0);
+            keys(sideways);
+            for (int row = 1; row < 5; ++row) {
+                const int above = y();
+                keys("Down");
+                ASSERT_GT(y(), above) << sideways << ", row " << row << " of " << line;
+                const int here = y();
+                keys(sideways);
+                ASSERT_EQ(y(), here) << sideways << ", row " << row << " of " << line;
+            }
+        }
+    }
+}
+
 TEST_F(TextEditorTest, EndStaysInTheRowOfAWrappedLine) {
     show(std::string(500, 'w'));
     keys("End");
