@@ -238,6 +238,10 @@ EditorLayout::Row EditorLayout::rowOf(std::size_t offset, bool atRowEnd) {
         }
         place = index.previous(place);
     }
+    // After an edit that one may end in front of the place, which then is in the next one after all.
+    while (chunk(place).end < offset && !index.isLast(place)) {
+        place = index.next(place);
+    }
     const ChunkLayout &layout = chunk(place);
     const auto behind =
         std::upper_bound(layout.lines.begin(), layout.lines.end(), offset,

@@ -109,6 +109,29 @@ TEST(EditorLayout, FindsEveryPlaceInTheRowThatShowsIt) {
     }
 }
 
+TEST(EditorLayout, FindsTheRowOfAPlaceRightAfterAnEditInFrontOfIt) {
+    std::string words;
+    for (int i = 0; words.size() < 12000; ++i) {
+        words += "word" + std::to_string(i * 7919 % 100000) + " ";
+    }
+    TextDocument document;
+    document.setText(Text(std::string_view(words)));
+    const TextIndex &index = document.index();
+    for (std::size_t edit = 0; edit < 60; ++edit) {
+        EditorLayout layout(document);
+        layout.setStyle(plainStyle());
+        (void)rowsDownwards(layout);
+        const std::size_t cut = index.next(index.first()).before.bytes;
+        document.replace(cut - 200, 0, "xyz ");
+        for (const std::size_t behind : {std::size_t{1}, edit % 60, edit % 30 + 30}) {
+            const std::size_t offset = index.next(index.first()).before.bytes + behind;
+            const EditorLayout::Row row = layout.rowOf(offset, false);
+            ASSERT_LE(layout.rowBegin(row), offset);
+            ASSERT_GE(layout.rowEnd(row), offset);
+        }
+    }
+}
+
 TEST(EditorLayout, FindsNoPlaceOutsideOfTheRow) {
     std::string rightToLeft;
     std::string mixed;
