@@ -232,11 +232,12 @@ EditorLayout::Row EditorLayout::rowOf(std::size_t offset, bool atRowEnd) {
     // What stands at the start of a chunk may be shown in the last row of the one before it.
     while (!index.isFirst(place)) {
         const ChunkLayout &layout = chunk(place);
-        if (offset > layout.begin ||
-            (!layout.lines.empty() && offset == layout.begin && (!atRowEnd || layout.lead == 0))) {
+        const TextIndex::Place previous = index.previous(place);
+        const bool mayEndRow = atRowEnd && !index.at(previous).endsWithBreak;
+        if (offset > layout.begin || (!layout.lines.empty() && offset == layout.begin && !mayEndRow)) {
             break;
         }
-        place = index.previous(place);
+        place = previous;
     }
     // After an edit that one may end in front of the place, which then is in the next one after all.
     while (chunk(place).end < offset && !index.isLast(place)) {

@@ -109,6 +109,28 @@ TEST(EditorLayout, FindsEveryPlaceInTheRowThatShowsIt) {
     }
 }
 
+TEST(EditorLayout, FindsTheEndOfEveryRowOfAnOverLongLine) {
+    std::string words;
+    while (words.size() < 60000) {
+        words += words.size() % 7 == 0 ? "to " : "words ";
+    }
+    for (const int width : {200, 300, 450, 500}) {
+        for (const std::string &line : {words, std::string(60000, 'x')}) {
+            TextDocument document;
+            document.setText(Text(std::string_view(line)));
+            EditorLayout layout(document);
+            LayoutStyle style = plainStyle();
+            style.width = width;
+            layout.setStyle(style);
+            std::optional<EditorLayout::Row> row = layout.rowOf(0, false);
+            for (; row; row = layout.rowBelow(*row)) {
+                const EditorLayout::Row found = layout.rowOf(layout.rowEnd(*row), true);
+                ASSERT_EQ(layout.rowBegin(found), layout.rowBegin(*row)) << width;
+            }
+        }
+    }
+}
+
 TEST(EditorLayout, FindsTheRowOfAPlaceRightAfterAnEditInFrontOfIt) {
     std::string words;
     for (int i = 0; words.size() < 12000; ++i) {
