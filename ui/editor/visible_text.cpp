@@ -25,10 +25,11 @@ bool isWideSpace(char16_t unit) {
            unit == 0x3000;
 }
 
-/// The joiners U+200C and U+200D are left alone: they are at work within words and emoji.
+/// The joiners U+200C and U+200D are left alone: they are at work within words and emoji. U+FFFC stands for an object
+/// that was not copied with the text; the toolkit keeps no room for it.
 bool hasNoWidth(char16_t unit) {
     return unit == 0x00AD || unit == 0x061C || unit == 0x180E || unit == 0x200B || unit == 0x200E || unit == 0x200F ||
-           (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2060 && unit <= 0x206F) || unit == 0xFEFF;
+           (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2060 && unit <= 0x206F) || unit == 0xFEFF || unit == 0xFFFC;
 }
 
 } // namespace
