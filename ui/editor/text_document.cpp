@@ -201,8 +201,9 @@ bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_v
     }
     const Text removed = m_text.slice(begin, end - begin);
     const Text inserted(replacement);
-    m_text = m_text.replaced(begin, removed.size(), inserted);
-    m_index.replaced(m_text, begin, removed.size(), inserted.size());
+    const Text replaced = m_text.replaced(begin, removed.size(), inserted);
+    m_index.replaced(replaced, begin, removed.size(), inserted.size());
+    m_text = replaced;
     // What was inserted may have joined what stands around it, so that its end is no place between characters.
     m_caret = boundaryAt(begin + inserted.size(), Side::behind);
     m_anchor = m_caret;

@@ -207,6 +207,8 @@ private:
     void forgetDrop();
     void publishPrimarySelection();
     void pasteFrom(const QMimeData *mimeData);
+    void insertDropped(QDropEvent *event);
+    static void refuseDrop(QDropEvent *event);
 
     // text_editor_input_method.cpp
     /// Replaces `length` UTF-16 code units, the first of them `first` behind the caret.

@@ -5,6 +5,7 @@
 #include "ui/editor/text_editor.h"
 
 #include "ui/editor/text_mime_data.h"
+#include "ui/flows/memory_shortage.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -18,6 +19,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 
 namespace lexivore {
 
@@ -222,8 +224,11 @@ void TextEditor::pasteFrom(const QMimeData *mimeData) {
     if (mimeData == nullptr || !mimeData->hasText()) {
         return;
     }
-    const Text pasted = textOf(*mimeData);
-    insertOrRefuse(pasted.view());
+    try {
+        insertOrRefuse(textOf(*mimeData).view());
+    } catch (const std::bad_alloc &) {
+        emit refused(memoryShortageMessage());
+    }
     ensureCaretVisible();
 }
 
@@ -291,6 +296,21 @@ void TextEditor::dropEvent(QDropEvent *event) {
         return;
     }
     event->acceptProposedAction();
+    try {
+        insertDropped(event);
+    } catch (const std::bad_alloc &) {
+        emit refused(memoryShortageMessage());
+        refuseDrop(event);
+    }
+}
+
+/// Where it comes from it must not be taken away.
+void TextEditor::refuseDrop(QDropEvent *event) {
+    event->setDropAction(Qt::IgnoreAction);
+    event->ignore();
+}
+
+void TextEditor::insertDropped(QDropEvent *event) {
     const std::size_t offset = targetAt(event->position().toPoint()).offset;
     const Text dropped = textOf(*event->mimeData());
     const bool isMove = m_isDragging && event->dropAction() == Qt::MoveAction;
@@ -313,8 +333,7 @@ void TextEditor::dropEvent(QDropEvent *event) {
         m_document.setCaret(offset);
         from = m_document.caret();
         if (!insertOrRefuse(dropped.view())) {
-            event->setDropAction(Qt::IgnoreAction); // Where it comes from it must not be taken away.
-            event->ignore();
+            refuseDrop(event);
             return;
         }
     }

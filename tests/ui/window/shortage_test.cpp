@@ -4,11 +4,15 @@
 // What would take more memory or time than there is ends in the error alert: the window lives, the text is as before.
 #include "tests/ui/window/window_fixture.h"
 
+#include <QAbstractScrollArea>
 #include <QClipboard>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTemporaryDir>
 
 #include <fstream>
@@ -101,6 +105,32 @@ TEST_F(Shortage, OfMemoryForAPastedTextIsAnError) {
     click("paste");
     EXPECT_EQ(text(), "before\nand after");
     QGuiApplication::clipboard()->clear();
+    expectError(shortage);
+}
+
+TEST_F(Shortage, OfMemoryForATextPastedByKeyIsAnError) {
+    setText("before\nand after");
+    focusEditor();
+    QGuiApplication::clipboard()->setText(QString(qsizetype{40} * 1024 * 1024, 'x'));
+    limitMemoryTo(16 * megabyte);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(text(), "before\nand after");
+    QGuiApplication::clipboard()->clear();
+    expectError(shortage);
+}
+
+TEST_F(Shortage, OfMemoryForADroppedTextIsAnErrorAndTheTextStaysWhereItCameFrom) {
+    setText("before\nand after");
+    QMimeData data;
+    data.setText(QString(qsizetype{40} * 1024 * 1024, 'x'));
+    QWidget *target = find<QAbstractScrollArea>("editor")->viewport();
+    QDragEnterEvent enter({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(target, &enter);
+    QDropEvent drop({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    limitMemoryTo(16 * megabyte);
+    QApplication::sendEvent(target, &drop);
+    EXPECT_FALSE(drop.isAccepted());
+    EXPECT_EQ(text(), "before\nand after");
     expectError(shortage);
 }
 
