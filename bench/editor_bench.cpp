@@ -5,8 +5,8 @@
 // Usage: editor_bench ours|stock lines|spaces|endless|scripts|memory MEGABYTES [--quick] [--cpu]
 // Writes a row of JSON for every action as soon as it is measured, so that who waits can stop waiting: the stock editor
 // takes minutes for some. bench/editor.py runs both editors on every text.
+#include "manager/text_conversion.h"
 #include "ui/editor/text_editor.h"
-#include "ui/text_conversion.h"
 
 #include <QApplication>
 #include <QFile>

@@ -10,8 +10,8 @@
 #include "engine/primitives/words.h"
 #include "fuzz/input.h"
 #include "fuzz/well_formed.h"
+#include "manager/text_conversion.h"
 #include "tests/support/escaped.h"
-#include "ui/text_conversion.h"
 
 #include <algorithm>
 #include <string>

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "manager/json_text.h"
 
-#include <QStringDecoder>
-
 namespace lexivore {
 
 namespace {
@@ -13,11 +11,6 @@ const QByteArray byteOrderMark("\xEF\xBB\xBF");
 QByteArray withMarksEscaped(QByteArray json) { return json.replace(byteOrderMark, "\\ufeff"); }
 
 } // namespace
-
-QString storedText(std::string_view utf8) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    return decoder(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
-}
 
 QJsonDocument readJson(const QByteArray &json, QJsonParseError *error) {
     // The mark before everything else is no part of a text.

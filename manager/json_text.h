@@ -5,14 +5,8 @@
 #include <QByteArray>
 #include <QJsonDocument>
 #include <QJsonParseError>
-#include <QString>
-
-#include <string_view>
 
 namespace lexivore {
-
-/// The text as preferences and JSON hold it. Unlike QString::fromUtf8 it keeps U+FEFF at the front.
-[[nodiscard]] QString storedText(std::string_view utf8);
 
 /// QJsonDocument reads a text that begins with U+FEFF without it, unless it is written `\ufeff`. These two read and
 /// write every text as it is; otherwise they do what QJsonDocument does. One more pass over the bytes.

@@ -3,6 +3,7 @@
 #include "manager/recipe_json.h"
 
 #include "manager/json_text.h"
+#include "manager/text_conversion.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -28,12 +29,12 @@ QJsonValue encodedUuid(const QUuid &uuid) { return uuid.toString(QUuid::WithoutB
 QJsonObject encoded(const AppliedOperation &operation) {
     QJsonObject parameters;
     for (const auto &[key, value] : operation.parameters) {
-        parameters.insert(storedText(key), storedText(value));
+        parameters.insert(toQString(key), toQString(value));
     }
     return {
         {QStringLiteral("id"), encodedUuid(operation.id)},
-        {QStringLiteral("transformation"), storedText(operation.transformation)},
-        {QStringLiteral("transformationName"), storedText(operation.transformationName)},
+        {QStringLiteral("transformation"), toQString(operation.transformation)},
+        {QStringLiteral("transformationName"), toQString(operation.transformationName)},
         {QStringLiteral("parameters"), parameters},
         {QStringLiteral("timestamp"), operation.timestamp.secondsSinceReferenceDate},
         {QStringLiteral("isEnabled"), operation.isEnabled},
@@ -47,10 +48,10 @@ QJsonObject encoded(const Recipe &recipe) {
     }
     return {
         {QStringLiteral("id"), encodedUuid(recipe.id)},
-        {QStringLiteral("name"), storedText(recipe.name)},
+        {QStringLiteral("name"), toQString(recipe.name)},
         {QStringLiteral("operations"), operations},
         {QStringLiteral("createdAt"), recipe.createdAt.secondsSinceReferenceDate},
-        {QStringLiteral("category"), storedText(rawValue(recipe.category))},
+        {QStringLiteral("category"), toQString(rawValue(recipe.category))},
     };
 }
 

@@ -4,9 +4,9 @@
 // What the manager keeps between runs: favorites and recipes.
 #include "manager/transformation_manager.h"
 
-#include "manager/json_text.h"
 #include "manager/preferences.h"
 #include "manager/recipe_json.h"
+#include "manager/text_conversion.h"
 
 #include <QVariantList>
 
@@ -164,7 +164,7 @@ void TransformationManager::loadFavorites() {
 void TransformationManager::saveFavorites() {
     QVariantList ids;
     for (const std::string &id : m_favorites) {
-        ids.append(storedText(id));
+        ids.append(toQString(id));
     }
     m_preferences.setValue(QLatin1String(preference::favorites), ids);
 }

@@ -3,7 +3,7 @@
 #include "ui/translation.h"
 
 #include "manager/recipe.h"
-#include "ui/text_conversion.h"
+#include "manager/text_conversion.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>

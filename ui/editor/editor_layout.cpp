@@ -4,8 +4,8 @@
 
 #include "engine/primitives/lines.h"
 #include "engine/primitives/utf8.h"
+#include "manager/text_conversion.h"
 #include "ui/editor/text_boundaries.h"
-#include "ui/text_conversion.h"
 
 #include <QFontMetricsF>
 

@@ -3,7 +3,7 @@
 #include "ui/editor/line_layout.h"
 
 #include "engine/primitives/utf8.h"
-#include "ui/text_conversion.h"
+#include "manager/text_conversion.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

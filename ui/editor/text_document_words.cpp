@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 //
 // Words as the caret knows them: the toolkit's word boundaries (UAX #29) within a window of one line.
+#include "manager/text_conversion.h"
 #include "ui/editor/text_boundaries.h"
 #include "ui/editor/text_document.h"
-#include "ui/text_conversion.h"
 
 #include <QString>
 #include <QTextBoundaryFinder>

@@ -3,8 +3,8 @@
 #include "ui/editor/text_editor_accessible.h"
 
 #include "engine/primitives/utf8.h"
+#include "manager/text_conversion.h"
 #include "ui/editor/text_boundaries.h"
-#include "ui/text_conversion.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/editor/text_editor.h"
 
+#include "manager/text_conversion.h"
 #include "ui/editor/text_boundaries.h"
-#include "ui/text_conversion.h"
 
 #include <QInputMethodEvent>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/editor/text_editor.h"
 
-#include "ui/text_conversion.h"
+#include "manager/text_conversion.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/flows/clipboard_flow.h"
 
+#include "manager/text_conversion.h"
 #include "manager/transformation_manager.h"
 #include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
-#include "ui/text_conversion.h"
 #include "ui/window/window_state.h"
 
 #include <QClipboard>

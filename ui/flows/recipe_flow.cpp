@@ -4,11 +4,11 @@
 
 #include "manager/preferences.h"
 #include "manager/recipe_file.h"
+#include "manager/text_conversion.h"
 #include "manager/transformation_manager.h"
 #include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
-#include "ui/text_conversion.h"
 #include "ui/translation.h"
 #include "ui/window/file_panels.h"
 #include "ui/window/window_state.h"

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/flows/tool_flow.h"
 
+#include "manager/text_conversion.h"
 #include "manager/transformation_manager.h"
 #include "tools/tools_manager.h"
 #include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
 #include "ui/sheets/sheets.h"
-#include "ui/text_conversion.h"
 #include "ui/window/window_state.h"
 
 #include <algorithm>

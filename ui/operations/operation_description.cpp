@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/operations/operation_description.h"
 
+#include "manager/text_conversion.h"
 #include "ui/controls/label.h"
-#include "ui/text_conversion.h"
 #include "ui/translation.h"
 
 #include <QCoreApplication>

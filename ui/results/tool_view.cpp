@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/results/tool_view.h"
 
+#include "manager/text_conversion.h"
 #include "tools/text_tool.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/sheet_edges.h"
-#include "ui/text_conversion.h"
 #include "ui/translation.h"
 
 #include <QClipboard>

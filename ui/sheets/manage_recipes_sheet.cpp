@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/sheets/manage_recipes_sheet.h"
 
+#include "manager/text_conversion.h"
 #include "manager/transformation_manager.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/label.h"
@@ -12,7 +13,6 @@
 #include "ui/controls/symbol.h"
 #include "ui/menu_text.h"
 #include "ui/sheets/recipe_row.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/metrics.h"
 #include "ui/translation.h"
 

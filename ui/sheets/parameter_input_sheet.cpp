@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/sheets/parameter_input_sheet.h"
 
+#include "manager/text_conversion.h"
 #include "ui/controls/field.h"
 #include "ui/controls/label.h"
 #include "ui/controls/push_button.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/metrics.h"
 #include "ui/translation.h"
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/shell/menu_bar_builder.h"
 
+#include "manager/text_conversion.h"
 #include "manager/transformation_manager.h"
 #include "services/support_request.h"
 #include "tools/tools_manager.h"
@@ -10,7 +11,6 @@
 #include "ui/sheets/sheet_layer.h"
 #include "ui/shell/notification_center.h"
 #include "ui/shell/open_address.h"
-#include "ui/text_conversion.h"
 #include "ui/translation.h"
 #include "ui/updates/check_for_updates_menu_item.h"
 #include "ui/window/recipe_menu.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/category_button.h"
 
+#include "manager/text_conversion.h"
 #include "ui/icon.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
 #include "ui/translation.h"

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/find_bar.h"
 
+#include "manager/text_conversion.h"
 #include "ui/controls/field.h"
 #include "ui/controls/label.h"
 #include "ui/controls/tool_button.h"
 #include "ui/editor/text_editor.h"
 #include "ui/editor/text_search.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/typography.h"
 
 #include <QHBoxLayout>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/transformation_button.h"
 
+#include "manager/text_conversion.h"
 #include "ui/controls/menu_pointer.h"
 #include "ui/icon.h"
-#include "ui/text_conversion.h"
 #include "ui/theme/motion.h"
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/window_commands.h"
 
+#include "manager/text_conversion.h"
 #include "ui/flows/editor_font_flow.h"
 #include "ui/flows/file_flow.h"
 #include "ui/flows/recipe_flow.h"
@@ -9,7 +10,6 @@
 #include "ui/flows/transformation_flow.h"
 #include "ui/flows/undo_flow.h"
 #include "ui/shell/notification_center.h"
-#include "ui/text_conversion.h"
 #include "ui/window/editor_pane.h"
 #include "ui/window/find_bar.h"
 #include "ui/window/transformation_list.h"

@@ -9,7 +9,7 @@
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/lines.h"
 #include "engine/primitives/words.h"
-#include "ui/text_conversion.h"
+#include "manager/text_conversion.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/ui/editor/text_editor_fixture.h"
 
-#include "ui/text_conversion.h"
+#include "manager/text_conversion.h"
 
 #include <QApplication>
 #include <QClipboard>

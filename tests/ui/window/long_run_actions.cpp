@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/long_run_actions.h"
 
+#include "manager/text_conversion.h"
 #include "ui/operations/draggable_operation_item.h"
 #include "ui/sheets/sheet.h"
 #include "ui/sheets/sheet_layer.h"
-#include "ui/text_conversion.h"
 
 #include <QAbstractButton>
 #include <QAction>

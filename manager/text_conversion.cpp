@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "ui/text_conversion.h"
+#include "manager/text_conversion.h"
 
 #include <QStringDecoder>
 #include <QStringEncoder>
