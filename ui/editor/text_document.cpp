@@ -69,7 +69,7 @@ bool TextDocument::setText(const Text &text) {
 }
 
 QString TextDocument::lineEnding() const {
-    const TextCounts &counts = m_index.total();
+    const StretchCounts &counts = m_index.total();
     const int kinds =
         (counts.lineFeeds > 0 ? 1 : 0) + (counts.pairs > 0 ? 1 : 0) + (counts.carriageReturns > 0 ? 1 : 0);
     if (kinds > 1) {
@@ -79,7 +79,7 @@ QString TextDocument::lineEnding() const {
 }
 
 std::string_view TextDocument::newline() const {
-    const TextCounts &counts = m_index.total();
+    const StretchCounts &counts = m_index.total();
     if (counts.pairs > counts.lineFeeds && counts.pairs >= counts.carriageReturns) {
         return "\r\n";
     }
@@ -102,7 +102,7 @@ void TextDocument::select(std::size_t anchor, std::size_t caret) {
 TextDocument::LineAndColumn TextDocument::placeOf(std::size_t offset) const {
     offset = boundaryAt(offset);
     const TextIndex::Place place = m_index.atOffset(offset);
-    const TextCounts prefix = countsOf(bytes(place.before.bytes, offset - place.before.bytes));
+    const StretchCounts prefix = countsOf(bytes(place.before.bytes, offset - place.before.bytes));
     const std::size_t breaks = place.before.breaks + prefix.breaks;
     const std::size_t characters = place.before.characters + prefix.characters;
 

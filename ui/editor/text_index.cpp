@@ -124,7 +124,7 @@ std::size_t endOfBreakNumber(std::string_view bytes, std::size_t number) {
     return position;
 }
 
-TextCounts countsIn(const TextChunk &chunk) {
+StretchCounts countsIn(const TextChunk &chunk) {
     return {.bytes = chunk.bytes,
             .units = chunk.units,
             .characters = chunk.characters,
@@ -203,7 +203,7 @@ void TextIndex::replaced(const Text &text, std::size_t offset, std::size_t remov
 }
 
 void TextIndex::appendChunks(std::vector<TextChunk> &chunks, const Text &text, std::size_t begin, std::size_t end) {
-    const auto append = [&](std::string_view bytes, const TextCounts &counts) {
+    const auto append = [&](std::string_view bytes, const StretchCounts &counts) {
         chunks.push_back(makeChunk(bytes, counts));
         if (chunks.size() > 1) {
             joinWords(chunks[chunks.size() - 2], chunks.back());
@@ -212,7 +212,7 @@ void TextIndex::appendChunks(std::vector<TextChunk> &chunks, const Text &text, s
     Cutter cutter(text, begin, end);
     do {
         std::string_view bytes = cutter.isAtEnd() ? std::string_view() : cutter.next();
-        const TextCounts counts = countsOf(bytes);
+        const StretchCounts counts = countsOf(bytes);
         if (counts.breaks <= mostBreaks) {
             append(bytes, counts);
             continue;
@@ -229,7 +229,7 @@ void TextIndex::appendChunks(std::vector<TextChunk> &chunks, const Text &text, s
     } while (!cutter.isAtEnd());
 }
 
-TextChunk TextIndex::makeChunk(std::string_view bytes, const TextCounts &counts) {
+TextChunk TextIndex::makeChunk(std::string_view bytes, const StretchCounts &counts) {
     const auto narrow = [](std::size_t count) { return static_cast<std::uint32_t>(count); };
     TextChunk chunk;
     chunk.id = m_nextId++;
@@ -339,7 +339,7 @@ template<typename Amount> TextIndex::Place TextIndex::find(std::uint64_t number,
     const std::vector<TextChunk> &chunks = m_blocks[place.block].chunks;
     while (place.chunk + 1 < chunks.size()) {
         const TextChunk &chunk = chunks[place.chunk];
-        const TextCounts counts = countsIn(chunk);
+        const StretchCounts counts = countsIn(chunk);
         if (number < amount(place.before, place.heightBefore) + amount(counts, chunk.height)) {
             break;
         }
@@ -351,19 +351,19 @@ template<typename Amount> TextIndex::Place TextIndex::find(std::uint64_t number,
 }
 
 TextIndex::Place TextIndex::atOffset(std::size_t offset) const {
-    return find(offset, [](const TextCounts &counts, std::uint64_t) { return counts.bytes; });
+    return find(offset, [](const StretchCounts &counts, std::uint64_t) { return counts.bytes; });
 }
 
 TextIndex::Place TextIndex::atBreak(std::size_t number) const {
-    return find(number, [](const TextCounts &counts, std::uint64_t) { return counts.breaks; });
+    return find(number, [](const StretchCounts &counts, std::uint64_t) { return counts.breaks; });
 }
 
 TextIndex::Place TextIndex::atUnit(std::size_t unit) const {
-    return find(unit, [](const TextCounts &counts, std::uint64_t) { return counts.units; });
+    return find(unit, [](const StretchCounts &counts, std::uint64_t) { return counts.units; });
 }
 
 TextIndex::Place TextIndex::atHeight(std::uint64_t height) const {
-    return find(height, [](const TextCounts &, std::uint64_t pixels) { return pixels; });
+    return find(height, [](const StretchCounts &, std::uint64_t pixels) { return pixels; });
 }
 
 bool TextIndex::isLast(const Place &place) const {

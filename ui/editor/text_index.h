@@ -3,7 +3,7 @@
 #pragma once
 
 #include "engine/text.h"
-#include "ui/editor/text_counts.h"
+#include "ui/editor/stretch_counts.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -47,7 +47,7 @@ public:
     struct Place {
         std::size_t block = 0;
         std::size_t chunk = 0;
-        TextCounts before;              ///< Of everything in front of the chunk.
+        StretchCounts before;           ///< Of everything in front of the chunk.
         std::uint64_t heightBefore = 0; ///< Likewise, in pixels.
     };
 
@@ -58,7 +58,7 @@ public:
     /// `removed` bytes at `offset` became `inserted` ones, which made `text`. Costs the change and a few kilobytes.
     void replaced(const Text &text, std::size_t offset, std::size_t removed, std::size_t inserted);
 
-    [[nodiscard]] const TextCounts &total() const { return m_total; }
+    [[nodiscard]] const StretchCounts &total() const { return m_total; }
     [[nodiscard]] std::uint64_t totalHeight() const { return m_totalHeight; }
 
     /// The chunk that holds the byte at `offset`; the last one for the end of the text.
@@ -85,20 +85,20 @@ public:
 private:
     struct Block {
         std::vector<TextChunk> chunks;
-        TextCounts counts;
+        StretchCounts counts;
         std::uint64_t height = 0;
     };
 
     template<typename Amount> [[nodiscard]] Place find(std::uint64_t wanted, Amount amount) const;
     void appendChunks(std::vector<TextChunk> &chunks, const Text &text, std::size_t begin, std::size_t end);
-    [[nodiscard]] TextChunk makeChunk(std::string_view bytes, const TextCounts &counts);
+    [[nodiscard]] TextChunk makeChunk(std::string_view bytes, const StretchCounts &counts);
     [[nodiscard]] std::uint32_t estimatedHeight(const TextChunk &chunk) const;
     void replaceChunks(const Place &from, const Place &to, std::vector<TextChunk> chunks);
     void sum(Block &block);
     void sumAll();
 
     std::vector<Block> m_blocks;
-    TextCounts m_total;
+    StretchCounts m_total;
     std::uint64_t m_totalHeight = 0;
     HeightEstimate m_estimate;
     std::uint32_t m_nextId = 1;

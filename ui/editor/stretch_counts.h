@@ -9,7 +9,7 @@ namespace lexivore {
 
 /// What a text, or a stretch of one, holds. The counts of stretches add up to those of the whole as long as each
 /// stretch begins between characters, words excepted: a word cut in two is counted in both.
-struct TextCounts {
+struct StretchCounts {
     std::size_t bytes = 0;
     std::size_t units = 0; ///< UTF-16 code units.
     std::size_t characters = 0;
@@ -20,13 +20,13 @@ struct TextCounts {
     std::size_t carriageReturns = 0;
     std::size_t pairs = 0; ///< CR LF, counted neither as a line feed nor as a carriage return.
 
-    TextCounts &operator+=(const TextCounts &other);
-    TextCounts &operator-=(const TextCounts &other);
-    friend bool operator==(const TextCounts &, const TextCounts &) = default;
+    StretchCounts &operator+=(const StretchCounts &other);
+    StretchCounts &operator-=(const StretchCounts &other);
+    friend bool operator==(const StretchCounts &, const StretchCounts &) = default;
 };
 
 /// Counts everything; plain ASCII at several gigabytes a second. `stretch` begins between characters.
-[[nodiscard]] TextCounts countsOf(std::string_view stretch);
+[[nodiscard]] StretchCounts countsOf(std::string_view stretch);
 
 /// True when the first (last) code point of `stretch` belongs to a word. False for nothing.
 [[nodiscard]] bool beginsInWord(std::string_view stretch);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "ui/editor/text_counts.h"
+#include "ui/editor/stretch_counts.h"
 
 #include "engine/primitives/characters.h"
 #include "engine/primitives/code_points.h"
@@ -36,7 +36,7 @@ std::size_t unitsOf(std::string_view stretch) {
     return units;
 }
 
-void countNewlines(std::string_view stretch, TextCounts &counts) {
+void countNewlines(std::string_view stretch, StretchCounts &counts) {
     const char *position = stretch.data();
     const char *const end = position + stretch.size();
     const char *behindReturn = nullptr;
@@ -62,7 +62,7 @@ bool isInWord(char32_t codePoint) { return !isIn(whitespaceAndNewlines, codePoin
 
 } // namespace
 
-TextCounts &TextCounts::operator+=(const TextCounts &other) {
+StretchCounts &StretchCounts::operator+=(const StretchCounts &other) {
     bytes += other.bytes;
     units += other.units;
     characters += other.characters;
@@ -75,7 +75,7 @@ TextCounts &TextCounts::operator+=(const TextCounts &other) {
     return *this;
 }
 
-TextCounts &TextCounts::operator-=(const TextCounts &other) {
+StretchCounts &StretchCounts::operator-=(const StretchCounts &other) {
     bytes -= other.bytes;
     units -= other.units;
     characters -= other.characters;
@@ -88,8 +88,8 @@ TextCounts &TextCounts::operator-=(const TextCounts &other) {
     return *this;
 }
 
-TextCounts countsOf(std::string_view stretch) {
-    TextCounts counts;
+StretchCounts countsOf(std::string_view stretch) {
+    StretchCounts counts;
     counts.bytes = stretch.size();
     counts.units = unitsOf(stretch);
     counts.characters = characterCount(stretch);
