@@ -12,6 +12,7 @@
 #include "fuzz/well_formed.h"
 #include "manager/text_conversion.h"
 #include "tests/support/escaped.h"
+#include "ui/editor/text_search.h"
 
 #include <algorithm>
 #include <string>

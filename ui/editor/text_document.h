@@ -4,7 +4,6 @@
 
 #include "engine/text.h"
 #include "ui/editor/text_index.h"
-#include "ui/editor/text_search.h"
 
 #include <QObject>
 

@@ -199,8 +199,6 @@ bool TextEditor::event(QEvent *event) {
     return QAbstractScrollArea::event(event);
 }
 
-bool TextEditor::viewportEvent(QEvent *event) { return QAbstractScrollArea::viewportEvent(event); }
-
 void TextEditor::changeEvent(QEvent *event) {
     QAbstractScrollArea::changeEvent(event);
     switch (event->type()) {

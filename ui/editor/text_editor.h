@@ -5,6 +5,7 @@
 #include "engine/text.h"
 #include "ui/editor/editor_layout.h"
 #include "ui/editor/text_document.h"
+#include "ui/editor/text_search.h"
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
@@ -43,7 +44,7 @@ public:
     /// `TextDocument::maximumSize`: the old one stays.
     bool setText(const Text &text);
 
-    /// The model: counts, caret, selection, search. Changing it changes what is shown.
+    /// The model: text, counts, caret, selection. Changing it changes what is shown.
     [[nodiscard]] TextDocument &document() { return m_document; }
     [[nodiscard]] const TextDocument &document() const { return m_document; }
 
@@ -90,7 +91,6 @@ signals:
 
 protected:
     bool event(QEvent *event) override;
-    bool viewportEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

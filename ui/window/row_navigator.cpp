@@ -35,14 +35,6 @@ bool RowNavigator::focusFirst() {
     return true;
 }
 
-bool RowNavigator::focusCurrent() {
-    if (m_current && !m_current->isHidden()) {
-        m_current->setFocus(Qt::TabFocusReason);
-        return true;
-    }
-    return focusFirst();
-}
-
 std::vector<QWidget *> RowNavigator::shownRows() const {
     std::vector<QWidget *> shown;
     for (const QPointer<QWidget> &row : m_rows) {

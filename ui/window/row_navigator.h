@@ -26,8 +26,6 @@ public:
     [[nodiscard]] QWidget *current() const { return m_current; }
     /// Focuses the first row that is shown. False when there is none.
     bool focusFirst();
-    /// Focuses the current row or else the first one. False when there is none.
-    bool focusCurrent();
 
 signals:
     /// Up was pressed on the first row.

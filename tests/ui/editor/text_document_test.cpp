@@ -10,6 +10,7 @@
 #include "engine/primitives/lines.h"
 #include "engine/primitives/words.h"
 #include "manager/text_conversion.h"
+#include "ui/editor/text_search.h"
 
 #include <gtest/gtest.h>
 
