@@ -25,7 +25,6 @@ std::optional<SequencePattern> SequencePattern::make(const std::vector<PatternTo
     if (std::ranges::any_of(pattern, isUnknown)) {
         return std::nullopt;
     }
-    constexpr std::size_t mostItems = 64; // each has a table
     SequencePattern result;
     std::vector<std::size_t> openGroups;
     for (const PatternToken &token : pattern) {
@@ -35,9 +34,7 @@ std::optional<SequencePattern> SequencePattern::make(const std::vector<PatternTo
             if (token.isCapturing) {
                 result.m_groups.push_back({result.m_items.size(), 0});
             }
-            continue;
-        }
-        if (token.kind == Kind::groupEnd) {
+        } else if (token.kind == Kind::groupEnd) {
             if (openGroups.empty() || token.fewest != 1 || token.most != 1) {
                 return std::nullopt;
             }
@@ -45,28 +42,9 @@ std::optional<SequencePattern> SequencePattern::make(const std::vector<PatternTo
                 result.m_groups[openGroups.back()].end = result.m_items.size();
             }
             openGroups.pop_back();
-            continue;
-        }
-        Item item;
-        item.fewest = token.fewest;
-        item.most = token.most;
-        if (result.m_items.size() == mostItems) {
+        } else if (!result.appendItem(token)) {
             return std::nullopt;
         }
-        if (token.kind == Kind::literal && token.character.size() == 1) {
-            item.isMember[static_cast<unsigned char>(token.character[0])] = true;
-        } else if (const auto set = token.kind == Kind::set ? RegexSet::make(token.source) : nullptr) {
-            for (char32_t character = 0; character < asciiCount; ++character) {
-                item.isMember[character] = set->contains(character);
-            }
-            if (!token.isPlainSet) {
-                item.wide = set;
-                result.m_isAsciiAlone = false;
-            }
-        } else {
-            return std::nullopt;
-        }
-        result.m_items.push_back(item);
     }
     const auto isNeeded = [](const Item &item) { return item.fewest > 0; };
     if (!openGroups.empty() || std::ranges::none_of(result.m_items, isNeeded) || !result.isUnambiguous()) {
@@ -74,14 +52,33 @@ std::optional<SequencePattern> SequencePattern::make(const std::vector<PatternTo
     }
     result.findRivals();
     result.findCore();
-    for (const PatternToken &token : pattern) {
-        if (token.kind == Kind::literal && token.fewest == 1 && token.most == 1) {
-            result.m_prefix += token.character;
-        } else if (token.kind != Kind::groupBegin && token.kind != Kind::groupEnd) {
-            break;
-        }
-    }
+    result.findPrefix(pattern);
     return result;
+}
+
+bool SequencePattern::appendItem(const PatternToken &token) {
+    constexpr std::size_t mostItems = 64; // each has a table
+    if (m_items.size() == mostItems) {
+        return false;
+    }
+    Item item;
+    item.fewest = token.fewest;
+    item.most = token.most;
+    if (token.kind == Kind::literal && token.character.size() == 1) {
+        item.isMember[static_cast<unsigned char>(token.character[0])] = true;
+    } else if (const auto set = token.kind == Kind::set ? RegexSet::make(token.source) : nullptr) {
+        for (char32_t character = 0; character < asciiCount; ++character) {
+            item.isMember[character] = set->contains(character);
+        }
+        if (!token.isPlainSet) {
+            item.wide = set;
+            m_isAsciiAlone = false;
+        }
+    } else {
+        return false;
+    }
+    m_items.push_back(item);
+    return true;
 }
 
 /// The items that what follows from `item` on can begin with. When it can be empty, that does not count.
@@ -157,6 +154,17 @@ void SequencePattern::findCore() {
             first.wide = first.wide == nullptr ? m_items[i].wide : first.wide;
         }
         m_core.push_back(byteClass(first));
+    }
+}
+
+/// The characters that all matches begin with, one after the other.
+void SequencePattern::findPrefix(const std::vector<PatternToken> &pattern) {
+    for (const PatternToken &token : pattern) {
+        if (token.kind == Kind::literal && token.fewest == 1 && token.most == 1) {
+            m_prefix += token.character;
+        } else if (token.kind != Kind::groupBegin && token.kind != Kind::groupEnd) {
+            break;
+        }
     }
 }
 

@@ -53,12 +53,15 @@ private:
         std::size_t end = 0;
     };
 
+    /// False for what is no single character or set, and when there are too many.
+    [[nodiscard]] bool appendItem(const PatternToken &token);
     [[nodiscard]] Range beginningFrom(std::size_t item) const;
     [[nodiscard]] std::array<bool, 256> firstBytes(std::size_t item) const;
     [[nodiscard]] bool isUnambiguous() const;
     [[nodiscard]] static kernels::ByteClass byteClass(const Item &item);
     void findRivals();
     void findCore();
+    void findPrefix(const std::vector<PatternToken> &pattern);
 
     std::vector<Item> m_items;
     std::vector<Range> m_groups;
