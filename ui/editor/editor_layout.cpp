@@ -23,17 +23,20 @@ constexpr std::size_t longestStretch = 16384;
 constexpr std::size_t directionReach = 1024;
 constexpr std::size_t mostChunksKept = 24;
 
-std::size_t newlineLength(std::string_view bytes, NewlineMatch newline) {
-    const auto end = static_cast<std::size_t>(newline.position - bytes.data()) + newline.length;
-    const bool isPair = newline.length == 1 && *newline.position == '\r' && end < bytes.size() && bytes[end] == '\n';
-    return isPair ? 2 : newline.length;
-}
-
-std::size_t wholeCodePoints(std::string_view bytes, std::size_t length) {
-    while (length > 0 && length < bytes.size() && isContinuationByte(bytes[length])) {
-        --length;
+/// The line that `rest` begins with, whose break, if any, is `newline`. Of a line that is cut behind `own` bytes no
+/// more is wanted than the row that reaches there.
+LineLayout::Source sourceOf(std::string_view rest, const NewlineMatch &newline, std::size_t own, bool isLast) {
+    LineLayout::Source source;
+    source.content = rest.substr(0, static_cast<std::size_t>(newline.position - rest.data()));
+    source.terminator = rest.substr(source.content.size(), endOfBreak(rest, newline) - source.content.size());
+    const bool endsHere = newline.length != 0 || isLast;
+    if (source.content.size() > longestStretch) {
+        source.content = source.content.substr(0, wholeCodePointsIn(rest, longestStretch));
+        source.terminator = {};
+    } else if (source.content.size() > own || !endsHere) {
+        source.wanted = own;
     }
-    return length;
+    return source;
 }
 
 } // namespace
@@ -112,55 +115,50 @@ bool EditorLayout::holds(ChunkLayout &layout, const TextIndex::Place &place) con
 }
 
 void EditorLayout::layOut(ChunkLayout &layout, const TextIndex::Place &place) {
-    TextIndex &index = m_document.index();
+    const TextIndex &index = m_document.index();
     const TextChunk &chunk = index.at(place);
-    const bool isLast = index.isLast(place);
-    const bool isCut = !isLast && !chunk.endsWithBreak;
-    const std::size_t chunkEnd = place.before.bytes + chunk.bytes;
     layout.lead = chunk.lead;
     layout.begin = place.before.bytes + chunk.lead;
-    std::size_t readEnd = chunkEnd;
-    if (isCut) {
-        const TextChunk &behind = index.at(index.next(place));
-        layout.idBehind = behind.id;
-        readEnd += std::min<std::size_t>(rowReach(), behind.bytes);
-    }
+    layout.end = layout.begin;
+    const std::size_t ownBytes = chunk.bytes - chunk.lead;
     std::string scratch;
-    std::string_view bytes = readText(m_document.text(), layout.begin, readEnd - layout.begin, scratch);
-    if (isCut) {
-        layout.bytesBehind = bytes.substr(chunkEnd - layout.begin);
-    }
-    if (isCut && bytes.size() > chunkEnd - layout.begin && readEnd < m_document.text().size()) {
-        // The window may end within a code point.
-        std::size_t length = bytes.size();
-        std::size_t back = 0;
-        while (back < 4 && back < length && isContinuationByte(bytes[length - 1 - back])) {
-            ++back;
-        }
-        if (back < length) {
-            const DecodedCodePoint last = decode(bytes.data() + length - 1 - back, bytes.data() + length);
-            length = last.length == back + 1 ? length : length - 1 - back;
-        }
-        bytes = bytes.substr(0, std::max(length, chunkEnd - layout.begin));
-    }
-
-    const std::size_t ownBytes = chunkEnd - layout.begin;
+    const std::string_view bytes = readForLayout(layout, place, scratch);
     const bool isShownInFront = ownBytes == 0 && chunk.lead > 0 && !chunk.endsWithBreak;
+    if (!isShownInFront) {
+        appendLines(layout, bytes, ownBytes, index.isLast(place));
+    }
+    const std::size_t chunkEnd = layout.begin + ownBytes;
+    if (layout.idBehind != 0 && layout.end > chunkEnd) {
+        layout.leadBehind = static_cast<std::uint32_t>(layout.end - chunkEnd);
+    }
+}
+
+std::string_view EditorLayout::readForLayout(ChunkLayout &layout, const TextIndex::Place &place,
+                                             std::string &scratch) const {
+    const Text &text = m_document.text();
+    const TextIndex &index = m_document.index();
+    const TextChunk &chunk = index.at(place);
+    const std::size_t ownBytes = chunk.bytes - chunk.lead;
+    if (index.isLast(place) || chunk.endsWithBreak) {
+        return readText(text, layout.begin, ownBytes, scratch);
+    }
+    const TextChunk &behind = index.at(index.next(place));
+    const std::size_t reach = std::min<std::size_t>(rowReach(), behind.bytes);
+    // One byte more tells whether they end within a code point.
+    const std::size_t length = std::min(ownBytes + reach + 1, text.size() - layout.begin);
+    const std::string_view bytes = readText(text, layout.begin, length, scratch);
+    layout.idBehind = behind.id;
+    layout.bytesBehind = bytes.substr(ownBytes, reach);
+    return bytes.substr(0, std::max(ownBytes, wholeCodePointsIn(bytes, ownBytes + reach)));
+}
+
+void EditorLayout::appendLines(ChunkLayout &layout, std::string_view bytes, std::size_t ownBytes, bool isLast) {
     bool isRightToLeft = isRightToLeftLine(m_document.lineBegin(layout.begin));
     std::size_t position = 0;
-    while (position < ownBytes || (isLast && position == ownBytes && !isShownInFront)) {
+    while (position < ownBytes || (isLast && position == ownBytes)) {
         const std::string_view rest = bytes.substr(position);
         const NewlineMatch newline = findNewline(rest.data(), rest.data() + rest.size());
-        LineLayout::Source source;
-        source.content = rest.substr(0, static_cast<std::size_t>(newline.position - rest.data()));
-        source.terminator = rest.substr(source.content.size(), newlineLength(rest, newline));
-        const bool endsHere = newline.length != 0 || isLast;
-        if (source.content.size() > longestStretch) {
-            source.content = source.content.substr(0, wholeCodePoints(rest, longestStretch));
-            source.terminator = {};
-        } else if (position + source.content.size() > ownBytes || !endsHere) {
-            source.wanted = ownBytes - position;
-        }
+        LineLayout::Source source = sourceOf(rest, newline, ownBytes - position, isLast);
         source.isRightToLeft = isRightToLeft;
         appendLine(layout, source, layout.begin + position);
         const LineLayout &line = *layout.lines.back().layout;
@@ -178,10 +176,6 @@ void EditorLayout::layOut(ChunkLayout &layout, const TextIndex::Place &place) {
         }
     }
     layout.end = layout.begin + position;
-    if (isCut) {
-        const std::size_t leadBehind = layout.end > chunkEnd ? layout.end - chunkEnd : 0;
-        layout.leadBehind = static_cast<std::uint32_t>(leadBehind);
-    }
 }
 
 void EditorLayout::appendLine(ChunkLayout &layout, LineLayout::Source source, std::size_t begin) {

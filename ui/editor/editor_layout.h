@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -98,6 +99,13 @@ private:
     /// So many bytes of the next chunk are looked at to find the end of a row: more than most rows have.
     [[nodiscard]] std::size_t rowReach() const;
     void layOut(ChunkLayout &layout, const TextIndex::Place &place);
+    /// The bytes of the chunk but for its lead, and where its last line goes on in the next chunk the beginning of that
+    /// one, of which the layout takes note.
+    [[nodiscard]] std::string_view readForLayout(ChunkLayout &layout, const TextIndex::Place &place,
+                                                 std::string &scratch) const;
+    /// Lays out lines until the first `ownBytes` of `bytes` are shown; in the last chunk (`isLast`) the empty line that
+    /// may follow them, too.
+    void appendLines(ChunkLayout &layout, std::string_view bytes, std::size_t ownBytes, bool isLast);
     void appendLine(ChunkLayout &layout, LineLayout::Source source, std::size_t begin);
     /// `begin` is that of a line.
     [[nodiscard]] bool isRightToLeftLine(std::size_t begin) const;

@@ -54,6 +54,22 @@ std::string_view readText(const Text &text, std::size_t offset, std::size_t leng
     return isCopied ? std::string_view(scratch) : run;
 }
 
+std::size_t wholeCodePointsIn(std::string_view bytes, std::size_t length) {
+    length = std::min(length, bytes.size());
+    while (length > 0 && length < bytes.size() && isContinuationByte(bytes[length])) {
+        --length;
+    }
+    return length;
+}
+
+std::size_t endOfBreakNumber(std::string_view bytes, std::size_t number) {
+    std::size_t position = 0;
+    for (; number > 0 && position < bytes.size(); --number) {
+        position = endOfBreak(bytes, findNewline(bytes.data() + position, bytes.data() + bytes.size()));
+    }
+    return position;
+}
+
 std::size_t certainBoundaryBefore(std::string_view bytes, std::size_t begin, std::size_t position) {
     while (position > begin && position < bytes.size() && !isCertainBoundary(bytes, position)) {
         position -= decodeBefore(bytes.data() + begin, bytes.data() + position).length;

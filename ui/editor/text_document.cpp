@@ -13,27 +13,6 @@
 
 namespace lexivore {
 
-namespace {
-
-/// The bytes of the first `breaks` line breaks and what precedes each.
-std::size_t endOfBreakNumber(std::string_view bytes, std::size_t breaks) {
-    std::size_t position = 0;
-    while (breaks > 0) {
-        const NewlineMatch newline = findNewline(bytes.data() + position, bytes.data() + bytes.size());
-        position = static_cast<std::size_t>(newline.position - bytes.data()) + newline.length;
-        if (newline.length == 0) {
-            break;
-        }
-        if (*newline.position == '\r' && position < bytes.size() && bytes[position] == '\n') {
-            ++position;
-        }
-        --breaks;
-    }
-    return position;
-}
-
-} // namespace
-
 TextDocument::TextDocument(QObject *parent) : QObject(parent) {}
 
 bool TextDocument::setText(const Text &text) {

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/editor/text_editor_accessible.h"
 
-#include "engine/primitives/utf8.h"
 #include "manager/text_conversion.h"
 #include "ui/editor/text_boundaries.h"
 
@@ -20,13 +19,9 @@ constexpr std::size_t largestValue = std::size_t{1} << 20;
 
 /// The text, or its beginning if it is very large.
 QString valueOf(const Text &text) {
-    std::size_t length = std::min(text.size(), largestValue);
     std::string scratch;
-    std::string_view bytes = readText(text, 0, std::min(length + 1, text.size()), scratch);
-    while (length > 0 && length < bytes.size() && isContinuationByte(bytes[length])) {
-        --length;
-    }
-    return toQString(bytes.substr(0, length));
+    const std::string_view bytes = readText(text, 0, std::min(largestValue + 1, text.size()), scratch);
+    return toQString(bytes.substr(0, wholeCodePointsIn(bytes, largestValue)));
 }
 
 QAccessibleInterface *makeAccessible(const QString &className, QObject *object) {

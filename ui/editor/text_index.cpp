@@ -34,12 +34,6 @@ constexpr std::size_t cutSlack = 512;
 constexpr std::size_t chunksPerBlock = 256;
 constexpr std::size_t mostChunksPerBlock = 512;
 
-std::size_t endOfBreak(std::string_view bytes, NewlineMatch newline) {
-    const auto end = static_cast<std::size_t>(newline.position - bytes.data()) + newline.length;
-    const bool isPair = *newline.position == '\r' && end < bytes.size() && bytes[end] == '\n';
-    return isPair ? end + 1 : end;
-}
-
 /// The end of the last line break in [from, to), or of the first one at or behind `to`.
 std::optional<std::size_t> cutBehindBreak(std::string_view bytes, std::size_t from, std::size_t to) {
     std::optional<std::size_t> cut;
@@ -113,16 +107,6 @@ private:
     std::size_t m_searchedTo = 0;
     std::string m_scratch;
 };
-
-/// The end of line break number `number`, counted from 1; there must be so many.
-std::size_t endOfBreakNumber(std::string_view bytes, std::size_t number) {
-    std::size_t position = 0;
-    for (; number > 0; --number) {
-        const NewlineMatch newline = findNewline(bytes.data() + position, bytes.data() + bytes.size());
-        position = endOfBreak(bytes, newline);
-    }
-    return position;
-}
 
 StretchCounts countsIn(const TextChunk &chunk) {
     return {.bytes = chunk.bytes,
