@@ -186,8 +186,17 @@ private:
     void showScrollBarEarly();
 
     // text_editor_keys.cpp
+    enum class Move;
+    /// What a key does to the caret.
+    struct KeyMove {
+        Move move;
+        Anchor anchor;
+    };
+    static std::optional<KeyMove> moveOf(QKeyEvent *event);
     void moveTo(CaretTarget target, Anchor anchor);
     bool moveByKey(QKeyEvent *event);
+    /// Where a move ends that is not by rows or pages.
+    [[nodiscard]] CaretTarget targetOf(KeyMove key) const;
     /// The place one character to the left or the right of the caret, as the eye sees it.
     [[nodiscard]] std::size_t besideCaret(bool left) const;
     bool editByKey(QKeyEvent *event);
@@ -197,6 +206,16 @@ private:
     void removeUpTo(std::size_t offset);
     void insertTyped(std::string_view typed);
     bool insertOrRefuse(std::string_view inserted);
+
+    // text_editor_input_method.cpp
+    /// Where the text begins that an input method is told.
+    [[nodiscard]] std::size_t surroundingBegin() const;
+    /// Puts what the input method has settled in the place of what it replaces.
+    void commitInput(const QInputMethodEvent &event);
+    /// Replaces `length` UTF-16 code units, the first of them `first` behind the caret.
+    void replaceForInputMethod(int first, int length, std::string_view committed);
+    /// `toldFrom` is where what the input method knows of the text began.
+    void showPreedit(const QInputMethodEvent &event, std::size_t toldFrom);
 
     // text_editor_mouse.cpp
     [[nodiscard]] bool isInSelection(std::size_t offset) const;
@@ -209,12 +228,6 @@ private:
     void pasteFrom(const QMimeData *mimeData);
     void insertDropped(QDropEvent *event);
     static void refuseDrop(QDropEvent *event);
-
-    // text_editor_input_method.cpp
-    /// Replaces `length` UTF-16 code units, the first of them `first` behind the caret.
-    void replaceForInputMethod(int first, int length, std::string_view committed);
-    /// Where the text begins that an input method is told.
-    [[nodiscard]] std::size_t surroundingBegin() const;
 
     TextDocument m_document;
     mutable EditorLayout m_layout;

@@ -8,6 +8,7 @@
 #include <QInputMethodEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace lexivore {
 
@@ -46,30 +47,36 @@ void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
     }
     m_layout.setPreedit({}, 0);
     if (event->replacementLength() > 0 || !event->commitString().isEmpty()) {
-        const std::string committed = toUtf8(event->commitString());
-        if (event->replacementStart() == 0 && event->replacementLength() == 0) {
-            insertTyped(committed);
-        } else {
-            replaceForInputMethod(event->replacementStart(), event->replacementLength(), committed);
-        }
+        commitInput(*event);
     }
+    showPreedit(*event, std::min(toldFrom, text().size()));
+    event->accept();
+    ensureCaretVisible();
+    refresh();
+}
 
+void TextEditor::commitInput(const QInputMethodEvent &event) {
+    const std::string committed = toUtf8(event.commitString());
+    if (event.replacementStart() == 0 && event.replacementLength() == 0) {
+        insertTyped(committed);
+    } else {
+        replaceForInputMethod(event.replacementStart(), event.replacementLength(), committed);
+    }
+}
+
+void TextEditor::showPreedit(const QInputMethodEvent &event, std::size_t toldFrom) {
     Preedit preedit;
-    preedit.text = event->preeditString();
+    preedit.text = event.preeditString();
     m_preeditCursor = static_cast<int>(preedit.text.size());
     m_isPreeditCursorShown = !preedit.text.isEmpty();
-    for (const QInputMethodEvent::Attribute &attribute : event->attributes()) {
+    for (const QInputMethodEvent::Attribute &attribute : event.attributes()) {
         if (attribute.type == QInputMethodEvent::Cursor) {
             m_preeditCursor = std::clamp(attribute.start, 0, static_cast<int>(preedit.text.size()));
             m_isPreeditCursorShown = attribute.length != 0;
         } else if (attribute.type == QInputMethodEvent::TextFormat) {
             const QTextCharFormat format = qvariant_cast<QTextFormat>(attribute.value).toCharFormat();
             if (format.isValid()) {
-                QTextLayout::FormatRange range;
-                range.start = attribute.start;
-                range.length = attribute.length;
-                range.format = format;
-                preedit.formats.push_back(range);
+                preedit.formats.push_back({attribute.start, attribute.length, format});
             }
         } else if (attribute.type == QInputMethodEvent::Selection) {
             const std::size_t unitsBefore = m_document.unitsBefore(toldFrom);
@@ -79,18 +86,15 @@ void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
             m_document.select(at(attribute.start), at(attribute.start + attribute.length));
         }
     }
-    if (!preedit.text.isEmpty()) {
-        if (preedit.formats.isEmpty()) {
-            QTextLayout::FormatRange underline;
-            underline.length = static_cast<int>(preedit.text.size());
-            underline.format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
-            preedit.formats.push_back(underline);
-        }
-        m_layout.setPreedit(std::move(preedit), m_document.caret());
+    if (preedit.text.isEmpty()) {
+        return;
     }
-    event->accept();
-    ensureCaretVisible();
-    refresh();
+    if (preedit.formats.isEmpty()) {
+        QTextCharFormat underlined;
+        underlined.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+        preedit.formats.push_back({0, static_cast<int>(preedit.text.size()), underlined});
+    }
+    m_layout.setPreedit(std::move(preedit), m_document.caret());
 }
 
 QVariant TextEditor::inputMethodQuery(Qt::InputMethodQuery query) const {

@@ -19,76 +19,6 @@ namespace lexivore {
 
 namespace {
 
-enum class Move {
-    left,
-    right,
-    wordLeft,
-    wordRight,
-    up,
-    down,
-    pageUp,
-    pageDown,
-    rowBegin,
-    rowEnd,
-    lineBegin,
-    lineEnd,
-    paragraphUp,
-    paragraphDown,
-    textBegin,
-    textEnd,
-};
-
-struct MoveKey {
-    QKeySequence::StandardKey moving;
-    QKeySequence::StandardKey selecting;
-    Move move;
-};
-
-constexpr std::array<MoveKey, 14> moveKeys{{
-    {QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar, Move::left},
-    {QKeySequence::MoveToNextChar, QKeySequence::SelectNextChar, Move::right},
-    {QKeySequence::MoveToPreviousWord, QKeySequence::SelectPreviousWord, Move::wordLeft},
-    {QKeySequence::MoveToNextWord, QKeySequence::SelectNextWord, Move::wordRight},
-    {QKeySequence::MoveToPreviousLine, QKeySequence::SelectPreviousLine, Move::up},
-    {QKeySequence::MoveToNextLine, QKeySequence::SelectNextLine, Move::down},
-    {QKeySequence::MoveToPreviousPage, QKeySequence::SelectPreviousPage, Move::pageUp},
-    {QKeySequence::MoveToNextPage, QKeySequence::SelectNextPage, Move::pageDown},
-    {QKeySequence::MoveToStartOfLine, QKeySequence::SelectStartOfLine, Move::rowBegin},
-    {QKeySequence::MoveToEndOfLine, QKeySequence::SelectEndOfLine, Move::rowEnd},
-    {QKeySequence::MoveToStartOfBlock, QKeySequence::SelectStartOfBlock, Move::lineBegin},
-    {QKeySequence::MoveToEndOfBlock, QKeySequence::SelectEndOfBlock, Move::lineEnd},
-    {QKeySequence::MoveToStartOfDocument, QKeySequence::SelectStartOfDocument, Move::textBegin},
-    {QKeySequence::MoveToEndOfDocument, QKeySequence::SelectEndOfDocument, Move::textEnd},
-}};
-
-struct FoundMove {
-    Move move;
-    bool selects;
-};
-
-std::optional<FoundMove> moveOf(QKeyEvent *event) {
-    for (const MoveKey &key : moveKeys) {
-        if (event->matches(key.moving)) {
-            return FoundMove{key.move, false};
-        }
-        if (event->matches(key.selecting)) {
-            return FoundMove{key.move, true};
-        }
-    }
-    // Where the platform has no keys of its own for paragraphs.
-    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
-    const bool selects = modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
-    if (selects || modifiers == Qt::ControlModifier) {
-        if (event->key() == Qt::Key_Up) {
-            return FoundMove{Move::paragraphUp, selects};
-        }
-        if (event->key() == Qt::Key_Down) {
-            return FoundMove{Move::paragraphDown, selects};
-        }
-    }
-    return {};
-}
-
 /// What a key types, if it is one that does.
 QString typedBy(const QKeyEvent *event) {
     const QString text = event->text();
@@ -115,6 +45,70 @@ const std::array<QKeySequence::StandardKey, 10> editKeys{QKeySequence::Copy,
                                                          QKeySequence::InsertLineSeparator};
 
 } // namespace
+
+enum class TextEditor::Move {
+    left,
+    right,
+    wordLeft,
+    wordRight,
+    up,
+    down,
+    pageUp,
+    pageDown,
+    rowBegin,
+    rowEnd,
+    lineBegin,
+    lineEnd,
+    paragraphUp,
+    paragraphDown,
+    textBegin,
+    textEnd,
+};
+
+std::optional<TextEditor::KeyMove> TextEditor::moveOf(QKeyEvent *event) {
+    struct MoveKey {
+        QKeySequence::StandardKey moving;
+        QKeySequence::StandardKey selecting;
+        Move move;
+    };
+    static constexpr std::array<MoveKey, 14> moveKeys{{
+        {QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar, Move::left},
+        {QKeySequence::MoveToNextChar, QKeySequence::SelectNextChar, Move::right},
+        {QKeySequence::MoveToPreviousWord, QKeySequence::SelectPreviousWord, Move::wordLeft},
+        {QKeySequence::MoveToNextWord, QKeySequence::SelectNextWord, Move::wordRight},
+        {QKeySequence::MoveToPreviousLine, QKeySequence::SelectPreviousLine, Move::up},
+        {QKeySequence::MoveToNextLine, QKeySequence::SelectNextLine, Move::down},
+        {QKeySequence::MoveToPreviousPage, QKeySequence::SelectPreviousPage, Move::pageUp},
+        {QKeySequence::MoveToNextPage, QKeySequence::SelectNextPage, Move::pageDown},
+        {QKeySequence::MoveToStartOfLine, QKeySequence::SelectStartOfLine, Move::rowBegin},
+        {QKeySequence::MoveToEndOfLine, QKeySequence::SelectEndOfLine, Move::rowEnd},
+        {QKeySequence::MoveToStartOfBlock, QKeySequence::SelectStartOfBlock, Move::lineBegin},
+        {QKeySequence::MoveToEndOfBlock, QKeySequence::SelectEndOfBlock, Move::lineEnd},
+        {QKeySequence::MoveToStartOfDocument, QKeySequence::SelectStartOfDocument, Move::textBegin},
+        {QKeySequence::MoveToEndOfDocument, QKeySequence::SelectEndOfDocument, Move::textEnd},
+    }};
+    for (const MoveKey &key : moveKeys) {
+        if (event->matches(key.moving)) {
+            return KeyMove{key.move, Anchor::moves};
+        }
+        if (event->matches(key.selecting)) {
+            return KeyMove{key.move, Anchor::stays};
+        }
+    }
+    // Where the platform has no keys of its own for paragraphs.
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const bool selects = modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
+    const Anchor anchor = selects ? Anchor::stays : Anchor::moves;
+    if (selects || modifiers == Qt::ControlModifier) {
+        if (event->key() == Qt::Key_Up) {
+            return KeyMove{Move::paragraphUp, anchor};
+        }
+        if (event->key() == Qt::Key_Down) {
+            return KeyMove{Move::paragraphDown, anchor};
+        }
+    }
+    return {};
+}
 
 bool TextEditor::isOwnKey(QKeyEvent *event) {
     const bool isEdit = std::any_of(editKeys.begin(), editKeys.end(),
@@ -150,75 +144,73 @@ void TextEditor::moveTo(CaretTarget target, Anchor anchor) {
 }
 
 bool TextEditor::moveByKey(QKeyEvent *event) {
-    const auto found = moveOf(event);
-    if (!found) {
+    const std::optional<KeyMove> key = moveOf(event);
+    if (!key) {
         return false;
     }
-    const Anchor anchor = found->selects ? Anchor::stays : Anchor::moves;
-    const std::size_t caret = m_document.caret();
-    const Row row = m_layout.rowOf(caret, m_isCaretAtRowEnd);
-    const bool isRightToLeft = m_layout.line(row).isRightToLeft();
-    const bool leavesSelection = m_document.hasSelection() && anchor == Anchor::moves;
-    const auto go = [this, anchor](std::size_t offset, bool atRowEnd = false) {
-        m_wantedX.reset();
-        moveTo({offset, atRowEnd}, anchor);
-    };
-    switch (found->move) {
-    case Move::left:
-    case Move::right:
-        if (leavesSelection) {
-            go((found->move == Move::left) != isRightToLeft ? m_document.selectionStart() : m_document.selectionEnd());
-        } else {
-            go(besideCaret(found->move == Move::left));
-        }
-        break;
-    case Move::wordLeft:
-    case Move::wordRight:
-        go((found->move == Move::wordLeft) != isRightToLeft ? m_document.previousWord(caret)
-                                                            : m_document.nextWord(caret));
-        break;
+    switch (key->move) {
     case Move::up:
-        moveByRows(-1, anchor);
+        moveByRows(-1, key->anchor);
         break;
     case Move::down:
-        moveByRows(1, anchor);
+        moveByRows(1, key->anchor);
         break;
     case Move::pageUp:
-        moveByPage(-1, anchor);
+        moveByPage(-1, key->anchor);
         break;
     case Move::pageDown:
-        moveByPage(1, anchor);
+        moveByPage(1, key->anchor);
         break;
-    case Move::rowBegin:
-        go(m_document.boundaryAt(m_layout.rowBegin(row), TextDocument::Side::behind));
-        break;
-    case Move::rowEnd:
-        go(m_layout.rowEnd(row), m_layout.isWrapped(row));
-        break;
-    case Move::lineBegin:
-        go(m_document.lineBegin(caret));
-        break;
-    case Move::lineEnd:
-        go(m_document.lineEnd(caret));
-        break;
-    case Move::paragraphUp: {
-        const std::size_t begin = m_document.lineBegin(caret);
-        go(begin == caret ? m_document.lineBegin(m_document.previousCharacter(caret)) : begin);
-        break;
-    }
-    case Move::paragraphDown: {
-        const std::size_t next = m_document.nextLineBegin(caret);
-        go(next);
-        break;
-    }
-    case Move::textBegin:
-        go(0);
-        break;
-    case Move::textEnd:
-        go(text().size());
+    default:
+        m_wantedX.reset();
+        moveTo(targetOf(*key), key->anchor);
         break;
     }
     return true;
+}
+
+TextEditor::CaretTarget TextEditor::targetOf(KeyMove key) const {
+    const std::size_t caret = m_document.caret();
+    const Row row = m_layout.rowOf(caret, m_isCaretAtRowEnd);
+    const bool isRightToLeft = m_layout.line(row).isRightToLeft();
+    const bool leavesSelection = m_document.hasSelection() && key.anchor == Anchor::moves;
+    const std::size_t lineBegin = m_document.lineBegin(caret);
+    switch (key.move) {
+    case Move::left:
+        return {!leavesSelection ? besideCaret(true)
+                : isRightToLeft  ? m_document.selectionEnd()
+                                 : m_document.selectionStart()};
+    case Move::right:
+        return {!leavesSelection ? besideCaret(false)
+                : isRightToLeft  ? m_document.selectionStart()
+                                 : m_document.selectionEnd()};
+    case Move::wordLeft:
+        return {isRightToLeft ? m_document.nextWord(caret) : m_document.previousWord(caret)};
+    case Move::wordRight:
+        return {isRightToLeft ? m_document.previousWord(caret) : m_document.nextWord(caret)};
+    case Move::rowBegin:
+        return {m_document.boundaryAt(m_layout.rowBegin(row), TextDocument::Side::behind)};
+    case Move::rowEnd:
+        return {m_layout.rowEnd(row), m_layout.isWrapped(row)};
+    case Move::lineBegin:
+        return {lineBegin};
+    case Move::lineEnd:
+        return {m_document.lineEnd(caret)};
+    case Move::paragraphUp:
+        return {lineBegin == caret ? m_document.lineBegin(m_document.previousCharacter(caret)) : lineBegin};
+    case Move::paragraphDown:
+        return {m_document.nextLineBegin(caret)};
+    case Move::textBegin:
+        return {0};
+    case Move::textEnd:
+        return {text().size()};
+    case Move::up:
+    case Move::down:
+    case Move::pageUp:
+    case Move::pageDown:
+        break;
+    }
+    return {caret, m_isCaretAtRowEnd};
 }
 
 std::size_t TextEditor::besideCaret(bool left) const {
