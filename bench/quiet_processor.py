@@ -5,9 +5,13 @@
 A processor of a virtual machine is often one of two threads of a core whose other one is somebody else's. While that
 works, ours has little more than half the speed, for seconds, and the processor beside it may have all of it. Two
 programs that happen to run on different ones, or one after the other, cannot be compared then.
+
+Usage: quiet_processor.py COMMAND...   (runs the command there)
 """
 
+import contextlib
 import os
+import sys
 import time
 
 MOST_CANDIDATES = 4
@@ -35,6 +39,15 @@ class QuietProcessor:
         for process_id in (0, *process_ids):
             os.sched_setaffinity(process_id, {quietest})
 
+    @contextlib.contextmanager
+    def for_children(self):
+        """What this process starts within the block is there alone, itself is anywhere."""
+        self.move_there()
+        try:
+            yield
+        finally:
+            leave()
+
 
 def seconds_of_some_work(processor):
     os.sched_setaffinity(0, {processor})
@@ -49,3 +62,8 @@ def seconds_of_some_work(processor):
 def leave():
     """This process may be on any processor again."""
     os.sched_setaffinity(0, EVERY)
+
+
+if __name__ == "__main__":
+    QuietProcessor(patience=0).move_there()
+    os.execvp(sys.argv[1], sys.argv[1:])

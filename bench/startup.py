@@ -6,7 +6,8 @@ Usage: startup.py STARTUP_BENCH [--runs N] [--lexivore PROGRAM] [--json FILE]
 Every program runs in turn on one X server without a window manager, N times after one start that warms the caches. The
 server's frame buffer is a file that is read a thousand times a second, so that nobody takes part in what is measured:
 "first" is the first picture that is not just one colour, "whole" the first one that agrees with the final one in 99 of 100
-places. "cpu" is the processor time of the whole run, kernel included, until a second after the last change.
+places. "cpu" is the processor time of the whole run, kernel included, until a second after the last change. Each start has
+the processor that is disturbed least at that moment; the X server and what watches it have any.
 """
 
 import argparse
@@ -21,6 +22,8 @@ import subprocess
 import sys
 import tempfile
 import time
+
+import quiet_processor
 
 QUIET = 1.0  # seconds without a change after which the picture is final
 LONGEST = 30.0  # seconds that a start may take
@@ -55,7 +58,7 @@ def agreement(picture, final):
     return sum(map(int.__eq__, picture, final)) / len(final)
 
 
-def start(server, command, home):
+def start(server, quiet, command, home):
     """Seconds to the first and to the whole picture, and of processor time."""
     runtime = tempfile.mkdtemp(dir=home)
     environment = {key: value for key, value in os.environ.items() if not key.startswith(("QT_", "LD_", "XDG_"))}
@@ -63,9 +66,10 @@ def start(server, command, home):
                     "QT_QPA_PLATFORM": "xcb"}
     pictures = []
     before = server.picture()
-    begin = time.perf_counter()
-    process = subprocess.Popen(command, env=environment, cwd=home, stdout=subprocess.DEVNULL,
-                               stderr=subprocess.DEVNULL)
+    with quiet.for_children():
+        begin = time.perf_counter()
+        process = subprocess.Popen(command, env=environment, cwd=home, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.DEVNULL)
     last = begin
     while True:
         time.sleep(0.001)
@@ -117,12 +121,13 @@ def main():
     results = {name: [] for name in programs}
     with tempfile.TemporaryDirectory(prefix="lexivore-startup-") as folder:
         server = Server(folder)
+        quiet = quiet_processor.QuietProcessor(patience=60)
         try:
             for run in range(options.runs + 1):
                 for name, command in programs.items():
                     home = os.path.join(folder, name)
                     os.makedirs(home, exist_ok=True)
-                    figures = start(server, command, home)
+                    figures = start(server, quiet, command, home)
                     if run > 0:
                         results[name].append(figures)
         finally:
