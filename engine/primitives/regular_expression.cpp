@@ -5,6 +5,7 @@
 #include "engine/primitives/byte_search.h"
 #include "engine/primitives/pattern_syntax.h"
 #include "engine/primitives/replacement.h"
+#include "engine/primitives/replacement_template.h"
 #include "engine/primitives/sequence_pattern.h"
 #include "engine/primitives/simple_pattern.h"
 #include "engine/primitives/utf8.h"
@@ -14,7 +15,6 @@
 #include <unicode/utf16.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <ctime>
 #include <limits>
@@ -173,68 +173,6 @@ private:
     bool m_isUnitAByte;
     std::size_t m_byte = 0;
     std::int32_t m_unit = 0;
-};
-
-/// A replacement template, parsed once: literal text and references to groups in turn.
-class ReplacementTemplate {
-public:
-    explicit ReplacementTemplate(std::string_view text) {
-        std::string literal;
-        for (std::size_t i = 0; i < text.size(); ++i) {
-            const bool hasNext = i + 1 < text.size();
-            if (text[i] == '\\') {
-                // The backslash goes, and what follows, if anything does, stands for itself.
-                if (hasNext) {
-                    literal += text[++i];
-                }
-            } else if (text[i] == '$' && hasNext && text[i + 1] >= '0' && text[i + 1] <= '9') {
-                m_parts.push_back({std::move(literal), text[++i] - '0'});
-                literal.clear();
-            } else {
-                literal += text[i];
-            }
-        }
-        m_parts.push_back({std::move(literal), noGroup});
-        for (const Part &part : m_parts) {
-            m_literalBytes += part.literal.size();
-            if (part.group != noGroup) {
-                ++m_uses[static_cast<std::size_t>(part.group)];
-            }
-        }
-    }
-
-    /// Appends the replacement of one match; `appendGroup(int)` appends what that group matched, if anything.
-    template<typename AppendGroup> void append(TextBuffer &to, AppendGroup appendGroup) const {
-        for (const Part &part : m_parts) {
-            to.append(part.literal);
-            if (part.group != noGroup) {
-                appendGroup(part.group);
-            }
-        }
-    }
-
-    /// The bytes that take the place of a match; `sizeOf(int)` tells those of a group.
-    template<typename SizeOf> [[nodiscard]] std::size_t sizeFor(SizeOf sizeOf) const {
-        std::size_t sum = m_literalBytes;
-        for (std::size_t group = 0; group < m_uses.size(); ++group) {
-            sum += m_uses[group] == 0 ? 0 : m_uses[group] * sizeOf(static_cast<int>(group));
-        }
-        return sum;
-    }
-    /// No text of `size` bytes becomes larger than this: its matches and their groups lie side by side.
-    [[nodiscard]] std::size_t mostBytesFor(std::size_t size) const {
-        return size * m_parts.size() + m_literalBytes * (size + 1);
-    }
-
-private:
-    static constexpr int noGroup = -1;
-    struct Part {
-        std::string literal;
-        int group;
-    };
-    std::vector<Part> m_parts;
-    std::size_t m_literalBytes = 0;       ///< Of all parts together.
-    std::array<std::size_t, 10> m_uses{}; ///< How many parts refer to each group: a template may have thousands.
 };
 
 std::unique_ptr<icu::RegexPattern> compile(std::string_view pattern) {
