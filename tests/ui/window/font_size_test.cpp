@@ -34,8 +34,14 @@ TEST_F(FontSize, TheFontSizeIsKept) {
 
 TEST_F(FontSize, AStoredFontSizeOfAnyKindLeavesAnEditorToReadIn) {
     const std::pair<QVariant, double> stored[] = {
-        {QVariant(), 13}, {0.0, 13},  {QString("large"), 13}, {QVariantList{20}, 13}, {true, 1}, {-3.0, -3},
-        {3.5, 3.5},       {1e9, 1e9},
+        {QVariant::fromValue(nullptr), 13},
+        {0.0, 13},
+        {QString("large"), 13},
+        {QVariantList{20}, 13},
+        {true, 1},
+        {-3.0, -3},
+        {3.5, 3.5},
+        {1e9, 1e9},
     };
     setText("some text");
     for (const auto &[value, size] : stored) {
@@ -53,7 +59,7 @@ TEST_F(FontSize, AStoredFontSizeOfAnyKindLeavesAnEditorToReadIn) {
         click("done");
         EXPECT_EQ(preferences.value(preference::editorFontSize), value) << "kept until the slider moves";
     }
-    preferences.values.remove(preference::editorFontSize);
+    preferences.remove(preference::editorFontSize);
     restart();
     EXPECT_EQ(state().editorFontSize(), 13);
 }

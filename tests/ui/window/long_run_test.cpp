@@ -174,7 +174,7 @@ TEST_F(LongRun, HoldsItsPromisesAndDoesNotGrow) {
             objects[half] = window().findChildren<QObject *>().size();
             const std::size_t whileRunning = test::allocatedBytes();
             window().resize(usualSize); // in which the next one opens, whether it has been remembered or not
-            preferences.values.clear(); // the recipes with which the window would start
+            preferences.clear();        // the recipes with which the window would start
             restart();                  // what could be undone goes, and whatever else the window had gathered
             useStackMode();
             setText("as before");

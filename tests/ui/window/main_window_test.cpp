@@ -348,7 +348,7 @@ TEST_F(MainWindow, AToolReportsOnTheWholeCurrentTextEachTimeItIsOpened) {
 
 TEST_F(MainWindow, TheSizeAndTheColumnsAreRemembered) {
     window().resize(1100, 700);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return preferences.values.contains(preference::windowSize); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return preferences.contains(preference::windowSize); }));
     restart();
     EXPECT_EQ(window().size(), QSize(1100, 700));
 }

@@ -43,7 +43,7 @@ TEST_F(Recipes, TheUserIsToldOnceThatNothingIsKept) {
     setText("a");
     useStackMode();
     click("transformation.uppercase");
-    preferences.canStore = false;
+    preferences.setStored(false);
     saveAs("Mine");
     ASSERT_TRUE(QTest::qWaitFor([this] { return isShown("alert"); }));
     EXPECT_FALSE(isShown("recipeSaveSheet"));
@@ -59,15 +59,15 @@ TEST_F(Recipes, TheUserIsToldOnceThatNothingIsKept) {
         return isShown("alert");
     };
     EXPECT_FALSE(isToldOf("lowercase"));
-    preferences.canStore = true;
+    preferences.setStored(true);
     EXPECT_FALSE(isToldOf("uppercase"));
-    preferences.canStore = false;
+    preferences.setStored(false);
     EXPECT_TRUE(isToldOf("titlecase"));
 }
 
 TEST_F(Recipes, NothingIsSaidOfTemplatesThatCannotBeKept) {
-    preferences.values.clear();
-    preferences.canStore = false;
+    preferences.clear();
+    preferences.setStored(false);
     restart();
     EXPECT_EQ(manager().recipes().size(), 13U);
     EXPECT_FALSE(isShown("alert"));

@@ -162,10 +162,10 @@ TEST_F(Shell, TextChangedWithoutABooleanIsIgnored) {
 
 TEST_F(Shell, TypingDoesNotWriteThePreferenceAgainAndAgain) {
     setText("x");
-    const int writes = preferences.writes;
+    const int writes = preferences.writeCount();
     focusEditor();
     type("abc");
-    EXPECT_EQ(preferences.writes, writes);
+    EXPECT_EQ(preferences.writeCount(), writes);
 }
 
 TEST_F(Shell, F10OpensTheMenuBarAndShiftF10TheContextMenu) {

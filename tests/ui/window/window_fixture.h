@@ -3,11 +3,11 @@
 #pragma once
 
 #include "manager/preferences.h"
+#include "tests/support/memory_preferences.h"
 #include "ui/shell/lexivore_app.h"
 #include "ui/window/file_panels.h"
 #include "ui/window/window_state.h"
 
-#include <QMap>
 #include <QTest>
 #include <QWidget>
 
@@ -19,21 +19,6 @@
 #include <string_view>
 
 namespace lexivore {
-
-/// Preferences that live as long as the test, and count what is written.
-class MemoryPreferences : public Preferences {
-public:
-    [[nodiscard]] QVariant value(const QString &key) const override { return values.value(key); }
-    void setValue(const QString &key, const QVariant &value) override {
-        values[key] = value;
-        ++writes;
-    }
-    [[nodiscard]] bool isStored() const override { return canStore; }
-
-    QMap<QString, QVariant> values;
-    int writes = 0;
-    bool canStore = true;
-};
 
 /// Answers every question for a file at once with the path that the test set; without one the user cancels.
 class ScriptedPanels : public FilePanels {
@@ -101,7 +86,7 @@ protected:
     void setText(std::string_view text);
     void useStackMode();
 
-    MemoryPreferences preferences;
+    test::MemoryPreferences preferences;
     std::optional<QString> chosenFile;
 
 private:
