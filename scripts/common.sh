@@ -31,6 +31,9 @@ continue_as_owner() {
         return
     fi
     home=$(getent passwd "$owner" | cut -d: -f6)
+    if [ "$(stat -c %U "${XDG_RUNTIME_DIR:-/}" 2> /dev/null)" != "$owner" ]; then
+        unset XDG_RUNTIME_DIR DBUS_SESSION_BUS_ADDRESS # root's, of which the owner may use nothing
+    fi
     exec runuser -u "$owner" -- env HOME="$home" "$self" "$@"
 }
 
