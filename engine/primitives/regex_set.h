@@ -2,13 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <unicode/regex.h>
-
 #include <bitset>
 #include <cstddef>
 #include <memory>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace lexivore {
@@ -19,6 +16,10 @@ class RegexSet {
 public:
     /// `source` is one set and ASCII. Null when ICU does not take it.
     [[nodiscard]] static std::shared_ptr<const RegexSet> make(std::string_view source);
+
+    ~RegexSet();
+    RegexSet(const RegexSet &) = delete;
+    RegexSet &operator=(const RegexSet &) = delete;
 
     /// `codePoint` is no surrogate.
     [[nodiscard]] bool contains(char32_t codePoint) const {
@@ -31,11 +32,13 @@ private:
     using Page = std::bitset<pageSize>;
     using Pages = std::vector<std::unique_ptr<const Page>>; ///< Each null as long as nobody asks.
 
-    explicit RegexSet(std::unique_ptr<icu::RegexPattern> pattern) : m_pattern(std::move(pattern)) {}
+    struct Pattern; ///< ICU's.
+
+    explicit RegexSet(std::unique_ptr<const Pattern> pattern);
 
     const Page &fill(std::size_t index) const;
 
-    std::unique_ptr<icu::RegexPattern> m_pattern;
+    std::unique_ptr<const Pattern> m_pattern;
     mutable Pages m_pages = Pages(0x110000 / pageSize);
 };
 
