@@ -64,7 +64,7 @@ bool countWords(WordSet &words) {
     constexpr std::size_t fewWords = 4096;
     bool isWorthIt = true;
     words.addWords([&](std::string_view word) {
-        isWorthIt = (isAscii(word) || isOrderedByBytes(word)) && words.size() < fewWords + words.addedCount() / 2;
+        isWorthIt = (isAllAscii(word) || isOrderedByBytes(word)) && words.size() < fewWords + words.addedCount() / 2;
         return isWorthIt;
     });
     return isWorthIt;
@@ -164,7 +164,7 @@ TextBuffer SortLinesReverseTransformation::apply(std::string_view text, const Pa
 
 TextBuffer SortLinesByLengthTransformation::apply(std::string_view text, const ParameterMap &) const {
     LineOrder lines(text);
-    if (isAscii(text)) {
+    if (isAllAscii(text)) {
         lines.sortByNumber([&lines](std::size_t index) { return std::size_t{lines[index].size}; });
     } else {
         const std::vector<std::size_t> lengths = lineLengths(text);

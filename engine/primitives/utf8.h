@@ -102,7 +102,7 @@ inline char *encode(char32_t codePoint, char *to) {
 [[nodiscard]] const char *asciiRunEnd(const char *position, const char *end);
 
 /// True when all of `text` is ASCII. Of a word it asks without a loop, whose end could not be guessed.
-[[nodiscard]] inline bool isAscii(std::string_view text) {
+[[nodiscard]] inline bool isAllAscii(std::string_view text) {
     const auto areEndsAscii = [text]<typename Bytes>(Bytes) { // two parts that overlap
         constexpr auto highBits = static_cast<Bytes>(0x8080808080808080U);
         Bytes first = 0;
