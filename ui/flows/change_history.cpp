@@ -78,22 +78,7 @@ bool ChangeHistory::continuesRun(const TextChange &change) const {
     return run.inserted == 0 && (backspaces || deletesForward);
 }
 
-bool ChangeHistory::takesBackLatest(const Text &after, const TextChange &change) const {
-    if (!canUndoEdit()) {
-        return false;
-    }
-    const Entry &latest = m_entries[m_done - 1];
-    return change.offset == latest.change.offset && change.removed == latest.change.inserted &&
-           change.inserted == latest.change.removed &&
-           after.slice(change.offset, change.inserted) == latest.before.text().slice(change.offset, change.inserted);
-}
-
 void ChangeHistory::recordEdit(const Text &before, const Text &after, const TextChange &change) {
-    if (takesBackLatest(after, change)) {
-        --m_done;
-        m_runIsOpen = false;
-        return;
-    }
     if (!continuesRun(change)) {
         append({before, after, change, false});
         m_runIsOpen = isKeystroke(change);

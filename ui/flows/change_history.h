@@ -37,8 +37,7 @@ public:
         TextChange change;
     };
 
-    /// An edit. Forgets what could be redone, unless it takes the latest edit back by hand. A run of typing or of
-    /// deleting, character by character, is one edit.
+    /// An edit. Forgets what could be redone. A run of typing or of deleting, character by character, is one edit.
     void recordEdit(const Text &before, const Text &after, const TextChange &change);
     /// Steps of the manager's history that were just made, oldest first: the text before each of them, where the
     /// manager still has it, and the text that is shown now. Forgets what could be redone.
@@ -92,7 +91,6 @@ private:
     void append(Entry entry);
     void keepWithinBudget();
     void makeEdits(std::size_t begin, std::size_t end);
-    [[nodiscard]] bool takesBackLatest(const Text &after, const TextChange &change) const;
     [[nodiscard]] bool continuesRun(const TextChange &change) const;
 
     std::size_t m_budget;

@@ -315,13 +315,22 @@ TEST_F(Undoing, WhatIsCutPastedOverwrittenOrCommittedIsTakenBackOnItsOwn) {
     EXPECT_EQ(text(), "2wo");
 }
 
-TEST_F(Undoing, WhatIsTakenBackByHandCanBeDoneAgain) {
+TEST_F(Undoing, WhatWasDeletedRightAfterItCameIsBroughtBack) {
     focusEditor();
     type("a");
     press(Qt::Key_Backspace);
     ASSERT_EQ(text(), "");
-    redo();
+    undo();
     EXPECT_EQ(text(), "a");
+    redo();
+    EXPECT_EQ(text(), "");
+
+    setText("pasted");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_X, Qt::ControlModifier);
+    ASSERT_EQ(text(), "");
+    undo();
+    EXPECT_EQ(text(), "pasted");
 }
 
 TEST_F(Undoing, TheEditorsOwnMenuTakesBackTypingAndTransformations) {
