@@ -4,6 +4,7 @@
 
 #include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
+#include "ui/updates/simple_html.h"
 
 #include <QCoreApplication>
 #include <QTextBlock>
@@ -114,7 +115,7 @@ void writeReleaseNotes(QTextDocument &document, const AppcastItem &item) {
     SealedDocument source;
     const QString notes = item.releaseNotes.left(longestNotes);
     if (item.notesFormat == AppcastItem::NotesFormat::html) {
-        source.setHtml(notes);
+        source.setHtml(simpleHtml(notes));
     } else {
         source.setPlainText(notes);
     }
