@@ -53,6 +53,16 @@ namespace detail {
     return value < 0x10000 || value > 0x10FFFF ? illFormed : DecodedCodePoint{value, 4};
 }
 
+/// Of a text of at least as many bytes as a number has: whether its first and its last ones are ASCII.
+template<typename Number> [[nodiscard]] inline bool areEndsAscii(std::string_view text) {
+    constexpr auto highBits = static_cast<Number>(0x8080808080808080U);
+    Number first = 0;
+    Number last = 0;
+    std::memcpy(&first, text.data(), sizeof first);
+    std::memcpy(&last, text.data() + text.size() - sizeof last, sizeof last);
+    return ((first | last) & highBits) == 0;
+}
+
 } // namespace detail
 
 /// The code point at `position`, which lies before `end`. A byte that begins no well-formed sequence (RFC 3629) counts
@@ -103,23 +113,15 @@ inline char *encode(char32_t codePoint, char *to) {
 
 /// True when all of `text` is ASCII. Of a word it asks without a loop, whose end could not be guessed.
 [[nodiscard]] inline bool isAllAscii(std::string_view text) {
-    const auto areEndsAscii = [text]<typename Bytes>(Bytes) { // two parts that overlap
-        constexpr auto highBits = static_cast<Bytes>(0x8080808080808080U);
-        Bytes first = 0;
-        Bytes last = 0;
-        std::memcpy(&first, text.data(), sizeof first);
-        std::memcpy(&last, text.data() + text.size() - sizeof last, sizeof last);
-        return ((first | last) & highBits) == 0;
-    };
     if (text.size() > 2 * sizeof(std::uint64_t)) {
         const char *const end = text.data() + text.size();
         return asciiRunEnd(text.data(), end) == end;
     }
     if (text.size() >= sizeof(std::uint64_t)) {
-        return areEndsAscii(std::uint64_t{});
+        return detail::areEndsAscii<std::uint64_t>(text);
     }
     if (text.size() >= sizeof(std::uint32_t)) {
-        return areEndsAscii(std::uint32_t{});
+        return detail::areEndsAscii<std::uint32_t>(text);
     }
     return text.empty() || (isAscii(text.front()) && isAscii(text[text.size() / 2]) && isAscii(text.back()));
 }
