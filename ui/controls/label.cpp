@@ -59,7 +59,9 @@ QString plainToolTip(const QString &text) {
     if (text.isEmpty())
         return {};
     QString shown = shortened(text, longestToolTip).toHtmlEscaped();
-    return QStringLiteral("<qt>%1</qt>").arg(shown.replace('\n', QStringLiteral("<br>")));
+    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n")); // or it would be two breaks
+    return QStringLiteral("<qt style=\"white-space: pre-wrap\">%1</qt>")
+        .arg(shown.replace('\n', QStringLiteral("<br>")));
 }
 
 Label::Label(const QString &text, FontRole role, ThemeColour colour, Lines lines, QWidget *parent)

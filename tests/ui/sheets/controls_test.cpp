@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QPainter>
 #include <QScrollArea>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace lexivore {
@@ -214,7 +215,7 @@ TEST_F(ControlsTest, ALabelOnOneLineCutsOffAndShowsTheRestInItsToolTip) {
     EXPECT_TRUE(label->toolTip().isEmpty());
     label->resize(40, label->height());
     settle();
-    EXPECT_EQ(label->toolTip(), "<qt>&lt;b&gt;two<br>lines&lt;/b&gt;</qt>");
+    EXPECT_EQ(label->toolTip(), plainToolTip("<b>two\nlines</b>"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), "<b>two\nlines</b>");
     EXPECT_EQ(label->sizeHint().height(), lineHeightFor(FontRole::body));
 }
@@ -251,6 +252,28 @@ TEST_F(ControlsTest, ALongToolTipIsCutBetweenCharacters) {
     EXPECT_LT(tip.size(), 600);
     EXPECT_TRUE(tip.isValidUtf16());
     EXPECT_TRUE(plainToolTip({}).isEmpty());
+}
+
+TEST_F(ControlsTest, AToolTipShowsEverySpaceAndIsAsWideAsOneWithoutThem) {
+    const auto shown = [](const QString &toolTip) {
+        QTextDocument document;
+        document.setHtml(toolTip);
+        return document.toPlainText();
+    };
+    for (const QString text : {"a   b", "  a  ", "a\n  b\n", "a\tb", "a <b>&amp;", "\n", " "}) {
+        EXPECT_TRUE(Qt::mightBeRichText(plainToolTip(text)));
+        EXPECT_EQ(shown(plainToolTip(text)).toStdString(), text.toStdString());
+    }
+    EXPECT_EQ(shown(plainToolTip("a\r\n\r\nb")), "a\n\nb");
+    const auto size = [](const QString &toolTip) {
+        QLabel label(toolTip);
+        label.setWordWrap(true); // as the toolkit's own
+        return label.sizeHint();
+    };
+    for (const int words : {1, 5, 20, 80}) {
+        const QString text = QString("word ").repeated(words).trimmed();
+        EXPECT_EQ(size(plainToolTip(text)), size("<qt>" + text + "</qt>")) << words;
+    }
 }
 
 TEST_F(ControlsTest, ABadgeKeepsManyDigitsInside) {

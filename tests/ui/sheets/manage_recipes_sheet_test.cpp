@@ -280,7 +280,7 @@ TEST_F(ManageRecipesSheetTest, NamesOfAnyKindKeepTheirRows) {
             EXPECT_LE(label->geometry().right(), trash->geometry().left());
     }
     EXPECT_LT(row(0)->findChild<QLabel *>()->toolTip().size(), 1000);
-    EXPECT_TRUE(row(0)->findChild<QLabel *>()->toolTip().startsWith("<qt>xxx"));
+    EXPECT_TRUE(row(0)->findChild<QLabel *>()->toolTip().contains(">xxx"));
 }
 
 TEST_F(ManageRecipesSheetTest, ARecipeWithoutANameIsCalledUntitledAsInTheMenus) {
