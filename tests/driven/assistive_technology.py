@@ -66,7 +66,7 @@ def lists_tell_places_and_selection(program):
 
 def changes_are_announced(program):
     heard = Heard("object:state-changed:selected", "object:selection-changed", "object:state-changed:checked", "object:property-change",
-                  "object:state-changed:focused")
+                  "object:state-changed:focused", "object:state-changed:showing")
     program.click(program.find("list item", "Lines"))
     heard.wait_for("object:state-changed:selected", "Lines", 1)
     program.click(program.find("list item", "Case Conversion"))
@@ -83,6 +83,8 @@ def changes_are_announced(program):
     for name in ("UPPERCASE", "lowercase"):
         program.click(program.find("list item", name, under=program.find("list", "Transformations")))
     wait_for(lambda: len(rows(program, "Operations")) == 2, "two operations")
+    program.click(program.find(name="Copy text to clipboard"))
+    heard.wait_for("object:state-changed:showing", "Copied to clipboard", 1)
     row = rows(program, "Operations")[0]
     assert row.description == "Enabled, Lines: 1 → 1, Characters: 3 → 3", row.description
     row.queryComponent().grabFocus()

@@ -49,8 +49,6 @@ void CopyToast::fade() {
         place();
         show();
         raise();
-        QAccessibleEvent announcement(this, QAccessible::Alert);
-        QAccessible::updateAccessibility(&announcement);
     }
     m_fading->stop();
     m_fading->setDuration(static_cast<int>(motionDuration(*this, fadingTime).count()));
