@@ -26,9 +26,7 @@ void ApplicationObject::Open(const QStringList &addresses, const QVariantMap &pl
     SingleInstance::Request request;
     for (const QString &address : addresses) {
         const QUrl url(address, QUrl::StrictMode);
-        if (url.isLocalFile()) {
-            request.files << url.toLocalFile();
-        }
+        request.files << (url.isLocalFile() ? url.toLocalFile() : address);
     }
     request.activationToken = activationToken(platformData);
     emit m_activation.requested(request);

@@ -21,7 +21,8 @@ public:
 
 public slots:
     void Activate(const QVariantMap &platformData);
-    /// Files on other machines are left out.
+    /// Asks for the files by their paths. What is on another machine has none and keeps its address: nothing can be
+    /// opened by that, and the user is told so.
     void Open(const QStringList &addresses, const QVariantMap &platformData);
     /// There are no actions in the desktop entry, so this is always an error.
     void ActivateAction(const QString &name, const QVariantList &parameter, const QVariantMap &platformData);

@@ -80,12 +80,12 @@ TEST_F(DesktopActivationTest, ComesForwardWhenTheDesktopAsks) {
     waitForLog("requested [] b");
 }
 
-TEST_F(DesktopActivationTest, OpensLocalFilesAndLeavesOthersOut) {
+TEST_F(DesktopActivationTest, OpensLocalFilesByPathAndPassesOnOtherAddressesAsTheyAre) {
     const auto process = start();
     waitForName();
-    const QStringList addresses{"file:///a%20folder/%C3%A4.txt", "https://example.org/x", "/no/address", "file:///b"};
+    const QStringList addresses{"file:///a%20folder/%C3%A4.txt", "sftp://example.org/a%20b", "file:///b"};
     answer(call("Open", {addresses, QVariantMap()}));
-    waitForLog("requested [/a folder/ä.txt|/b] ");
+    waitForLog("requested [/a folder/ä.txt|sftp://example.org/a%20b|/b] ");
 }
 
 TEST_F(DesktopActivationTest, KnowsNoActions) {
