@@ -81,6 +81,7 @@ void TransformationList::createSearchField() {
     m_search->setTextMargins(-5, 0, 0, 0); // nearer to the icon than the toolkit puts it
     m_searchIcon = m_search->addAction(QIcon(), QLineEdit::LeadingPosition);
     m_searchIcon->setText(tr("Search"));
+    connect(m_searchIcon, &QAction::triggered, this, &TransformationList::focusSearch);
     m_clearSearch = m_search->addAction(QIcon(), QLineEdit::TrailingPosition);
     m_clearSearch->setObjectName("clearSearch");
     m_clearSearch->setText(tr("Clear search"));

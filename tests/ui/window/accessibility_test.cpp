@@ -3,6 +3,8 @@
 #include "tests/ui/window/window_fixture.h"
 
 #include <QAccessible>
+#include <QAction>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
@@ -184,6 +186,19 @@ TEST_F(Accessibility, TheRecipesButtonOpensItsMenuAndTakesTheFocus) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return wasShown; }, 30'000));
     choose("ShowRecipeSheet");
     EXPECT_EQ(actions->actionNames(), QStringList());
+}
+
+TEST_F(Accessibility, PressingTheMagnifierTakesTheKeyboardToTheSearch) {
+    auto *search = find<QLineEdit>("search");
+    search->setText("trim");
+    focusEditor();
+    ASSERT_FALSE(search->hasFocus());
+    auto *magnifier = qobject_cast<QWidget *>(search->actions().constFirst()->associatedObjects().constLast());
+    ASSERT_NE(magnifier, nullptr);
+    EXPECT_EQ(seen(magnifier)->text(QAccessible::Name), "Search");
+    seen(magnifier)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(search->hasFocus());
+    EXPECT_EQ(search->selectedText(), "trim");
 }
 
 // As it shows, screen readers tell of a notification and of nothing else that is without the focus.
