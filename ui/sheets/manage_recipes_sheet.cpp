@@ -4,6 +4,7 @@
 
 #include "manager/text_conversion.h"
 #include "manager/transformation_manager.h"
+#include "ui/controls/accessible_menu_button.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/label.h"
 #include "ui/controls/menu_pointer.h"
@@ -76,6 +77,7 @@ QWidget *ManageRecipesSheet::makeFooter() {
     menu->setObjectName(QStringLiteral("exportMenu"));
     connect(menu, &QMenu::aboutToShow, this, &ManageRecipesSheet::fillExportMenu);
     m_exportButton->setMenu(menu);
+    setAccessibleMenuButton(*m_exportButton);
     leaveWhenClosedElsewhere(*menu, *m_exportButton);
     return makeButtonFooter({importButton, m_exportButton}, {});
 }

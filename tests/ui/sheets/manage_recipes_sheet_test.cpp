@@ -9,9 +9,11 @@
 #include "ui/sheets/recipe_row.h"
 
 #include <QCursor>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTimer>
 
 namespace lexivore {
 namespace {
@@ -321,6 +323,25 @@ TEST_F(ManageRecipesSheetTest, ALongListScrollsToTheFocusedRow) {
     EXPECT_EQ(row(39)->visibleRegion().boundingRect(), row(39)->rect());
     press(Qt::Key_Home);
     EXPECT_EQ(row(0)->visibleRegion().boundingRect(), row(0)->rect());
+}
+
+TEST_F(ManageRecipesSheetTest, AssistiveTechnologyThatOpensTheMenuOfExportIsNotKeptWaiting) {
+    add("a");
+    open();
+    QAccessibleActionInterface *actions = QAccessible::queryAccessibleInterface(find("export"))->actionInterface();
+    actions->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(find("export")->hasFocus());
+    auto *menu = find<QMenu>("exportMenu");
+    bool wasShown = false;
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, menu, [&] {
+        wasShown = wasShown || menu->isVisible();
+        menu->close();
+    });
+    closing.start(10);
+    actions->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_FALSE(wasShown) << "it returns only when the menu is closed";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return wasShown; }, 30'000));
 }
 
 TEST_F(ManageRecipesSheetTest, IsAListForAssistiveTechnology) {
