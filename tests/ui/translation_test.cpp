@@ -8,8 +8,11 @@
 #include "manager/transformation_manager.h"
 #include "services/updates/appcast.h"
 #include "tests/support/memory_preferences.h"
+#include "ui/shell/lexivore_app.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QKeySequence>
+#include <QMenuBar>
 
 #include <gtest/gtest.h>
 
@@ -25,7 +28,7 @@ private:
     int m_count = 1;
     char m_name[5] = "test";
     char *m_arguments[2] = {m_name, nullptr};
-    QCoreApplication m_application{m_count, m_arguments};
+    QApplication m_application{m_count, m_arguments};
 };
 
 struct TooLarge final : TextTransformation {
@@ -126,6 +129,26 @@ TEST_F(TranslationTest, theUsersOwnNameOfARecipeStaysAsItIs) {
     recipe.category = RecipeCategory::formatting;
     EXPECT_EQ(translatedName(recipe), "Leerraum aufräumen");
 }
+
+/// Each language that the program has, as its user's system names it.
+class TranslatedMenuBarTest : public TranslationTest, public testing::WithParamInterface<const char *> {};
+
+TEST_P(TranslatedMenuBarTest, everyMenuHasALetterOfItsOwn) {
+    startWith({GetParam()});
+    test::MemoryPreferences preferences;
+    LexivoreApp app(preferences);
+    QMap<QString, QString> titles; // by their keys
+    const QList<QAction *> menus = app.window().menuBar()->actions();
+    for (const QAction *menu : menus) {
+        const QString key = QKeySequence::mnemonic(menu->text()).toString();
+        EXPECT_FALSE(key.isEmpty()) << menu->text().toStdString();
+        EXPECT_FALSE(titles.contains(key)) << titles[key].toStdString() << " and " << menu->text().toStdString();
+        titles[key] = menu->text();
+    }
+    EXPECT_EQ(menus.size(), 8);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, TranslatedMenuBarTest, testing::Values("en", "de"));
 
 TEST_F(TranslationTest, whatIsNoTextOfTheProgramsStaysAsItIs) {
     startWith({"de-DE"});
