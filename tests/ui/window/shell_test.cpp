@@ -1,14 +1,20 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "services/memory_limit.h"
+#include "tests/support/files.h"
 #include "tests/ui/window/window_fixture.h"
+#include "ui/shell/open_address.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTemporaryFile>
+#include <QUrl>
 
 #include <algorithm>
+#include <sys/resource.h>
 
 namespace lexivore {
 namespace {
@@ -41,6 +47,47 @@ TEST_F(Shell, NotificationsArriveAtOnceInTheOrderOfSubscription) {
     notifications.post("Name");
     EXPECT_EQ(received, (QStringList{"first x", "second", "first "}));
 }
+
+/// Stands in for the program that the desktop opens an address with.
+class Opener : public QObject {
+    Q_OBJECT
+
+public:
+    Opener() { QDesktopServices::setUrlHandler("x-test", this, "open"); }
+    ~Opener() override { QDesktopServices::unsetUrlHandler("x-test"); }
+
+    static rlim_t limitOfMemory() {
+        rlimit now{};
+        ::getrlimit(RLIMIT_DATA, &now);
+        return now.rlim_cur;
+    }
+
+    QUrl opened;
+    rlim_t limit = 0; ///< Of the memory of whatever is started by then.
+
+public slots:
+    void open(const QUrl &address) {
+        opened = address;
+        limit = limitOfMemory();
+    }
+};
+
+#ifndef __SANITIZE_ADDRESS__ // with which there is no limit
+TEST_F(Shell, WhatOpensAnAddressIsNotBoundByTheLimitOfMemory) {
+    EXPECT_EQ(test::inChild([] {
+                  Opener opener;
+                  const rlim_t before = Opener::limitOfMemory();
+                  limitMemory();
+                  const rlim_t limited = Opener::limitOfMemory();
+                  const QUrl address("x-test:something");
+                  if (limited == before || !openAddress(address) || opener.opened != address) {
+                      return 1;
+                  }
+                  return opener.limit != before ? 2 : Opener::limitOfMemory() != limited ? 3 : 0;
+              }),
+              0);
+}
+#endif
 
 TEST_F(Shell, TheWindowOpensInSingleModeActiveWithBothPanels) {
     EXPECT_FALSE(state().stackOperationMode());
@@ -209,3 +256,5 @@ TEST_F(Shell, ComingForwardUndoesMinimizingAndOpensTheFile) {
 
 } // namespace
 } // namespace lexivore
+
+#include "shell_test.moc"
