@@ -12,6 +12,7 @@
 
 #include <csignal>
 #include <memory>
+#include <sys/stat.h>
 #include <vector>
 
 namespace lexivore {
@@ -65,6 +66,16 @@ TEST_F(SingleInstanceTest, ALaterStartHandsItsFilesToTheFirstAndEnds) {
     EXPECT_TRUE(second->waitForFinished(patience));
     EXPECT_EQ(nextLine(*first), QByteArray("requested [/a folder/ä.txt|/b] token"));
     end(*first);
+}
+
+TEST_F(SingleInstanceTest, OnlyTheUserMayReachTheSocket) {
+    const mode_t before = ::umask(0);
+    SingleInstance instance(m_folder.path());
+    EXPECT_EQ(instance.start({}), SingleInstance::Role::primary);
+    ::umask(before);
+    struct stat socket {};
+    ASSERT_EQ(::stat(qPrintable(m_folder.filePath("lexivore.socket")), &socket), 0);
+    EXPECT_EQ(socket.st_mode & (S_IRWXG | S_IRWXO), 0U);
 }
 
 TEST_F(SingleInstanceTest, AStartAfterTheEndIsAFirstOneAgain) {
