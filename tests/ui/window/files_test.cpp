@@ -139,6 +139,17 @@ TEST_F(Files, SavingReplacesTheOldFile) {
     EXPECT_EQ(read("out.txt"), "new");
 }
 
+TEST_F(Files, SavingOverALinkReplacesTheFileThatItLeadsTo) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir("folder"));
+    write("folder/real.txt", "old");
+    ASSERT_TRUE(QFile::link("folder/real.txt", path("link.txt")));
+    setText("new");
+    save("link.txt");
+    EXPECT_TRUE(QFileInfo(path("link.txt")).isSymLink());
+    EXPECT_FALSE(QFileInfo(path("folder/real.txt")).isSymLink());
+    EXPECT_EQ(read("folder/real.txt"), "new");
+}
+
 TEST_F(Files, AFailedSaveIsToldAndTheOldFileStaysWhole) {
     ASSERT_TRUE(QDir(folder.path()).mkdir("folder"));
     setText("new");
