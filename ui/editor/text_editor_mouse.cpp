@@ -30,6 +30,11 @@ constexpr int wheelStepsPerNotch = 120; ///< As QWheelEvent::angleDelta counts.
 } // namespace
 
 void TextEditor::mousePressEvent(QMouseEvent *event) {
+    const bool movesCaret = event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton;
+    if (movesCaret && m_layout.hasPreedit()) {
+        // What is committed moves the text behind it, so it comes before a place is looked for.
+        QGuiApplication::inputMethod()->commit();
+    }
     const CaretTarget target = targetAt(event->position().toPoint());
     m_pressPoint = event->position().toPoint();
     if (event->button() == Qt::MiddleButton) {
@@ -42,9 +47,6 @@ void TextEditor::mousePressEvent(QMouseEvent *event) {
     }
     if (event->button() != Qt::LeftButton) {
         return;
-    }
-    if (m_layout.hasPreedit()) {
-        QGuiApplication::inputMethod()->commit();
     }
     m_wantedX.reset();
     const bool isTripleClick = m_tripleClickTimer.isActive() && (m_pressPoint - m_tripleClickPoint).manhattanLength() <
