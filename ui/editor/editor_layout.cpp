@@ -203,6 +203,7 @@ bool EditorLayout::isRightToLeftLine(std::size_t begin) const {
 }
 
 void EditorLayout::trim() {
+    const std::uint64_t usedBefore = std::exchange(m_useAtTrim, m_use);
     if (m_chunks.size() <= mostChunksKept) {
         return;
     }
@@ -212,7 +213,8 @@ void EditorLayout::trim() {
     }
     const auto oldestKept = uses.begin() + static_cast<std::ptrdiff_t>(uses.size() - mostChunksKept / 2);
     std::nth_element(uses.begin(), oldestKept, uses.end());
-    std::erase_if(m_chunks, [&](const auto &entry) { return entry.second->lastUse < *oldestKept; });
+    const std::uint64_t firstKept = std::min(*oldestKept, usedBefore + 1);
+    std::erase_if(m_chunks, [&](const auto &entry) { return entry.second->lastUse < firstKept; });
 }
 
 EditorLayout::Row EditorLayout::rowIn(const TextIndex::Place &place, std::size_t line, int row) {

@@ -68,7 +68,7 @@ public:
 
     /// The layout of a chunk, made if need be, its height told to the index. Valid until `trim`.
     const ChunkLayout &chunk(const TextIndex::Place &place);
-    /// Drops layouts that were not used lately.
+    /// Drops layouts that were not used lately; none that was used since the last time.
     void trim();
 
     /// The row that shows the caret at `offset`; the end of a row rather than the start of the next one if `atRowEnd`.
@@ -117,6 +117,7 @@ private:
     std::size_t m_preeditOffset = 0;
     std::unordered_map<std::uint32_t, std::unique_ptr<ChunkLayout>> m_chunks; ///< By the id of the chunk.
     std::uint64_t m_use = 0;
+    std::uint64_t m_useAtTrim = 0; ///< The last use before the last `trim`.
 };
 
 } // namespace lexivore

@@ -138,7 +138,11 @@ void TextEditor::paintEvent(QPaintEvent *event) {
     // Marks above and below letters may reach into the lines beside theirs.
     const int overhang = m_layout.rowHeight() / 2;
     forEachVisibleChunk([&](const TextIndex::Place &place, int y) {
+        // All that is visible counts as used, so that it outlives the painting of a part such as the caret.
         const ChunkLayout &chunk = m_layout.chunk(place);
+        if (y > dirty.boundingRect().bottom()) {
+            return true;
+        }
         for (const ChunkLayout::Line &line : chunk.lines) {
             const int top = y + line.top;
             const QRect box(0, top - overhang, viewport()->width(), line.layout->height() + 2 * overhang);
@@ -152,7 +156,7 @@ void TextEditor::paintEvent(QPaintEvent *event) {
                                   clip.adjusted(0, -overhang, 0, overhang));
             }
         }
-        return y + chunk.height <= dirty.boundingRect().bottom();
+        return true;
     });
     paintCaret(painter);
     m_layout.trim();

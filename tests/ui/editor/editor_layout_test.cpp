@@ -61,6 +61,26 @@ TEST(EditorLayout, CutsAnOverLongLineWhereNobodyCanSeeIt) {
     }
 }
 
+TEST(EditorLayout, TrimmingKeepsWhatWasUsedSinceTheLastTimeHoweverMuch) {
+    TextDocument document;
+    document.setText(Text(std::string_view(std::string(400000, '\n'))));
+    EditorLayout layout(document);
+    layout.setStyle(plainStyle());
+    const auto usedChunks = [&](std::size_t count) {
+        std::vector<const ChunkLayout *> used;
+        TextIndex::Place place = document.index().atOffset(0);
+        for (; used.size() < count; place = document.index().next(place)) {
+            used.push_back(&layout.chunk(place));
+        }
+        return used;
+    };
+    const std::vector<const ChunkLayout *> first = usedChunks(60);
+    layout.trim();
+    EXPECT_EQ(usedChunks(60), first);
+    layout.trim();
+    EXPECT_EQ(usedChunks(60), first);
+}
+
 TEST(EditorLayout, ShowsTheEmptyLineBehindAFinalLineBreak) {
     TextDocument document;
     EditorLayout layout(document);
