@@ -58,8 +58,8 @@ FindBar::FindBar(TextEditor &editor, QWidget *parent)
     connect(previous, &ToolButton::clicked, this, &FindBar::findPrevious);
     connect(next, &ToolButton::clicked, this, &FindBar::findNext);
     connect(done, &ToolButton::clicked, this, &FindBar::close);
-    connect(m_field, &Field::textChanged, this, &FindBar::showCount);
-    // Counting walks the whole text, so it waits for a pause in typing.
+    // Counting walks the whole text, so it waits for a pause in typing, be it here or in the editor.
+    connect(m_field, &Field::textChanged, this, &FindBar::countLater);
     m_recount->setSingleShot(true);
     m_recount->setInterval(recountAfter);
     connect(m_recount, &QTimer::timeout, this, &FindBar::showCount);
@@ -87,6 +87,7 @@ void FindBar::open() {
 
 void FindBar::close() {
     hide();
+    m_recount->stop();
     m_editor.setFocus(Qt::OtherFocusReason);
 }
 
@@ -105,7 +106,13 @@ void FindBar::find(bool forward) {
     showCount();
 }
 
+void FindBar::countLater() {
+    m_count->setText({}); // which counted the matches of something else
+    m_recount->start();
+}
+
 void FindBar::showCount() {
+    m_recount->stop();
     m_count->setVisible(!needle().empty());
     if (needle().empty()) {
         return;

@@ -48,7 +48,7 @@ TEST_F(Finding, FindCountsAndSelectsMatches) {
     focusEditor();
     choose("Find");
     type("one");
-    EXPECT_EQ(find<QLabel>("matchCount")->text(), "2 matches");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "2 matches"; }));
     press(Qt::Key_Return);
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "1 of 2");
     press(Qt::Key_Return);
@@ -70,6 +70,19 @@ TEST_F(Finding, PartsOfCharactersAreCountedAndFoundOneAfterTheOther) {
     }
     press(Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "3 of 3");
+}
+
+TEST_F(Finding, TypingWaitsForNoCount) {
+    setText("one two One");
+    choose("Find");
+    type("on");
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "2 matches"; }));
+    press(Qt::Key_Return);
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "1 of 2");
+    type("x");
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "") << "not the place among other matches";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "No matches"; }));
 }
 
 TEST_F(Finding, TheCountOfMatchesFollowsTheText) {
