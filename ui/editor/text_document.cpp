@@ -19,10 +19,14 @@ bool TextDocument::setText(const Text &text) {
     if (m_text.sharesAllWith(text)) {
         return true;
     }
-    if (m_isAnnouncing && text.size() == m_text.size()) {
-        // Whoever was told of the edit made it too and hands back the result: the same bytes, to be shared from now on.
-        m_text = text;
-        return true;
+    if (m_announced && text.size() == m_text.size()) {
+        const std::size_t length = m_announced->end - m_announced->begin;
+        if (text.slice(m_announced->begin, length) == m_text.slice(m_announced->begin, length)) {
+            // Whoever was told of the edit made it too and hands back the result: the same bytes, to be shared from now
+            // on.
+            m_text = text;
+            return true;
+        }
     }
     if (text.size() > maximumSize) {
         return false;
@@ -30,6 +34,7 @@ bool TextDocument::setText(const Text &text) {
     const TextDifference difference = differenceOf(m_text, text);
     const QScopedValueRollback removing(m_removedText, m_text.slice(difference.offset, difference.removed));
     m_text = text;
+    m_announced.reset();
     if (difference.removed == 0 && difference.inserted == 0) {
         return true;
     }
@@ -187,7 +192,7 @@ bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_v
     m_caret = boundaryAt(begin + inserted.size(), Side::behind);
     m_anchor = m_caret;
     {
-        const QScopedValueRollback announcing(m_isAnnouncing, true);
+        const QScopedValueRollback announcing(m_announced, std::optional(Range{begin, begin + inserted.size()}));
         const QScopedValueRollback removing(m_removedText, removed);
         emit edited(begin, removed.size(), inserted.view());
     }

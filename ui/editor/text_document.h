@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -118,7 +119,7 @@ private:
     std::size_t m_caret = 0;
     std::size_t m_anchor = 0;
     Text m_removedText;
-    bool m_isAnnouncing = false;
+    std::optional<Range> m_announced; ///< What the edit that is being announced inserted, as long as it stands.
     mutable std::string m_scratch;
 };
 

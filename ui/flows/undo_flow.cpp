@@ -54,10 +54,16 @@ void UndoFlow::doAgain() {
 }
 
 void UndoFlow::edit(std::size_t offset, std::size_t removed, std::string_view inserted) {
-    synchronize();
-    const QScopedValueRollback editing(m_isEditing, true);
-    m_change = {offset, removed, inserted.size()};
-    orReportShortage(m_alerts, [&] { m_manager.editCurrentText(offset, removed, inserted); });
+    const bool isDone = orReportShortage(m_alerts, [&] {
+        synchronize();
+        const QScopedValueRollback editing(m_isEditing, true);
+        m_change = {offset, removed, inserted.size()};
+        m_manager.editCurrentText(offset, removed, inserted);
+    });
+    if (!isDone) {
+        // The editor shows it already.
+        emit restoring(m_manager.currentText(), {offset, inserted.size(), removed});
+    }
 }
 
 void UndoFlow::show(const ChangeHistory::Restored &restored) {

@@ -34,7 +34,8 @@ public:
     /// Brings back what was taken back last. Of an edit and a step that were taken back before, as `undo`.
     void redo();
 
-    /// The user's change of the text in the editor, to be carried out and remembered.
+    /// The user's change of the text in the editor, to be carried out and remembered. When there is not enough memory
+    /// for it, the text before it is restored.
     void edit(std::size_t offset, std::size_t removed, std::string_view inserted);
 
 signals:

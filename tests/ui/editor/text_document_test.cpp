@@ -344,6 +344,24 @@ TEST(TextDocument, TakesBackWhatItAnnouncedWithoutAnnouncingIt) {
     EXPECT_EQ(replaced, 0);
 }
 
+TEST(TextDocument, TakesBackTheTextBeforeTheEditThatItAnnounces) {
+    const Text earlier(std::string_view("one two\nthree"));
+    for (const char *const typed : {"1\n3", "1 and 3", ""}) {
+        SCOPED_TRACE(typed);
+        TextDocument document;
+        document.setText(earlier);
+        int restored = 0;
+        QObject::connect(&document, &TextDocument::edited, &document, [&] { document.setText(earlier); });
+        QObject::connect(&document, &TextDocument::textReplaced, &document, [&] { ++restored; });
+        document.replace(0, 3, typed);
+        EXPECT_EQ(document.text(), earlier);
+        EXPECT_EQ(restored, 1);
+        EXPECT_EQ(document.wordCount(), 3U);
+        EXPECT_EQ(document.lineCount(), 2U);
+        EXPECT_LE(document.caret(), earlier.size());
+    }
+}
+
 TEST(TextDocument, AnnouncesTheSelectionOnlyWhenItChanges) {
     TextDocument document;
     document.setText(Text(std::string_view("abc")));

@@ -3,6 +3,7 @@
 //
 // What would take more memory or time than there is ends in the error alert: the window lives, the text is as before.
 #include "tests/ui/window/window_fixture.h"
+#include "ui/editor/text_editor.h"
 
 #include <QAbstractScrollArea>
 #include <QClipboard>
@@ -57,6 +58,12 @@ protected:
         const std::string before = text();
         click("transformation.invertcase");
         EXPECT_FALSE(text() == before);
+    }
+
+    void copyAll() {
+        focusEditor();
+        press(Qt::Key_A, Qt::ControlModifier);
+        press(Qt::Key_C, Qt::ControlModifier);
     }
 
     void apply(const char *id, const ParameterMap &parameters) {
@@ -117,6 +124,30 @@ TEST_F(Shortage, OfMemoryForATextPastedByKeyIsAnError) {
     EXPECT_EQ(text(), "before\nand after");
     QGuiApplication::clipboard()->clear();
     expectError(shortage);
+}
+
+TEST_F(Shortage, OfMemoryForAnEditTakesItOutOfTheEditorAgain) {
+    const std::string before(40 * megabyte, 'b');
+    for (const bool replacesAll : {true, false}) {
+        SCOPED_TRACE(replacesAll);
+        setText(std::string(40 * megabyte, 'a'));
+        copyAll();
+        setText(before);
+        focusEditor();
+        if (replacesAll) {
+            press(Qt::Key_A, Qt::ControlModifier);
+        } else {
+            press(Qt::Key_Home, Qt::ControlModifier);
+        }
+        limitMemoryTo(60 * megabyte); // enough for one copy of it
+        press(Qt::Key_V, Qt::ControlModifier);
+        allowAllMemory();
+        EXPECT_TRUE(text() == before);
+        EXPECT_TRUE(find<TextEditor>("editor")->text() == manager().currentText());
+        QGuiApplication::clipboard()->clear();
+        expectError(shortage);
+        EXPECT_TRUE(find<TextEditor>("editor")->text() == manager().currentText());
+    }
 }
 
 TEST_F(Shortage, OfMemoryForADroppedTextIsAnErrorAndTheTextStaysWhereItCameFrom) {
