@@ -334,7 +334,9 @@ void TextEditor::insertDropped(QDropEvent *event) {
     } else {
         m_document.setCaret(offset);
         from = m_document.caret();
-        if (!insertOrRefuse(dropped.view())) {
+        const std::size_t expected = text().size() + dropped.size();
+        // Whoever was told of the edit may have restored the text before it.
+        if (!insertOrRefuse(dropped.view()) || text().size() != expected) {
             refuseDrop(event);
             return;
         }

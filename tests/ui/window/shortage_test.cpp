@@ -4,6 +4,7 @@
 // What would take more memory or time than there is ends in the error alert: the window lives, the text is as before.
 #include "tests/ui/window/window_fixture.h"
 #include "ui/editor/text_editor.h"
+#include "ui/editor/text_mime_data.h"
 
 #include <QAbstractScrollArea>
 #include <QClipboard>
@@ -162,6 +163,21 @@ TEST_F(Shortage, OfMemoryForADroppedTextIsAnErrorAndTheTextStaysWhereItCameFrom)
     QApplication::sendEvent(target, &drop);
     EXPECT_FALSE(drop.isAccepted());
     EXPECT_EQ(text(), "before\nand after");
+    expectError(shortage);
+}
+
+TEST_F(Shortage, OfMemoryForTheEditThatADropMakesLeavesTheTextWhereItCameFrom) {
+    setText("before\nand after");
+    TextMimeData data{Text(std::string_view(std::string(40 * megabyte, 'x')))};
+    QWidget *target = find<QAbstractScrollArea>("editor")->viewport();
+    QDragEnterEvent enter({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(target, &enter);
+    QDropEvent drop({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    limitMemoryTo(60 * megabyte); // enough for one copy of it
+    QApplication::sendEvent(target, &drop);
+    EXPECT_FALSE(drop.isAccepted());
+    EXPECT_EQ(text(), "before\nand after");
+    EXPECT_TRUE(find<TextEditor>("editor")->text() == manager().currentText());
     expectError(shortage);
 }
 
