@@ -224,6 +224,7 @@ private:
     /// How far the text is scrolled while something is held over an edge of it; 0 elsewhere.
     [[nodiscard]] int dragScrollDistance() const;
     void forgetDrop();
+    [[nodiscard]] QMimeData *selectionToGive();
     void publishPrimarySelection();
     void pasteFrom(const QMimeData *mimeData);
     void insertDropped(QDropEvent *event);

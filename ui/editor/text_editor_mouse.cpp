@@ -216,8 +216,16 @@ void TextEditor::cut() {
 
 void TextEditor::copy() {
     if (m_document.hasSelection()) {
-        QGuiApplication::clipboard()->setMimeData(new TextMimeData(m_document.selectedText()));
+        QGuiApplication::clipboard()->setMimeData(selectionToGive());
     }
+}
+
+/// What the user takes elsewhere. Whoever asks for it does so in the midst of an event, which an alert waits for.
+QMimeData *TextEditor::selectionToGive() {
+    auto *const given = new TextMimeData(m_document.selectedText());
+    connect(
+        given, &TextMimeData::fellShort, this, [this] { emit refused(memoryShortageMessage()); }, Qt::QueuedConnection);
+    return given;
 }
 
 void TextEditor::paste() { pasteFrom(QGuiApplication::clipboard()->mimeData()); }
@@ -237,13 +245,14 @@ void TextEditor::pasteFrom(const QMimeData *mimeData) {
 void TextEditor::publishPrimarySelection() {
     QClipboard *const clipboard = QGuiApplication::clipboard();
     if (clipboard->supportsSelection() && m_document.hasSelection()) {
+        // The user did not ask for it, so that nothing is said when memory is short.
         clipboard->setMimeData(new TextMimeData(m_document.selectedText()), QClipboard::Selection);
     }
 }
 
 void TextEditor::startDrag() {
     auto *const drag = new QDrag(this);
-    drag->setMimeData(new TextMimeData(m_document.selectedText()));
+    drag->setMimeData(selectionToGive());
     m_isDragging = true;
     const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
     // A move within the editor was carried out by the drop.

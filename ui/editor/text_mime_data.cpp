@@ -4,6 +4,9 @@
 
 #include "manager/text_conversion.h"
 
+#include <new>
+#include <utility>
+
 namespace lexivore {
 
 namespace {
@@ -19,11 +22,19 @@ QVariant TextMimeData::retrieveData(const QString &mimeType, QMetaType type) con
     if (!hasFormat(mimeType)) {
         return {};
     }
-    const std::string_view bytes = m_text.view();
-    if (mimeType == plainUtf8 || type.id() == QMetaType::QByteArray) {
-        return QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    // Who asks is most often the toolkit, for another program, and no exception may pass through its event handling.
+    try {
+        const std::string_view bytes = m_text.view();
+        if (mimeType == plainUtf8 || type.id() == QMetaType::QByteArray) {
+            return QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
+        }
+        return toQString(bytes);
+    } catch (const std::bad_alloc &) {
+        if (!std::exchange(m_fellShort, true)) {
+            emit fellShort();
+        }
+        return {};
     }
-    return toQString(bytes);
 }
 
 Text textOf(const QMimeData &mimeData) {

@@ -20,11 +20,16 @@ public:
     [[nodiscard]] QStringList formats() const override;
     [[nodiscard]] bool hasFormat(const QString &mimeType) const override;
 
+signals:
+    /// Somebody asked for the text and got nothing, because there is not enough memory to convert it. Once.
+    void fellShort() const;
+
 protected:
     [[nodiscard]] QVariant retrieveData(const QString &mimeType, QMetaType type) const override;
 
 private:
     Text m_text;
+    mutable bool m_fellShort = false;
 };
 
 /// The text of a clipboard or a drag: of our own the very bytes, shared; of another program what the toolkit reads, for

@@ -4,6 +4,7 @@
 
 #include "manager/text_conversion.h"
 #include "manager/transformation_manager.h"
+#include "ui/editor/text_mime_data.h"
 #include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
 #include "ui/window/window_state.h"
@@ -14,8 +15,6 @@
 #include <QTimer>
 
 #include <chrono>
-#include <string>
-#include <string_view>
 
 namespace lexivore {
 
@@ -35,11 +34,11 @@ void ClipboardFlow::paste() {
         return;
     }
     orReportShortage(m_alerts, [&] {
-        const std::string pasted = toUtf8(content->text());
+        const Text pasted = textOf(*content);
         if (pasted.size() > largestText) {
             m_alerts.showError(tr("The text is larger than 2 GB, the most that the editor can hold."));
         } else {
-            m_manager.setCurrentText(Text(std::string_view(pasted)));
+            m_manager.setCurrentText(pasted);
         }
     });
 }

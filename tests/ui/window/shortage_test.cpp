@@ -18,6 +18,7 @@
 #include <QTemporaryDir>
 
 #include <fstream>
+#include <malloc.h>
 #include <string>
 #include <sys/resource.h>
 
@@ -37,6 +38,7 @@ protected:
     }
     /// From now on the program gets no more than this beside what it has.
     static void limitMemoryTo(std::size_t bytes) {
+        ::malloc_trim(0); // What earlier tests left free would be given out all the same.
         std::ifstream status("/proc/self/status");
         std::size_t kilobytes = 0;
         for (std::string word; status >> word;) {
@@ -149,6 +151,31 @@ TEST_F(Shortage, OfMemoryForAnEditTakesItOutOfTheEditorAgain) {
         expectError(shortage);
         EXPECT_TRUE(find<TextEditor>("editor")->text() == manager().currentText());
     }
+}
+
+TEST_F(Shortage, OfMemoryForCopiedTextThatIsAskedForIsAnErrorToldOnce) {
+    setText("before" + std::string(40 * megabyte, 'a'));
+    copyAll();
+    limitMemoryTo(16 * megabyte);
+    for (const char *format : {"text/plain", "text/plain;charset=utf-8"}) {
+        EXPECT_EQ(QGuiApplication::clipboard()->mimeData()->data(format).size(), 0) << format;
+    }
+    allowAllMemory();
+    EXPECT_TRUE(text().starts_with("before"));
+    expectError(shortage);
+    QGuiApplication::clipboard()->clear();
+}
+
+TEST_F(Shortage, OfMemoryIsNoReasonNotToPasteWhatTheEditorCopied) {
+    const std::string copied(40 * megabyte, 'a');
+    setText(copied);
+    copyAll();
+    setText("before");
+    limitMemoryTo(16 * megabyte);
+    click("paste");
+    allowAllMemory();
+    EXPECT_TRUE(text() == copied);
+    QGuiApplication::clipboard()->clear();
 }
 
 TEST_F(Shortage, OfMemoryForADroppedTextIsAnErrorAndTheTextStaysWhereItCameFrom) {
