@@ -23,6 +23,7 @@ namespace {
 
 using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds recountAfter = 200ms;
+constexpr std::size_t countedAtOnce = std::size_t{1} << 20; ///< Bytes of a text in which that is not felt.
 constexpr int leastRoomToType = 48;
 constexpr std::size_t longestSelection = 200; ///< Bytes of a selection that is worth looking for.
 
@@ -58,8 +59,8 @@ FindBar::FindBar(TextEditor &editor, QWidget *parent)
     connect(previous, &ToolButton::clicked, this, &FindBar::findPrevious);
     connect(next, &ToolButton::clicked, this, &FindBar::findNext);
     connect(done, &ToolButton::clicked, this, &FindBar::close);
-    // Counting walks the whole text, so it waits for a pause in typing, be it here or in the editor.
-    connect(m_field, &Field::textChanged, this, &FindBar::countLater);
+    connect(m_field, &Field::textChanged, this, &FindBar::countSoon);
+    // Counting walks the whole text, so it waits for a pause in typing.
     m_recount->setSingleShot(true);
     m_recount->setInterval(recountAfter);
     connect(m_recount, &QTimer::timeout, this, &FindBar::showCount);
@@ -106,7 +107,11 @@ void FindBar::find(bool forward) {
     showCount();
 }
 
-void FindBar::countLater() {
+void FindBar::countSoon() {
+    if (m_editor.text().size() <= countedAtOnce) {
+        showCount();
+        return;
+    }
     m_count->setText({}); // which counted the matches of something else
     m_recount->start();
 }

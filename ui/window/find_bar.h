@@ -37,7 +37,7 @@ protected:
 private:
     void find(bool forward);
     void showCount();
-    void countLater();
+    void countSoon();
     /// Which match the editor's selection is, from 1; 0 when it is none.
     [[nodiscard]] std::size_t selectedMatch() const;
     [[nodiscard]] std::string needle() const;

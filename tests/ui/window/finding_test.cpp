@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include <string>
+
 namespace lexivore {
 namespace {
 
@@ -48,7 +50,7 @@ TEST_F(Finding, FindCountsAndSelectsMatches) {
     focusEditor();
     choose("Find");
     type("one");
-    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "2 matches"; }));
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "2 matches");
     press(Qt::Key_Return);
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "1 of 2");
     press(Qt::Key_Return);
@@ -72,8 +74,8 @@ TEST_F(Finding, PartsOfCharactersAreCountedAndFoundOneAfterTheOther) {
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "3 of 3");
 }
 
-TEST_F(Finding, TypingWaitsForNoCount) {
-    setText("one two One");
+TEST_F(Finding, TypingWaitsForNoCountInALargeText) {
+    setText("one two One" + std::string(2'000'000, '.'));
     choose("Find");
     type("on");
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "");
