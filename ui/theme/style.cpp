@@ -176,7 +176,6 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
     case PM_IndicatorHeight:
         return checkBoxSize;
     case PM_CheckBoxLabelSpacing:
-        return 8;
     case PM_LineEditIconMargin:
         return 8;
     case PM_TextCursorWidth:
