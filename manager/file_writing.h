@@ -5,14 +5,8 @@
 #include <string_view>
 
 class QFileDevice;
-class QSaveFile;
 
 namespace lexivore {
-
-/// Opens the file for writing. It will take the place of the one that is there as a new file, and gets the owner, the
-/// group and the access list of that one as far as the system lets: it is shared with the same people, and with nobody
-/// else. False when it cannot be opened.
-[[nodiscard]] bool openToReplace(QSaveFile &file);
 
 // A disk that becomes full takes the part that fits without a word, and only then refuses the rest with a reason. Where
 // the toolkit would stop at the part, and know no error, these go on until the reason is there.

@@ -2,15 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "manager/recipe_file.h"
 
-#include "manager/file_writing.h"
+#include "manager/file_replacement.h"
 #include "manager/recipe_json.h"
 
 #include <QByteArray>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-
-#include <string_view>
 
 namespace lexivore {
 
@@ -55,11 +52,8 @@ bool RecipeFile::write(const QString &path, const std::vector<Recipe> &recipes, 
         problem = message.arg(path, tr("It is not a file."));
         return false;
     }
-    QSaveFile file(path);
-    // Committing does not notice that its own flush failed, so it is flushed before.
-    if (!openToReplace(file) ||
-        !writeAll(file, std::string_view(json->constData(), static_cast<std::size_t>(json->size()))) ||
-        !flushAll(file) || !file.commit()) {
+    FileReplacement file(path);
+    if (!file.open() || !file.write({json->constData(), static_cast<std::size_t>(json->size())}) || !file.commit()) {
         problem = message.arg(path, file.errorString());
         return false;
     }

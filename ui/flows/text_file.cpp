@@ -4,13 +4,12 @@
 
 #include "engine/primitives/utf8.h"
 #include "engine/text_buffer.h"
-#include "manager/file_writing.h"
+#include "manager/file_replacement.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <new>
@@ -95,14 +94,10 @@ QString write(const QString &path, const Text &text) {
     if (info.exists() && !info.isFile()) {
         return cannotSave(path, info.isDir() ? Words::tr("it is a folder") : Words::tr("it is not a regular file"));
     }
-    QSaveFile file(path);
-    if (!openToReplace(file)) {
-        return cannotSave(path, file.errorString());
-    }
-    bool isWritten = true;
-    text.forEachRun(0, text.size(), [&](std::string_view run) { isWritten = isWritten && writeAll(file, run); });
-    // Committing does not notice that its own flush failed, and would put a cut-off file in the place of the old one.
-    if (!isWritten || !flushAll(file) || !file.commit()) {
+    FileReplacement file(path);
+    bool isWritten = file.open();
+    text.forEachRun(0, text.size(), [&](std::string_view run) { isWritten = isWritten && file.write(run); });
+    if (!isWritten || !file.commit()) {
         return cannotSave(path, file.errorString());
     }
     return {};
