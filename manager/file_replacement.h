@@ -21,10 +21,13 @@ public:
     [[nodiscard]] bool write(std::string_view bytes);
     /// Call only when everything was written.
     [[nodiscard]] bool commit();
-    [[nodiscard]] QString errorString() const { return m_file.errorString(); }
+    [[nodiscard]] QString errorString() const { return m_errorString.isEmpty() ? m_file.errorString() : m_errorString; }
 
 private:
+    QString m_path;
+    QString m_target; ///< What the file is renamed to when it is committed; empty when it has that name already.
     QSaveFile m_file;
+    QString m_errorString; ///< Of what `m_file` does not do itself.
 };
 
 } // namespace lexivore
