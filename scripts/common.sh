@@ -25,19 +25,21 @@ step() {
 # As root (or through sudo) in somebody's checkout, goes on as its owner, so that no build folder is left behind that the
 # owner cannot write. Takes the arguments of the calling script.
 continue_as_owner() {
-    local owner home
+    local owner
     owner=$(stat -c %U "$root")
     if [ "$(id -u)" -ne 0 ] || [ "$owner" = root ] || [ "$owner" = UNKNOWN ]; then
         return
     fi
-    home=$(getent passwd "$owner" | cut -d: -f6)
     if [ "$(stat -c %U "${XDG_RUNTIME_DIR:-/}" 2> /dev/null)" != "$owner" ]; then
         unset XDG_RUNTIME_DIR DBUS_SESSION_BUS_ADDRESS # root's, of which the owner may use nothing
     fi
-    exec runuser -u "$owner" -- env HOME="$home" "$self" "$@"
+    exec runuser -u "$owner" -- "$self" "$@"
 }
 
+# What follows the preset goes to the build, such as --target.
 build_preset() {
-    step "Configuring ($1)" cmake --preset "$1"
-    step "Building ($1)" cmake --build --preset "$1"
+    local preset=$1
+    shift
+    step "Configuring ($preset)" cmake --preset "$preset"
+    step "Building ($preset)" cmake --build --preset "$preset" "$@"
 }
