@@ -3,6 +3,7 @@
 """Installs the build into an empty folder and looks at every file: installed_files_test.py CMAKE BUILD VERSION"""
 
 import configparser
+import email.utils
 import gzip
 import os
 import pathlib
@@ -74,7 +75,7 @@ class InstalledFiles(unittest.TestCase):
             self.assertEqual(header[:8], b"\x89PNG\r\n\x1a\n")
             self.assertEqual(struct.unpack(">II", header[16:24]), (size, size))
 
-    def test_everything_tells_the_same_version(self):
+    def test_everything_tells_the_same_version_and_date(self):
         metainfo = xml.etree.ElementTree.parse(self.prefix / f"share/metainfo/{ID}.metainfo.xml")
         release = metainfo.find("releases/release")
         self.assertEqual(release.get("version"), VERSION)
@@ -84,6 +85,9 @@ class InstalledFiles(unittest.TestCase):
         self.assertIn(f"Lexivore {VERSION}", manual)
         changes = gzip.decompress((self.prefix / "share/doc/lexivore/changelog.gz").read_bytes()).decode()
         self.assertEqual(re.match(r"lexivore \(([^)]*)\)", changes)[1], VERSION)
+        signed = re.search(r"^ -- .*>  (.*)$", changes, re.MULTILINE)
+        released = email.utils.parsedate_to_datetime(signed[1])
+        self.assertEqual(released.date().isoformat(), release.get("date"))
 
 
 if __name__ == "__main__":
