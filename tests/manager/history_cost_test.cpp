@@ -216,5 +216,26 @@ TEST_F(HistoryCost, WithLittleRoomItIsStillTheSameTextAndNotTheWholeStackEachTim
     EXPECT_LE(all, 300U * 15);
 }
 
+TEST_F(HistoryCost, WhatWasHalfPreparedAndNotNeededIsNotTakenForALaterText) {
+    holdAtMost(7);
+    for (int i = 0; i < 20; ++i) {
+        if (i == 12) {
+            // Undone, it takes a text from further back, and one that is half prepared is made on the way to it.
+            change([&] { operations().erase(operations().begin() + 5); });
+        } else {
+            append();
+        }
+    }
+    while (place() > 0) {
+        undo();
+    }
+    for (int i = 0; i < 11; ++i) {
+        append();
+    }
+    while (place() > 0) {
+        undo();
+    }
+}
+
 } // namespace
 } // namespace lexivore
