@@ -138,6 +138,21 @@ def two_starts_give_one_instance(executable, home):
                     ended(start)
 
 
+def joins_the_bus_of_a_later_start(executable, home):
+    """As when the first start came from a terminal that knows no bus, and the later one from the desktop."""
+    program = Program(executable, home)
+    with open(program.home / "output", "ab") as program.output:
+        first = program.start(DBUS_SESSION_BUS_ADDRESS=None)
+        try:
+            wait_for(lambda: shown_windows(first), "a window")
+            assert not bus_knows_the_program()
+            ended(program.start())
+            wait_for(bus_knows_the_program, "the name on the bus that the later start belongs to")
+        finally:
+            first.terminate()
+            ended(first)
+
+
 class Tray:
     """The part of a desktop that shows tray icons, as far as one icon needs it."""
 
@@ -233,6 +248,7 @@ def main(executable):
         with tempfile.TemporaryDirectory() as home:
             starts_after_a_crash(executable, home)
             two_starts_give_one_instance(executable, home)
+            joins_the_bus_of_a_later_start(executable, home)
         comes_back_from_the_tray(executable)
         never_holds_up_a_logout(executable)
 
