@@ -29,6 +29,11 @@ def shown_windows(process):
     return found.stdout.split()
 
 
+def window_of(program):
+    """The id of its window, which X may show a moment later than assistive technology finds it."""
+    return wait_for(lambda: shown_windows(program.process), "the window to be seen")[0]
+
+
 def text_of(program):
     return program.find("text", "Text").queryText().getText(0, -1)
 
@@ -81,7 +86,7 @@ def comes_back_every_way(executable, folder):
     opened = pathlib.Path(folder, "a file.txt")
     opened.write_text("from a file")
     with Program(executable) as program:
-        window = shown_windows(program.process)[0]
+        window = window_of(program)
         program.click(program.find("text", "Text"))
         program.type("kept")
         close(program)
@@ -141,6 +146,7 @@ def two_starts_give_one_instance(executable, home):
 def joins_the_bus_of_a_later_start(executable, home):
     """As when the first start came from a terminal that knows no bus, and the later one from the desktop."""
     program = Program(executable, home)
+    wait_for(lambda: not bus_knows_the_program(), "the bus to forget the one before")
     with open(program.home / "output", "ab") as program.output:
         first = program.start(DBUS_SESSION_BUS_ADDRESS=None)
         try:
@@ -210,7 +216,7 @@ class Tray:
 def comes_back_from_the_tray(executable):
     with Tray() as tray, Program(executable) as program:
         wait_for(lambda: tray.items, "the icon in the tray")
-        window = shown_windows(program.process)[0]
+        window = window_of(program)
         for bring_back in (tray.activate, lambda: tray.choose("Show")):
             close(program)
             bring_back()
@@ -225,7 +231,7 @@ def never_holds_up_a_logout(executable):
             manager.clients.clear()
             manager.done.clear()
             with Program(executable) as program:
-                window = shown_windows(program.process)[0]
+                window = window_of(program)
                 wait_for(lambda: manager.done == [True], "the program to join the session")
                 program.click(program.find("text", "Text"))
                 program.type("kept")
