@@ -5,8 +5,10 @@ ends it in every way that a session has.
 
 Usage: comes_back.py PROGRAM"""
 
+import ctypes
 import pathlib
 import signal
+import struct
 import subprocess
 import sys
 import tempfile
@@ -159,6 +161,47 @@ def joins_the_bus_of_a_later_start(executable, home):
             ended(first)
 
 
+class Launcher:
+    """The part of a desktop that shows that it waits for what it has started (the Startup Notification protocol)."""
+
+    CLIENT_MESSAGE = 33
+    PROPERTY_CHANGES = 1 << 22
+
+    def __init__(self):
+        self.x11 = ctypes.CDLL("libX11.so.6")
+        self.x11.XOpenDisplay.restype = ctypes.c_void_p
+        self.x11.XDefaultRootWindow.restype = ctypes.c_ulong
+        self.display = ctypes.c_void_p(self.x11.XOpenDisplay(None))
+        self.x11.XSelectInput(self.display, ctypes.c_ulong(self.x11.XDefaultRootWindow(self.display)),
+                              ctypes.c_long(self.PROPERTY_CHANGES))
+        self.x11.XSync(self.display, 0)
+        self.heard = b""
+
+    def has_heard(self, message):
+        """Messages come in pieces of twenty bytes."""
+        event = ctypes.create_string_buffer(192)
+        while self.x11.XPending(self.display):
+            self.x11.XNextEvent(self.display, event)
+            if struct.unpack_from("i", event)[0] == self.CLIENT_MESSAGE:
+                self.heard += event.raw[56:76]
+        return message in self.heard
+
+
+def tells_the_launcher_that_it_need_not_wait(executable, home):
+    program = Program(executable, home)
+    with open(program.home / "output", "ab") as program.output:
+        first = program.start()
+        try:
+            window = wait_for(lambda: shown_windows(first), "a window")
+            launcher = Launcher()
+            ended(program.start(DESKTOP_STARTUP_ID="later_TIME1"))
+            wait_for(lambda: launcher.has_heard(b"remove: ID=later_TIME1\0"), "the end of the start")
+            assert shown_windows(first) == window
+        finally:
+            first.terminate()
+            ended(first)
+
+
 class Tray:
     """The part of a desktop that shows tray icons, as far as one icon needs it."""
 
@@ -255,6 +298,7 @@ def main(executable):
             starts_after_a_crash(executable, home)
             two_starts_give_one_instance(executable, home)
             joins_the_bus_of_a_later_start(executable, home)
+            tells_the_launcher_that_it_need_not_wait(executable, home)
         comes_back_from_the_tray(executable)
         never_holds_up_a_logout(executable)
 

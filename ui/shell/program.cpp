@@ -18,6 +18,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
+#include <QWindow>
 
 namespace lexivore {
 
@@ -43,6 +44,18 @@ SingleInstance::Request requestOfThisStart() {
     return request;
 }
 
+/// A launcher on X11 shows that it waits until a window of what it has started comes. The toolkit ends this with the
+/// first one that is shown, so a start that hands over to the running program shows one that nobody sees.
+void endStartupNotification() {
+    if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+        QWindow unseen;
+        unseen.setFlags(Qt::BypassWindowManagerHint | Qt::WindowTransparentForInput);
+        unseen.setGeometry(-1, -1, 1, 1);
+        unseen.show();
+        QGuiApplication::sync(); // the program ends at once
+    }
+}
+
 } // namespace
 
 int runProgram(QApplication &application, const QVariantMap &information) {
@@ -50,6 +63,7 @@ int runProgram(QApplication &application, const QVariantMap &information) {
     const SingleInstance::Request request = requestOfThisStart();
     SingleInstance instance(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation));
     if (instance.start(request) == SingleInstance::Role::secondary) {
+        endStartupNotification();
         return 0;
     }
     const TerminationSignals signalsOfTheSystem;
