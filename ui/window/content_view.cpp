@@ -20,11 +20,11 @@
 #include "ui/window/category_sidebar.h"
 #include "ui/window/copy_toast.h"
 #include "ui/window/editor_pane.h"
-#include "ui/window/menu_keys.h"
 #include "ui/window/toolbar_size_configurator.h"
 #include "ui/window/transformation_list.h"
 #include "ui/window/window_columns.h"
 #include "ui/window/window_commands.h"
+#include "ui/window/window_keys.h"
 #include "ui/window/window_memory.h"
 #include "ui/window/window_state.h"
 #include "ui/window/window_tool_bar.h"
@@ -70,7 +70,7 @@ void ContentView::createPieces(std::unique_ptr<FilePanels> panels) {
     m_editor = new EditorPane(m_manager, *m_state);
     m_operations = new OperationsPanel(m_manager, *m_state);
     new CopyToast(*m_state, &m_editor->editor());
-    new MenuKeys(*this);
+    new WindowKeys(*this);
     new ToolbarSizeConfigurator(ToolbarSizeMode::regular, this);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "ui/window/menu_keys.h"
+#include "ui/window/window_keys.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -10,10 +10,10 @@
 
 namespace lexivore {
 
-MenuKeys::MenuKeys(QMainWindow &window) : QObject(&window), m_window(window) { window.installEventFilter(this); }
+WindowKeys::WindowKeys(QMainWindow &window) : QObject(&window), m_window(window) { window.installEventFilter(this); }
 
 // Keys that nobody below uses come up to the window.
-bool MenuKeys::eventFilter(QObject *watched, QEvent *event) {
+bool WindowKeys::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::NoModifier) {
@@ -26,7 +26,7 @@ bool MenuKeys::eventFilter(QObject *watched, QEvent *event) {
     return QObject::eventFilter(watched, event);
 }
 
-bool MenuKeys::openMenuBar() {
+bool WindowKeys::openMenuBar() {
     QMenuBar *bar = m_window.menuBar();
     if (!bar->isEnabled() || bar->actions().isEmpty()) {
         return false;
@@ -35,7 +35,7 @@ bool MenuKeys::openMenuBar() {
     return true;
 }
 
-bool MenuKeys::openContextMenu() {
+bool WindowKeys::openContextMenu() {
     QWidget *target = QApplication::focusWidget();
     if (target == nullptr) {
         return false;

@@ -10,12 +10,12 @@ namespace lexivore {
 
 /// The keys that open menus on every desktop and that the toolkit does not know here: F10 opens the menu bar, Shift+F10
 /// the context menu of what has the keyboard.
-class MenuKeys : public QObject {
+class WindowKeys : public QObject {
     Q_OBJECT
 
 public:
     /// Watches `window` and belongs to it.
-    explicit MenuKeys(QMainWindow &window);
+    explicit WindowKeys(QMainWindow &window);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
