@@ -20,6 +20,7 @@ constexpr int checkColumn = 22;
 constexpr int iconColumn = 28;
 constexpr int arrowColumn = 20;
 constexpr int barPadding = 9;
+constexpr int chevronSize = 12;
 
 bool isSeparator(const QStyleOptionMenuItem &item) {
     return item.menuItemType == QStyleOptionMenuItem::Separator && item.text.isEmpty();
@@ -93,9 +94,22 @@ void drawItem(QPainter &painter, const QStyleOptionMenuItem &item) {
         }
         if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
             const QRect place(item.rect.right() - arrowColumn, item.rect.y(), arrowColumn, item.rect.height());
-            drawSymbol(painter, QStyle::visualRect(item.direction, item.rect, place), u"chevron.right", 12, colour);
+            drawSymbol(painter, QStyle::visualRect(item.direction, item.rect, place), u"chevron.right", chevronSize,
+                       colour);
         }
     }
+    painter.restore();
+}
+
+void drawScroller(QPainter &painter, const QStyleOption &end) {
+    painter.save();
+    painter.fillRect(end.rect, theme().raised);
+    if (!end.state.testFlag(QStyle::State_DownArrow)) {
+        // Upside down, where it stands.
+        painter.translate(0, end.rect.top() + end.rect.bottom() + 1);
+        painter.scale(1, -1);
+    }
+    drawSymbol(painter, end.rect, u"chevron.down", chevronSize, theme().text2);
     painter.restore();
 }
 

@@ -194,6 +194,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
     case PM_MenuBarHMargin:
         return 8;
     case PM_MenuBarVMargin:
+    case PM_MenuScrollerHeight:
+        return menu::scrollerHeight;
     case PM_MenuBarItemSpacing:
     case PM_MenuBarPanelWidth:
         return 0;
@@ -213,6 +215,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
     case SH_Menu_MouseTracking:
     case SH_MenuBar_MouseTracking:
         return 1;
+    case SH_Menu_Scrollable: // or a long one stands in columns, of which some may be beyond the screen
     case SH_ToolTipLabel_Opacity:
         return 255;
     case SH_EtchDisabledText:
@@ -303,6 +306,9 @@ void Style::drawControl(ControlElement element, const QStyleOption *option, QPai
     case CE_MenuEmptyArea:
         return;
     case CE_MenuBarEmptyArea:
+    case CE_MenuScroller:
+        menu::drawScroller(*painter, *option);
+        return;
         painter->fillRect(option->rect, theme().chrome);
         return;
     case CE_ToolBar:

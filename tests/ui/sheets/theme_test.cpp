@@ -8,6 +8,9 @@
 #include "ui/theme/style.h"
 #include "ui/theme/typography.h"
 
+#include <QAction>
+#include <QMenu>
+#include <QScreen>
 #include <QScrollBar>
 #include <QToolTip>
 
@@ -185,3 +188,23 @@ TEST_F(RunningThemeTest, MovementsTakeNoTimeWhenTheStyleSaysSo) {
 
 } // namespace
 } // namespace lexivore
+TEST_F(RunningThemeTest, AMenuThatIsHigherThanTheScreenScrolls) {
+    QMenu menu;
+    for (int item = 0; item < 200; ++item)
+        menu.addAction(QString::number(item));
+    menu.popup({});
+    settle();
+    QAction *first = menu.actions().first();
+    EXPECT_LE(menu.width(), menu.actionGeometry(first).width() + 20) << "one column";
+    EXPECT_LE(menu.height(), menu.screen()->geometry().height());
+    const QImage picture = menu.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(3, menu.height() - 8), theme().raised);
+    int darkest = 255;
+    for (int y = menu.height() - 16; y < menu.height() - 2; ++y) {
+        for (int x = 2; x < menu.width() - 2; ++x)
+            darkest = qMin(darkest, qGray(picture.pixel(x, y)));
+    }
+    EXPECT_NEAR(darkest, qGray(theme().text2.rgb()), 80) << "the arrow";
+    menu.close();
+}
+
