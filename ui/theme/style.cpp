@@ -14,7 +14,6 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOption>
-#include <QToolTip>
 
 namespace lexivore {
 
@@ -129,13 +128,17 @@ void drawSlider(QPainter &painter, const QStyleOptionSlider &slider, const QWidg
     painter.restore();
 }
 
+void polishTooltip(QWidget &tooltip) {
+    tooltip.setPalette(paletteOf(theme()));
+    tooltip.setFont(fontFor(FontRole::caption));
+}
+
 } // namespace
 
 Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 void Style::install(QApplication &application) {
     QApplication::setStyle(new Style);
-    QToolTip::setFont(fontFor(FontRole::caption));
     FocusRing::install(application);
 }
 
@@ -147,15 +150,15 @@ void Style::polish(QWidget *widget) {
         // There is no track: what lies beneath shows.
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
     } else if (widget->inherits("QTipLabel")) {
-        widget->setPalette(paletteOf(theme()));
+        polishTooltip(*widget);
         widget->installEventFilter(this);
     }
 }
 
 bool Style::eventFilter(QObject *watched, QEvent *event) {
     // While a tooltip is in sight, the next one is shown in the same label.
-    if (event->type() == QEvent::ApplicationPaletteChange)
-        static_cast<QWidget *>(watched)->setPalette(paletteOf(theme()));
+    if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationFontChange)
+        polishTooltip(*static_cast<QWidget *>(watched));
     return QProxyStyle::eventFilter(watched, event);
 }
 
@@ -191,11 +194,11 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWi
     case PM_MenuHMargin:
     case PM_MenuVMargin:
         return menu::margin;
+    case PM_MenuScrollerHeight:
+        return menu::scrollerHeight;
     case PM_MenuBarHMargin:
         return 8;
     case PM_MenuBarVMargin:
-    case PM_MenuScrollerHeight:
-        return menu::scrollerHeight;
     case PM_MenuBarItemSpacing:
     case PM_MenuBarPanelWidth:
         return 0;
@@ -212,10 +215,10 @@ int Style::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *
     case SH_Slider_AbsoluteSetButtons:
         return Qt::LeftButton;
     case SH_Menu_SupportsSections:
+    case SH_Menu_Scrollable: // or a long one stands in columns, of which some may be beyond the screen
     case SH_Menu_MouseTracking:
     case SH_MenuBar_MouseTracking:
         return 1;
-    case SH_Menu_Scrollable: // or a long one stands in columns, of which some may be beyond the screen
     case SH_ToolTipLabel_Opacity:
         return 255;
     case SH_EtchDisabledText:
@@ -303,12 +306,12 @@ void Style::drawControl(ControlElement element, const QStyleOption *option, QPai
         if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option))
             menu::drawBarItem(*painter, *item, widget);
         return;
-    case CE_MenuEmptyArea:
-        return;
-    case CE_MenuBarEmptyArea:
     case CE_MenuScroller:
         menu::drawScroller(*painter, *option);
         return;
+    case CE_MenuEmptyArea:
+        return;
+    case CE_MenuBarEmptyArea:
         painter->fillRect(option->rect, theme().chrome);
         return;
     case CE_ToolBar:

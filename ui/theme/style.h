@@ -24,7 +24,7 @@ public:
     void polish(QPalette &palette) override;
     void polish(QWidget *widget) override;
     using QProxyStyle::polish;
-    /// Of tooltips alone: they have a palette of their own.
+    /// Of tooltips alone: they have a palette and a font of their own.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;

@@ -106,7 +106,15 @@ TEST(ThemeTest, TheStyleTurnsTheSystemsPaletteIntoTheThemes) {
     }
 }
 
-class RunningThemeTest : public SheetTest {};
+class RunningThemeTest : public SheetTest {
+protected:
+    static QWidget *tooltip() {
+        const QWidgetList shown = QApplication::topLevelWidgets();
+        const auto tip =
+            std::ranges::find_if(shown, [](const QWidget *widget) { return widget->inherits("QTipLabel"); });
+        return tip != shown.end() ? *tip : nullptr;
+    }
+};
 
 TEST_F(RunningThemeTest, FollowsAChangeOfThePalette) {
     auto *button = new PushButton("Apply", PushButton::Kind::primary, window.centralWidget());
@@ -127,15 +135,27 @@ TEST_F(RunningThemeTest, FollowsAChangeOfThePalette) {
 TEST_F(RunningThemeTest, ATooltipThatIsShownFollowsTheTheme) {
     QToolTip::showText(QPoint(10, 10), "one", &window);
     settle();
-    const QWidgetList shown = QApplication::topLevelWidgets();
-    const auto tip = std::ranges::find_if(shown, [](const QWidget *widget) { return widget->inherits("QTipLabel"); });
-    ASSERT_NE(tip, shown.end());
+    ASSERT_NE(tooltip(), nullptr);
     for (const Theme *colours : {&darkTheme(), &lightTheme()}) {
         QApplication::setPalette(paletteOf(*colours));
         settle();
-        EXPECT_EQ((*tip)->palette().color(QPalette::ToolTipText), colours->text);
+        EXPECT_EQ(tooltip()->palette().color(QPalette::ToolTipText), colours->text);
     }
     QApplication::setPalette(QPalette());
+    QToolTip::hideText();
+}
+
+TEST_F(RunningThemeTest, TooltipsAreCaptionsInTheFontOfTheMoment) {
+    const QFont before = QApplication::font();
+    for (const double points : {10.0, 20.0, 10.0}) {
+        QFont font = before;
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+        QToolTip::showText(QPoint(10, 10), QString::number(points), &window);
+        settle();
+        EXPECT_EQ(tooltip()->font().pointSizeF(), points - 1);
+    }
+    QApplication::setFont(before);
     QToolTip::hideText();
 }
 
@@ -178,16 +198,6 @@ TEST_F(RunningThemeTest, ScrollBarsHaveA6PixelThumbAndNoArrows) {
     EXPECT_EQ(picture.pixelColor(5, 150).alpha(), 0) << "no track";
 }
 
-TEST_F(RunningThemeTest, MovementsTakeNoTimeWhenTheStyleSaysSo) {
-    StillStyle still;
-    using namespace std::chrono_literals;
-    QWidget widget;
-    widget.setStyle(&still);
-    EXPECT_EQ(motionDuration(widget, 200ms), std::chrono::milliseconds::zero());
-}
-
-} // namespace
-} // namespace lexivore
 TEST_F(RunningThemeTest, AMenuThatIsHigherThanTheScreenScrolls) {
     QMenu menu;
     for (int item = 0; item < 200; ++item)
@@ -208,3 +218,13 @@ TEST_F(RunningThemeTest, AMenuThatIsHigherThanTheScreenScrolls) {
     menu.close();
 }
 
+TEST_F(RunningThemeTest, MovementsTakeNoTimeWhenTheStyleSaysSo) {
+    StillStyle still;
+    using namespace std::chrono_literals;
+    QWidget widget;
+    widget.setStyle(&still);
+    EXPECT_EQ(motionDuration(widget, 200ms), std::chrono::milliseconds::zero());
+}
+
+} // namespace
+} // namespace lexivore
