@@ -66,9 +66,10 @@ void RecipeRow::showRecipe(const Recipe &recipe) {
     row->addWidget(rename);
     row->addWidget(remove);
     m_buttons = {rename, remove};
-    for (QWidget *button : std::as_const(m_buttons))
+    for (QWidget *button : std::as_const(m_buttons)) {
         button->setFocusPolicy(Qt::NoFocus);
-    remove->installEventFilter(this);
+        button->installEventFilter(this);
+    }
     connect(rename, &ToolButton::clicked, this, &RecipeRow::renameRequested);
     connect(remove, &ToolButton::clicked, this, &RecipeRow::deletionRequested);
 }
@@ -125,9 +126,23 @@ void RecipeRow::confirmRename() {
         emit renameConfirmed();
 }
 
-// The next row comes under the pointer when one is deleted: the second half of a double click must not delete it too.
 bool RecipeRow::eventFilter(QObject *watched, QEvent *event) {
-    return event->type() == QEvent::MouseButtonDblClick || QWidget::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::MouseButtonDblClick:
+        // The next row comes under the pointer when one is deleted: the second half must not delete it too.
+        return true;
+    case QEvent::KeyPress: {
+        // A button would move the focus as Tab does; what it leaves alone comes up to the row anyway.
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+            emit moveRequested(key);
+            return true;
+        }
+        return false;
+    }
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
 }
 
 void RecipeRow::focusInEvent(QFocusEvent *event) {

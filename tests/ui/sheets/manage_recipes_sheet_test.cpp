@@ -245,6 +245,22 @@ TEST_F(ManageRecipesSheetTest, TheArrowsMoveThroughTheListAndTabThroughOneRow) {
     EXPECT_TRUE(row(0)->hasFocus());
 }
 
+TEST_F(ManageRecipesSheetTest, TheArrowsMoveThroughTheListFromTheButtonsOfARowToo) {
+    add("a");
+    add("b");
+    add("c");
+    open();
+    press(Qt::Key_Tab);
+    ASSERT_EQ(focusName(), "rename");
+    press(Qt::Key_Down);
+    EXPECT_TRUE(row(1)->hasFocus());
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    ASSERT_EQ(focusName(), "delete");
+    press(Qt::Key_Up);
+    EXPECT_TRUE(row(0)->hasFocus());
+}
+
 TEST_F(ManageRecipesSheetTest, ClosesByDoneAndReturn) {
     add("a");
     open();
