@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/window_keys.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -21,6 +22,9 @@ bool WindowKeys::eventFilter(QObject *watched, QEvent *event) {
         }
         if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier) {
             return openContextMenu();
+        }
+        if (key->matches(QKeySequence::InsertParagraphSeparator)) {
+            return pressButton();
         }
     }
     return QObject::eventFilter(watched, event);
@@ -43,6 +47,15 @@ bool WindowKeys::openContextMenu() {
     const QPoint place = target->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
     QContextMenuEvent event(QContextMenuEvent::Keyboard, place, target->mapToGlobal(place));
     QApplication::sendEvent(target, &event);
+    return true;
+}
+
+bool WindowKeys::pressButton() {
+    auto *button = qobject_cast<QAbstractButton *>(QApplication::focusWidget());
+    if (button == nullptr) {
+        return false;
+    }
+    button->click();
     return true;
 }
 

@@ -8,8 +8,8 @@ class QMainWindow;
 
 namespace lexivore {
 
-/// The keys that open menus on every desktop and that the toolkit does not know here: F10 opens the menu bar, Shift+F10
-/// the context menu of what has the keyboard.
+/// The keys that work on every desktop and that the toolkit does not know here: F10 opens the menu bar, Shift+F10 the
+/// context menu of what has the keyboard, and Return presses the button that has it, as it does in lists and sheets.
 class WindowKeys : public QObject {
     Q_OBJECT
 
@@ -23,6 +23,7 @@ protected:
 private:
     bool openMenuBar();
     static bool openContextMenu();
+    static bool pressButton();
 
     QMainWindow &m_window;
 };

@@ -230,6 +230,29 @@ TEST_F(Shell, F10OpensTheMenuBarAndShiftF10TheContextMenu) {
     QApplication::activePopupWidget()->close();
 }
 
+TEST_F(Shell, ReturnPressesTheButtonThatHasTheKeyboard) {
+    setText("x");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        const auto keyboardOn = [&](const char *name) {
+            find(name)->setFocus(Qt::TabFocusReason);
+            press(key, key == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+        };
+        const bool wasStack = state().stackOperationMode();
+        keyboardOn("modeSwitch");
+        EXPECT_NE(state().stackOperationMode(), wasStack);
+        const bool wasEnabled = state().operationsEnabled();
+        keyboardOn("pause");
+        EXPECT_NE(state().operationsEnabled(), wasEnabled);
+        keyboardOn("editorSettings");
+        EXPECT_TRUE(isShown("editorSettingsSheet"));
+        press(Qt::Key_Escape);
+        keyboardOn("clearText");
+        EXPECT_TRUE(isShown("alert"));
+        press(Qt::Key_Escape);
+    }
+    EXPECT_EQ(text(), "x");
+}
+
 TEST_F(Shell, ClosingHidesTheWindowAndItComesBackWithItsText) {
     setText("kept");
     window().close();
