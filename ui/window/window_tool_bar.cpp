@@ -116,6 +116,10 @@ void WindowToolBar::addOperationsGroup(TransformationManager &manager) {
 void WindowToolBar::showPanelState() {
     const QSignalBlocker blocker(m_panelToggle);
     m_panelToggle->setChecked(m_state.showOperations());
+    // Hidden with the focus, the button would pass it on to the one that loads a recipe.
+    if (m_state.showOperations() && widgetForAction(m_showOperations)->hasFocus()) {
+        m_panelToggle->setFocus(Qt::OtherFocusReason);
+    }
     m_showOperations->setVisible(!m_state.showOperations());
 }
 

@@ -95,6 +95,19 @@ TEST_F(ToolBar, TheToggleIsCheckedWhileThePanelShows) {
     EXPECT_TRUE(find<QAbstractButton>("toggleOperations")->isChecked());
 }
 
+TEST_F(ToolBar, TheButtonThatGoesLeavesTheKeyboardOnTheOneThatBringsItBack) {
+    choose("ToggleOperations");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isShown("showOperations"); }));
+    find("showOperations")->setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(find("showOperations")->hasFocus());
+    press(Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isShown("showOperations"); }));
+    EXPECT_TRUE(find("toggleOperations")->hasFocus());
+    press(Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isShown("showOperations"); }));
+    EXPECT_TRUE(find("toggleOperations")->hasFocus());
+}
+
 TEST_F(ToolBar, ARecipeOfTheMenuIsApplied) {
     setText("a\nb");
     const auto *menu = find<QMenu>("recipesToolMenu");
