@@ -69,7 +69,7 @@ void ContentView::createPieces(std::unique_ptr<FilePanels> panels) {
     m_list = new TransformationList(m_manager, *m_state);
     m_editor = new EditorPane(m_manager, *m_state);
     m_operations = new OperationsPanel(m_manager, *m_state);
-    new CopyToast(*m_state, &m_editor->editor());
+    new CopyToast(*m_state, m_editor->editor(), this);
     new WindowKeys(*this);
     new ToolbarSizeConfigurator(ToolbarSizeMode::regular, this);
 }

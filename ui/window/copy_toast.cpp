@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QVariantAnimation>
 
+#include <algorithm>
+
 namespace lexivore {
 
 namespace {
@@ -27,8 +29,9 @@ constexpr int fromTheBottom = 16;
 
 } // namespace
 
-CopyToast::CopyToast(WindowState &state, QWidget *editor)
-    : QWidget(editor), m_state(state), m_fading(new QVariantAnimation(this)), m_text(tr("Copied to clipboard")) {
+CopyToast::CopyToast(WindowState &state, QWidget &editor, QWidget *window)
+    : QWidget(window), m_state(state), m_editor(editor), m_fading(new QVariantAnimation(this)),
+      m_text(tr("Copied to clipboard")) {
     setObjectName("copyToast");
     setAccessibleRole(*this, QAccessible::Notification); // of which screen readers tell when it shows
     setAccessibleName(m_text);
@@ -41,7 +44,7 @@ CopyToast::CopyToast(WindowState &state, QWidget *editor)
     });
     connect(m_fading, &QVariantAnimation::finished, this, [this] { setVisible(m_state.showCopyConfirmation()); });
     connect(&m_state, &WindowState::showCopyConfirmationChanged, this, &CopyToast::fade);
-    editor->installEventFilter(this);
+    m_editor.installEventFilter(this);
 }
 
 void CopyToast::fade() {
@@ -60,12 +63,14 @@ void CopyToast::fade() {
 void CopyToast::place() {
     const QFontMetrics metrics(fontFor(FontRole::callout));
     const QSize size(2 * padding + iconSize + gap + metrics.horizontalAdvance(m_text), metrics.height() + 2 * 11 + 1);
-    setGeometry((parentWidget()->width() - size.width()) / 2, parentWidget()->height() - fromTheBottom - size.height(),
-                size.width(), size.height());
+    const QRect editor(m_editor.mapTo(parentWidget(), QPoint()), m_editor.size());
+    const int left = editor.x() + (editor.width() - size.width()) / 2;
+    setGeometry(std::max(0, std::min(left, parentWidget()->width() - size.width())),
+                editor.y() + editor.height() - fromTheBottom - size.height(), size.width(), size.height());
 }
 
 bool CopyToast::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::Resize) {
+    if (event->type() == QEvent::Resize && isVisible()) {
         place();
     }
     return QWidget::eventFilter(watched, event);

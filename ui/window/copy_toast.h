@@ -10,13 +10,14 @@ namespace lexivore {
 
 class WindowState;
 
-/// "Copied to clipboard", above the bottom of the widget that it lies on. Takes neither focus nor clicks.
+/// "Copied to clipboard", above the bottom of the editor. With large letters it is wider than a narrow editor, so it
+/// lies on the window. Takes neither focus nor clicks.
 class CopyToast : public QWidget {
     Q_OBJECT
 
 public:
-    /// Lies on `editor` and follows its size.
-    CopyToast(WindowState &state, QWidget *editor);
+    /// Lies on `window` and follows the size of `editor`.
+    CopyToast(WindowState &state, QWidget &editor, QWidget *window);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -27,6 +28,7 @@ private:
     void place();
 
     WindowState &m_state;
+    QWidget &m_editor;
     QVariantAnimation *m_fading;
     QString m_text;
     qreal m_opacity = 0;

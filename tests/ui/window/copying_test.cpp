@@ -1,14 +1,17 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
+#include "ui/theme/typography.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTimer>
 
 #include <chrono>
+#include <cstdlib>
 
 namespace lexivore {
 namespace {
@@ -78,6 +81,40 @@ TEST_F(Copying, TheConfirmationTakesNeitherFocusNorClicksAndStandsAboveTheStatus
     EXPECT_EQ(bar.y() - 1 - (place.bottom() + 1), 16);
     const QRect editor(find("editor")->mapTo(&window(), QPoint()), find("editor")->size());
     EXPECT_NEAR(place.center().x(), editor.center().x(), 1);
+}
+
+TEST_F(Copying, TheConfirmationIsReadableWhateverTheLettersAndTheRoom) {
+    setText("x");
+    window().resize(window().minimumSize());
+    const QFont before = QApplication::font();
+    QFont font = before;
+    for (const double points : {10.0, 20.0}) {
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+        QCoreApplication::processEvents();
+        click("copy");
+        const QWidget *toast = find("copyToast");
+        const QRect place(toast->mapTo(&window(), QPoint()), toast->size());
+        EXPECT_GT(place.width(), QFontMetrics(fontFor(FontRole::callout)).horizontalAdvance("Copied to clipboard"));
+        EXPECT_TRUE(window().rect().contains(place));
+        EXPECT_EQ(toast->visibleRegion(), QRegion(toast->rect())) << "nothing is cut off";
+    }
+    QApplication::setFont(before);
+}
+
+TEST_F(Copying, TheConfirmationFollowsTheEditorAndStaysInTheWindow) {
+    setText("x");
+    click("copy");
+    const QWidget *toast = find("copyToast");
+    const auto isInTheMiddle = [&] {
+        const QRect editor(find("editor")->mapTo(&window(), QPoint()), find("editor")->size());
+        return std::abs(toast->mapTo(&window(), toast->rect().center()).x() - editor.center().x()) <= 1;
+    };
+    EXPECT_TRUE(isInTheMiddle());
+    choose("ToggleSidebar");
+    EXPECT_TRUE(QTest::qWaitFor(isInTheMiddle));
+    choose("ToggleOperations");
+    EXPECT_TRUE(QTest::qWaitFor(isInTheMiddle));
 }
 
 } // namespace
