@@ -80,6 +80,11 @@ void Label::setText(const QString &text) {
     updateToolTip();
 }
 
+void Label::setHelp(const QString &help) {
+    m_help = help;
+    updateToolTip();
+}
+
 QSize Label::sizeHint() const {
     if (m_sizeHint.isValid())
         return m_sizeHint;
@@ -164,7 +169,7 @@ void Label::updateToolTip() {
     const int needed = m_lines == Lines::shrunk ? QFontMetrics(shownFont()).horizontalAdvance(onOneLine(text()))
                                                 : Label::sizeHint().width();
     const bool isCut = m_lines != Lines::wrapped && needed > width() + 1;
-    setToolTip(isCut ? plainToolTip(text()) : QString());
+    setToolTip(isCut ? plainToolTip(text()) : m_help);
 }
 
 } // namespace lexivore

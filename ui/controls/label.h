@@ -30,6 +30,8 @@ public:
     ~Label() override;
 
     void setText(const QString &text);
+    /// What the tooltip reads while nothing is cut off.
+    void setHelp(const QString &help);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -52,6 +54,7 @@ private:
     FontRole m_role;
     ThemeColour m_colour;
     Lines m_lines;
+    QString m_help;
     mutable std::unique_ptr<QTextLayout> m_layout;
     mutable int m_layoutWidth = -1;
     mutable QHash<int, int> m_lineCounts; ///< By width; layouts ask for several in turn.

@@ -134,10 +134,9 @@ void OperationsPanel::showMode() {
     }
     m_mode->setAccessibleName(m_modeName->text());
     m_mode->setAccessibleDescription(help);
-    for (QWidget *part :
-         {static_cast<QWidget *>(m_modeIcon), static_cast<QWidget *>(m_modeName), static_cast<QWidget *>(m_mode)}) {
-        part->setToolTip(help);
-    }
+    m_modeIcon->setToolTip(help);
+    m_modeName->setHelp(help);
+    m_mode->setToolTip(help);
 }
 
 void OperationsPanel::showPause() {

@@ -220,6 +220,20 @@ TEST_F(ControlsTest, ALabelOnOneLineCutsOffAndShowsTheRestInItsToolTip) {
     EXPECT_EQ(label->sizeHint().height(), lineHeightFor(FontRole::body));
 }
 
+TEST_F(ControlsTest, ALabelGivesItsHelpWhileNothingIsCutOff) {
+    auto *label = place(new Label("Multiple", FontRole::body));
+    label->setHelp("a stack");
+    label->resize(200, label->height());
+    settle();
+    EXPECT_EQ(label->toolTip(), "a stack");
+    label->resize(20, label->height());
+    settle();
+    EXPECT_EQ(label->toolTip(), plainToolTip("Multiple"));
+    label->resize(200, label->height());
+    settle();
+    EXPECT_EQ(label->toolTip(), "a stack");
+}
+
 TEST_F(ControlsTest, ALabelThatRunsFromRightToLeftIsCutOffAtItsLeft) {
     auto *label = place(new Label(QString::fromUtf8("שלום שלום שלום שלום שלום"), FontRole::body));
     label->resize(100, 24);

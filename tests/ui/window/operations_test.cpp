@@ -386,6 +386,16 @@ TEST_F(Operations, TheSwitchNamesTheMode) {
     EXPECT_EQ(find("modeSwitch")->toolTip(), "only one transformation at a time");
 }
 
+TEST_F(Operations, EachPartOfTheModeTellsWhatItMeans) {
+    for (const char *help : {"combine multiple transformations, as a stack", "only one transformation at a time"}) {
+        QCoreApplication::processEvents(); // until the word has the place that it takes
+        for (const char *part : {"modeIcon", "modeName", "modeSwitch"}) {
+            EXPECT_EQ(find(part)->toolTip(), help) << part;
+        }
+        click("modeSwitch");
+    }
+}
+
 TEST_F(Operations, ClearingAsksAndDoesNothingWithAnEmptyStack) {
     click("clearOperations");
     ASSERT_TRUE(isShown("cancel"));
