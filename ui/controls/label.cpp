@@ -170,6 +170,8 @@ void Label::updateToolTip() {
                                                 : Label::sizeHint().width();
     const bool isCut = m_lines != Lines::wrapped && needed > width() + 1;
     setToolTip(isCut ? plainToolTip(text()) : m_help);
+    // Or assistive technology would take the tooltip for it, with its markup.
+    setAccessibleDescription(isCut ? text() : m_help);
 }
 
 } // namespace lexivore

@@ -217,6 +217,8 @@ TEST_F(ControlsTest, ALabelOnOneLineCutsOffAndShowsTheRestInItsToolTip) {
     settle();
     EXPECT_EQ(label->toolTip(), plainToolTip("<b>two\nlines</b>"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name), "<b>two\nlines</b>");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Description), "<b>two\nlines</b>")
+        << "not the markup of the tooltip";
     EXPECT_EQ(label->sizeHint().height(), lineHeightFor(FontRole::body));
 }
 
