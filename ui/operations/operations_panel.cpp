@@ -53,6 +53,7 @@ OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &st
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     createHeader();
+    m_header->lower(); // read before the rows by assistive technology
     column->addWidget(m_header);
     column->addWidget(new Hairline(Qt::Horizontal, this));
     column->addWidget(m_scroll, 1);

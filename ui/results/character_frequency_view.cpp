@@ -30,7 +30,9 @@ CharacterFrequencyView::CharacterFrequencyView(const TextTool &tool, const Text 
     auto *caption = new QWidget;
     auto *column = new QVBoxLayout(caption);
     column->setContentsMargins(metrics::sheetPadding, 12, metrics::sheetPadding, 8);
-    column->addWidget(new Label(tr("Showing top 20 characters"), FontRole::caption, &Theme::text2));
+    auto *words = new Label(tr("Showing top 20 characters"), FontRole::caption, &Theme::text2);
+    words->setObjectName(QStringLiteral("caption"));
+    column->addWidget(words);
     addAboveBody(caption);
 }
 

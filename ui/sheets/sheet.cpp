@@ -58,6 +58,7 @@ Sheet::Sheet(const QString &title, int width, QWidget *parent)
 
 void Sheet::addAboveBody(QWidget *part) {
     m_parts->insertWidget(m_parts->indexOf(m_scrollArea), part);
+    part->stackUnder(m_scrollArea); // in this order assistive technology reads
     m_fixedParts << part;
     watch(*part);
 }

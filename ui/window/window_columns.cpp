@@ -21,6 +21,8 @@ WindowColumns::WindowColumns(QWidget *parent) : QSplitter(Qt::Horizontal, parent
 void WindowColumns::add(QWidget *column, Width width, Space space) {
     m_columns.push_back({column, width, space});
     addWidget(column);
+    // The toolkit has put it beneath the others, and assistive technology reads from the lowest to the highest.
+    std::for_each(m_columns.rbegin() + 1, m_columns.rend(), [](const Column &before) { before.widget->lower(); });
     setStretchFactor(count() - 1, space == Space::takesTheRest ? 1 : 0);
     column->setMinimumWidth(widthOf(m_columns.back(), width.minimum));
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/assistive_technology.h"
 #include "tests/ui/window/window_fixture.h"
+#include "ui/results/frequency_row.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -29,6 +30,17 @@ protected:
                 forEach(child, visit);
             }
         }
+    }
+
+    /// Those of the object names that are found below `top`, in the order in which it is read.
+    static QStringList namedOf(const QStringList &names, QWidget &top) {
+        QStringList found;
+        forEach(seen(&top), [&](QAccessibleInterface &node) {
+            if (node.object() != nullptr && names.contains(node.object()->objectName())) {
+                found << node.object()->objectName();
+            }
+        });
+        return found;
     }
 
     static std::string describe(QAccessibleInterface &node) {
@@ -97,6 +109,29 @@ TEST_F(Accessibility, TheColumnsAreListsWithTheirRowsInOrder) {
         }
         EXPECT_EQ(names, rows);
     }
+}
+
+TEST_F(Accessibility, TheWindowIsReadInTheOrderInWhichItStands) {
+    setText("x");
+    click("transformation.uppercase");
+    const QStringList order = {"categoriesHeader", "categories", "search",         "listHeader",
+                               "transformations",  "editor",     "editorSettings", "modeName",
+                               "modeSwitch",       "pause",      "operations"};
+    EXPECT_EQ(namedOf(order, window()), order);
+}
+
+TEST_F(Accessibility, SheetsAreReadFromTopToBottom) {
+    setText("x");
+    center().post(notification::runTool, QString("character-frequency"));
+    const QStringList ofTool = {"title", "details", "caption", "x", "copy", "done"};
+    find("toolResult.character-frequency")->findChild<FrequencyRow *>()->setObjectName("x");
+    EXPECT_EQ(namedOf(ofTool, *find("toolResult.character-frequency")), ofTool);
+    click("done");
+    center().post(notification::applyTransformation, QString("uppercase"));
+    manager().saveRecipe("mine");
+    choose("ShowManageRecipes");
+    const QStringList ofRecipes = {"done", "recipes", "import", "export"};
+    EXPECT_EQ(namedOf(ofRecipes, *find("manageRecipesSheet")), ofRecipes);
 }
 
 TEST_F(Accessibility, PressingARowIsAnAction) {
