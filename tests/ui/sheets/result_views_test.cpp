@@ -21,6 +21,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace lexivore {
 namespace {
 
@@ -392,6 +394,11 @@ TEST_F(ResultViewsTest, ReadabilityShowsScoreLevelGradeAndCounts) {
     const ToolView *empty = open(3, "");
     EXPECT_TRUE(labelsIn(*empty).contains("0.0"));
     EXPECT_FALSE(labelsIn(*empty).contains("Very Difficult"));
+    const auto rightEdge = [&](const QWidget *part) { return part->mapTo(empty, QPoint(part->width(), 0)).x(); };
+    const auto labels = empty->findChildren<QLabel *>();
+    const auto grade = std::ranges::find_if(labels, [](const auto *label) { return label->text() == "Grade Level:"; });
+    ASSERT_NE(grade, labels.end());
+    EXPECT_NEAR(rightEdge(*grade), rightEdge(empty->findChild<ReadabilityScale *>()), 1) << "with nothing behind it";
 }
 
 TEST_F(ResultViewsTest, TheScaleHasABandForEachLevel) {
