@@ -8,6 +8,7 @@
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/label.h"
 #include "ui/controls/menu_pointer.h"
+#include "ui/controls/page_of_rows.h"
 #include "ui/controls/push_button.h"
 #include "ui/controls/scrolling_pointer.h"
 #include "ui/controls/sheet_edges.h"
@@ -202,9 +203,28 @@ void ManageRecipesSheet::confirmRename() {
 }
 
 void ManageRecipesSheet::moveFrom(int index, int key) {
-    const int last = static_cast<int>(m_rows.size()) - 1;
-    const int target = key == Qt::Key_Home ? 0 : key == Qt::Key_End ? last : key == Qt::Key_Up ? index - 1 : index + 1;
-    focusRow(qBound(0, target, last));
+    focusRow(qBound(0, rowBehind(index, key), static_cast<int>(m_rows.size()) - 1));
+}
+
+int ManageRecipesSheet::rowBehind(int index, int key) const {
+    const auto onePage = [&](PageDirection direction) {
+        return static_cast<int>(
+            rowOnePageOn({m_rows.begin(), m_rows.end()}, static_cast<std::size_t>(index), direction));
+    };
+    switch (key) {
+    case Qt::Key_Home:
+        return 0;
+    case Qt::Key_End:
+        return static_cast<int>(m_rows.size()) - 1;
+    case Qt::Key_PageUp:
+        return onePage(PageDirection::up);
+    case Qt::Key_PageDown:
+        return onePage(PageDirection::down);
+    case Qt::Key_Up:
+        return index - 1;
+    default:
+        return index + 1;
+    }
 }
 
 void ManageRecipesSheet::setCurrentRow(int index) {

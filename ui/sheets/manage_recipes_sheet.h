@@ -41,6 +41,8 @@ private:
     void stopRenaming();
     void confirmRename();
     void moveFrom(int index, int key);
+    /// The index that the key leads to, which may be one beyond the ends.
+    [[nodiscard]] int rowBehind(int index, int key) const;
     void setCurrentRow(int index);
     void focusRow(int index);
 

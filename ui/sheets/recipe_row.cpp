@@ -168,6 +168,8 @@ void RecipeRow::keyPressEvent(QKeyEvent *event) {
             break;
         case Qt::Key_Up:
         case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
         case Qt::Key_Home:
         case Qt::Key_End:
             emit moveRequested(event->key());

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/window/row_navigator.h"
 
+#include "ui/controls/page_of_rows.h"
+
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -85,6 +87,12 @@ bool RowNavigator::handleKey(QWidget *row, int key) {
     case Qt::Key_Down:
         target = position + 1 == rows.end() ? row : *(position + 1);
         break;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: {
+        const auto direction = key == Qt::Key_PageUp ? PageDirection::up : PageDirection::down;
+        target = rows[rowOnePageOn(rows, static_cast<std::size_t>(position - rows.begin()), direction)];
+        break;
+    }
     case Qt::Key_Home:
         target = rows.front();
         break;

@@ -341,6 +341,29 @@ TEST_F(ManageRecipesSheetTest, ALongListScrollsToTheFocusedRow) {
     EXPECT_EQ(row(0)->visibleRegion().boundingRect(), row(0)->rect());
 }
 
+TEST_F(ManageRecipesSheetTest, APageTakesTheFocusAlong) {
+    for (int count = 0; count < 40; ++count)
+        add("recipe " + std::to_string(count));
+    open();
+    int current = 0;
+    const auto focused = [&] {
+        for (int index = 0; index < 40; ++index) {
+            if (row(index)->hasFocus())
+                return index;
+        }
+        return -1;
+    };
+    press(Qt::Key_PageDown);
+    current = focused();
+    EXPECT_GT(current, 2);
+    EXPECT_EQ(row(current)->visibleRegion().boundingRect(), row(current)->rect());
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(focused(), 2 * current);
+    press(Qt::Key_PageUp);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(focused(), 0);
+}
+
 TEST_F(ManageRecipesSheetTest, AssistiveTechnologyThatOpensTheMenuOfExportIsNotKeptWaiting) {
     add("a");
     open();

@@ -204,6 +204,30 @@ TEST_F(MainWindow, CategoriesAreOneStopOfTheTabKey) {
     EXPECT_TRUE(find("search")->hasFocus());
 }
 
+TEST_F(MainWindow, APageTakesTheFocusAlong) {
+    find<QLineEdit>("search")->setText("e");
+    find("search")->setFocus();
+    QCoreApplication::processEvents(); // until the rows have their places
+    press(Qt::Key_Down);
+    const QWidget *first = QApplication::focusWidget();
+    press(Qt::Key_PageDown);
+    const QWidget *second = QApplication::focusWidget();
+    EXPECT_GT(second->y(), first->y() + 2 * first->height());
+    EXPECT_EQ(second->visibleRegion().boundingRect(), second->rect());
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(QApplication::focusWidget()->y(), 2 * second->y() - first->y());
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(QApplication::focusWidget(), second);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(QApplication::focusWidget(), first);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(QApplication::focusWidget(), first);
+    press(Qt::Key_End);
+    const QWidget *last = QApplication::focusWidget();
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(QApplication::focusWidget(), last);
+}
+
 TEST_F(MainWindow, TabFollowsTheLayout) {
     setText("x");
     useStackMode();
