@@ -121,30 +121,30 @@ void TransformationManager::apply(State &state, const TextTransformation &transf
     }
 }
 
-void TransformationManager::toggleOperation(std::size_t index) {
+void TransformationManager::toggleOperation(std::size_t index, TextAfterChange shown) {
     if (index >= m_state.appliedOperations.size()) {
         return;
     }
     State next = m_state;
     AppliedOperation &operation = next.appliedOperations[index];
     operation.isEnabled = !operation.isEnabled;
-    reapply(next);
+    reapply(next, shown);
     record(m_state, HistoryToggle{index});
     publish(std::move(next));
 }
 
-void TransformationManager::removeOperation(std::size_t index) {
+void TransformationManager::removeOperation(std::size_t index, TextAfterChange shown) {
     if (index >= m_state.appliedOperations.size()) {
         return;
     }
     State next = m_state;
     next.appliedOperations.erase(at(next.appliedOperations, index));
-    reapplyOrReturnToOriginal(next);
+    reapplyOrReturnToOriginal(next, shown);
     record(m_state, HistoryRemoval{index, m_state.appliedOperations[index]});
     publish(std::move(next));
 }
 
-void TransformationManager::moveOperation(std::size_t from, std::size_t to) {
+void TransformationManager::moveOperation(std::size_t from, std::size_t to, TextAfterChange shown) {
     const std::size_t count = m_state.appliedOperations.size();
     if (from >= count || to >= count || from == to) {
         return;
@@ -156,18 +156,18 @@ void TransformationManager::moveOperation(std::size_t from, std::size_t to) {
     } else {
         std::rotate(at(operations, to), at(operations, from), at(operations, from + 1));
     }
-    reapply(next);
+    reapply(next, shown);
     record(m_state, HistoryMove{from, to});
     publish(std::move(next));
 }
 
-bool TransformationManager::editOperationParameters(std::size_t index, ParameterMap parameters) {
+bool TransformationManager::editOperationParameters(std::size_t index, ParameterMap parameters, TextAfterChange shown) {
     if (index >= m_state.appliedOperations.size() || m_state.appliedOperations[index].parameters == parameters) {
         return false;
     }
     State next = m_state;
     next.appliedOperations[index].parameters = std::move(parameters);
-    reapply(next);
+    reapply(next, shown);
     record(m_state, HistoryTransformation{});
     publish(std::move(next));
     return true;
@@ -196,11 +196,15 @@ void TransformationManager::reapplyOperations() {
     publish(std::move(next));
 }
 
-void TransformationManager::reapply(State &state) {
+void TransformationManager::reapply(State &state, TextAfterChange shown) {
     OperationsRun run = m_runner.run(state.originalText, state.appliedOperations);
-    state.currentText = std::move(run.result);
+    state.currentText = shown == TextAfterChange::result ? std::move(run.result) : state.originalText;
     state.problems = std::move(run.problems);
     state.texts = std::move(run.texts);
+    if (shown == TextAfterChange::original) {
+        state.origin = {state.currentText, state.appliedOperations.size()};
+        return;
+    }
     state.origin = {state.originalText, 0};
     const auto found = std::find_if(
         state.appliedOperations.rbegin(), state.appliedOperations.rend(), [&](const AppliedOperation &operation) {
@@ -219,14 +223,14 @@ void TransformationManager::reapply(State &state) {
     }
 }
 
-void TransformationManager::reapplyOrReturnToOriginal(State &state) {
+void TransformationManager::reapplyOrReturnToOriginal(State &state, TextAfterChange shown) {
     if (state.appliedOperations.empty()) {
         state.currentText = state.originalText;
         state.problems.clear();
         state.texts.clear();
         state.origin = {state.originalText, 0};
     } else {
-        reapply(state);
+        reapply(state, shown);
     }
 }
 

@@ -31,6 +31,9 @@ struct OperationMeasures {
     bool operator==(const OperationMeasures &) const = default;
 };
 
+/// What the text is after a change of the stack: the new result or, while the operations are paused, the base text.
+enum class TextAfterChange { result, original };
+
 /// What the manager may hold only so that it need not be computed again. With less all is the same, but slower.
 struct MemoryBudget {
     OperationsRunner::Budget run = {};
@@ -82,13 +85,14 @@ public:
     /// Applies to the current text and appends to the stack. Passes on what `TextTransformation::apply` throws; the
     /// text and the stack are then as before, but the history entry stays. An empty text is refused before any change.
     void applyTransformation(const TextTransformation &transformation, const ParameterMap &parameters);
-    void toggleOperation(std::size_t index);
-    void removeOperation(std::size_t index);
+    void toggleOperation(std::size_t index, TextAfterChange shown = TextAfterChange::result);
+    void removeOperation(std::size_t index, TextAfterChange shown = TextAfterChange::result);
     /// `to` counts after the removal, so the operation ends at that index.
-    void moveOperation(std::size_t from, std::size_t to);
+    void moveOperation(std::size_t from, std::size_t to, TextAfterChange shown = TextAfterChange::result);
     /// Gives the operation other parameters, in its place and with its id, and runs the stack again.
     /// False, and nothing recorded, when the index is out of range or the parameters are the same.
-    bool editOperationParameters(std::size_t index, ParameterMap parameters);
+    bool editOperationParameters(std::size_t index, ParameterMap parameters,
+                                 TextAfterChange shown = TextAfterChange::result);
     void clearOperations();
     void clearAll();
     /// Runs every enabled operation over the base text. A failing one is skipped, reported on standard output and noted
@@ -143,8 +147,8 @@ private:
     [[nodiscard]] static TextHistoryState snapshot(const State &state);
     void record(const State &before, HistoryActionType action);
     void apply(State &state, const TextTransformation &transformation, const ParameterMap &parameters);
-    void reapply(State &state);
-    void reapplyOrReturnToOriginal(State &state);
+    void reapply(State &state, TextAfterChange shown = TextAfterChange::result);
+    void reapplyOrReturnToOriginal(State &state, TextAfterChange shown = TextAfterChange::result);
     void restore(TextHistoryState restored, bool emptyStackShowsOriginalText);
     void publish(State next);
     void publishRecipes(std::vector<Recipe> next);

@@ -350,6 +350,33 @@ TEST_F(ManagerStory, EditingParametersKeepsPlaceAndIdentity) {
     EXPECT_EQ(changes.take(), "currentText operations measures history");
 }
 
+TEST_F(ManagerStory, AChangeOfTheStackCanShowTheBaseTextAtOnce) {
+    manager.setCurrentText(Text(std::string_view("b a")));
+    apply("add-prefix", {{"prefix", "x"}});
+    apply("uppercase");
+    manager.setCurrentText(manager.originalText());
+    changes.take();
+    const TextAfterChange shown = TextAfterChange::original;
+
+    manager.toggleOperation(1, shown);
+    EXPECT_EQ(stack(), "add-prefix (uppercase)");
+    manager.moveOperation(0, 1, shown);
+    EXPECT_EQ(stack(), "(uppercase) add-prefix");
+    manager.editOperationParameters(1, {{"prefix", "y"}}, shown);
+    EXPECT_EQ(manager.appliedOperations()[1].parameters.at("prefix"), "y");
+    manager.removeOperation(0, shown);
+    EXPECT_EQ(stack(), "add-prefix");
+    EXPECT_EQ(text(), "b a");
+    EXPECT_EQ(changes.take().find("currentText"), std::string::npos);
+
+    manager.undo();
+    EXPECT_EQ(text(), "b a");
+    manager.redo();
+    EXPECT_EQ(text(), "b a");
+    manager.reapplyOperations();
+    EXPECT_EQ(text(), "yb a");
+}
+
 TEST_F(ManagerStory, IndicesOutOfRangeAreIgnored) {
     manager.setCurrentText(Text("abc"));
     apply("uppercase");

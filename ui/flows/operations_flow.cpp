@@ -33,25 +33,16 @@ void OperationsFlow::togglePause() {
 }
 
 void OperationsFlow::toggle(std::size_t index) {
-    orReportShortage(m_alerts, [&] {
-        m_manager.toggleOperation(index);
-        keepPaused();
-    });
+    orReportShortage(m_alerts, [&] { m_manager.toggleOperation(index, textAfterChange()); });
     m_center.post(notification::refreshOperations);
 }
 
 void OperationsFlow::remove(std::size_t index) {
-    orReportShortage(m_alerts, [&] {
-        m_manager.removeOperation(index);
-        keepPaused();
-    });
+    orReportShortage(m_alerts, [&] { m_manager.removeOperation(index, textAfterChange()); });
 }
 
 void OperationsFlow::move(std::size_t from, std::size_t to) {
-    orReportShortage(m_alerts, [&] {
-        m_manager.moveOperation(from, to);
-        keepPaused();
-    });
+    orReportShortage(m_alerts, [&] { m_manager.moveOperation(from, to, textAfterChange()); });
 }
 
 void OperationsFlow::edit(std::size_t index) {
@@ -66,11 +57,8 @@ void OperationsFlow::edit(std::size_t index) {
     m_sheets.showParameterSheet(
         transformation, operation.parameters,
         [this, index](const ParameterMap &parameters) {
-            orReportShortage(m_alerts, [&] {
-                if (m_manager.editOperationParameters(index, parameters)) {
-                    keepPaused();
-                }
-            });
+            orReportShortage(m_alerts,
+                             [&] { m_manager.editOperationParameters(index, parameters, textAfterChange()); });
         },
         [] {});
 }
@@ -81,10 +69,8 @@ void OperationsFlow::clear() {
     }
 }
 
-void OperationsFlow::keepPaused() {
-    if (!m_state.operationsEnabled() && !m_manager.appliedOperations().empty()) {
-        m_manager.setCurrentText(m_manager.originalText());
-    }
+TextAfterChange OperationsFlow::textAfterChange() const {
+    return m_state.operationsEnabled() ? TextAfterChange::result : TextAfterChange::original;
 }
 
 } // namespace lexivore

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "manager/transformation_manager.h"
+
 #include <QObject>
 
 #include <cstddef>
@@ -11,7 +13,6 @@ namespace lexivore {
 class Alerts;
 class NotificationCenter;
 class Sheets;
-class TransformationManager;
 class WindowState;
 
 /// What the user does to the operations stack.
@@ -37,7 +38,7 @@ public:
     void clear();
 
 private:
-    void keepPaused();
+    [[nodiscard]] TextAfterChange textAfterChange() const;
 
     TransformationManager &m_manager;
     WindowState &m_state;

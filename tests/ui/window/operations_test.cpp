@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
+#include "ui/editor/text_editor.h"
 #include "ui/operations/draggable_operation_item.h"
 
 #include <QAccessible>
@@ -228,6 +229,36 @@ TEST_F(Operations, ChangesWhilePausedKeepTheBaseText) {
     EXPECT_EQ(text(), "b a");
     click("pause");
     EXPECT_NE(text(), "b a");
+}
+
+TEST_F(Operations, ChangesWhilePausedAreTakenBackOneByOneFromTheEditorToo) {
+    focusEditor();
+    click("pause");
+    clickAt(row(1), {38, 20});
+    dragOver(0, 1);
+    ASSERT_TRUE(drop(0, 1));
+    clickAt(row(2)->findChild<QWidget *>("remove"), {5, 5});
+    for (const char *before :
+         {"reverse- uppercase sort-words ", "uppercase reverse- sort-words ", "uppercase reverse sort-words "}) {
+        press(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(stack(), before);
+        EXPECT_EQ(text(), "b a");
+    }
+    for (const char *after :
+         {"uppercase reverse- sort-words ", "reverse- uppercase sort-words ", "reverse- uppercase "}) {
+        press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(stack(), after);
+        EXPECT_EQ(text(), "b a");
+    }
+}
+
+TEST_F(Operations, ChangesWhilePausedLeaveTheCaretWhereItIs) {
+    focusEditor();
+    click("pause");
+    find<TextEditor>("editor")->document().select(1, 3);
+    clickAt(row(1), {38, 20});
+    EXPECT_EQ(find<TextEditor>("editor")->document().selectionStart(), 1U);
+    EXPECT_EQ(find<TextEditor>("editor")->document().caret(), 3U);
 }
 
 TEST_F(Operations, WhatIsTypedWhilePausedOutlivesAMoveThatLeadsNowhere) {
