@@ -31,6 +31,8 @@ QString operationCount(std::size_t count) {
     return count == 1 ? RecipeRow::tr("%1 operation").arg(count) : RecipeRow::tr("%1 operations").arg(count);
 }
 
+bool isArrowUpOrDown(const QKeyEvent &event) { return event.key() == Qt::Key_Up || event.key() == Qt::Key_Down; }
+
 } // namespace
 
 RecipeRow::RecipeRow(const Recipe &recipe, QWidget *parent) : QWidget(parent) {
@@ -93,6 +95,7 @@ void RecipeRow::startEditing(const QString &name) {
     auto *cancelButton = new PushButton(tr("Cancel"));
     cancelButton->setObjectName(QStringLiteral("cancelRename"));
     cancelButton->setLeastWidth(0);
+    cancelButton->installEventFilter(this);
 
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(editingLeftPadding, 0, rightPadding, 0);
@@ -127,22 +130,16 @@ void RecipeRow::confirmRename() {
 }
 
 bool RecipeRow::eventFilter(QObject *watched, QEvent *event) {
-    switch (event->type()) {
-    case QEvent::MouseButtonDblClick:
-        // The next row comes under the pointer when one is deleted: the second half must not delete it too.
+    // A click puts another button under the pointer, the next row's or one to rename this one or to leave that: the
+    // second half of a double click must not press it.
+    if (event->type() == QEvent::MouseButtonDblClick)
         return true;
-    case QEvent::KeyPress: {
-        // A button would move the focus as Tab does; what it leaves alone comes up to the row anyway.
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Up || key == Qt::Key_Down) {
-            emit moveRequested(key);
-            return true;
-        }
-        return false;
+    // The toolkit would go on to the next button, as Tab does.
+    if (event->type() == QEvent::KeyPress && !isEditing() && isArrowUpOrDown(*static_cast<QKeyEvent *>(event))) {
+        emit moveRequested(static_cast<QKeyEvent *>(event)->key());
+        return true;
     }
-    default:
-        return QWidget::eventFilter(watched, event);
-    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void RecipeRow::focusInEvent(QFocusEvent *event) {

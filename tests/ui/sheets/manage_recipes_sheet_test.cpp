@@ -56,6 +56,16 @@ protected:
 
     ManageRecipesSheet *open() { return show(new ManageRecipesSheet(manager)); }
 
+    /// The second half of a double click, whose first half put this widget under the pointer.
+    static void finishDoubleClick(QWidget *widget) {
+        for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+            const QPointF place = widget->rect().center();
+            QMouseEvent event(type, place, widget->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(widget, &event);
+        }
+        settle();
+    }
+
     test::MemoryPreferences preferences;
     TransformationManager manager{preferences};
 };
@@ -189,14 +199,21 @@ TEST_F(ManageRecipesSheetTest, ADoubleClickOnTheTrashDeletesOneRecipe) {
     click(row(0)->findChild<ToolButton *>("delete"));
     ASSERT_EQ(names(), (QStringList{"b", "c"}));
     auto *next = row(0)->findChild<ToolButton *>("delete");
-    for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
-        const QPointF place = next->rect().center();
-        QMouseEvent event(type, place, next->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(next, &event);
-    }
+    finishDoubleClick(next);
     EXPECT_EQ(names(), (QStringList{"b", "c"}));
     click(next);
     EXPECT_EQ(names(), QStringList{"c"});
+}
+
+TEST_F(ManageRecipesSheetTest, ADoubleClickOnThePencilBeginsToRenameAndOneOnCancelEndsIt) {
+    add("a");
+    open();
+    click(row(0)->findChild<ToolButton *>("rename"));
+    finishDoubleClick(find("cancelRename"));
+    ASSERT_NE(field(), nullptr);
+    click(find("cancelRename"));
+    finishDoubleClick(row(0)->findChild<ToolButton *>("rename"));
+    EXPECT_EQ(field(), nullptr);
 }
 
 TEST_F(ManageRecipesSheetTest, DeletingAndRenamingByMouseShowNoRing) {
@@ -245,20 +262,24 @@ TEST_F(ManageRecipesSheetTest, TheArrowsMoveThroughTheListAndTabThroughOneRow) {
     EXPECT_TRUE(row(0)->hasFocus());
 }
 
-TEST_F(ManageRecipesSheetTest, TheArrowsMoveThroughTheListFromTheButtonsOfARowToo) {
+TEST_F(ManageRecipesSheetTest, TheArrowsLeadFromTheButtonsOfARowToTheRowsAround) {
     add("a");
     add("b");
     add("c");
     open();
-    press(Qt::Key_Tab);
-    ASSERT_EQ(focusName(), "rename");
-    press(Qt::Key_Down);
-    EXPECT_TRUE(row(1)->hasFocus());
-    press(Qt::Key_Tab);
-    press(Qt::Key_Tab);
-    ASSERT_EQ(focusName(), "delete");
-    press(Qt::Key_Up);
-    EXPECT_TRUE(row(0)->hasFocus());
+    for (const int tabs : {1, 2}) {
+        press(Qt::Key_Home);
+        press(Qt::Key_Down);
+        for (int tab = 0; tab < tabs; ++tab)
+            press(Qt::Key_Tab);
+        press(Qt::Key_Down);
+        EXPECT_TRUE(row(2)->hasFocus()) << focusName().toStdString();
+        press(Qt::Key_Up);
+        for (int tab = 0; tab < tabs; ++tab)
+            press(Qt::Key_Tab);
+        press(Qt::Key_Up);
+        EXPECT_TRUE(row(0)->hasFocus()) << focusName().toStdString();
+    }
 }
 
 TEST_F(ManageRecipesSheetTest, ClosesByDoneAndReturn) {
