@@ -17,7 +17,9 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QLocale>
+#include <QScreen>
 #include <QStandardPaths>
+#include <QStyle>
 #include <QWindow>
 
 namespace lexivore {
@@ -56,6 +58,16 @@ void endStartupNotification() {
     }
 }
 
+/// What lies beyond the edge of the screen is out of reach: at first on a small one, later where a larger one is gone.
+void fitOnScreen(QWidget &window) {
+    QSize room;
+    for (const QScreen *screen : QGuiApplication::screens()) {
+        room = room.expandedTo(screen->availableSize());
+    }
+    room.rheight() -= window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    window.resize(window.size().boundedTo(room));
+}
+
 } // namespace
 
 int runProgram(QApplication &application, const QVariantMap &information) {
@@ -76,6 +88,7 @@ int runProgram(QApplication &application, const QVariantMap &information) {
     QApplication::setWindowIcon(applicationIcon());
     JsonPreferences preferences;
     LexivoreApp app(preferences, nullptr, information);
+    fitOnScreen(app.window());
     TrayIcon tray;
     const auto comeForward = [&app](const SingleInstance::Request &later) {
         app.comeForward(later.files, later.activationToken);
