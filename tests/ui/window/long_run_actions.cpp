@@ -249,7 +249,7 @@ void LongRunActions::drag() {
     QApplication::sendEvent(to, &drop);
 }
 
-void LongRunActions::edit() { pressOnOperation("edit", Qt::Key_Return); }
+void LongRunActions::edit() { pressOnOperation("edit", Qt::Key_F2); }
 
 void LongRunActions::remove() { pressOnOperation("remove", Qt::Key_Delete); }
 
