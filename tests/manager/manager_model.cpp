@@ -70,15 +70,15 @@ void ManagerModel::applyRecipe(const Recipe &recipe, const std::vector<AppliedOp
     }
 }
 
-void ManagerModel::toggle(std::size_t index) {
+void ManagerModel::toggle(std::size_t index, TextAfterChange shown) {
     if (index < now.operations.size()) {
         record("toggle " + std::to_string(index));
         now.operations[index].isEnabled = !now.operations[index].isEnabled;
-        reapply();
+        reapply(shown);
     }
 }
 
-void ManagerModel::remove(std::size_t index) {
+void ManagerModel::remove(std::size_t index, TextAfterChange shown) {
     if (index >= now.operations.size()) {
         return;
     }
@@ -87,25 +87,25 @@ void ManagerModel::remove(std::size_t index) {
     if (now.operations.empty()) {
         now = {.text = original, .operations = {}, .steps = {}, .problems = {}};
     } else {
-        reapply();
+        reapply(shown);
     }
 }
 
-void ManagerModel::move(std::size_t from, std::size_t to) {
+void ManagerModel::move(std::size_t from, std::size_t to, TextAfterChange shown) {
     if (from < now.operations.size() && to < now.operations.size() && from != to) {
         record("move " + std::to_string(from) + " " + std::to_string(to));
         const AppliedOperation moved = now.operations[from];
         now.operations.erase(at(now.operations, from));
         now.operations.insert(at(now.operations, to), moved);
-        reapply();
+        reapply(shown);
     }
 }
 
-void ManagerModel::edit(std::size_t index, const ParameterMap &parameters) {
+void ManagerModel::edit(std::size_t index, const ParameterMap &parameters, TextAfterChange shown) {
     if (index < now.operations.size() && now.operations[index].parameters != parameters) {
         record("transformation");
         now.operations[index].parameters = parameters;
-        reapply();
+        reapply(shown);
     }
 }
 
@@ -129,7 +129,7 @@ void ManagerModel::returnToOriginalText() {
     }
 }
 
-void ManagerModel::reapply() {
+void ManagerModel::reapply(TextAfterChange shown) {
     now.text = original;
     now.steps.clear();
     now.problems.clear();
@@ -150,6 +150,9 @@ void ManagerModel::reapply() {
             printed += "Error reapplying operation: " + error.description() + "\n";
             now.problems[operation.id] = {OperationProblem::Kind::failed, error.description()};
         }
+    }
+    if (shown == TextAfterChange::original) {
+        now.text = original;
     }
 }
 

@@ -60,14 +60,14 @@ public:
     void applyTransformation(const TextTransformation &transformation, const ParameterMap &parameters,
                              const std::vector<AppliedOperation> &made);
     void applyRecipe(const Recipe &recipe, const std::vector<AppliedOperation> &made);
-    void toggle(std::size_t index);
-    void remove(std::size_t index);
-    void move(std::size_t from, std::size_t to);
-    void edit(std::size_t index, const ParameterMap &parameters);
+    void toggle(std::size_t index, TextAfterChange shown = TextAfterChange::result);
+    void remove(std::size_t index, TextAfterChange shown = TextAfterChange::result);
+    void move(std::size_t from, std::size_t to, TextAfterChange shown = TextAfterChange::result);
+    void edit(std::size_t index, const ParameterMap &parameters, TextAfterChange shown = TextAfterChange::result);
     void clearOperations();
     void clearAll();
     void returnToOriginalText();
-    void reapply();
+    void reapply(TextAfterChange shown = TextAfterChange::result);
     void undo();
     void redo();
 

@@ -160,27 +160,32 @@ private:
             [&] { model.applyRecipe(recipe, manager.appliedOperations()); });
     }
     void toggle() {
+        const TextAfterChange shown = textAfterChange();
         const std::size_t at = index();
         act(
-            "toggle", [&] { manager.toggleOperation(at); }, [&] { model.toggle(at); });
+            "toggle", [&] { manager.toggleOperation(at, shown); }, [&] { model.toggle(at, shown); });
     }
     void remove() {
+        const TextAfterChange shown = textAfterChange();
         const std::size_t at = index();
         act(
-            "remove", [&] { manager.removeOperation(at); }, [&] { model.remove(at); });
+            "remove", [&] { manager.removeOperation(at, shown); }, [&] { model.remove(at, shown); });
     }
     void move() {
+        const TextAfterChange shown = textAfterChange();
         const std::size_t from = index();
         const std::size_t to = index();
         act(
-            "move", [&] { manager.moveOperation(from, to); }, [&] { model.move(from, to); });
+            "move", [&] { manager.moveOperation(from, to, shown); }, [&] { model.move(from, to, shown); });
     }
     void edit() {
+        const TextAfterChange shown = textAfterChange();
         const std::size_t at = index();
         const bool isThere = at < model.now.operations.size();
         const ParameterMap parameters = parametersFor(isThere ? model.now.operations[at].transformation : "add-prefix");
         act(
-            "edit", [&] { manager.editOperationParameters(at, parameters); }, [&] { model.edit(at, parameters); });
+            "edit", [&] { manager.editOperationParameters(at, parameters, shown); },
+            [&] { model.edit(at, parameters, shown); });
     }
     void clearOperations() {
         act(
@@ -280,6 +285,9 @@ private:
                                           "join-lines",  "shuffle-lines"};
 
     /// Mostly an index of the stack, now and then one behind it.
+    TextAfterChange textAfterChange() {
+        return m_dice.below(4) == 0 ? TextAfterChange::original : TextAfterChange::result;
+    }
     std::size_t index() { return m_dice.between(0, model.now.operations.size()); }
     std::string word() { return std::string(m_dice.below(4), "ab \n!"[m_dice.below(5)]) + "abc=\n "[m_dice.below(6)]; }
     AppliedOperation operation() {
