@@ -33,6 +33,20 @@ TEST_F(Applying, InSingleModeEachClickStartsAgainFromTheBaseText) {
     EXPECT_EQ(manager().appliedOperations().size(), 1U);
 }
 
+TEST_F(Applying, InSingleModeTheBaseTextIsBackBeforeParametersAreAskedFor) {
+    setText("Hello");
+    click("transformation.uppercase");
+    center().post(notification::applyTransformation, QString("add-prefix"));
+    ASSERT_TRUE(isShown("parameterSheet"));
+    EXPECT_EQ(text(), "Hello");
+    EXPECT_TRUE(manager().appliedOperations().empty());
+    EXPECT_EQ(manager().history().undoStack().size(), 1U) << "without a step of its own";
+    type("> ");
+    press(Qt::Key_Return);
+    EXPECT_EQ(text(), "> Hello");
+    EXPECT_EQ(manager().appliedOperations().size(), 1U);
+}
+
 TEST_F(Applying, InStackModeEachClickAddsToTheStack) {
     setText("Hello World");
     useStackMode();

@@ -377,6 +377,11 @@ TEST_F(MainWindow, TheSizeAndTheColumnsAreRemembered) {
     EXPECT_EQ(window().size(), QSize(1100, 700));
 }
 
+TEST_F(MainWindow, TheSizeInWhichTheWindowOpensIsNotRemembered) {
+    restart();
+    EXPECT_FALSE(preferences.contains(preference::windowSize));
+}
+
 TEST_F(MainWindow, EachThingHasItsIcon) {
     setText("x");
     state().setSelectedCategory(std::nullopt);

@@ -105,6 +105,13 @@ TEST_F(Operations, SpaceAndReturnToggleDeleteRemovesAndAltArrowsMove) {
     EXPECT_TRUE(row(1)->hasFocus());
 }
 
+TEST_F(Operations, ARemovedRowPassesTheKeyboardToTheOneThatTakesItsPlace) {
+    row(0)->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Delete);
+    ASSERT_EQ(stack(), "reverse sort-words ");
+    EXPECT_TRUE(row(0)->hasFocus());
+}
+
 TEST_F(Operations, RowsThatGoLeaveTheKeyboardInThePanel) {
     row(2)->setFocus(Qt::TabFocusReason);
     center().post(notification::undoTransformation);
@@ -172,6 +179,9 @@ TEST_F(Operations, AClickOnTheNumberDisablesAndEnablesAndOneBesideItDoesNot) {
     QTest::mousePress(row(0), Qt::LeftButton, {}, number);
     QTest::mouseRelease(row(0), Qt::LeftButton, {}, {90, number.y()});
     EXPECT_EQ(stack(), "uppercase reverse sort-words ") << "the user thought better of it";
+    QTest::mousePress(row(0), Qt::LeftButton, {}, {90, number.y()});
+    QTest::mouseRelease(row(0), Qt::LeftButton, {}, number);
+    EXPECT_EQ(stack(), "uppercase reverse sort-words ") << "it began elsewhere";
 }
 
 TEST_F(Operations, AssistiveTechnologyTogglesByPressing) {

@@ -127,6 +127,11 @@ TEST_F(Recipes, ReplaceClearsTheOperationsFirst) {
     ASSERT_TRUE(alertHasGone());
     EXPECT_EQ(text(), "\xE2\x80\xA2 a\n\xE2\x80\xA2 b");
     EXPECT_EQ(manager().appliedOperations().size(), 3U);
+    for (int step = 0; step < 4; ++step) {
+        choose("UndoTransformation");
+    }
+    EXPECT_EQ(text(), "A\nB") << "clearing is a step too";
+    EXPECT_EQ(manager().appliedOperations().size(), 1U);
 }
 
 TEST_F(Recipes, DontAskAgainIsKeptOnlyWhenConfirmed) {
