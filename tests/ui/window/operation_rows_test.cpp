@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QSplitter>
+#include <QVariantAnimation>
 
 namespace lexivore {
 namespace {
@@ -325,6 +326,9 @@ TEST_F(OperationRows, AChangeEndsTheSlide) {
     QCoreApplication::processEvents();
     EXPECT_EQ(row(0)->y(), places[0]);
     EXPECT_EQ(row(1)->y(), places[1]);
+    for (const auto *animation : find("operations")->findChildren<QVariantAnimation *>()) {
+        EXPECT_EQ(animation->state(), QAbstractAnimation::Stopped) << "or it moves them once more";
+    }
 }
 
 TEST_F(OperationRows, NothingSlidesWhenTheStyleAllowsNoAnimations) {
