@@ -11,7 +11,9 @@
 #include <QChar>
 
 #include <algorithm>
+#include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lexivore {
@@ -19,8 +21,33 @@ namespace lexivore {
 namespace {
 
 constexpr std::size_t windowBytes = std::size_t{256} * 1024;
+constexpr char32_t lastWithCase = 0x1FFFF; ///< Planes behind the second one have none.
+
+/// The code points that fold to `folded`, itself included.
+std::vector<char32_t> unfolded(char32_t folded) {
+    using Folding = std::pair<char32_t, char32_t>; // what a code point folds to, and the code point
+    static const std::vector<Folding> foldings = [] {
+        std::vector<Folding> all;
+        for (char32_t codePoint = 0; codePoint <= lastWithCase; ++codePoint) {
+            if (const char32_t target = QChar::toCaseFolded(codePoint); target != codePoint) {
+                all.emplace_back(target, codePoint);
+            }
+        }
+        std::sort(all.begin(), all.end());
+        return all;
+    }();
+    std::vector<char32_t> codePoints{folded};
+    for (auto at = std::lower_bound(foldings.begin(), foldings.end(), Folding(folded, 0));
+         at != foldings.end() && at->first == folded; ++at) {
+        codePoints.push_back(at->second);
+    }
+    return codePoints;
+}
 
 /// Finds the needle in runs of bytes.
+///
+/// Where case is folded, few code points can begin a match. In most scripts their letters share the first bytes, so it
+/// is their last bytes that are looked for; what else they end is decoded in vain.
 class Finder {
 public:
     Finder(std::string_view needle, TextSearch search) : m_needle(needle), m_isExact(search.isCaseSensitive) {
@@ -28,6 +55,13 @@ public:
             const DecodedCodePoint decoded = decode(position, needle.data() + needle.size());
             m_folded.push_back(QChar::toCaseFolded(decoded.value));
             position += decoded.length;
+        }
+        if (!m_isExact && !m_folded.empty()) {
+            for (const char32_t codePoint : unfolded(m_folded.front())) {
+                std::array<char, 4> bytes{};
+                const char *const end = encode(codePoint, bytes.data());
+                m_endsFirst[static_cast<unsigned char>(end[-1])] = true;
+            }
         }
     }
 
@@ -45,15 +79,15 @@ public:
             return TextMatch{from + found, m_needle.size()};
         }
         const char *const end = bytes.data() + bytes.size();
-        for (const char *position = bytes.data() + from; position < end;) {
-            const DecodedCodePoint decoded = decode(position, end);
-            if (folded(decoded.value) == m_folded.front()) {
-                const std::size_t length = matchLength(position, end);
-                if (length != 0) {
-                    return TextMatch{static_cast<std::size_t>(position - bytes.data()), length};
-                }
+        const auto endsFirst = [this](char byte) { return m_endsFirst[static_cast<unsigned char>(byte)]; };
+        for (const char *last = bytes.data() + from; (last = std::find_if(last, end, endsFirst)) != end; ++last) {
+            const char *begin = last;
+            while (isContinuationByte(*begin)) {
+                --begin;
             }
-            position += decoded.length;
+            if (const std::size_t length = matchLength(begin, end); length != 0) {
+                return TextMatch{static_cast<std::size_t>(begin - bytes.data()), length};
+            }
         }
         return {};
     }
@@ -83,6 +117,7 @@ private:
 
     std::string_view m_needle;
     std::vector<char32_t> m_folded;
+    std::array<bool, 256> m_endsFirst{}; ///< Of each byte: whether it ends a code point that can begin a match.
     bool m_isExact;
 };
 

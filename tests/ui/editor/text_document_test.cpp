@@ -8,6 +8,7 @@
 #include "engine/primitives/characters.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/lines.h"
+#include "engine/primitives/utf8.h"
 #include "engine/primitives/words.h"
 #include "manager/text_conversion.h"
 #include "ui/editor/text_search.h"
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <optional>
 #include <random>
 #include <set>
 #include <string>
@@ -384,6 +386,63 @@ TEST(TextSearch, FindsForwardBackwardAndCounts) {
     EXPECT_EQ(countMatches(text, "aa"), 2U);
     EXPECT_EQ(countMatches(text, ""), 0U);
     EXPECT_EQ(findForward(text, "none", 0), std::nullopt);
+}
+
+std::string encoded(char32_t codePoint) {
+    std::array<char, 4> bytes{};
+    return {bytes.data(), encode(codePoint, bytes.data())};
+}
+
+TEST(TextSearch, FindsEveryCodePointByWhateverFoldsToTheSame) {
+    for (char32_t codePoint = 0; codePoint <= QChar::LastValidCodePoint; ++codePoint) {
+        const char32_t folded = QChar::toCaseFolded(codePoint);
+        if (folded != codePoint) {
+            const std::string one = encoded(codePoint);
+            const std::string other = encoded(folded);
+            ASSERT_EQ(findForward(Text("\u4E2D" + one + "."), other, 0), (TextMatch{3, one.size()})) << one;
+            ASSERT_EQ(findForward(Text("\u4E2D" + other + "."), one, 0), (TextMatch{3, other.size()})) << one;
+        }
+    }
+}
+
+TEST(TextSearch, FindsWhatAComparisonAtEveryPlaceFinds) {
+    const std::vector<std::string> letters = {"a", "A",  "k", "K", "\u212A", "s", "\u017F", "ч", "Ч", "ф",  "é",  "É",
+                                              "😀", "\n", "ẞ", "ß", "σ",      "ς", "Σ",      "𐐀", "𐐨", "中", "丘", " "};
+    Dice dice(16);
+    const auto randomText = [&](std::size_t length) {
+        std::string text;
+        while (length-- > 0) {
+            text += letters[dice.below(letters.size())];
+        }
+        return text;
+    };
+    const auto folded = [](const std::string &text) {
+        QList<uint> codePoints = toQString(text).toUcs4();
+        std::transform(codePoints.begin(), codePoints.end(), codePoints.begin(),
+                       [](uint codePoint) { return QChar::toCaseFolded(codePoint); });
+        return codePoints;
+    };
+    for (int round = 0; round < 2000; ++round) {
+        const std::string text = randomText(60);
+        const std::string needle = randomText(1 + dice.below(2));
+        const QList<uint> foldedText = folded(text);
+        const QList<uint> foldedNeedle = folded(needle);
+        const auto begin = foldedText.begin();
+        const auto end = foldedText.end();
+        const auto search = [&](auto from) { return std::search(from, end, foldedNeedle.begin(), foldedNeedle.end()); };
+        std::size_t count = 0;
+        for (auto found = search(begin); found != end; found = search(found + foldedNeedle.size())) {
+            ++count;
+        }
+        const auto placeOf = [&](const std::optional<TextMatch> &match) {
+            return match ? begin + folded(text.substr(0, match->offset)).size() : end;
+        };
+        ASSERT_EQ(countMatches(Text(text), needle), count) << text << " / " << needle;
+        ASSERT_EQ(placeOf(findForward(Text(text), needle, 0)), search(begin)) << text << " / " << needle;
+        ASSERT_EQ(placeOf(findBackward(Text(text), needle, text.size())),
+                  std::find_end(begin, end, foldedNeedle.begin(), foldedNeedle.end()))
+            << text << " / " << needle;
+    }
 }
 
 TEST(TextSearch, FindsAcrossTheSeamsOfALargeEditedText) {
