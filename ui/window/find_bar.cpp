@@ -60,7 +60,7 @@ FindBar::FindBar(TextEditor &editor, QWidget *parent)
     connect(next, &ToolButton::clicked, this, &FindBar::findNext);
     connect(done, &ToolButton::clicked, this, &FindBar::close);
     connect(m_field, &Field::textChanged, this, &FindBar::countSoon);
-    // Counting walks the whole text, so it waits for a pause in typing.
+    // Counting walks the whole text, so in a large one it waits for a pause in typing or in going from match to match.
     m_recount->setSingleShot(true);
     m_recount->setInterval(recountAfter);
     connect(m_recount, &QTimer::timeout, this, &FindBar::showCount);
@@ -83,7 +83,7 @@ void FindBar::open() {
     show();
     m_field->setFocus(Qt::ShortcutFocusReason);
     m_field->selectAll();
-    showCount();
+    countSoon();
 }
 
 void FindBar::close() {
@@ -104,7 +104,9 @@ void FindBar::find(bool forward) {
         return;
     }
     static_cast<void>(forward ? m_editor.findNext(needle()) : m_editor.findPrevious(needle()));
-    showCount();
+    if (isVisible()) {
+        countSoon();
+    }
 }
 
 void FindBar::countSoon() {
@@ -112,7 +114,7 @@ void FindBar::countSoon() {
         showCount();
         return;
     }
-    m_count->setText({}); // which counted the matches of something else
+    m_count->setText({}); // which counted the matches of something else, or told the place of another one
     m_recount->start();
 }
 

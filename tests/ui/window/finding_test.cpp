@@ -74,15 +74,20 @@ TEST_F(Finding, PartsOfCharactersAreCountedAndFoundOneAfterTheOther) {
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "3 of 3");
 }
 
-TEST_F(Finding, TypingWaitsForNoCountInALargeText) {
+TEST_F(Finding, TypingAndFindingWaitForNoCountInALargeText) {
     setText("one two One" + std::string(2'000'000, '.'));
     choose("Find");
     type("on");
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "");
     EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "2 matches"; }));
     press(Qt::Key_Return);
-    EXPECT_EQ(find<QLabel>("matchCount")->text(), "1 of 2");
-    type("x");
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "1 of 2"; }));
+    choose("FindNext");
+    choose("Find");
+    EXPECT_EQ(find<QLabel>("matchCount")->text(), "") << "not the place of the match before";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "2 of 2"; }));
+    type("onx");
     EXPECT_EQ(find<QLabel>("matchCount")->text(), "") << "not the place among other matches";
     EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "No matches"; }));
 }
