@@ -64,6 +64,7 @@ void TextEditor::followEdit(std::size_t offset, std::size_t removed, std::size_t
         m_topOffset = isInFront ? m_topOffset - removed + inserted : offset;
         m_topHidden = isInFront ? m_topHidden : m_topOffset == 0 ? -marginY : 0;
     }
+    m_topPlace = m_topOffset;
     if (m_dropOffset && *m_dropOffset > m_document.text().size()) {
         m_dropOffset.reset();
     }
@@ -103,8 +104,9 @@ void TextEditor::applyStyle() {
     style.quiet = palette().color(QPalette::PlaceholderText);
     m_layout.setStyle(style);
     updateEverything();
+    m_topOffset = m_topPlace;
     m_topHidden = m_topOffset == 0 ? std::min(m_topHidden, 0) : 0;
-    refresh();
+    scrollBy(0); // What is shown now may end further up.
 }
 
 void TextEditor::showMatch(const TextMatch &match) {
@@ -220,10 +222,11 @@ void TextEditor::changeEvent(QEvent *event) {
 void TextEditor::resizeEvent(QResizeEvent *event) {
     QAbstractScrollArea::resizeEvent(event);
     const bool isSameWidth = m_layout.style().width == std::max(1, viewport()->width() - 2 * marginX);
-    if (!isSameWidth) {
+    if (isSameWidth) {
+        scrollBy(0);
+    } else {
         applyStyle();
     }
-    scrollBy(0);
 }
 
 void TextEditor::showEvent(QShowEvent *event) {

@@ -244,6 +244,9 @@ private:
     // The first visible row, by a place in it, and how many of its pixels are above the viewport.
     std::size_t m_topOffset = 0;
     int m_topHidden = -marginY;
+    /// A place in the first visible row, which stays while the width and the letters change: to stay where that row
+    /// begins would lead further up each time.
+    std::size_t m_topPlace = 0;
     int m_lastScrollValue = 0;
     bool m_isSettingScrollBar = false;
     double m_wheelRemainder = 0;

@@ -85,6 +85,9 @@ void TextEditor::showFrom(TextIndex::Place place, int y) {
         y += m_layout.chunk(row.place).height;
     }
     m_topOffset = m_layout.rowBegin(row);
+    if (m_topPlace < m_topOffset || m_topPlace >= m_layout.rowEnd(row)) {
+        m_topPlace = m_topOffset;
+    }
     m_topHidden = y - row.top;
     refresh();
 }

@@ -69,6 +69,62 @@ TEST_F(TextEditorScrollingTest, WhatIsShownStaysWhenTheHeightsAboveAreCorrected)
     EXPECT_EQ(editor.viewport()->grab().toImage(), before);
 }
 
+TEST_F(TextEditorScrollingTest, SmallerLettersLeaveNothingBlankBelowTheEnd) {
+    std::string lines;
+    for (int i = 0; i < 300; ++i) {
+        lines += "line " + std::to_string(i) + " that is wrapped where the letters are large\n";
+    }
+    show(lines);
+    const QFont small = editor.font();
+    QFont large = small;
+    large.setPointSizeF(3 * small.pointSizeF());
+    editor.setFont(large);
+    keys("Ctrl+End");
+    editor.setFont(small);
+    const QRect caret = editor.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    EXPECT_EQ(caret.bottom() + 1, editor.viewport()->height() - 12);
+    EXPECT_EQ(editor.verticalScrollBar()->value(), editor.verticalScrollBar()->maximum());
+}
+
+TEST_F(TextEditorScrollingTest, TheFirstRowStaysInViewWhileTheWidthChanges) {
+    std::string line;
+    for (int i = 0; i < 30000; ++i) {
+        line += std::to_string(i);
+    }
+    show(line);
+    editor.verticalScrollBar()->setValue(editor.verticalScrollBar()->maximum() / 2);
+    const auto first = [this] {
+        QTest::mouseClick(editor.viewport(), Qt::LeftButton, {}, QPoint(1, 5));
+        return document().caret();
+    };
+    const std::size_t before = first();
+    const QSize size = editor.size();
+    for (int narrower = 0; narrower < 200; ++narrower) {
+        editor.resize(size.width() - narrower, size.height());
+        const std::size_t now = first();
+        ASSERT_LE(now, before);
+        ASSERT_LE(before - now, 100) << narrower << " pixels narrower";
+    }
+    editor.resize(size);
+    EXPECT_EQ(first(), before);
+}
+
+TEST_F(TextEditorScrollingTest, TypingInTheFirstRowAfterAChangeOfWidthLeavesItInView) {
+    std::string text;
+    for (int i = 0; i < 60; ++i) {
+        text += "word ";
+    }
+    show(text + std::string(100, '\n'));
+    const QSize size = editor.size();
+    editor.resize(size.width() / 2, size.height());
+    editor.verticalScrollBar()->setValue(12 + QFontMetrics(editor.font()).lineSpacing());
+    editor.resize(size);
+    document().setCaret(5);
+    keys("Return");
+    QTest::mouseClick(editor.viewport(), Qt::LeftButton, {}, QPoint(1, 5));
+    EXPECT_EQ(document().caret(), 0U);
+}
+
 class TextEditorWheelTest : public TextEditorTest {
 protected:
     TextEditorWheelTest() {
