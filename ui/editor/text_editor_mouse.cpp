@@ -200,9 +200,12 @@ void TextEditor::contextMenuEvent(QContextMenuEvent *event) {
     add(tr("Delete"), QKeySequence::UnknownKey, m_document.hasSelection(), &TextEditor::deleteSelection);
     menu->addSeparator();
     add(tr("Select All"), QKeySequence::SelectAll, !text().empty(), &TextEditor::selectAll);
-    const QPoint place = event->reason() == QContextMenuEvent::Mouse
-                             ? event->globalPos()
-                             : viewport()->mapToGlobal(caretRect().bottomLeft());
+    QPoint place = event->globalPos();
+    if (event->reason() != QContextMenuEvent::Mouse) {
+        QPoint caret = caretRect().bottomLeft();
+        caret.setY(std::clamp(caret.y(), 0, viewport()->height() - 1)); // It may be scrolled out of sight.
+        place = viewport()->mapToGlobal(caret);
+    }
     menu->popup(place);
     event->accept();
 }

@@ -243,6 +243,26 @@ TEST_F(TextEditorMouseTest, TheContextMenuOffersWhatCanBeDone) {
     EXPECT_EQ(enabled(), "Undo Redo Paste Select All");
 }
 
+TEST_F(TextEditorMouseTest, TheMenuKeyOpensTheMenuBesideTheTextWhereverTheCaretIs) {
+    std::string lines;
+    for (int i = 0; i < 200; ++i) {
+        lines += std::to_string(i) + "\n";
+    }
+    show(lines);
+    QScrollBar *const bar = editor.verticalScrollBar();
+    for (const char *place : {"Ctrl+Home", "Ctrl+End"}) {
+        keys(place);
+        bar->setValue(bar->maximum() / 2);
+        const int shown = bar->value();
+        QContextMenuEvent open(QContextMenuEvent::Keyboard, QPoint(10, 10), editor.mapToGlobal(QPoint(10, 10)));
+        QApplication::sendEvent(editor.viewport(), &open);
+        auto *const menu = editor.findChild<QMenu *>(QStringLiteral("editorContextMenu"));
+        EXPECT_TRUE(editor.viewport()->rect().contains(editor.viewport()->mapFromGlobal(menu->pos()))) << place;
+        EXPECT_EQ(bar->value(), shown);
+        delete menu;
+    }
+}
+
 TEST_F(TextEditorMouseTest, ARightClickKeepsTheSelectionItIsIn) {
     show("one two three");
     document().select(4, 7);
