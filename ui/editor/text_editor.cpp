@@ -50,7 +50,7 @@ void TextEditor::connectDocument() {
     connect(&m_document, &TextDocument::textReplaced, this,
             [this](std::size_t offset, std::size_t removed, std::size_t inserted) {
                 m_layout.setPreedit({}, 0);
-                m_isSelecting = false;
+                forgetPress();
                 followEdit(offset, removed, inserted);
                 announceChange(offset, inserted);
                 emit countsChanged();

@@ -220,6 +220,8 @@ private:
     // text_editor_mouse.cpp
     [[nodiscard]] bool isInSelection(std::size_t offset) const;
     void extendSelection(QPoint point);
+    /// The button that is held down goes on with nothing.
+    void forgetPress();
     void startDrag();
     /// How far the text is scrolled while something is held over an edge of it; 0 elsewhere.
     [[nodiscard]] int dragScrollDistance() const;

@@ -118,6 +118,12 @@ void TextEditor::extendSelection(QPoint point) {
     }
 }
 
+void TextEditor::forgetPress() {
+    m_isSelecting = false;
+    m_mayDrag = false;
+    m_autoScrollTimer.stop();
+}
+
 void TextEditor::mouseReleaseEvent(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) {
         return;

@@ -263,6 +263,28 @@ TEST_F(TextEditorMouseTest, TheMenuKeyOpensTheMenuBesideTheTextWhereverTheCaretI
     }
 }
 
+TEST_F(TextEditorMouseTest, AnotherTextEndsWhatTheButtonHeldDownBegan) {
+    std::string lines;
+    for (int i = 0; i < 200; ++i) {
+        lines += std::to_string(i) + "\n";
+    }
+    show(lines);
+    const QPoint start = pointOf(2);
+    QTest::mousePress(editor.viewport(), Qt::LeftButton, {}, start);
+    moveWithButton(QPoint(20, 3 * editor.height()));
+    goBackTo(Text("x" + lines));
+    document().setCaret(0);
+    QTest::qWait(100);
+    EXPECT_EQ(selected(), "") << "no scrolling and selecting goes on";
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, start);
+    document().select(0, 3);
+    QTest::mousePress(editor.viewport(), Qt::LeftButton, {}, pointOf(2));
+    goBackTo(Text(lines));
+    document().setCaret(0);
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(4));
+    EXPECT_EQ(document().caret(), 0U);
+}
+
 TEST_F(TextEditorMouseTest, ARightClickKeepsTheSelectionItIsIn) {
     show("one two three");
     document().select(4, 7);
