@@ -29,6 +29,8 @@ TextEditor::TextEditor(QWidget *parent) : QAbstractScrollArea(parent), m_layout(
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setAutoFillBackground(true);
     viewport()->setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true); // The scroll bar stands beside the viewport.
+    setBackgroundRole(QPalette::Base);
     verticalScrollBar()->setAttribute(Qt::WA_InputMethodEnabled, false);
     connect(verticalScrollBar(), &QScrollBar::sliderReleased, this, &TextEditor::updateScrollBar);
     connect(QGuiApplication::styleHints(), &QStyleHints::cursorFlashTimeChanged, this, &TextEditor::restartBlinking);

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 
 #include <algorithm>
@@ -342,6 +343,20 @@ TEST_F(Layout, TheIconsOfTheSearchFieldStandWithinItsEnds) {
     search->clear();
     search->setFocus();
     EXPECT_NEAR(search->inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x(), 35, 1) << "the text";
+}
+
+TEST_F(Layout, TheScrollBarOfTheEditorStandsOnTheSurfaceOfTheText) {
+    setText(std::string(500, '\n'));
+    const QScrollBar *bar = find<QAbstractScrollArea>("editor")->verticalScrollBar();
+    ASSERT_TRUE(bar->isVisible());
+    const QPoint belowTheThumb = bar->mapTo(&window(), bar->rect().center() + QPoint(0, bar->height() / 4));
+    const QPalette before = QApplication::palette();
+    for (const Theme *colours : {&darkTheme(), &lightTheme()}) {
+        QApplication::setPalette(paletteOf(*colours));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window().grab().toImage().pixelColor(belowTheThumb), colours->view);
+    }
+    QApplication::setPalette(before);
 }
 
 TEST_F(Layout, BeneathASheetTheTextKeepsItsColours) {
