@@ -146,8 +146,21 @@ def drag_within(program, text):
     drag(begin, end)
     wait_for(lambda: text.getText(0, -1) == "two one three", "the word where it was dropped")
     assert tuple(text.getSelection(0)) == (0, 4)
+    drag(point_of(text, 1), point_of(text, 2))
+    assert text.getText(0, -1) == "two one three", "dropped where it came from"
     program.keys("ctrl+z")
     wait_for(lambda: text.getText(0, -1) == "one two three", "one undo for the whole move")
+
+
+def drag_into_field(program, text):
+    import pyatspi
+    search = program.find(name="Search transformations")
+    extents = search.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    text.setSelection(0, 4, 7) or text.addSelection(4, 7)
+    wait_for(lambda: text.getNSelections() == 1 and tuple(text.getSelection(0)) == (4, 7), "the selected word")
+    drag(point_of(text, 5), (extents.x + extents.width // 2, extents.y + extents.height // 2))
+    wait_for(lambda: search.queryText().getText(0, -1) == "two", "the word to look for")
+    assert text.getText(0, -1) == "one two three", "the word where it was, too"
 
 
 def drag_between(program, text, second):
@@ -183,6 +196,8 @@ def main(executable):
         exchange_by_clipboard(program, text)
         exchange_by_primary_selection(program, text)
         drag_within(program, text)
+        drag_into_field(program, text)
+        take_keyboard(program, editor)
         with SecondProgram(executable) as second:
             # Both windows are alike, so a letter stands at the same place in each.
             second.letter = point_of(text, 1)

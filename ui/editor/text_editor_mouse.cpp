@@ -264,10 +264,10 @@ void TextEditor::startDrag() {
     drag->setMimeData(selectionToGive());
     m_isDragging = true;
     const Qt::DropAction action = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
-    // A move within the editor was carried out by the drop.
-    const bool leftForElsewhere = action == Qt::MoveAction && drag->target() != this && drag->target() != viewport();
     m_isDragging = false;
-    if (leftForElsewhere) {
+    // A move within the editor was carried out by the drop, and a field of the window looks for what it is given: the
+    // text does not go for that. Other programs are no target.
+    if (action == Qt::MoveAction && drag->target() == nullptr) {
         deleteSelection();
     }
 }
