@@ -174,6 +174,38 @@ TEST_F(TextEditorPaintingTest, TheCaretBlinksAtTheSpeedOfTheSystem) {
     EXPECT_EQ(screen(), shown);
 }
 
+TEST_F(TextEditorPaintingTest, WhatIsComposedIsUnderlined) {
+    show("abc");
+    keys("Ctrl+End");
+    paintWhatIsAskedFor();
+    const QImage typed = screen();
+    show("a");
+    keys("Ctrl+End");
+    QInputMethodEvent composing(QStringLiteral("bc"), {});
+    QApplication::sendEvent(&editor, &composing);
+    paintWhatIsAskedFor();
+    EXPECT_NE(screen(), typed);
+    QInputMethodEvent settled;
+    settled.setCommitString(QStringLiteral("bc"));
+    QApplication::sendEvent(&editor, &settled);
+    paintWhatIsAskedFor();
+    EXPECT_EQ(screen(), typed);
+}
+
+TEST_F(TextEditorPaintingTest, ASelectedLineBreakIsSeenWhereTheLineEnds) {
+    const auto colourBeside = [this](const char *line, std::size_t offset, int distance) {
+        show(line);
+        const QPoint point = pointOf(offset);
+        editor.selectAll();
+        paintWhatIsAskedFor();
+        return screen().pixelColor(editor.viewport()->mapTo(&editor, point + QPoint(distance, 0)));
+    };
+    const QColor selected = editor.palette().color(QPalette::Highlight);
+    EXPECT_EQ(colourBeside("abc\n", 3, 3), selected);
+    EXPECT_EQ(colourBeside("שלום\n", 8, -3), selected);
+    EXPECT_NE(colourBeside("abc", 3, 3), selected);
+}
+
 TEST_F(TextEditorPaintingTest, ControlsUnusualSpacesAndLineBreaksCanBeSeen) {
     editor.setFocus();
     const auto pictureOf = [this](const char *line) {

@@ -27,6 +27,10 @@ TEST_F(TextEditorScrollingTest, ScrollsToTheVeryEndAndBack) {
     EXPECT_EQ(caret.bottom() + 1, editor.viewport()->height() - 12);
     bar->setValue(0);
     EXPECT_EQ(pointOf(0).y() < 40, true);
+    keys("Ctrl+End");
+    keys("Ctrl+Home");
+    EXPECT_EQ(bar->value(), 0);
+    EXPECT_EQ(editor.inputMethodQuery(Qt::ImCursorRectangle).toRect().top(), 12);
 }
 
 TEST_F(TextEditorScrollingTest, TheThumbFollowsTheHandWhileItIsDragged) {
@@ -123,6 +127,20 @@ TEST_F(TextEditorScrollingTest, TypingInTheFirstRowAfterAChangeOfWidthLeavesItIn
     keys("Return");
     QTest::mouseClick(editor.viewport(), Qt::LeftButton, {}, QPoint(1, 5));
     EXPECT_EQ(document().caret(), 0U);
+}
+
+TEST_F(TextEditorScrollingTest, WhatIsShownStaysWhenTheTextInFrontChanges) {
+    std::string lines;
+    for (int i = 0; i < 3000; ++i) {
+        lines += "line " + std::to_string(i) + "\n";
+    }
+    show(lines);
+    editor.verticalScrollBar()->setValue(editor.verticalScrollBar()->maximum() / 2);
+    const QImage before = editor.viewport()->grab().toImage();
+    show("one line more\n" + lines);
+    EXPECT_EQ(editor.viewport()->grab().toImage(), before);
+    show(lines.substr(lines.find("line 9\n")));
+    EXPECT_EQ(editor.viewport()->grab().toImage(), before);
 }
 
 class TextEditorWheelTest : public TextEditorTest {

@@ -105,6 +105,17 @@ TEST_F(TextEditorTest, KeepsTheWantedColumnWhenMovingOverAShortLine) {
     EXPECT_EQ(document().caretPlace(), (TextDocument::LineAndColumn{3, 12}));
 }
 
+TEST_F(TextEditorTest, UpInTheFirstRowAndDownInTheLastGoToTheEndsOfTheText) {
+    show("one two\nthree");
+    document().setCaret(3);
+    keys("Up");
+    EXPECT_EQ(document().caret(), 0U);
+    document().setCaret(10);
+    keys("Shift+Down");
+    EXPECT_EQ(document().anchor(), 10U);
+    EXPECT_EQ(document().caret(), 13U);
+}
+
 TEST_F(TextEditorTest, MovesFromRowToRowWhereverARowBegins) {
     std::string rightToLeft;
     std::string mixed;
