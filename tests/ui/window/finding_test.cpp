@@ -114,6 +114,11 @@ TEST_F(Finding, FindStartsWithWhatIsSelectedOnOneLine) {
     choose("selectAll");
     choose("Find");
     EXPECT_EQ(find<QLineEdit>("find")->text(), before) << "not several lines";
+    setText(std::string(300, 'x'));
+    focusEditor();
+    choose("selectAll");
+    choose("Find");
+    EXPECT_EQ(find<QLineEdit>("find")->text(), before) << "not more than anybody looks for";
 }
 
 } // namespace
