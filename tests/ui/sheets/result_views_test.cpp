@@ -408,6 +408,17 @@ TEST_F(ResultViewsTest, TheScaleHasABandForEachLevel) {
         EXPECT_EQ(ReadabilityScale::bandOf(score), band) << score;
 }
 
+TEST_F(ResultViewsTest, TheScaleMarksABandOnlyWhereThereIsAScore) {
+    const auto colourOfTheLowestBand = [this](std::string_view text) {
+        auto *scale = open(3, text)->findChild<ReadabilityScale *>();
+        const QColor colour = scale->grab().toImage().pixelColor(30, scale->height() / 2);
+        press(Qt::Key_Escape);
+        return colour;
+    };
+    EXPECT_EQ(colourOfTheLowestBand(""), theme().track);
+    EXPECT_EQ(colourOfTheLowestBand("incomprehensibilities"), theme().accent);
+}
+
 TEST_F(ResultViewsTest, TheScaleMarksTheBandOfTheToolsLevelAtEveryScore) {
     const char *const levels[] = {"Very Difficult", "Difficult", "Fairly Difficult", "Standard",
                                   "Fairly Easy",    "Easy",      "Very Easy"};
