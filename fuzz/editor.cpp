@@ -111,21 +111,20 @@ private:
         (void)m_document.replace(m_document.caret(), 0, text);
     }
 
-    /// Every match holds what was sought when case matters, and is found from both sides.
+    /// Every match holds what was sought, and is found from both sides.
     void find() {
         const std::string needle = wellFormed(m_input.field());
-        const TextSearch search{.isCaseSensitive = m_input.below(2) == 1};
-        const auto found = findForward(m_document.text(), needle, m_document.caret(), search);
+        const auto found = findForward(m_document.text(), needle, m_document.caret());
         if (!found) {
             return;
         }
         require(found->offset >= m_document.caret() && found->offset + found->length <= m_plain.size(),
                 "a match lies where it was sought");
-        require(!search.isCaseSensitive || m_plain.compare(found->offset, found->length, needle) == 0,
-                "a match is what was sought");
-        const auto back = findBackward(m_document.text(), needle, found->offset + found->length, search);
+        const QString match = toQString(std::string_view(m_plain).substr(found->offset, found->length));
+        require(match.compare(toQString(needle), Qt::CaseInsensitive) == 0, "a match is what was sought");
+        const auto back = findBackward(m_document.text(), needle, found->offset + found->length);
         require(back && back->offset >= found->offset, "a match is found from behind as well");
-        require(countMatches(m_document.text(), needle, search) > 0, "a match counts");
+        require(countMatches(m_document.text(), needle) > 0, "a match counts");
         m_document.select(found->offset, found->offset + found->length);
     }
 

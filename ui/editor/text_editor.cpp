@@ -119,10 +119,10 @@ void TextEditor::showMatch(const TextMatch &match) {
     ensureCaretVisible();
 }
 
-bool TextEditor::findNext(std::string_view needle, TextSearch options) {
-    auto match = findForward(text(), needle, m_document.selectionEnd(), options);
+bool TextEditor::findNext(std::string_view needle) {
+    auto match = findForward(text(), needle, m_document.selectionEnd());
     if (!match) {
-        match = findForward(text(), needle, 0, options);
+        match = findForward(text(), needle, 0);
     }
     if (match) {
         showMatch(*match);
@@ -130,10 +130,10 @@ bool TextEditor::findNext(std::string_view needle, TextSearch options) {
     return match.has_value();
 }
 
-bool TextEditor::findPrevious(std::string_view needle, TextSearch options) {
-    auto match = findBackward(text(), needle, m_document.selectionStart(), options);
+bool TextEditor::findPrevious(std::string_view needle) {
+    auto match = findBackward(text(), needle, m_document.selectionStart());
     if (!match) {
-        match = findBackward(text(), needle, text().size(), options);
+        match = findBackward(text(), needle, text().size());
     }
     if (match) {
         showMatch(*match);

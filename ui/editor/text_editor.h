@@ -58,8 +58,8 @@ public:
     void ensureCaretVisible();
     /// Selects the next or previous match behind or before the selection, around the end if need be, and scrolls to it.
     /// False when there is none.
-    bool findNext(std::string_view needle, TextSearch options = {});
-    bool findPrevious(std::string_view needle, TextSearch options = {});
+    bool findNext(std::string_view needle);
+    bool findPrevious(std::string_view needle);
 
     [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 

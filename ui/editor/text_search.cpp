@@ -4,7 +4,6 @@
 // The text is read in windows that overlap by the length of the longest possible match, so that it is never joined.
 #include "ui/editor/text_search.h"
 
-#include "engine/primitives/byte_search.h"
 #include "engine/primitives/utf8.h"
 #include "ui/editor/text_boundaries.h"
 
@@ -46,38 +45,29 @@ std::vector<char32_t> unfolded(char32_t folded) {
 
 /// Finds the needle in runs of bytes.
 ///
-/// Where case is folded, few code points can begin a match. In most scripts their letters share the first bytes, so it
-/// is their last bytes that are looked for; what else they end is decoded in vain.
+/// Few code points can begin a match. In most scripts their letters share the first bytes, so it is their last bytes
+/// that are looked for; what else they end is decoded in vain.
 class Finder {
 public:
-    Finder(std::string_view needle, TextSearch search) : m_needle(needle), m_isExact(search.isCaseSensitive) {
+    /// The needle is not empty.
+    explicit Finder(std::string_view needle) {
         for (const char *position = needle.data(); position != needle.data() + needle.size();) {
             const DecodedCodePoint decoded = decode(position, needle.data() + needle.size());
             m_folded.push_back(QChar::toCaseFolded(decoded.value));
             position += decoded.length;
         }
-        if (!m_isExact && !m_folded.empty()) {
-            for (const char32_t codePoint : unfolded(m_folded.front())) {
-                std::array<char, 4> bytes{};
-                const char *const end = encode(codePoint, bytes.data());
-                m_endsFirst[static_cast<unsigned char>(end[-1])] = true;
-            }
+        for (const char32_t codePoint : unfolded(m_folded.front())) {
+            std::array<char, 4> bytes{};
+            const char *const end = encode(codePoint, bytes.data());
+            m_endsFirst[static_cast<unsigned char>(end[-1])] = true;
         }
     }
 
-    [[nodiscard]] bool isEmpty() const { return m_needle.empty(); }
     /// No match is longer than this.
-    [[nodiscard]] std::size_t longestMatch() const { return m_isExact ? m_needle.size() : 4 * m_folded.size(); }
+    [[nodiscard]] std::size_t longestMatch() const { return 4 * m_folded.size(); }
 
     /// The first match that begins at or behind `from`, which lies between code points.
     [[nodiscard]] std::optional<TextMatch> find(std::string_view bytes, std::size_t from) const {
-        if (m_isExact) {
-            const std::size_t found = findBytes(bytes.substr(from), m_needle);
-            if (found == std::string_view::npos) {
-                return {};
-            }
-            return TextMatch{from + found, m_needle.size()};
-        }
         const char *const end = bytes.data() + bytes.size();
         const auto endsFirst = [this](char byte) { return m_endsFirst[static_cast<unsigned char>(byte)]; };
         for (const char *last = bytes.data() + from; (last = std::find_if(last, end, endsFirst)) != end; ++last) {
@@ -115,10 +105,8 @@ private:
         return static_cast<std::size_t>(position - begin);
     }
 
-    std::string_view m_needle;
-    std::vector<char32_t> m_folded;
+    std::vector<char32_t> m_folded;      ///< The needle's code points.
     std::array<bool, 256> m_endsFirst{}; ///< Of each byte: whether it ends a code point that can begin a match.
-    bool m_isExact;
 };
 
 /// Calls `visit(TextMatch)` with the matches within the range in order until it says false. Matches may overlap only
@@ -152,10 +140,10 @@ void forEachMatch(const Text &text, const Finder &finder, std::size_t from, std:
 
 } // namespace
 
-std::optional<TextMatch> findForward(const Text &text, std::string_view needle, std::size_t from, TextSearch search) {
+std::optional<TextMatch> findForward(const Text &text, std::string_view needle, std::size_t from) {
     std::optional<TextMatch> first;
     if (!needle.empty()) {
-        forEachMatch(text, Finder(needle, search), from, text.size(), true, [&first](TextMatch match) {
+        forEachMatch(text, Finder(needle), from, text.size(), true, [&first](TextMatch match) {
             first = match;
             return false;
         });
@@ -163,12 +151,12 @@ std::optional<TextMatch> findForward(const Text &text, std::string_view needle, 
     return first;
 }
 
-std::optional<TextMatch> findBackward(const Text &text, std::string_view needle, std::size_t to, TextSearch search) {
+std::optional<TextMatch> findBackward(const Text &text, std::string_view needle, std::size_t to) {
     std::optional<TextMatch> last;
     if (needle.empty()) {
         return last;
     }
-    const Finder finder(needle, search);
+    const Finder finder(needle);
     to = std::min(to, text.size());
     for (std::size_t windowEnd = to; windowEnd > 0 && !last;) {
         const std::size_t windowBegin = windowEnd - std::min(windowEnd, windowBytes);
@@ -183,10 +171,10 @@ std::optional<TextMatch> findBackward(const Text &text, std::string_view needle,
     return last;
 }
 
-std::size_t countMatches(const Text &text, std::string_view needle, TextSearch search) {
+std::size_t countMatches(const Text &text, std::string_view needle) {
     std::size_t count = 0;
     if (!needle.empty()) {
-        forEachMatch(text, Finder(needle, search), 0, text.size(), false, [&count](TextMatch) {
+        forEachMatch(text, Finder(needle), 0, text.size(), false, [&count](TextMatch) {
             ++count;
             return true;
         });

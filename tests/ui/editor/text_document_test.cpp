@@ -379,7 +379,6 @@ TEST(TextSearch, FindsForwardBackwardAndCounts) {
     Text text(std::string_view("Abc abc ÀBC àbc aaaa"));
     EXPECT_EQ(findForward(text, "abc", 0), (TextMatch{0, 3}));
     EXPECT_EQ(findForward(text, "abc", 1), (TextMatch{4, 3}));
-    EXPECT_EQ(findForward(text, "abc", 0, {.isCaseSensitive = true}), (TextMatch{4, 3}));
     EXPECT_EQ(findForward(text, "àbc", 0), (TextMatch{8, 4}));
     EXPECT_EQ(findBackward(text, "ABC", text.size()), (TextMatch{4, 3}));
     EXPECT_EQ(findBackward(text, "aa", text.size()), (TextMatch{20, 2}));
@@ -453,7 +452,6 @@ TEST(TextSearch, FindsAcrossTheSeamsOfALargeEditedText) {
         ++expected;
     }
     EXPECT_EQ(countMatches(text, "nÉeDL"), expected);
-    EXPECT_EQ(countMatches(text, "Néedl", {.isCaseSensitive = true}), expected);
 }
 
 } // namespace
