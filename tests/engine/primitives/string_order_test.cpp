@@ -191,6 +191,43 @@ TEST(StringOrder, EqualsAStandardSortOfTheComposedForms) {
     }
 }
 
+TEST(StringOrder, IsThatOfTheComposedFormsWithThousandsOfMarksInAnyOrder) {
+    // One that becomes two, two that look like no marks but become some, and letters that end the marks.
+    static const char *const marks[] = {"\u0301", "\u0323", "\u0327", "\u0345", "\u0344", "\u0F71",
+                                        "\u0F73", "\u20DD", "\u3099", "e",      "\u0430"};
+    std::mt19937 random(1);
+    for (const std::size_t kinds : {4U, 5U, 11U}) {
+        std::vector<std::string> texts(12, "a");
+        for (std::string &text : texts) {
+            for (std::size_t left = 500 + random() % 1000; left > 0; --left) {
+                text += marks[random() % kinds];
+            }
+        }
+        // The same marks in an order of their own: a class has an order to keep, but two do not.
+        std::string apart = "a";
+        for (const char *mark : {"\u0327", "\u0323", "\u0301"}) {
+            for (int left = 700; left > 0; --left) {
+                apart += mark;
+            }
+        }
+        std::string mixed = "a";
+        for (int left = 700; left > 0; --left) {
+            mixed += "\u0301\u0323\u0327";
+        }
+        texts.insert(texts.end(), {mixed, apart, mixed});
+        expectSorted(texts);
+    }
+}
+
+TEST(StringOrder, PutsAMillionMarksInOrder) {
+    std::string text = "a";
+    for (int left = 500'000; left > 0; --left) {
+        text += "\u0301\u0323"; // to move each past all before it would take an hour
+    }
+    const Strings strings = {text, "a", text};
+    EXPECT_EQ(placesOf(strings), (Places{1, 0, 2}));
+}
+
 TEST(StringOrder, SortsManyStringsWithALongCommonBeginning) {
     std::mt19937 random(1);
     std::vector<std::string> texts(10'000, std::string(100, 'x'));
