@@ -227,6 +227,19 @@ TEST(Wrapping, EndsLinesAtEveryPlaceOfWhatIsCopiedAtOnce) {
     }
 }
 
+TEST(Wrapping, MakesASpaceOfATabWhereverItStandsBehindALongStretchWithoutAny) {
+    constexpr std::size_t searchedAtOnce = 16'384;
+    for (std::size_t place = searchedAtOnce - 70; place < searchedAtOnce + 140; ++place) {
+        std::string text(place % 3, 'x');
+        while (text.size() < place) {
+            text += "\u0436 ";
+        }
+        text.back() = '\t';
+        text += "\u0436 \u0436 \u0436";
+        expectFilledWordByWord(text, 20);
+    }
+}
+
 TEST(Wrapping, EndsNarrowLinesAtEveryPlaceOfABlock) {
     for (std::size_t before = 0; before < 70; ++before) {
         for (const std::size_t run : {1U, 2U, 3U, 5U, 12U, 13U, 30U, 61U, 62U, 63U, 64U, 65U, 66U, 130U}) {
