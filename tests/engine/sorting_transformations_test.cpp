@@ -228,6 +228,26 @@ TEST(SortLines, EqualsASortOfAllLinesOfALargeText) {
     }
 }
 
+TEST(SortLines, ComparesTheComposedFormsInALargeTextOfShortLinesToo) {
+    // "e" and an accent come behind "z" when they are composed.
+    std::string text;
+    std::string letters;
+    std::string accented;
+    for (int i = 0; i < 200'000; ++i) {
+        text += "ze\u0301\nzz\n";
+        letters += "zz\n";
+        accented += "ze\u0301\n";
+    }
+    text.pop_back();
+    const std::string ascending = letters + accented;
+    const std::string descending = accented + letters;
+    const Catalog catalog = makeCatalog();
+    EXPECT_TRUE(findTransformation(catalog, "sort-lines")->apply(text, {}) ==
+                std::string_view(ascending).substr(0, ascending.size() - 1));
+    EXPECT_TRUE(findTransformation(catalog, "sort-lines-reverse")->apply(text, {}) ==
+                std::string_view(descending).substr(0, descending.size() - 1));
+}
+
 TEST(SortLinesByLength, TakesAsciiAndOtherTextsAlike) {
     std::mt19937 random(1);
     const TransformationPointer sorting = findTransformation(makeCatalog(), "sort-lines-length");
