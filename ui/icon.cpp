@@ -50,10 +50,11 @@ QPixmap drawStencil(QAnyStringView name, int size, qreal devicePixelRatio) {
     QPixmap drawing = emptyCanvas(side * times, devicePixelRatio * times);
     QPainter painter(&drawing);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (hasSymbol(name))
+    if (hasSymbol(name)) {
         QSvgRenderer(symbolFile(name)).render(&painter, QRectF(0, 0, size, size));
-    else
+    } else {
         drawUnknownSymbol(painter, size);
+    }
     painter.end();
     if (times > 1) {
         drawing = drawing.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
@@ -119,15 +120,17 @@ private:
 bool hasSymbol(QAnyStringView name) { return QFile::exists(symbolFile(name)); }
 
 QPixmap symbolPixmap(QAnyStringView name, int size, const QColor &colour, qreal devicePixelRatio) {
-    if (size <= 0)
+    if (size <= 0) {
         return {};
+    }
     return cached(cacheKey(name, colour.name(QColor::HexArgb), size, devicePixelRatio),
                   [&] { return drawSymbol(name, size, colour, devicePixelRatio); });
 }
 
 QPixmap favoriteStarPixmap(int size, const QColor &fill, const QColor &edge, qreal devicePixelRatio) {
-    if (size <= 0)
+    if (size <= 0) {
         return {};
+    }
     const auto draw = [&] {
         QPixmap star = drawSymbol(u"star.fill", size, fill, devicePixelRatio);
         QPainter(&star).drawPixmap(0, 0, drawSymbol(u"star", size, edge, devicePixelRatio));

@@ -60,8 +60,9 @@ int main(int argc, char *argv[]) {
 
     QStringList names;
     (void)hasSymbol(u"star"); // The resource is there once the library has been asked for something.
-    for (const QString &file : QDir(QStringLiteral(":/symbols")).entryList())
+    for (const QString &file : QDir(QStringLiteral(":/symbols")).entryList()) {
         names << file.chopped(4);
+    }
     names << QStringLiteral("favorite") << QStringLiteral("no.such.symbol");
     names.removeIf([&](const QString &name) { return !matches(name, arguments.mid(3)); });
 

@@ -36,8 +36,9 @@ const char *const namedByViews[] = {
 
 QSet<QString> namesInUse() {
     QSet<QString> names(std::begin(namedByViews), std::end(namedByViews));
-    for (const TransformationPointer &transformation : makeCatalog())
+    for (const TransformationPointer &transformation : makeCatalog()) {
         names.insert(QString::fromStdString(transformation->icon()));
+    }
     for (const TransformationCategory category : allTransformationCategories) {
         const std::string_view name = icon(category);
         names.insert(QString::fromUtf8(name.data(), qsizetype(name.size())));
@@ -48,8 +49,9 @@ QSet<QString> namesInUse() {
 QStringList drawnNames() {
     EXPECT_TRUE(hasSymbol(u"star"));
     QStringList names;
-    for (const QString &file : QDir(QStringLiteral(":/symbols")).entryList())
+    for (const QString &file : QDir(QStringLiteral(":/symbols")).entryList()) {
         names << file.chopped(4);
+    }
     return names;
 }
 
@@ -60,8 +62,9 @@ QRect inkOf(const QImage &image, int leastAlpha = 1) {
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) >= leastAlpha)
+            if (qAlpha(image.pixel(x, y)) >= leastAlpha) {
                 ink |= QRect(x, y, 1, 1);
+            }
         }
     }
     return ink;
@@ -73,14 +76,16 @@ protected:
 };
 
 TEST_F(EverySymbol, ThatTheProgramNamesIsDrawn) {
-    for (const QString &name : namesInUse())
+    for (const QString &name : namesInUse()) {
         EXPECT_TRUE(hasSymbol(name)) << qPrintable(name);
+    }
 }
 
 TEST_F(EverySymbol, ThatIsDrawnIsNamedSomewhere) {
     const QSet<QString> used = namesInUse();
-    for (const QString &name : names)
+    for (const QString &name : names) {
         EXPECT_TRUE(used.contains(name)) << qPrintable(name);
+    }
 }
 
 TEST_F(EverySymbol, IsWellFormedAndOnTheGrid) {
@@ -105,8 +110,9 @@ TEST_F(EverySymbol, KeepsToOneColourOneStrokeAndPlainShapes) {
         ASSERT_TRUE(file.open(QFile::ReadOnly));
         QXmlStreamReader xml(&file);
         while (!xml.atEnd()) {
-            if (xml.readNext() != QXmlStreamReader::StartElement)
+            if (xml.readNext() != QXmlStreamReader::StartElement) {
                 continue;
+            }
             EXPECT_TRUE(shapes.contains(xml.name().toString())) << qPrintable(xml.name().toString());
             for (const QXmlStreamAttribute &attribute : xml.attributes()) {
                 const QString key = attribute.name().toString();
@@ -161,15 +167,17 @@ TEST_F(EverySymbol, HasAsMuchInkWhenItIsSmall) {
         const QImage image = symbolPixmap(name, size, Qt::black, 1).toImage();
         qreal sum = 0;
         for (int y = 0; y < size; ++y) {
-            for (int x = 0; x < size; ++x)
+            for (int x = 0; x < size; ++x) {
                 sum += qAlpha(image.pixel(x, y)) / 255.0;
+            }
         }
         return sum / (size * size);
     };
     for (const QString &name : names) {
         const qreal whole = inkAmount(name, 240);
-        for (const int size : {12, 14, 16, 18, 20})
+        for (const int size : {12, 14, 16, 18, 20}) {
             EXPECT_NEAR(inkAmount(name, size) / whole, 1, 0.06) << qPrintable(name) << " at " << size;
+        }
     }
 }
 
@@ -215,8 +223,9 @@ TEST(SymbolPixmap, ShowsNoOverlapsInATranslucentColour) {
     const QImage image = symbolPixmap(u"number", 240, QColor(0, 0, 0, 128), 1).toImage();
     int most = 0;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
+        for (int x = 0; x < image.width(); ++x) {
             most = qMax(most, qAlpha(image.pixel(x, y)));
+        }
     }
     EXPECT_EQ(most, 128);
 }
@@ -263,8 +272,9 @@ TEST(FavoriteStar, IsFilledWithOneColourAndOutlinedWithTheOther) {
     const QImage image = favoriteStarPixmap(48, Qt::yellow, Qt::darkRed, 1).toImage();
     EXPECT_EQ(image.pixelColor(24, 26), QColor(Qt::yellow));
     bool hasEdge = false;
-    for (int y = 0; y < 24 && !hasEdge; ++y)
+    for (int y = 0; y < 24 && !hasEdge; ++y) {
         hasEdge = image.pixelColor(24, y) == QColor(Qt::darkRed);
+    }
     EXPECT_TRUE(hasEdge);
     EXPECT_EQ(qAlpha(image.pixel(1, 1)), 0);
 }
@@ -298,14 +308,16 @@ TEST(ApplicationIcon, IsAnAccentSquareWithFourWhiteLinesAndABite) {
     EXPECT_EQ(qAlpha(image.pixel(104, 24)), 0);   // bitten off
     EXPECT_EQ(qAlpha(image.pixel(24, 104)), 255); // the opposite corner is whole
     int lines = 0;
-    for (int y = 1; y < 128; ++y)
+    for (int y = 1; y < 128; ++y) {
         lines += image.pixelColor(40, y) == QColor(Qt::white) && image.pixelColor(40, y - 1) != QColor(Qt::white);
+    }
     EXPECT_EQ(lines, 4);
 }
 
 TEST(ApplicationIcon, ComesInEverySizeOfADesktop) {
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
         EXPECT_EQ(applicationIcon().actualSize(QSize(size, size)), QSize(size, size));
+    }
 }
 
 } // namespace

@@ -20,8 +20,9 @@ void drawOpaque(QPainter &painter, const QRectF &rect, int number, const QColor 
     const QFontMetricsF letters(font);
     const double room = qMin(rect.width(), rect.height()) - 4;
     const double needed = qMax(letters.horizontalAdvance(digits), letters.capHeight() * 4 / 3);
-    if (needed > room)
+    if (needed > room) {
         font.setPointSizeF(qMax(1.0, font.pointSizeF() * room / needed));
+    }
     painter.setFont(font);
     painter.setPen(theme().onAccent);
     painter.drawText(rect, Qt::AlignCenter, digits);

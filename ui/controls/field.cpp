@@ -40,14 +40,16 @@ bool Field::event(QEvent *event) {
 void Field::changeEvent(QEvent *event) {
     QLineEdit::changeEvent(event);
     // Of a new palette of the application only windows are told; what they contain gets theirs.
-    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange) {
         colourText();
+    }
 }
 
 void Field::paintEvent(QPaintEvent *event) {
     QLineEdit::paintEvent(event);
-    if (!m_showsCaret || isReadOnly())
+    if (!m_showsCaret || isReadOnly()) {
         return;
+    }
     // The toolkit's rectangle leaves room on both sides of the caret.
     const QRect room = cursorRect();
     QRect caret(0, 0, metrics::caretWidth, fontMetrics().height());
@@ -79,8 +81,9 @@ void Field::restartBlinking() {
     m_showsCaret = hasFocus();
     m_blinking.stop();
     const int flashTime = QGuiApplication::styleHints()->cursorFlashTime();
-    if (hasFocus() && flashTime >= 2)
+    if (hasFocus() && flashTime >= 2) {
         m_blinking.start(flashTime / 2, this);
+    }
     update();
 }
 

@@ -21,17 +21,20 @@ void setFocusShape(QWidget &widget, FocusShape shape) { widget.setProperty(shape
 
 FocusShape focusShape(const QWidget &widget) {
     const QVariant shape = widget.property(shapeProperty);
-    if (shape.isValid())
+    if (shape.isValid()) {
         return shape.value<FocusShape>();
+    }
     const bool isButton = qobject_cast<const QAbstractButton *>(&widget) != nullptr;
-    if (isButton || qobject_cast<const QSlider *>(&widget) != nullptr)
+    if (isButton || qobject_cast<const QSlider *>(&widget) != nullptr) {
         return {.placement = FocusShape::Placement::outside};
+    }
     return {};
 }
 
 void FocusRing::install(QApplication &application) {
-    if (application.findChild<FocusRing *>(QString(), Qt::FindDirectChildrenOnly) == nullptr)
+    if (application.findChild<FocusRing *>(QString(), Qt::FindDirectChildrenOnly) == nullptr) {
         new FocusRing(application);
+    }
 }
 
 FocusRing::FocusRing(QApplication &application) : QObject(&application) { application.installEventFilter(this); }
@@ -47,12 +50,14 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event) {
         m_isKeyboardInUse = false;
         break;
     case QEvent::FocusIn:
-        if (auto *widget = qobject_cast<QWidget *>(watched))
+        if (auto *widget = qobject_cast<QWidget *>(watched)) {
             receive(*widget, static_cast<QFocusEvent *>(event)->reason());
+        }
         break;
     case QEvent::FocusOut:
-        if (m_frame != nullptr && m_frame->widget() == watched)
+        if (m_frame != nullptr && m_frame->widget() == watched) {
             moveTo(nullptr);
+        }
         break;
     default:
         break;
@@ -78,10 +83,12 @@ void FocusRing::receive(QWidget &widget, Qt::FocusReason reason) {
 
 void FocusRing::moveTo(QWidget *widget) {
     const bool isShown = widget != nullptr && focusShape(*widget).placement != FocusShape::Placement::none;
-    if (isShown && m_frame == nullptr)
+    if (isShown && m_frame == nullptr) {
         m_frame = new FocusRingFrame(*widget);
-    if (m_frame != nullptr)
+    }
+    if (m_frame != nullptr) {
         m_frame->follow(isShown ? widget : nullptr);
+    }
 }
 
 } // namespace lexivore

@@ -21,8 +21,9 @@ QWidget *groundUnder(const QWidget &widget) {
     QWidget *ground = widget.parentWidget();
     while (ground != nullptr && !ground->isWindow()) {
         const auto *area = qobject_cast<QAbstractScrollArea *>(ground->parentWidget());
-        if (area != nullptr && area->viewport() == ground)
+        if (area != nullptr && area->viewport() == ground) {
             break;
+        }
         ground = ground->parentWidget();
     }
     return ground;
@@ -44,8 +45,9 @@ void FocusRingFrame::follow(QWidget *widget) {
     m_widget = widget;
     hide();
     QWidget *ground = widget != nullptr ? groundUnder(*widget) : nullptr;
-    if (ground == nullptr)
+    if (ground == nullptr) {
         return;
+    }
     setParent(ground);
     watch(true);
     place();
@@ -53,8 +55,9 @@ void FocusRingFrame::follow(QWidget *widget) {
 
 void FocusRingFrame::watch(bool isWatching) {
     for (const QPointer<QWidget> &watched : std::as_const(m_watched)) {
-        if (watched != nullptr)
+        if (watched != nullptr) {
             watched->removeEventFilter(this);
+        }
     }
     m_watched.clear();
     for (QWidget *next = m_widget; isWatching && next != nullptr && next != parentWidget();
@@ -80,8 +83,9 @@ bool FocusRingFrame::eventFilter(QObject *watched, QEvent *event) {
     case QEvent::Resize:
     case QEvent::Show:
     case QEvent::Hide:
-        if (m_widget != nullptr)
+        if (m_widget != nullptr) {
             place();
+        }
         break;
     default:
         break;
@@ -91,16 +95,18 @@ bool FocusRingFrame::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void FocusRingFrame::paintEvent(QPaintEvent *) {
-    if (m_widget == nullptr)
+    if (m_widget == nullptr) {
         return;
+    }
     QPainter painter(this);
     const FocusShape shape = focusShape(*m_widget);
     const int line = metrics::focusLine;
     drawFrame(painter, rect(), shape.radius + marginAround(shape), Qt::transparent, theme().focus, line);
     const auto *button = qobject_cast<const QAbstractButton *>(m_widget);
-    if (shape.isDoubledWhenChecked && button != nullptr && button->isChecked())
+    if (shape.isDoubledWhenChecked && button != nullptr && button->isChecked()) {
         drawFrame(painter, rect().adjusted(line, line, -line, -line), shape.radius - line, Qt::transparent,
                   theme().onAccent, line);
+    }
 }
 
 } // namespace lexivore

@@ -10,10 +10,11 @@
 namespace lexivore {
 
 Hairline::Hairline(Qt::Orientation orientation, QWidget *parent) : QWidget(parent) {
-    if (orientation == Qt::Horizontal)
+    if (orientation == Qt::Horizontal) {
         setFixedHeight(metrics::line);
-    else
+    } else {
         setFixedWidth(metrics::line);
+    }
 }
 
 void Hairline::paintEvent(QPaintEvent *) { QPainter(this).fillRect(rect(), theme().border); }

@@ -42,22 +42,25 @@ std::unique_ptr<QTextLayout> wrapped(QString text, const QFont &font, Qt::Alignm
 QString onOneLine(QString text) {
     for (QChar &character : text) {
         const bool isBreak = character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
-        if (isBreak || character.category() == QChar::Other_Control)
+        if (isBreak || character.category() == QChar::Other_Control) {
             character = ' ';
+        }
     }
     return text;
 }
 
 QString shortened(const QString &text, qsizetype longest) {
-    if (text.size() <= longest)
+    if (text.size() <= longest) {
         return text;
+    }
     const bool wouldHalve = longest > 0 && text[longest - 1].isHighSurrogate();
     return text.left(wouldHalve ? longest - 1 : longest) + ellipsis;
 }
 
 QString plainToolTip(const QString &text) {
-    if (text.isEmpty())
+    if (text.isEmpty()) {
         return {};
+    }
     QString shown = shortened(text, longestToolTip).toHtmlEscaped();
     shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n")); // or it would be two breaks
     return QStringLiteral("<qt style=\"white-space: pre-wrap\">%1</qt>")
@@ -86,8 +89,9 @@ void Label::setHelp(const QString &help) {
 }
 
 QSize Label::sizeHint() const {
-    if (m_sizeHint.isValid())
+    if (m_sizeHint.isValid()) {
         return m_sizeHint;
+    }
     const QString longest = m_lines == Lines::wrapped ? text().left(longestUnwrapped) : text();
     m_sizeHint = QSize(QFontMetrics(font()).horizontalAdvance(onOneLine(longest)) + 1, lineHeightFor(m_role));
     return m_sizeHint;
@@ -96,10 +100,12 @@ QSize Label::sizeHint() const {
 QSize Label::minimumSizeHint() const { return {0, lineHeightFor(m_role)}; }
 
 int Label::heightForWidth(int width) const {
-    if (m_lines != Lines::wrapped)
+    if (m_lines != Lines::wrapped) {
         return -1;
-    if (!m_lineCounts.contains(width))
+    }
+    if (!m_lineCounts.contains(width)) {
         m_lineCounts.insert(width, layoutFor(width).lineCount());
+    }
     return m_lineCounts.value(width) * lineHeightFor(m_role);
 }
 
@@ -123,8 +129,9 @@ QFont Label::shownFont() const {
         constexpr double step = 0.5;
         const QString line = onOneLine(text());
         const double least = qMin(shown.pointSizeF(), fontFor(FontRole::smallCaption).pointSizeF());
-        while (QFontMetrics(shown).horizontalAdvance(line) > width() && shown.pointSizeF() - step >= least)
+        while (QFontMetrics(shown).horizontalAdvance(line) > width() && shown.pointSizeF() - step >= least) {
             shown.setPointSizeF(shown.pointSizeF() - step);
+        }
     }
     return shown;
 }
@@ -139,8 +146,9 @@ bool Label::event(QEvent *event) {
 }
 
 void Label::changeEvent(QEvent *event) {
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange) {
         forgetLayout();
+    }
     QLabel::changeEvent(event);
 }
 

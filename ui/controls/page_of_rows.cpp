@@ -14,8 +14,9 @@ std::size_t rowOnePageOn(const std::vector<QWidget *> &rows, std::size_t index, 
     while (target != end) {
         const std::size_t next = direction == PageDirection::up ? target - 1 : target + 1;
         const bool isNeighbour = target == index;
-        if (!isNeighbour && from.united(rows[next]->geometry()).height() > page)
+        if (!isNeighbour && from.united(rows[next]->geometry()).height() > page) {
             break;
+        }
         target = next;
     }
     return target;

@@ -22,8 +22,9 @@ constexpr int chevronGap = 6;
 
 /// Beside a word, the symbol keeps a distance to it.
 int widthOfSymbol(const QString &symbol, const QString &text) {
-    if (symbol.isEmpty())
+    if (symbol.isEmpty()) {
         return 0;
+    }
     return text.isEmpty() ? symbolSize : symbolSize + metrics::buttonGap;
 }
 
@@ -86,8 +87,9 @@ void PushButton::paintEvent(QPaintEvent *) {
     const Theme &colours = theme();
     const bool isHovered = underMouse() && isEnabled();
     Fill fill = fillFor(m_kind, isDown() || isChecked(), isHovered);
-    if (looksDisabled(*this))
+    if (looksDisabled(*this)) {
         fill = {Qt::transparent, colours.border, colours.textOff};
+    }
     drawFrame(painter, rect(), metrics::radius, fill.background, fill.border);
 
     painter.setFont(fontFor(FontRole::callout));

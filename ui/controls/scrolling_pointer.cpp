@@ -17,8 +17,9 @@ namespace {
 void pointAgain(const QScrollArea &area) {
     QWindow *window = area.window()->windowHandle();
     const bool isPointedAt = area.viewport()->underMouse() && QGuiApplication::mouseButtons() == Qt::NoButton;
-    if (window == nullptr || !isPointedAt)
+    if (window == nullptr || !isPointedAt) {
         return;
+    }
     // As if the pointer had moved.
     const QPoint pointer = QCursor::pos();
     const QPoint place = window->mapFromGlobal(pointer);

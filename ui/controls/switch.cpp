@@ -30,8 +30,9 @@ bool Switch::hitButton(const QPoint &position) const { return rect().contains(po
 
 void Switch::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    if (looksDisabled(*this))
+    if (looksDisabled(*this)) {
         painter.setOpacity(0.5);
+    }
     const bool isAtRight = isChecked() != (layoutDirection() == Qt::RightToLeft);
     const double radius = height() / 2.0;
     fillRounded(painter, rect(), radius, isChecked() ? theme().accent : theme().switchOff);

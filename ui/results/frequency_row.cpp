@@ -79,14 +79,16 @@ int FrequencyRow::widthBesideBar() const {
 }
 
 double FrequencyRow::barWidth() const {
-    if (m_greatest <= 0)
+    if (m_greatest <= 0) {
         return 0;
+    }
     return qMax(0, width() - widthBesideBar()) * (static_cast<double>(m_count) / static_cast<double>(m_greatest));
 }
 
 QRectF FrequencyRow::mirrored(QRectF place) const {
-    if (layoutDirection() == Qt::RightToLeft)
+    if (layoutDirection() == Qt::RightToLeft) {
         place.moveRight(width() - place.left());
+    }
     return place;
 }
 

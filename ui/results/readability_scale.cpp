@@ -46,8 +46,9 @@ void ReadabilityScale::paintEvent(QPaintEvent *) {
         const bool isCurrent = m_hasScore && band == bandOf(m_score);
         fillRounded(painter, place, thickness / 2, isCurrent ? colours.accent : colours.track);
     }
-    if (!m_hasScore)
+    if (!m_hasScore) {
         return;
+    }
     const double middle =
         qBound(markSize.width() / 2, m_score * perPoint + bandOf(m_score) * gap, width() - markSize.width() / 2);
     const QRectF mark(middle - markSize.width() / 2, 0, markSize.width(), markSize.height());

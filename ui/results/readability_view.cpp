@@ -60,8 +60,9 @@ QWidget *ReadabilityView::makeScoreCard() const {
     gradeRow->setSpacing(4);
     gradeRow->addStretch();
     gradeRow->addWidget(new Label(tr("Grade Level:"), FontRole::caption, &Theme::text2));
-    if (!grade.isEmpty())
+    if (!grade.isEmpty()) {
         gradeRow->addWidget(new Label(grade, FontRole::captionMedium));
+    }
     auto *levelLabel = new Label(level, FontRole::smallCardValue, &Theme::accentText);
     levelLabel->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     auto *right = new QVBoxLayout;

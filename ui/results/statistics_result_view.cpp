@@ -65,8 +65,9 @@ QWidget *StatisticsResultView::makeAverages() const {
     column->setContentsMargins(metrics::line, metrics::line, metrics::line, metrics::line);
     column->setSpacing(0);
     const auto add = [&](const QString &label, const std::string &value) {
-        if (column->count() > 0)
+        if (column->count() > 0) {
             column->addWidget(new Hairline);
+        }
         column->addWidget(new AverageRow(label, QString::fromStdString(value)));
     };
     add(tr("Chars per word"), charactersPerWord(m_stats));

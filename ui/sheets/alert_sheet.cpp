@@ -99,8 +99,9 @@ void AlertSheet::answer(bool isConfirmed) {
     const auto answered = std::exchange(m_answered, nullptr);
     const bool asksNoMore = m_dontAskAgain != nullptr && m_dontAskAgain->isChecked();
     dismiss();
-    if (answered)
+    if (answered) {
         answered({isConfirmed, asksNoMore});
+    }
 }
 
 } // namespace lexivore

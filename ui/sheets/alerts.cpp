@@ -54,10 +54,11 @@ void Alerts::askToReplaceRecipe(const QString &name, Answer replace, Answer canc
 
 void Alerts::ask(const AlertContents &contents, std::function<void(AlertAnswer)> confirm, Answer cancel) {
     present(contents, [confirm = std::move(confirm), cancel = std::move(cancel)](AlertAnswer answer) {
-        if (answer.isConfirmed)
+        if (answer.isConfirmed) {
             confirm(answer);
-        else if (cancel)
+        } else if (cancel) {
             cancel();
+        }
     });
 }
 

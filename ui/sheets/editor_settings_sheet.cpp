@@ -25,8 +25,9 @@ constexpr int valueWidth = 30;
 QFont fontWithEvenDigits(const QFont &font) {
     const QFontMetricsF letters(font);
     for (char digit = '1'; digit <= '9'; ++digit) {
-        if (letters.horizontalAdvance(QLatin1Char(digit)) != letters.horizontalAdvance(QLatin1Char('0')))
+        if (letters.horizontalAdvance(QLatin1Char(digit)) != letters.horizontalAdvance(QLatin1Char('0'))) {
             return monospacedFont(font.pointSizeF());
+        }
     }
     return font;
 }
@@ -94,8 +95,9 @@ QWidget *EditorSettingsSheet::makeSizeRow(double fontSize) {
 void EditorSettingsSheet::setFontSize(int points) {
     m_value->setText(QString::number(points));
     m_preview->setFontSize(points);
-    if (m_onChange)
+    if (m_onChange) {
         m_onChange(points);
+    }
 }
 
 } // namespace lexivore

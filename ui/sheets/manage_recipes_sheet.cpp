@@ -138,11 +138,14 @@ QWidget *ManageRecipesSheet::makeList(const std::vector<Recipe> &recipes) {
 void ManageRecipesSheet::rebuild() {
     const bool hadFocus = isAncestorOf(window()->focusWidget());
     const std::vector<Recipe> recipes = m_manager.userRecipes();
-    if (recipes.size() > m_rows.size()) // what has come stands at the end
+    if (recipes.size() > m_rows.size()) {
+        // what has come stands at the end
         m_currentRow = static_cast<int>(m_rows.size());
+    }
     // Hidden with the focus, a row would pass it on as Tab does, and the ring would show whatever the mouse did.
-    if (hadFocus)
+    if (hadFocus) {
         window()->focusWidget()->clearFocus();
+    }
     // The signal may come from a row, which must outlive it.
     while (QLayoutItem *item = body().takeAt(0)) {
         item->widget()->hide();
@@ -158,12 +161,14 @@ void ManageRecipesSheet::rebuild() {
 
     const auto edited = std::ranges::find_if(
         recipes, [&](const Recipe &recipe) { return m_editingRecipe && recipe.id == m_editingRecipe->id; });
-    if (edited == recipes.end())
+    if (edited == recipes.end()) {
         m_editingRecipe.reset();
-    else
+    } else {
         m_rows[static_cast<std::size_t>(edited - recipes.begin())]->startEditing(m_editedName);
-    if (hadFocus && !m_editingRecipe)
+    }
+    if (hadFocus && !m_editingRecipe) {
         takeFocus();
+    }
     emit sizeChanged();
 }
 
@@ -229,8 +234,9 @@ int ManageRecipesSheet::rowBehind(int index, int key) const {
 
 void ManageRecipesSheet::setCurrentRow(int index) {
     m_currentRow = index;
-    for (std::size_t row = 0; row < m_rows.size(); ++row)
+    for (std::size_t row = 0; row < m_rows.size(); ++row) {
         m_rows[row]->setCurrent(static_cast<int>(row) == index);
+    }
 }
 
 void ManageRecipesSheet::focusRow(int index) {
@@ -240,10 +246,11 @@ void ManageRecipesSheet::focusRow(int index) {
 }
 
 void ManageRecipesSheet::takeFocus() {
-    if (m_rows.empty())
+    if (m_rows.empty()) {
         m_doneButton->setFocus(Qt::OtherFocusReason);
-    else
+    } else {
         focusRow(m_currentRow);
+    }
 }
 
 } // namespace lexivore

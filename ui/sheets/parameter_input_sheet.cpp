@@ -35,8 +35,9 @@ ParameterInputSheet::ParameterInputSheet(TransformationPointer transformation, P
     body().addSpacing(2);
     body().addWidget(new Label(description, FontRole::subheadline, &Theme::text2, Label::Lines::wrapped));
     body().addSpacing(4);
-    for (const TransformationParameter &parameter : m_transformation->parameters())
+    for (const TransformationParameter &parameter : m_transformation->parameters()) {
         addField(parameter);
+    }
     body().addSpacing(20);
     body().addStretch();
 
@@ -67,8 +68,9 @@ void ParameterInputSheet::addField(const TransformationParameter &parameter) {
 
 void ParameterInputSheet::takeFocus() {
     Sheet::takeFocus();
-    if (auto *field = qobject_cast<Field *>(window()->focusWidget()))
+    if (auto *field = qobject_cast<Field *>(window()->focusWidget())) {
         field->selectAll();
+    }
 }
 
 void ParameterInputSheet::confirm() {
@@ -76,15 +78,17 @@ void ParameterInputSheet::confirm() {
     const auto apply = m_onApply;
     const ParameterMap parameters = m_parameters;
     dismiss();
-    if (apply)
+    if (apply) {
         apply(parameters);
+    }
 }
 
 void ParameterInputSheet::cancel() {
     const auto forget = m_onCancel;
     dismiss();
-    if (forget)
+    if (forget) {
         forget();
+    }
 }
 
 } // namespace lexivore

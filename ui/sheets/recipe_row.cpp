@@ -116,24 +116,28 @@ void RecipeRow::startEditing(const QString &name) {
 }
 
 void RecipeRow::setCurrent(bool isCurrent) {
-    if (isEditing())
+    if (isEditing()) {
         return;
+    }
     setFocusPolicy(isCurrent ? Qt::StrongFocus : Qt::ClickFocus);
-    for (QWidget *button : std::as_const(m_buttons))
+    for (QWidget *button : std::as_const(m_buttons)) {
         button->setFocusPolicy(isCurrent ? Qt::TabFocus : Qt::NoFocus);
+    }
     setAccessibleSelected(*this, isCurrent);
 }
 
 void RecipeRow::confirmRename() {
-    if (!m_field->text().isEmpty())
+    if (!m_field->text().isEmpty()) {
         emit renameConfirmed();
+    }
 }
 
 bool RecipeRow::eventFilter(QObject *watched, QEvent *event) {
     // A click puts another button under the pointer, the next row's or one to rename this one or to leave that: the
     // second half of a double click must not press it.
-    if (event->type() == QEvent::MouseButtonDblClick)
+    if (event->type() == QEvent::MouseButtonDblClick) {
         return true;
+    }
     // The toolkit would go on to the next button, as Tab does.
     if (event->type() == QEvent::KeyPress && !isEditing() && isArrowUpOrDown(*static_cast<QKeyEvent *>(event))) {
         emit moveRequested(static_cast<QKeyEvent *>(event)->key());
@@ -179,10 +183,11 @@ void RecipeRow::keyPressEvent(QKeyEvent *event) {
 
 void RecipeRow::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    if (isEditing())
+    if (isEditing()) {
         fillRounded(painter, rect(), metrics::radius, theme().operationRowHover);
-    else if (underMouse())
+    } else if (underMouse()) {
         fillRounded(painter, rect(), metrics::radius, theme().rowHover);
+    }
 }
 
 } // namespace lexivore

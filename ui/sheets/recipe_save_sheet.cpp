@@ -54,8 +54,9 @@ void RecipeSaveSheet::takeFocus() {
 }
 
 void RecipeSaveSheet::confirm() {
-    if (!m_recipeName->text().isEmpty() && m_onSave)
+    if (!m_recipeName->text().isEmpty() && m_onSave) {
         m_onSave(m_recipeName->text());
+    }
 }
 
 void RecipeSaveSheet::updateSaveButton() { m_saveButton->setEnabled(!m_recipeName->text().isEmpty()); }

@@ -80,8 +80,9 @@ QSize Sheet::sizeWithin(const QSize &available) const {
 int Sheet::naturalHeight(int width) const {
     const int inner = width - 2 * metrics::line;
     int height = heightOf(*m_scrollArea->widget(), inner) + 2 * metrics::line;
-    for (const QWidget *part : m_fixedParts)
+    for (const QWidget *part : m_fixedParts) {
         height += heightOf(*part, inner);
+    }
     return height;
 }
 
@@ -102,14 +103,16 @@ QWidget *Sheet::buttonRow(const QList<PushButton *> &buttons) {
     layout->setContentsMargins({});
     layout->setSpacing(metrics::buttonGap);
     layout->addStretch();
-    for (PushButton *button : buttons)
+    for (PushButton *button : buttons) {
         layout->addWidget(button);
+    }
     return row;
 }
 
 bool Sheet::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::LayoutRequest)
+    if (event->type() == QEvent::LayoutRequest) {
         emit sizeChanged();
+    }
     return QWidget::eventFilter(watched, event);
 }
 
@@ -117,17 +120,19 @@ void Sheet::keyPressEvent(QKeyEvent *event) {
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (auto *button = qobject_cast<QAbstractButton *>(window()->focusWidget()); button && isAncestorOf(button))
+        if (auto *button = qobject_cast<QAbstractButton *>(window()->focusWidget()); button && isAncestorOf(button)) {
             button->click();
-        else
+        } else {
             confirm();
+        }
         break;
     case Qt::Key_Escape:
         cancel();
         break;
     default:
-        if (!scroll(event->key()))
+        if (!scroll(event->key())) {
             QWidget::keyPressEvent(event);
+        }
     }
 }
 

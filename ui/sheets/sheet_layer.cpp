@@ -61,19 +61,22 @@ void SheetLayer::place() {
 }
 
 void SheetLayer::close() {
-    if (m_isClosing)
+    if (m_isClosing) {
         return;
+    }
     m_isClosing = true;
     if (SheetLayer *above = layerAbove()) {
         above->m_disabled << m_disabled;
         above->m_focusBefore = m_focusBefore;
     } else {
         for (const QPointer<QWidget> &sibling : std::as_const(m_disabled)) {
-            if (sibling != nullptr)
+            if (sibling != nullptr) {
                 sibling->setEnabled(true);
+            }
         }
-        if (m_focusBefore != nullptr)
+        if (m_focusBefore != nullptr) {
             m_focusBefore->setFocus(Qt::OtherFocusReason);
+        }
     }
     hide();
     // No longer found as the window's layer while it waits for its deletion.
@@ -83,22 +86,25 @@ void SheetLayer::close() {
 
 SheetLayer *SheetLayer::layerAbove() const {
     for (auto *layer : parent()->findChildren<SheetLayer *>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (layer->m_disabled.contains(this))
+        if (layer->m_disabled.contains(this)) {
             return layer;
+        }
     }
     return nullptr;
 }
 
 bool SheetLayer::event(QEvent *event) {
     // The window's shortcuts are asleep: the key goes to the sheet instead.
-    if (event->type() == QEvent::ShortcutOverride)
+    if (event->type() == QEvent::ShortcutOverride) {
         event->accept();
+    }
     return QWidget::event(event);
 }
 
 bool SheetLayer::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == parent() && event->type() == QEvent::Resize)
+    if (watched == parent() && event->type() == QEvent::Resize) {
         setGeometry(parentWidget()->rect());
+    }
     return QWidget::eventFilter(watched, event);
 }
 

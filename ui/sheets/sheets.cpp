@@ -24,27 +24,31 @@ void Sheets::showParameterSheet(const TransformationPointer &transformation, con
 
 void Sheets::showRecipeSaveSheet(const QString &name, std::function<void(const QString &)> changed,
                                  std::function<void(const QString &)> save) {
-    if (m_recipeSaveSheet != nullptr && m_recipeSaveSheet->isVisible())
+    if (m_recipeSaveSheet != nullptr && m_recipeSaveSheet->isVisible()) {
         return;
+    }
     m_recipeSaveSheet = new RecipeSaveSheet(name, std::move(save));
     connect(m_recipeSaveSheet, &RecipeSaveSheet::recipeNameChanged, this, std::move(changed));
     SheetLayer::show(m_window, m_recipeSaveSheet);
 }
 
 void Sheets::setRecipeName(const QString &name) {
-    if (m_recipeSaveSheet != nullptr)
+    if (m_recipeSaveSheet != nullptr) {
         m_recipeSaveSheet->setRecipeName(name);
+    }
 }
 
 void Sheets::closeRecipeSaveSheet() {
-    if (m_recipeSaveSheet != nullptr)
+    if (m_recipeSaveSheet != nullptr) {
         m_recipeSaveSheet->dismiss();
+    }
 }
 
 void Sheets::showManageRecipesSheet(TransformationManager &manager, std::function<void()> importRecipes,
                                     std::function<void(const std::vector<Recipe> &)> exportRecipes) {
-    if (m_manageRecipesSheet != nullptr && m_manageRecipesSheet->isVisible())
+    if (m_manageRecipesSheet != nullptr && m_manageRecipesSheet->isVisible()) {
         return;
+    }
     m_manageRecipesSheet = new ManageRecipesSheet(manager);
     connect(m_manageRecipesSheet, &ManageRecipesSheet::importRequested, this, std::move(importRecipes));
     connect(m_manageRecipesSheet, &ManageRecipesSheet::exportRequested, this, std::move(exportRecipes));

@@ -53,8 +53,9 @@ void drawCaption(QPainter &painter, const QStyleOptionMenuItem &item) {
 } // namespace
 
 QSize itemSize(const QStyleOptionMenuItem &item) {
-    if (isSeparator(item))
-        return {1, 9}; // an item without width is left out
+    if (isSeparator(item)) {
+        return {1, 9};
+    } // an item without width is left out
     const QFontMetrics letters(isCaption(item) ? fontFor(FontRole::sectionTitle) : item.font);
     const int width = letters.size(Qt::TextShowMnemonic | Qt::TextSingleLine, labelOf(item)).width();
     const int extra = isCaption(item) ? 0 : columnsBeforeLabel(item) + arrowColumn;
@@ -71,8 +72,9 @@ void drawItem(QPainter &painter, const QStyleOptionMenuItem &item) {
     } else {
         const bool isEnabled = item.state.testFlag(QStyle::State_Enabled);
         const bool isMarked = isEnabled && item.state.testFlag(QStyle::State_Selected);
-        if (isMarked)
+        if (isMarked) {
             fillRounded(painter, item.rect, metrics::menuItemRadius, colours.accent);
+        }
         const QColor colour = isMarked ? colours.onAccent : isEnabled ? colours.text : colours.textOff;
         drawCheck(painter, item, item.rect, colour);
         if (item.maxIconWidth > 0 && !item.icon.isNull()) {

@@ -38,8 +38,9 @@ void drawField(QPainter &painter, const QStyleOption &option, const QWidget *wid
 void drawCheckBox(QPainter &painter, const QStyleOption &option, const QWidget *widget) {
     const Theme &colours = theme();
     painter.save();
-    if (widget != nullptr && looksDisabled(*widget))
+    if (widget != nullptr && looksDisabled(*widget)) {
         painter.setOpacity(0.5);
+    }
     if (isOn(option, QStyle::State_On)) {
         fillRounded(painter, option.rect, 5, colours.accent);
         drawSymbol(painter, option.rect, u"checkmark", 14, colours.onAccent);
@@ -85,8 +86,9 @@ QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part) {
 }
 
 void drawScrollBar(QPainter &painter, const QStyleOptionSlider &bar) {
-    if (bar.minimum >= bar.maximum)
+    if (bar.minimum >= bar.maximum) {
         return;
+    }
     const QRect thumb = scrollBarPart(bar, QStyle::SC_ScrollBarSlider);
     const int inset = metrics::scrollBarInset;
     const QRect drawn =
@@ -101,8 +103,9 @@ void drawScrollBar(QPainter &painter, const QStyleOptionSlider &bar) {
 QRect sliderPart(const QStyleOptionSlider &slider, QStyle::SubControl part) {
     const QRect &area = slider.rect;
     const int middle = area.center().y() + 1;
-    if (part == QStyle::SC_SliderGroove)
+    if (part == QStyle::SC_SliderGroove) {
         return {area.x(), middle - knobSize / 2, area.width(), knobSize};
+    }
     const int start = QStyle::sliderPositionFromValue(slider.minimum, slider.maximum, slider.sliderPosition,
                                                       area.width() - knobSize, slider.upsideDown);
     return {area.x() + start, middle - knobSize / 2, knobSize, knobSize};
@@ -111,17 +114,19 @@ QRect sliderPart(const QStyleOptionSlider &slider, QStyle::SubControl part) {
 void drawSlider(QPainter &painter, const QStyleOptionSlider &slider, const QWidget *widget) {
     const Theme &colours = theme();
     painter.save();
-    if (widget != nullptr && looksDisabled(*widget))
+    if (widget != nullptr && looksDisabled(*widget)) {
         painter.setOpacity(0.5);
+    }
     const QRectF knob = sliderPart(slider, QStyle::SC_SliderHandle);
     const QRectF groove(slider.rect.x(), knob.center().y() - grooveThickness / 2.0, slider.rect.width(),
                         grooveThickness);
     fillRounded(painter, groove, grooveThickness / 2.0, colours.track);
     QRectF done = groove;
-    if (slider.upsideDown)
+    if (slider.upsideDown) {
         done.setLeft(knob.center().x());
-    else
+    } else {
         done.setRight(knob.center().x());
+    }
     fillRounded(painter, done, grooveThickness / 2.0, colours.accent);
     drawFrame(painter, knob, knobSize / 2.0, colours.onAccent,
               colours.isDark ? colours.onAccent : colours.borderStrong);
@@ -157,8 +162,9 @@ void Style::polish(QWidget *widget) {
 
 bool Style::eventFilter(QObject *watched, QEvent *event) {
     // While a tooltip is in sight, the next one is shown in the same label.
-    if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationFontChange)
+    if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationFontChange) {
         polishTooltip(*static_cast<QWidget *>(watched));
+    }
     return QProxyStyle::eventFilter(watched, event);
 }
 
@@ -237,8 +243,9 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption *option, con
         return {natural.width(), heightFor(metrics::controlHeight, FontRole::body)};
     }
     case CT_MenuItem:
-        if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option))
+        if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
             return menu::itemSize(*item);
+        }
         break;
     case CT_MenuBarItem:
         return menu::barItemSize(size);
@@ -250,19 +257,22 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption *option, con
 
 QRect Style::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const {
     // The field itself keeps two more pixels to the text.
-    if (element == SE_LineEditContents)
+    if (element == SE_LineEditContents) {
         return option->rect.adjusted(8, metrics::focusLine, -8, -metrics::focusLine);
+    }
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
 QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
                             const QWidget *widget) const {
     if (const auto *slider = qstyleoption_cast<const QStyleOptionSlider *>(option)) {
-        if (control == CC_ScrollBar)
+        if (control == CC_ScrollBar) {
             return scrollBarPart(*slider, part);
+        }
         if (control == CC_Slider && slider->orientation == Qt::Horizontal &&
-            (part == SC_SliderHandle || part == SC_SliderGroove))
+            (part == SC_SliderHandle || part == SC_SliderGroove)) {
             return sliderPart(*slider, part);
+        }
     }
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
@@ -274,8 +284,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption *option, 
     case PE_PanelScrollAreaCorner:
         return;
     case PE_PanelLineEdit:
-        if (const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option); frame && frame->lineWidth > 0)
+        if (const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option); frame && frame->lineWidth > 0) {
             drawField(*painter, *option, widget);
+        }
         return;
     case PE_IndicatorCheckBox:
         drawCheckBox(*painter, *option, widget);
@@ -299,12 +310,14 @@ void Style::drawControl(ControlElement element, const QStyleOption *option, QPai
                         const QWidget *widget) const {
     switch (element) {
     case CE_MenuItem:
-        if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option))
+        if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
             menu::drawItem(*painter, *item);
+        }
         return;
     case CE_MenuBarItem:
-        if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option))
+        if (const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option)) {
             menu::drawBarItem(*painter, *item, widget);
+        }
         return;
     case CE_MenuScroller:
         menu::drawScroller(*painter, *option);

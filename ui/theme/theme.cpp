@@ -111,8 +111,9 @@ QPalette paletteOf(const Theme &theme) {
     palette.setColor(QPalette::Dark, theme.text3);
     palette.setColor(QPalette::Shadow, theme.borderStrong);
     for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText})
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText}) {
         palette.setColor(QPalette::Disabled, role, theme.textOff);
+    }
     palette.setColor(QPalette::Disabled, QPalette::Base, theme.pane);
     return palette;
 }

@@ -19,8 +19,9 @@ protected:
         ASSERT_NE(alert, nullptr);
         EXPECT_EQ(labelsIn(*alert), (QStringList{title, message}));
         QStringList words;
-        for (const auto *button : alert->findChildren<PushButton *>())
+        for (const auto *button : alert->findChildren<PushButton *>()) {
             words << button->text();
+        }
         EXPECT_EQ(words, buttons);
     }
 

@@ -76,8 +76,9 @@ TEST_F(ControlsTest, TheCaretOfAFieldIs2PixelsOfItsColourAndBlinks) {
         const QImage picture = below->grab().toImage();
         QList<int> columns;
         for (int x = 4; x < picture.width() - 4; ++x) {
-            if (picture.pixelColor(x, 16) == theme().accentText && picture.pixelColor(x, 10) == theme().accentText)
+            if (picture.pixelColor(x, 16) == theme().accentText && picture.pixelColor(x, 10) == theme().accentText) {
                 columns << x;
+            }
         }
         return columns;
     };
@@ -243,15 +244,18 @@ TEST_F(ControlsTest, ALabelThatRunsFromRightToLeftIsCutOffAtItsLeft) {
     const QRgb background = picture.pixel(0, 0);
     const auto inkRows = [&](int x) {
         int rows = 0;
-        for (int y = 0; y < picture.height(); ++y)
+        for (int y = 0; y < picture.height(); ++y) {
             rows += picture.pixel(x, y) != background ? 1 : 0;
+        }
         return rows;
     };
     int first = 0;
-    while (first < picture.width() && inkRows(first) == 0)
+    while (first < picture.width() && inkRows(first) == 0) {
         ++first;
-    for (int x = first; x < first + 5; ++x)
+    }
+    for (int x = first; x < first + 5; ++x) {
         EXPECT_LE(inkRows(x), 4) << "the ellipsis, at " << x;
+    }
 }
 
 TEST_F(ControlsTest, AWrappedLabelBreaksWordsThatDoNotFit) {

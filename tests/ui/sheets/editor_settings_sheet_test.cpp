@@ -62,14 +62,16 @@ TEST_F(EditorSettingsSheetTest, FollowsThePointerWhileItMovesAndSnapsToWholePoin
     open(9);
     const int y = slider()->height() / 2;
     QTest::mousePress(slider(), Qt::LeftButton, {}, QPoint(9, y));
-    for (int x = 9; x < slider()->width(); x += 3)
+    for (int x = 9; x < slider()->width(); x += 3) {
         QTest::mouseMove(slider(), QPoint(x, y));
+    }
     QTest::mouseMove(slider(), QPoint(slider()->width() - 1, y));
     EXPECT_EQ(value()->text(), "24");
     QTest::mouseRelease(slider(), Qt::LeftButton, {}, QPoint(slider()->width() - 1, y));
     EXPECT_EQ(sizes.size(), 15) << "each size from 10 to 24 once";
-    for (const double size : sizes)
+    for (const double size : sizes) {
         EXPECT_EQ(size, int(size));
+    }
 }
 
 TEST_F(EditorSettingsSheetTest, ClampsAStoredSizeForTheSliderAlone) {

@@ -57,8 +57,9 @@ void show(const QString &name, Sheet *sheet, const std::function<void(Sheet &)> 
     QApplication::setActiveWindow(&window);
     SheetLayer::show(window, sheet);
     QCoreApplication::processEvents();
-    if (prepare)
+    if (prepare) {
         prepare(*sheet);
+    }
     QCoreApplication::processEvents();
     const QRect place(sheet->mapTo(&window, QPoint()), sheet->size());
     save(window, place.adjusted(-8, -8, 8, 8), name);
@@ -81,15 +82,17 @@ void showParameters() {
     const TransformationPointer regex = manager.findTransformation("replace-regex");
     show("parameters", new ParameterInputSheet(regex, {}, {}, {}), [](Sheet &sheet) {
         auto *field = qobject_cast<Field *>(QApplication::focusWidget());
-        if (field != nullptr)
+        if (field != nullptr) {
             QTest::keyClicks(field, "(\\w+), (\\w+)");
+        }
         Q_UNUSED(sheet)
     });
     const QString wild =
         QString("a\nb \u202Eright to left\u202C \U0001F468\u200D\U0001F469\u200D\U0001F467 ").repeated(300);
     ParameterMap values;
-    for (const TransformationParameter &parameter : regex->parameters())
+    for (const TransformationParameter &parameter : regex->parameters()) {
         values[parameter.id] = wild.toStdString();
+    }
     show("parameters-wild", new ParameterInputSheet(regex, values, {}, {}));
 }
 
@@ -105,8 +108,9 @@ void showRecipes() {
     manager.setCurrentText(Text(std::string_view(sample)));
     const auto add = [&](const std::string &name, int operations) {
         manager.clearOperations();
-        for (int i = 0; i < operations; ++i)
+        for (int i = 0; i < operations; ++i) {
             manager.applyTransformation(*manager.findTransformation("uppercase"), {});
+        }
         manager.saveRecipe(name);
     };
     add("Names, first before last", 3);
@@ -131,8 +135,9 @@ void showRecipes() {
 void showAlerts() {
     const auto alert = [](const QString &name, const AlertContents &contents) {
         show("alert-" + name, new AlertSheet(contents, {}), [](Sheet &sheet) {
-            if (auto *box = sheet.findChild<QCheckBox *>())
+            if (auto *box = sheet.findChild<QCheckBox *>()) {
                 box->setChecked(true);
+            }
         });
     };
     alert("clear", {"Clear Text", "Are you sure you want to clear all text?", "Clear", true});
@@ -194,8 +199,9 @@ void showMenus() {
         save(menu, menu.rect(), "menu-" + name.replace(" & ", "-").replace(' ', '-'));
         menu.close();
     };
-    for (QMenu *menu : app.window().findChildren<QMenu *>(QRegularExpression("^menu\\.")))
+    for (QMenu *menu : app.window().findChildren<QMenu *>(QRegularExpression("^menu\\."))) {
         showMenu(*menu);
+    }
     app.notificationCenter().post(notification::showManageRecipes);
     showMenu(*app.window().findChild<QMenu *>("exportMenu"));
 }
@@ -227,8 +233,9 @@ QWidget *makeButtons() {
         auto *disabled = new PushButton(text, kind);
         disabled->setEnabled(false);
         int row = 0;
-        for (PushButton *button : {rest, hovered, pressed, disabled})
+        for (PushButton *button : {rest, hovered, pressed, disabled}) {
             grid->addWidget(button, row++, column);
+        }
         ++column;
     }
     return board;
@@ -275,8 +282,9 @@ void showControls() {
     disabled->setEnabled(false);
     auto *focused = new Field("Prefix");
     focused->setText("> selected");
-    for (QWidget *field : {empty, disabled, focused})
+    for (QWidget *field : {empty, disabled, focused}) {
         column->addWidget(field);
+    }
     auto *box = new QCheckBox("Don't ask again");
     column->addWidget(box);
     window.show();
@@ -323,8 +331,9 @@ int main(int argc, char *argv[]) {
     font.setPointSizeF(options.value("points").toDouble());
     QApplication::setFont(font);
     Style::install(application);
-    if (options.isSet("dark"))
+    if (options.isSet("dark")) {
         QApplication::setPalette(paletteOf(darkTheme()));
+    }
     showParameters();
     showRecipes();
     show("settings", new EditorSettingsSheet(15, {}));

@@ -27,16 +27,18 @@ protected:
 
     void add(const std::string &name, int operations = 1) {
         manager.clearOperations();
-        for (int count = 0; count < operations; ++count)
+        for (int count = 0; count < operations; ++count) {
             manager.applyTransformation(*manager.findTransformation("uppercase"), {});
+        }
         manager.saveRecipe(name);
     }
 
     QStringList names() const {
         QStringList found;
         for (const Recipe &recipe : manager.recipes()) {
-            if (!recipe.isTemplate())
+            if (!recipe.isTemplate()) {
                 found << QString::fromStdString(recipe.name);
+            }
         }
         return found;
     }
@@ -45,8 +47,9 @@ protected:
     QList<RecipeRow *> rows() const {
         QList<RecipeRow *> found;
         for (auto *row : window.findChildren<RecipeRow *>()) {
-            if (row->isVisible())
+            if (row->isVisible()) {
                 found << row;
+            }
         }
         return found;
     }
@@ -270,13 +273,15 @@ TEST_F(ManageRecipesSheetTest, TheArrowsLeadFromTheButtonsOfARowToTheRowsAround)
     for (const int tabs : {1, 2}) {
         press(Qt::Key_Home);
         press(Qt::Key_Down);
-        for (int tab = 0; tab < tabs; ++tab)
+        for (int tab = 0; tab < tabs; ++tab) {
             press(Qt::Key_Tab);
+        }
         press(Qt::Key_Down);
         EXPECT_TRUE(row(2)->hasFocus()) << focusName().toStdString();
         press(Qt::Key_Up);
-        for (int tab = 0; tab < tabs; ++tab)
+        for (int tab = 0; tab < tabs; ++tab) {
             press(Qt::Key_Tab);
+        }
         press(Qt::Key_Up);
         EXPECT_TRUE(row(0)->hasFocus()) << focusName().toStdString();
     }
@@ -305,8 +310,9 @@ TEST_F(ManageRecipesSheetTest, FollowsTheManager) {
 TEST_F(ManageRecipesSheetTest, NamesOfAnyKindKeepTheirRows) {
     const std::vector<std::string> wild = {std::string(10'000, 'x'), "line\nbreak\r\nmore", "\u05E9\u05DC\u05D5\u05DD",
                                            "\U0001F469\u200D\U0001F467 <b>bold</b> & more", " "};
-    for (const std::string &name : wild)
+    for (const std::string &name : wild) {
         add(name);
+    }
     const ManageRecipesSheet *sheet = open();
     EXPECT_EQ(sheet->width(), 400);
     ASSERT_EQ(rows().size(), 5);
@@ -315,16 +321,18 @@ TEST_F(ManageRecipesSheetTest, NamesOfAnyKindKeepTheirRows) {
         const QWidget *trash = each->findChild<ToolButton *>("delete");
         EXPECT_TRUE(each->rect().contains(trash->geometry()));
         EXPECT_FALSE(each->visibleRegion().isEmpty());
-        for (const auto *label : each->findChildren<QLabel *>())
+        for (const auto *label : each->findChildren<QLabel *>()) {
             EXPECT_LE(label->geometry().right(), trash->geometry().left());
+        }
     }
     EXPECT_LT(row(0)->findChild<QLabel *>()->toolTip().size(), 1000);
     EXPECT_TRUE(row(0)->findChild<QLabel *>()->toolTip().contains(">xxx"));
 }
 
 TEST_F(ManageRecipesSheetTest, ARecipeWithoutANameIsCalledUntitledAsInTheMenus) {
-    for (const char *name : {"", " \n"})
+    for (const char *name : {"", " \n"}) {
         add(name);
+    }
     open();
     for (int index = 0; index < 2; ++index) {
         EXPECT_EQ(row(index)->findChild<QLabel *>()->text(), "Untitled");
@@ -335,8 +343,9 @@ TEST_F(ManageRecipesSheetTest, ARecipeWithoutANameIsCalledUntitledAsInTheMenus) 
 }
 
 TEST_F(ManageRecipesSheetTest, WhatScrollsBeneathARestingPointerIsHovered) {
-    for (int count = 0; count < 20; ++count)
+    for (int count = 0; count < 20; ++count) {
         add("Recipe " + std::to_string(count));
+    }
     open();
     QCursor::setPos(row(0)->mapToGlobal(QPoint(20, 20)));
     settle();
@@ -351,8 +360,9 @@ TEST_F(ManageRecipesSheetTest, WhatScrollsBeneathARestingPointerIsHovered) {
 }
 
 TEST_F(ManageRecipesSheetTest, ALongListScrollsToTheFocusedRow) {
-    for (int count = 0; count < 40; ++count)
+    for (int count = 0; count < 40; ++count) {
         add("recipe " + std::to_string(count));
+    }
     const ManageRecipesSheet *sheet = open();
     EXPECT_EQ(sheet->height(), 480);
     press(Qt::Key_End);
@@ -363,14 +373,16 @@ TEST_F(ManageRecipesSheetTest, ALongListScrollsToTheFocusedRow) {
 }
 
 TEST_F(ManageRecipesSheetTest, APageTakesTheFocusAlong) {
-    for (int count = 0; count < 40; ++count)
+    for (int count = 0; count < 40; ++count) {
         add("recipe " + std::to_string(count));
+    }
     open();
     int current = 0;
     const auto focused = [&] {
         for (int index = 0; index < 40; ++index) {
-            if (row(index)->hasFocus())
+            if (row(index)->hasFocus()) {
                 return index;
+            }
         }
         return -1;
     };

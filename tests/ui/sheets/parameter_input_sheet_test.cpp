@@ -16,8 +16,9 @@ protected:
 
     ParameterInputSheet *open(std::string_view id) {
         ParameterMap values;
-        for (const TransformationParameter &parameter : transformation(id)->parameters())
+        for (const TransformationParameter &parameter : transformation(id)->parameters()) {
             values[parameter.id] = parameter.defaultValue;
+        }
         return show(new ParameterInputSheet(
             transformation(id), values, [this](const ParameterMap &map) { applied = map; }, [this] { ++cancelled; }));
     }
@@ -31,8 +32,9 @@ protected:
 
 TEST_F(ParameterInputSheetTest, ShowsNameDescriptionAndEveryParameterInOrder) {
     for (const TransformationPointer &entry : catalog) {
-        if (entry->parameters().empty())
+        if (entry->parameters().empty()) {
             continue;
+        }
         SCOPED_TRACE(entry->id());
         ParameterInputSheet *sheet = open(entry->id());
         EXPECT_EQ(sheet->width(), 420);
@@ -47,8 +49,9 @@ TEST_F(ParameterInputSheetTest, ShowsNameDescriptionAndEveryParameterInOrder) {
             EXPECT_EQ(field->accessibleName(), QString::fromStdString(parameter.label));
         }
         EXPECT_EQ(labelsIn(*sheet), expected);
-        for (int next = 1; next < fields().size(); ++next)
+        for (int next = 1; next < fields().size(); ++next) {
             EXPECT_GT(fields().at(next)->mapTo(sheet, QPoint()).y(), fields().at(next - 1)->mapTo(sheet, QPoint()).y());
+        }
         sheet->cancel();
         settle();
     }

@@ -34,8 +34,9 @@ protected:
 
     static QList<QStringList> cards(const QWidget &view) {
         QList<QStringList> found;
-        for (const auto *card : view.findChildren<CompactStatCard *>())
+        for (const auto *card : view.findChildren<CompactStatCard *>()) {
             found << labelsIn(*card);
+        }
         return found;
     }
 
@@ -57,8 +58,9 @@ protected:
     static bool hasInk(const QImage &picture, int left, int right) {
         for (int x = left; x < right; ++x) {
             for (int y = 0; y < picture.height(); ++y) {
-                if (picture.pixelColor(x, y).alpha() > 0)
+                if (picture.pixelColor(x, y).alpha() > 0) {
                     return true;
+                }
             }
         }
         return false;
@@ -134,8 +136,9 @@ TEST_F(ResultViewsTest, StatisticsShowsSixCardsInThreeColumnsAndThreeAverages) {
     EXPECT_NEAR(all[0]->width(), all[1]->width(), 1);
     EXPECT_TRUE(labelsIn(*view).contains("Averages"));
     QList<QStringList> averages;
-    for (const auto *row : view->findChildren<AverageRow *>())
+    for (const auto *row : view->findChildren<AverageRow *>()) {
         averages << QStringList{row->accessibleName(), row->accessibleDescription()};
+    }
     EXPECT_EQ(averages, (QList<QStringList>{
                             {"Chars per word", "3.8"}, {"Words per line", "3.0"}, {"Words per sentence", "1.5"}}));
 }
@@ -146,14 +149,16 @@ TEST_F(ResultViewsTest, NoNumberOfALargeTextIsCutOff) {
     ASSERT_NE(statistics, nullptr);
     show(new StatisticsResultView(*statistics, Text(), {most, most, most, most, most, most, most}));
     const auto expectNothingCutOff = [this] {
-        for (const auto *label : window.findChildren<Label *>())
+        for (const auto *label : window.findChildren<Label *>()) {
             EXPECT_TRUE(label->toolTip().isEmpty()) << label->text().toStdString();
+        }
     };
     expectNothingCutOff();
     press(Qt::Key_Escape);
     std::string text;
-    for (int word = 0; word < 2'500'000; ++word)
+    for (int word = 0; word < 2'500'000; ++word) {
         text += "a ";
+    }
     EXPECT_TRUE(labelsIn(*open(2, text)).contains("16666m 40s"));
     expectNothingCutOff();
 }
@@ -210,15 +215,17 @@ TEST_F(ResultViewsTest, StatisticsOfNothingAreSixCardsAllTheSame) {
                                                 {"0", "No Spaces"},
                                                 {"0", "Sentences"},
                                                 {"0", "Paragraphs"}}));
-    for (const auto *row : view->findChildren<AverageRow *>())
+    for (const auto *row : view->findChildren<AverageRow *>()) {
         EXPECT_EQ(row->accessibleDescription(), "0");
+    }
 }
 
 TEST_F(ResultViewsTest, FrequencyShowsTheTop20WithBarsInProportion) {
     std::string text(50, 'a');
     text += std::string(25, ' ');
-    for (char letter = 'b'; letter <= 'z'; ++letter)
+    for (char letter = 'b'; letter <= 'z'; ++letter) {
         text += letter;
+    }
     const ToolView *view = open(1, text);
     EXPECT_TRUE(labelsIn(*view).contains("Showing top 20 characters"));
     const auto rows = view->findChildren<FrequencyRow *>();
@@ -252,8 +259,9 @@ TEST_F(ResultViewsTest, FrequencyDrawsCharacterBarAndCountBesideOneAnother) {
     const int barEnd = 60 + 179;
     EXPECT_TRUE(hasInk(picture, 0, 20));
     EXPECT_FALSE(hasInk(picture, 20, 60));
-    for (int x = 60; x < barEnd; ++x)
+    for (int x = 60; x < barEnd; ++x) {
         EXPECT_TRUE(hasInk(picture, x, x + 1)) << x;
+    }
     EXPECT_FALSE(hasInk(picture, barEnd, barEnd + 8));
     EXPECT_TRUE(hasInk(picture, barEnd + 8, barEnd + 40));
     EXPECT_FALSE(hasInk(picture, barEnd + 40, row.width()));
@@ -274,8 +282,9 @@ TEST_F(ResultViewsTest, FrequencyIsMirroredInAWindowThatRunsFromRightToLeft) {
     const int barEnd = barBegin - 179;
     EXPECT_TRUE(hasInk(picture, row.width() - 20, row.width()));
     EXPECT_FALSE(hasInk(picture, barBegin, row.width() - 20));
-    for (int x = barEnd; x < barBegin; ++x)
+    for (int x = barEnd; x < barBegin; ++x) {
         EXPECT_TRUE(hasInk(picture, x, x + 1)) << x;
+    }
     EXPECT_FALSE(hasInk(picture, barEnd - 8, barEnd));
     EXPECT_TRUE(hasInk(picture, barEnd - 40, barEnd - 8));
     EXPECT_FALSE(hasInk(picture, 0, barEnd - 40));
@@ -304,8 +313,9 @@ TEST_F(ResultViewsTest, FrequencyKeepsRoomForTheDigitsOfVeryLargeCounts) {
 
 TEST_F(ResultViewsTest, FrequencyScrollsByTheKeys) {
     std::string text;
-    for (char letter = 'a'; letter <= 'z'; ++letter)
+    for (char letter = 'a'; letter <= 'z'; ++letter) {
         text += letter;
+    }
     const ToolView *view = open(1, text);
     const QScrollBar *bar = view->findChild<QScrollArea *>()->verticalScrollBar();
     ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > 0; }));
@@ -319,8 +329,9 @@ TEST_F(ResultViewsTest, FrequencyScrollsByTheKeys) {
 
 TEST_F(ResultViewsTest, FrequencyDrawsCharactersThatBreakLinesOrHaveNoShape) {
     const ToolView *view = open(1, "\n\n\t\t\r\n\u2028\U0001F469\u200D\U0001F467\u05E9");
-    for (const auto *row : view->findChildren<FrequencyRow *>())
+    for (const auto *row : view->findChildren<FrequencyRow *>()) {
         EXPECT_EQ(row->height(), 24);
+    }
 }
 
 TEST_F(ResultViewsTest, FrequencyShowsASignForWhatLeavesNoInk) {
@@ -336,8 +347,9 @@ TEST_F(ResultViewsTest, FrequencyShowsASignForWhatLeavesNoInk) {
     EXPECT_EQ(shown("\u200B"), "U+200B|U+200B");
     EXPECT_EQ(shown("\u2028"), "U+2028|U+2028");
     EXPECT_EQ(shown("\U000E0001"), "U+E0001|U+E0001");
-    for (const char *character : {"a", "Space", "\u0301", "\u05E9", "\U0001F600", "\U0001F469\u200D\U0001F467"})
+    for (const char *character : {"a", "Space", "\u0301", "\u05E9", "\U0001F600", "\U0001F469\u200D\U0001F467"}) {
         EXPECT_EQ(shown(character), QString::fromUtf8(character) + "|" + QString::fromUtf8(character));
+    }
 }
 
 TEST_F(ResultViewsTest, FrequencyShowsTheStartOfACharacterOfVeryManyMarks) {
@@ -361,16 +373,19 @@ TEST_F(ResultViewsTest, FrequencyShowsTheStartOfACharacterOfVeryManyMarks) {
 
 TEST_F(ResultViewsTest, ReadingTimeShowsBothDurations) {
     std::string text;
-    for (int word = 0; word < 199; ++word)
+    for (int word = 0; word < 199; ++word) {
         text += "word ";
+    }
     const ToolView *view = open(2, text);
     const QStringList texts = labelsIn(*view);
     for (const char *expected : {"Reading Time", "59s", "(~200 words/min)", "Speaking Time", "1m 19s",
-                                 "(~150 words/min)", "199", "words", "Based on average reading speed"})
+                                 "(~150 words/min)", "199", "words", "Based on average reading speed"}) {
         EXPECT_TRUE(texts.contains(expected)) << expected;
+    }
     QList<QStringList> inCards;
-    for (const auto *card : view->findChildren<Card *>())
+    for (const auto *card : view->findChildren<Card *>()) {
         inCards << labelsIn(*card);
+    }
     EXPECT_EQ(inCards, (QList<QStringList>{{"Reading Time", "59s", "(~200 words/min)"},
                                            {"Speaking Time", "1m 19s", "(~150 words/min)"},
                                            {"199", "words"}}));
@@ -384,11 +399,13 @@ TEST_F(ResultViewsTest, ReadabilityShowsScoreLevelGradeAndCounts) {
     const QStringList texts = labelsIn(*view);
     for (const char *expected :
          {"77.9", "Flesch Reading Ease", "Fairly Easy", "Grade Level:", "7th grade", "Words:", "2", "Sentences:", "1",
-          "Syllables:", "3", "Higher scores indicate easier readability"})
+          "Syllables:", "3", "Higher scores indicate easier readability"}) {
         EXPECT_TRUE(texts.contains(expected)) << expected;
+    }
     QList<QStringList> inCards;
-    for (const auto *card : view->findChildren<Card *>())
+    for (const auto *card : view->findChildren<Card *>()) {
         inCards << labelsIn(*card);
+    }
     EXPECT_EQ(inCards.mid(1), (QList<QStringList>{{"Words:", "2"}, {"Sentences:", "1"}, {"Syllables:", "3"}}));
     press(Qt::Key_Escape);
     const ToolView *empty = open(3, "");
@@ -404,8 +421,9 @@ TEST_F(ResultViewsTest, ReadabilityShowsScoreLevelGradeAndCounts) {
 TEST_F(ResultViewsTest, TheScaleHasABandForEachLevel) {
     const QList<std::pair<double, int>> expected = {{0, 0},  {29.9, 0}, {30, 1}, {50, 2}, {60, 3},
                                                     {70, 4}, {80, 5},   {90, 6}, {100, 6}};
-    for (const auto &[score, band] : expected)
+    for (const auto &[score, band] : expected) {
         EXPECT_EQ(ReadabilityScale::bandOf(score), band) << score;
+    }
 }
 
 TEST_F(ResultViewsTest, TheScaleMarksABandOnlyWhereThereIsAScore) {

@@ -80,8 +80,9 @@ protected:
     [[nodiscard]] static QStringList labelsIn(const QWidget &parent) {
         QStringList texts;
         for (const auto *label : parent.findChildren<QLabel *>()) {
-            if (label->isVisible())
+            if (label->isVisible()) {
                 texts << label->text();
+            }
         }
         return texts;
     }

@@ -58,28 +58,36 @@ TEST(ThemeTest, TextCanBeReadOnEveryGroundItStandsOn) {
             EXPECT_GE(contrast(colours.text2, ground), 4.5);
             EXPECT_GE(contrast(colours.accentText, ground), 4.5);
         }
-        for (const QColor &ground : {colours.pane, colours.view, colours.raised, colours.field})
+        for (const QColor &ground : {colours.pane, colours.view, colours.raised, colours.field}) {
             EXPECT_GE(contrast(colours.text3, ground), 4.5);
+        }
         for (const QColor &ground :
-             {over(colours.rowHover, colours.pane), over(colours.operationRowHover, colours.pane)})
+             {over(colours.rowHover, colours.pane), over(colours.operationRowHover, colours.pane)}) {
             EXPECT_GE(contrast(colours.text3, ground), 4.5);
+        }
         for (const QColor &ground : {over(colours.rowHover, colours.sidebar), over(colours.toolPress, colours.chrome),
-                                     colours.button, colours.buttonHover, colours.buttonPress, colours.field})
+                                     colours.button, colours.buttonHover, colours.buttonPress, colours.field}) {
             EXPECT_GE(contrast(colours.text, ground), 4.5);
+        }
         EXPECT_GE(contrast(colours.text, colours.selection), 4.5);
         EXPECT_GE(contrast(colours.orange, colours.pane), 3) << "the mark of a failed operation";
-        for (const QColor &ground : {colours.chrome, colours.sidebar, colours.pane, colours.view, colours.raised})
+        for (const QColor &ground : {colours.chrome, colours.sidebar, colours.pane, colours.view, colours.raised}) {
             EXPECT_GE(contrast(colours.focus, ground), 4.5) << "the focus ring";
-        for (const QColor &fill : {colours.switchOff, colours.accent})
+        }
+        for (const QColor &fill : {colours.switchOff, colours.accent}) {
             EXPECT_GE(contrast(fill, colours.pane), 3) << "the switch and the drop mark";
-        for (const QColor &fill : {colours.accent, colours.accentHover, colours.accentPress, colours.badgeOff})
+        }
+        for (const QColor &fill : {colours.accent, colours.accentHover, colours.accentPress, colours.badgeOff}) {
             EXPECT_GE(contrast(colours.onAccent, fill), 4.5);
-        for (const QColor &fill : {colours.danger, colours.dangerHover, colours.dangerPress})
+        }
+        for (const QColor &fill : {colours.danger, colours.dangerHover, colours.dangerPress}) {
             EXPECT_GE(contrast(colours.onDanger, fill), 4.5);
+        }
         EXPECT_GE(contrast(colours.onToast, colours.toast), 4.5);
         for (const QColor &colour :
-             {colours.blue, colours.green, colours.orange, colours.purple, colours.indigo, colours.teal})
+             {colours.blue, colours.green, colours.orange, colours.purple, colours.indigo, colours.teal}) {
             EXPECT_GE(contrast(colour, colours.raised), 4.5);
+        }
     }
 }
 
@@ -200,8 +208,9 @@ TEST_F(RunningThemeTest, ScrollBarsHaveA6PixelThumbAndNoArrows) {
 
 TEST_F(RunningThemeTest, AMenuThatIsHigherThanTheScreenScrolls) {
     QMenu menu;
-    for (int item = 0; item < 200; ++item)
+    for (int item = 0; item < 200; ++item) {
         menu.addAction(QString::number(item));
+    }
     menu.popup({});
     settle();
     QAction *first = menu.actions().first();
@@ -211,8 +220,9 @@ TEST_F(RunningThemeTest, AMenuThatIsHigherThanTheScreenScrolls) {
     EXPECT_EQ(picture.pixelColor(3, menu.height() - 8), theme().raised);
     int darkest = 255;
     for (int y = menu.height() - 16; y < menu.height() - 2; ++y) {
-        for (int x = 2; x < menu.width() - 2; ++x)
+        for (int x = 2; x < menu.width() - 2; ++x) {
             darkest = qMin(darkest, qGray(picture.pixel(x, y)));
+        }
     }
     EXPECT_NEAR(darkest, qGray(theme().text2.rgb()), 80) << "the arrow";
     menu.close();
