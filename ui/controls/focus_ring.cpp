@@ -55,7 +55,9 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event) {
         }
         break;
     case QEvent::FocusOut:
-        if (m_frame != nullptr && m_frame->widget() == watched) {
+        // From a menu the keyboard comes back.
+        if (m_frame != nullptr && m_frame->followed() == watched &&
+            static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason) {
             moveTo(nullptr);
         }
         break;

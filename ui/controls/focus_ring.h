@@ -33,7 +33,7 @@ void setFocusShape(QWidget &widget, FocusShape shape);
 [[nodiscard]] FocusShape focusShape(const QWidget &widget);
 
 /// The one ring that follows the keyboard focus through the program's windows. It shows when the focus got to where it
-/// is by the keyboard, and hides when the mouse takes over.
+/// is by the keyboard, and hides when the mouse takes over or when nothing of the program has the focus.
 class FocusRing : public QObject {
     Q_OBJECT
 

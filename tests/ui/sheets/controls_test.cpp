@@ -137,6 +137,21 @@ TEST_F(ControlsTest, TheRingShowsForTheKeyboardAndNotForTheMouse) {
     EXPECT_EQ(ring(), nullptr);
 }
 
+TEST_F(ControlsTest, TheRingShowsInTheWindowThatHasTheKeyboard) {
+    auto *button = place(new PushButton("One"));
+    button->setFocus(Qt::TabFocusReason);
+    ASSERT_NE(ring(), nullptr);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_EQ(ring(), nullptr);
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_NE(ring(), nullptr);
+    EXPECT_EQ(ring()->followed(), button);
+}
+
 TEST_F(ControlsTest, TheRingLies2PixelsAroundAButtonAndInsideATool) {
     auto *button = place(new PushButton("One"));
     button->setFocus(Qt::TabFocusReason);
