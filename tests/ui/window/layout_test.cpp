@@ -3,6 +3,7 @@
 #include "tests/ui/window/window_fixture.h"
 #include "ui/controls/label.h"
 #include "ui/theme/theme.h"
+#include "ui/window/empty_state.h"
 #include "ui/window/status_item.h"
 
 #include <QAbstractButton>
@@ -343,6 +344,32 @@ TEST_F(Layout, TheIconsOfTheSearchFieldStandWithinItsEnds) {
     search->clear();
     search->setFocus();
     EXPECT_NEAR(search->inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x(), 35, 1) << "the text";
+}
+
+TEST_F(Layout, WhatIsEmptySaysSo24PixelsAboveTheMiddleOfItsColumn) {
+    QWidget *panel = find("operationsPanel");
+    auto *words = panel->findChild<EmptyState *>();
+    ASSERT_NE(words, nullptr);
+    ASSERT_TRUE(words->isVisible());
+    const QImage picture = panel->grab(QRect(words->mapTo(panel, QPoint()), words->size())).toImage();
+    const auto hasInk = [&picture](int y) {
+        for (int x = 1; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != picture.pixel(0, y)) {
+                return true;
+            }
+        }
+        return false;
+    };
+    int top = 0;
+    while (top < picture.height() && !hasInk(top)) {
+        ++top;
+    }
+    int bottom = picture.height() - 1;
+    while (bottom > top && !hasInk(bottom)) {
+        --bottom;
+    }
+    constexpr int unevenMargins = 6; // of the icon above its strokes, and of the words below their letters
+    EXPECT_NEAR(words->mapTo(panel, QPoint()).y() + (top + bottom) / 2, panel->height() / 2 - 24, unevenMargins);
 }
 
 TEST_F(Layout, TheScrollBarOfTheEditorStandsOnTheSurfaceOfTheText) {
