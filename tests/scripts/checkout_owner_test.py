@@ -82,7 +82,7 @@ class CheckoutOwner(unittest.TestCase):
                 self.assertEqual(owners, {OWNER.pw_name})
 
     def test_nothing_of_root_goes_along_but_the_arguments(self):
-        output = self.call("probe", "a file", "", XDG_RUNTIME_DIR="/", DBUS_SESSION_BUS_ADDRESS="unix:path=/root/bus")
+        output = self.call("probe", "a file", "", XDG_RUNTIME_DIR="/", DBUS_SESSION_BUS_ADDRESS="unix:path=/bus")
         self.assertEqual(output.split("\n"),
                          [OWNER.pw_name, OWNER.pw_dir, str(self.checkout), "none", "none", "a file", "", ""])
 
