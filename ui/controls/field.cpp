@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/field.h"
 
+#include "ui/controls/accessible_field.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"
@@ -18,6 +19,7 @@
 namespace lexivore {
 
 Field::Field(const QString &name, QWidget *parent) : QLineEdit(parent) {
+    installAccessibleFields();
     setAccessibleName(name);
     setMaxLength(std::numeric_limits<int>::max());
     colourText();

@@ -210,6 +210,69 @@ TEST_F(ControlsTest, AFieldShowsItsFocusAndTakesTextOfAnyLength) {
     EXPECT_EQ(below->text().size(), 100'000);
 }
 
+TEST_F(ControlsTest, AFieldTellsTheWordAtEveryPlaceOfItsText) {
+    QAccessibleTextInterface *seen = QAccessible::queryAccessibleInterface(below)->textInterface();
+    int start = 0;
+    int end = 0;
+    const auto wordAt = [&](int offset) { return seen->textAtOffset(offset, QAccessible::WordBoundary, &start, &end); };
+    below->setText("one two");
+    EXPECT_EQ(wordAt(0), "one");
+    EXPECT_EQ(wordAt(2), "one");
+    EXPECT_EQ(wordAt(3), " ");
+    EXPECT_EQ(wordAt(5), "two");
+    EXPECT_EQ(QPoint(start, end), QPoint(4, 7));
+    EXPECT_EQ(wordAt(7), "");
+    EXPECT_EQ(QPoint(start, end), QPoint(7, 7));
+    for (const char *text : {"", "a", "a ", "(", "a.", "👍", "שלום", "e\u0301"}) {
+        below->setText(text);
+        for (int offset = 0; offset <= below->text().size(); ++offset) {
+            for (const auto type : {QAccessible::CharBoundary, QAccessible::WordBoundary, QAccessible::SentenceBoundary,
+                                    QAccessible::LineBoundary, QAccessible::ParagraphBoundary}) {
+                const QString piece = seen->textAtOffset(offset, type, &start, &end); // and comes back at all
+                EXPECT_EQ(piece, start < 0 ? QString() : below->text().mid(start, end - start)) << text;
+            }
+        }
+    }
+}
+
+TEST_F(ControlsTest, AssistiveTechnologyReadsAndEditsAField) {
+    QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(below);
+    QAccessibleTextInterface *text = seen->textInterface();
+    QAccessibleEditableTextInterface *edit = seen->editableTextInterface();
+    EXPECT_EQ(seen->role(), QAccessible::EditableText);
+    EXPECT_TRUE(seen->state().editable);
+    seen->setText(QAccessible::Value, "one three");
+    edit->insertText(4, "two ");
+    EXPECT_EQ(seen->text(QAccessible::Value), "one two three");
+    EXPECT_EQ(text->cursorPosition(), 8);
+    edit->replaceText(0, 3, "1");
+    edit->deleteText(1, 5);
+    EXPECT_EQ(text->text(0, text->characterCount()), "1 three");
+    below->undo();
+    EXPECT_EQ(below->text(), "1 two three");
+    text->setSelection(0, 2, 5);
+    EXPECT_EQ(below->selectedText(), "two");
+    EXPECT_EQ(text->selectionCount(), 1);
+    text->removeSelection(0);
+    EXPECT_EQ(text->selectionCount(), 0);
+}
+
+TEST_F(ControlsTest, AFieldTellsWhereItsCharactersAre) {
+    below->resize(120, 32);
+    QAccessibleTextInterface *seen = QAccessible::queryAccessibleInterface(below)->textInterface();
+    for (const QString &text : {QString("a few"), QString("far more than fits into the field")}) {
+        below->setText(text);
+        for (const int caret : {0, static_cast<int>(text.size())}) {
+            below->setCursorPosition(caret);
+            settle();
+            const QPoint rightOfIt = seen->characterRect(caret).center();
+            EXPECT_TRUE(QRect(below->mapToGlobal(QPoint()), below->size()).contains(rightOfIt));
+            const int nearby = caret == 0 ? 2 : caret - 2;
+            EXPECT_EQ(seen->offsetAtPoint(seen->characterRect(nearby).topLeft() + QPoint(1, 5)), nearby);
+        }
+    }
+}
+
 TEST_F(ControlsTest, AFieldBeneathASheetFollowsTheTheme) {
     below->setText("text");
     show(new AlertSheet({"Clear", "?", "Clear", true}, {}));
