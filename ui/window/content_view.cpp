@@ -89,6 +89,7 @@ void ContentView::createFlows() {
 void ContentView::layOut() {
     setObjectName("mainWindow");
     setWindowTitle(tr("Lexivore"));
+    setContextMenuPolicy(Qt::NoContextMenu); // the toolkit's, over the menu bar, would take the toolbar away
     addToolBar(Qt::TopToolBarArea, m_toolBar);
     m_columns = new WindowColumns(this);
     m_columns->setObjectName("columns");

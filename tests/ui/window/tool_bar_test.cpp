@@ -3,10 +3,13 @@
 #include "tests/ui/window/window_fixture.h"
 #include "ui/window/toolbar_size_configurator.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QCursor>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -45,6 +48,17 @@ TEST_F(ToolBar, HasItsTwoGroupsInOrder) {
         return shown() == QStringList{"paste",   "copy",       "clearText",       "showOperations",
                                       "recipes", "saveRecipe", "clearOperations", "toggleOperations"};
     }));
+}
+
+TEST_F(ToolBar, NoContextMenuTakesItAway) {
+    QWidget *const places[] = {window().menuBar(), find("toolBar"), find("sidebar"), find("statusBar")};
+    for (QWidget *place : places) {
+        ASSERT_NE(place, nullptr);
+        const QPoint middle = place->rect().center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, middle, place->mapToGlobal(middle));
+        QApplication::sendEvent(place, &event);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << place->objectName().toStdString();
+    }
 }
 
 TEST_F(ToolBar, EveryButtonTellsWhatItDoes) {
