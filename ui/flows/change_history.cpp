@@ -107,15 +107,23 @@ void ChangeHistory::stepUndone(const Text &previous, const Text &now) {
     while (step > 0 && !m_entries[step - 1].isStep) {
         --step;
     }
-    if (step > 0 && m_entries[step - 1].before.is(now)) {
-        m_done = step - 1;
+    if (step == 0) {
+        append({previous, now, wholeChange(previous, now), false});
         return;
     }
-    // The manager shows something else than what stood before that step. Keep the way back as edits.
-    if (step > 0) {
-        makeEdits(step - 1, step);
+    m_done = step - 1;
+    Entry &undone = m_entries[m_done];
+    if (undone.before.is(now)) {
+        return;
     }
-    append({previous, now, wholeChange(previous, now), false});
+    // The manager shows something else than what stood before that step. One more undo brings that back.
+    const Seen before = std::exchange(undone.before, Seen(now));
+    undone.change = wholeChange(now, undone.after.text());
+    if (!before.isForgotten()) {
+        m_entries.insert(m_entries.begin() + static_cast<std::ptrdiff_t>(m_done),
+                         {before, now, wholeChange(before.text(), now), false});
+        ++m_done;
+    }
 }
 
 void ChangeHistory::stepRedone(const Text &previous, const Text &now) {

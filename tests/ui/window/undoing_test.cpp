@@ -191,6 +191,37 @@ TEST_F(Undoing, ATextThatTheManagerCannotRestoreStaysReachable) {
     EXPECT_EQ(text(), "t0");
 }
 
+TEST_F(Undoing, WhatCameAfterAStepThatIsTakenBackToAnotherTextComesBackToo) {
+    useStackMode();
+    setText("a");
+    click("transformation.uppercase");
+    manager().removeOperation(0);
+    focusEditor();
+    type("b");
+    ASSERT_EQ(text(), "ba");
+    click("transformation.uppercase");
+    focusEditor();
+    type("c");
+    const std::string last = text();
+    std::vector<std::string> seen;
+    for (int i = 0; i < 10; ++i) {
+        undo();
+        seen.push_back(text());
+    }
+    EXPECT_EQ(seen[0], "BA");
+    EXPECT_EQ(seen[1], "ba");
+    EXPECT_EQ(seen[2], "a");
+    EXPECT_EQ(seen[3], "A");
+    EXPECT_EQ(seen[4], "ba") << "the base text by now";
+    EXPECT_EQ(seen[5], "a") << "what stood there";
+    EXPECT_EQ(seen[6], "");
+    for (int i = 0; i < 10; ++i) {
+        redo();
+    }
+    EXPECT_EQ(text(), last);
+    EXPECT_EQ(manager().appliedOperations().size(), 1U);
+}
+
 TEST_F(Undoing, RedoBringsBackWhatUndoTookBackWhereverTheKeyboardIs) {
     setText("hello");
     focusEditor();
