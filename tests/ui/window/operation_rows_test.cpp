@@ -319,6 +319,16 @@ TEST_F(OperationRows, DroppedRowsSlideToTheirPlaces) {
     }
 }
 
+TEST_F(OperationRows, TheRowThatSlidUnderTheRestingPointerIsHoveredAndNoOther) {
+    const int place = row(0)->y();
+    QTest::mouseMove(row(0), {60, 20});
+    drop(2, 0);
+    hover(1); // which still stands under the pointer
+    EXPECT_TRUE(QTest::qWaitFor([&] { return row(1)->y() > place && row(0)->y() == place; }, 10'000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return row(0)->isHovered() && !row(1)->isHovered(); }, 10'000));
+    EXPECT_FALSE(row(2)->isHovered());
+}
+
 TEST_F(OperationRows, AChangeEndsTheSlide) {
     const int places[] = {row(0)->y(), row(1)->y()};
     drop(0, 2);
