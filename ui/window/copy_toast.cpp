@@ -22,6 +22,7 @@ namespace {
 
 using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds fadingTime = 200ms;
+constexpr int pillHeight = 40;
 constexpr int padding = 15;
 constexpr int iconSize = 18;
 constexpr int gap = 8;
@@ -62,7 +63,8 @@ void CopyToast::fade() {
 
 void CopyToast::place() {
     const QFontMetrics metrics(fontFor(FontRole::callout));
-    const QSize size(2 * padding + iconSize + gap + metrics.horizontalAdvance(m_text), metrics.height() + 2 * 11 + 1);
+    const QSize size(2 * padding + iconSize + gap + metrics.horizontalAdvance(m_text),
+                     heightFor(pillHeight, FontRole::callout));
     const QRect editor(m_editor.mapTo(parentWidget(), QPoint()), m_editor.size());
     const int left = editor.x() + (editor.width() - size.width()) / 2;
     setGeometry(std::max(0, std::min(left, parentWidget()->width() - size.width())),

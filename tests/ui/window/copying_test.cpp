@@ -96,6 +96,7 @@ TEST_F(Copying, TheConfirmationIsReadableWhateverTheLettersAndTheRoom) {
         const QWidget *toast = find("copyToast");
         const QRect place(toast->mapTo(&window(), QPoint()), toast->size());
         EXPECT_GT(place.width(), QFontMetrics(fontFor(FontRole::callout)).horizontalAdvance("Copied to clipboard"));
+        EXPECT_EQ(place.height(), heightFor(40, FontRole::callout));
         EXPECT_TRUE(window().rect().contains(place));
         EXPECT_EQ(toast->visibleRegion(), QRegion(toast->rect())) << "nothing is cut off";
     }
