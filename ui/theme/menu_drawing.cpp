@@ -54,8 +54,8 @@ void drawCaption(QPainter &painter, const QStyleOptionMenuItem &item) {
 
 QSize itemSize(const QStyleOptionMenuItem &item) {
     if (isSeparator(item)) {
-        return {1, 9};
-    } // an item without width is left out
+        return {1, 9}; // an item without width is left out
+    }
     const QFontMetrics letters(isCaption(item) ? fontFor(FontRole::sectionTitle) : item.font);
     const int width = letters.size(Qt::TextShowMnemonic | Qt::TextSingleLine, labelOf(item)).width();
     const int extra = isCaption(item) ? 0 : columnsBeforeLabel(item) + arrowColumn;
@@ -87,7 +87,7 @@ void drawItem(QPainter &painter, const QStyleOptionMenuItem &item) {
         painter.setPen(colour);
         const QRect text = item.rect.adjusted(padding + columnsBeforeLabel(item), 0, -padding, 0);
         painter.drawText(QStyle::visualRect(item.direction, item.rect, text),
-                         Qt::AlignVCenter | Qt::AlignLeading | Qt::TextShowMnemonic | Qt::TextSingleLine,
+                         Qt::AlignVCenter | Qt::AlignLeading | Qt::TextHideMnemonic | Qt::TextSingleLine,
                          labelOf(item));
         if (const QString shortcut = item.text.section('\t', 1); !shortcut.isEmpty()) {
             painter.setPen(isMarked ? colours.onAccent : isEnabled ? colours.text2 : colours.textOff);

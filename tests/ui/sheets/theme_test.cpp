@@ -228,6 +228,17 @@ TEST_F(RunningThemeTest, AMenuThatIsHigherThanTheScreenScrolls) {
     menu.close();
 }
 
+TEST_F(RunningThemeTest, NoItemOfAMenuIsUnderlined) {
+    const auto pictureOf = [](const QString &item) {
+        QMenu menu;
+        menu.addAction(item);
+        menu.popup({});
+        settle();
+        return menu.grab().toImage();
+    };
+    EXPECT_EQ(pictureOf("&Undo"), pictureOf("Undo"));
+}
+
 TEST_F(RunningThemeTest, MovementsTakeNoTimeWhenTheStyleSaysSo) {
     StillStyle still;
     using namespace std::chrono_literals;
