@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/hairline.h"
 
+#include "ui/theme/drawing.h"
 #include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"
 
@@ -17,6 +18,9 @@ Hairline::Hairline(Qt::Orientation orientation, QWidget *parent) : QWidget(paren
     }
 }
 
-void Hairline::paintEvent(QPaintEvent *) { QPainter(this).fillRect(rect(), theme().border); }
+void Hairline::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    fillHairline(painter, rect(), theme().border);
+}
 
 } // namespace lexivore

@@ -6,6 +6,7 @@
 
 #include <QPainter>
 #include <QWidget>
+#include <QtMath>
 
 namespace lexivore {
 
@@ -31,6 +32,18 @@ void drawFrame(QPainter &painter, const QRectF &rect, double radius, const QColo
     const double inset = width / 2;
     painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
     painter.restore();
+}
+
+void fillHairline(QPainter &painter, const QRect &line, const QColor &colour) {
+    const double ratio = painter.device()->devicePixelRatioF();
+    const double thickness = qMax(1, qFloor(ratio)) / ratio;
+    QRectF drawn = line;
+    if (line.height() < line.width()) {
+        drawn.setHeight(thickness);
+    } else {
+        drawn.setWidth(thickness);
+    }
+    painter.fillRect(drawn, colour);
 }
 
 void drawSymbol(QPainter &painter, const QRectF &rect, QAnyStringView name, int size, const QColor &colour) {

@@ -21,6 +21,10 @@ void fillRounded(QPainter &painter, const QRectF &rect, double radius, const QCo
 void drawFrame(QPainter &painter, const QRectF &rect, double radius, const QColor &fill, const QColor &border,
                double width = 1);
 
+/// Fills `line`, which is 1 pixel thick, with whole device pixels, as many in one place as in another. Where a pixel is
+/// one and a part of them, the part at the bottom or the right is left as it is.
+void fillHairline(QPainter &painter, const QRect &line, const QColor &colour);
+
 /// A symbol in the middle of `rect`, `size` pixels a side.
 void drawSymbol(QPainter &painter, const QRectF &rect, QAnyStringView name, int size, const QColor &colour);
 

@@ -66,7 +66,7 @@ void drawItem(QPainter &painter, const QStyleOptionMenuItem &item) {
     const Theme &colours = theme();
     painter.save();
     if (isSeparator(item)) {
-        painter.fillRect(QRect(item.rect.x(), item.rect.center().y(), item.rect.width(), 1), colours.border);
+        fillHairline(painter, QRect(item.rect.x(), item.rect.center().y(), item.rect.width(), 1), colours.border);
     } else if (isCaption(item)) {
         drawCaption(painter, item);
     } else {

@@ -329,10 +329,11 @@ void Style::drawControl(ControlElement element, const QStyleOption *option, QPai
         return;
     case CE_ToolBar:
         painter->fillRect(option->rect, theme().chrome);
-        painter->fillRect(QRect(option->rect.bottomLeft(), option->rect.bottomRight()), theme().border);
+        fillHairline(*painter, QRect(option->rect.bottomLeft(), option->rect.bottomRight()), theme().border);
         return;
     case CE_Splitter:
-        painter->fillRect(option->rect, theme().border);
+        painter->fillRect(option->rect, theme().pane); // the surface on one side of each
+        fillHairline(*painter, option->rect, theme().border);
         return;
     default:
         QProxyStyle::drawControl(element, option, painter, widget);

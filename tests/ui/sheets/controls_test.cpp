@@ -8,6 +8,7 @@
 #include "ui/controls/switch.h"
 #include "ui/controls/tool_button.h"
 #include "ui/sheets/alert_sheet.h"
+#include "ui/theme/drawing.h"
 
 #include <QCheckBox>
 #include <QPainter>
@@ -198,6 +199,24 @@ TEST_F(ControlsTest, TheRingIsNothingToAssistiveTechnology) {
     button->setFocus(Qt::TabFocusReason);
     ASSERT_NE(ring(), nullptr);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->childCount(), before);
+}
+
+TEST_F(ControlsTest, LinesAreAsThickInOnePlaceAsInAnotherOnAFineScreen) {
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+        for (int top = 0; top < 8; ++top) {
+            QImage picture(QSize(20, 40), QImage::Format_RGB32);
+            picture.setDevicePixelRatio(ratio);
+            picture.fill(Qt::white);
+            QPainter painter(&picture);
+            fillHairline(painter, QRect(0, top, 10, 1), Qt::black);
+            painter.end();
+            int thickness = 0;
+            for (int y = 0; y < picture.height(); ++y) {
+                thickness += picture.pixelColor(4, y) == Qt::black ? 1 : 0;
+            }
+            EXPECT_EQ(thickness, static_cast<int>(ratio)) << ratio << " at " << top;
+        }
+    }
 }
 
 TEST_F(ControlsTest, AFieldShowsItsFocusAndTakesTextOfAnyLength) {
