@@ -93,19 +93,30 @@ public:
     /// False, and nothing recorded, when the index is out of range or the parameters are the same.
     bool editOperationParameters(std::size_t index, ParameterMap parameters,
                                  TextAfterChange shown = TextAfterChange::result);
+    /// Back to the base text with an empty stack, which can be taken back. An empty stack does nothing.
     void clearOperations();
+    /// Empties the texts, the stack and the history; nothing brings them back.
     void clearAll();
     /// Runs every enabled operation over the base text. A failing one is skipped, reported on standard output and noted
     /// in `operationProblems`.
     void reapplyOperations();
 
+    /// Takes back the last entry of the history. With the stack that it brings back empty, the base text is shown, not
+    /// the text of the entry. An empty history does nothing.
     void undo();
+    /// Brings back what was taken back last, with its text. Does nothing when nothing was.
     void redo();
 
+    /// Appends a recipe of the user's own with the operations of the stack; any name will do, also one that is there
+    /// already. An empty stack does nothing.
     void saveRecipe(std::string name);
+    /// Deletes every recipe with the id of this one. A built-in one, or an id that none has, does nothing.
     void deleteRecipe(const Recipe &recipe);
+    /// Renames the first recipe with the id of this one, likewise. Any name will do.
     void renameRecipe(const Recipe &recipe, std::string newName);
-    /// Appends the recipe's operations to the stack by applying each. Throws the first TransformationError.
+    /// Appends the recipe's operations to the stack by applying each, also those that were disabled; those whose
+    /// transformation is unknown are left out. Passes on what `TextTransformation::apply` throws; what was applied
+    /// until then stays. An empty text is refused before any change.
     void applyRecipe(const Recipe &recipe);
     /// Puts the built-in templates in front when none is there.
     void ensureTemplates();

@@ -53,7 +53,7 @@ public:
 signals:
     void toggled();
     void removed();
-    /// By keyboard.
+    /// By keyboard or context menu.
     void moved(std::size_t from, std::size_t to);
     /// The row at `from` was dropped on this one, and so goes to `to`.
     void dropped(std::size_t from, std::size_t to);
