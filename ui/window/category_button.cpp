@@ -10,6 +10,7 @@
 #include "ui/window/row_accessibility.h"
 
 #include <QPainter>
+#include <QtMath>
 
 namespace lexivore {
 
@@ -37,8 +38,8 @@ void CategoryButton::setSelected(bool selected) {
 }
 
 QSize CategoryButton::sizeHint() const {
-    const QFontMetrics callout(fontFor(FontRole::callout));
-    return {2 * horizontalPadding + iconFrame + iconGap + callout.horizontalAdvance(text()),
+    const QFontMetricsF callout(fontFor(FontRole::callout));
+    return {2 * horizontalPadding + iconFrame + iconGap + qCeil(callout.horizontalAdvance(text())),
             heightFor(34, FontRole::body)};
 }
 
@@ -65,7 +66,7 @@ void CategoryButton::paintEvent(QPaintEvent *) {
 
 void CategoryButton::resizeEvent(QResizeEvent *event) {
     RowButton::resizeEvent(event);
-    const bool isElided = QFontMetrics(fontFor(FontRole::callout)).horizontalAdvance(text()) > textRect().width();
+    const bool isElided = QFontMetricsF(fontFor(FontRole::callout)).horizontalAdvance(text()) > textRect().width();
     setToolTip(isElided ? text() : QString());
 }
 

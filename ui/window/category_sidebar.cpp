@@ -3,7 +3,6 @@
 #include "ui/window/category_sidebar.h"
 
 #include "ui/theme/motion.h"
-#include "ui/theme/typography.h"
 #include "ui/window/category_button.h"
 #include "ui/window/row_column.h"
 #include "ui/window/row_navigator.h"
@@ -24,7 +23,6 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds foldingTime = 200ms;
 constexpr int rowInset = 8;
 constexpr int rowGap = 2;
-constexpr int designedWidth = 183;
 
 } // namespace
 
@@ -67,7 +65,7 @@ QSize CategorySidebar::minimumSizeHint() const {
     for (const CategoryButton *button : m_buttons) {
         widest = std::max(widest, button->sizeHint().width());
     }
-    return {std::min(widest + 2 * rowInset, widthFor(designedWidth)), Surface::minimumSizeHint().height()};
+    return {widest + 2 * rowInset, Surface::minimumSizeHint().height()};
 }
 
 void CategorySidebar::createRows() {

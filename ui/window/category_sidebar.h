@@ -24,7 +24,7 @@ class CategorySidebar : public Surface {
 public:
     explicit CategorySidebar(WindowState &state, QWidget *parent = nullptr);
 
-    /// Wide enough for the longest category, as far as that is within the designed width.
+    /// Wide enough for the longest category.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 private:

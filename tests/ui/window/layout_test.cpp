@@ -3,6 +3,8 @@
 #include "tests/ui/window/window_fixture.h"
 #include "ui/controls/label.h"
 #include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
+#include "ui/window/category_button.h"
 #include "ui/window/empty_state.h"
 #include "ui/window/status_item.h"
 
@@ -294,6 +296,20 @@ TEST_F(Layout, WhatIsCutOffShowsWholeInTheTooltip) {
     useLetters(20);
     resize(900, 600);
     EXPECT_EQ(find("category.Case Conversion")->toolTip(), "Case Conversion");
+}
+
+TEST_F(Layout, NoCategoryIsCutOffInAWindowOfTheInitialSize) {
+    for (const double points : {10.0, 10.25, 10.5, 10.75, 11.0, 11.25, 11.5, 11.75, 12.0, 14.0, 16.0, 20.0}) {
+        SCOPED_TRACE(points);
+        useLetters(points);
+        resize(1280, 800);
+        for (const CategoryButton *category : window().findChildren<CategoryButton *>()) {
+            EXPECT_EQ(category->toolTip(), "");
+            const int room = category->width() - 54; // what the icon and the paddings leave
+            EXPECT_EQ(QFontMetrics(fontFor(FontRole::callout)).elidedText(category->text(), Qt::ElideRight, room),
+                      category->text());
+        }
+    }
 }
 
 TEST_F(Layout, TheCategoriesScrollWhenTheyDoNotFit) {
