@@ -109,8 +109,8 @@ void TransformationButton::placeStar() {
 // The star and the chevron take room from the texts, so what is cut off is known only while they are there.
 void TransformationButton::updateToolTip() {
     const int room = textRight() - padding - symbolSize - iconGap;
-    const bool isElided = QFontMetrics(nameFont()).horizontalAdvance(text()) > room ||
-                          QFontMetrics(descriptionFont()).horizontalAdvance(accessibleDescription()) > room;
+    const bool isElided = QFontMetricsF(nameFont()).horizontalAdvance(text()) > room ||
+                          QFontMetricsF(descriptionFont()).horizontalAdvance(accessibleDescription()) > room;
     if (m_isPaused) {
         setToolTip(tr("The operations are paused"));
     } else {

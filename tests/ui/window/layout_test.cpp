@@ -7,6 +7,7 @@
 #include "ui/window/category_button.h"
 #include "ui/window/empty_state.h"
 #include "ui/window/status_item.h"
+#include "ui/window/transformation_button.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -296,6 +297,23 @@ TEST_F(Layout, WhatIsCutOffShowsWholeInTheTooltip) {
     useLetters(20);
     resize(900, 600);
     EXPECT_EQ(find("category.Case Conversion")->toolTip(), "Case Conversion");
+}
+
+TEST_F(Layout, ARowHasATooltipExactlyWhenItIsCutOff) {
+    click("category.Lines");
+    for (int windowWidth = 1010; windowWidth < 1075; ++windowWidth) {
+        resize(windowWidth, 640);
+        for (const TransformationButton *row : window().findChildren<TransformationButton *>()) {
+            const auto isCutOff = [room = row->width() - 52](const QString &text, FontRole role) {
+                return QFontMetrics(fontFor(role)).elidedText(text, Qt::ElideRight, room) != text;
+            };
+            if (row->isVisible()) {
+                EXPECT_EQ(!row->toolTip().isEmpty(), isCutOff(row->text(), FontRole::callout) ||
+                                                         isCutOff(row->accessibleDescription(), FontRole::smallCaption))
+                    << row->text().toStdString() << " at " << row->width();
+            }
+        }
+    }
 }
 
 TEST_F(Layout, NoCategoryIsCutOffInAWindowOfTheInitialSize) {
