@@ -3,6 +3,7 @@
 #include "ui/editor/text_editor.h"
 
 #include <QAccessible>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -37,6 +38,9 @@ TEST_F(TextEditorAccessibleTest, IsAnEditableTextOfSeveralLines) {
     EXPECT_EQ(accessible->role(), QAccessible::EditableText);
     EXPECT_TRUE(accessible->state().multiLine);
     EXPECT_TRUE(accessible->state().editable);
+    EXPECT_TRUE(accessible->state().selectableText);
+    EXPECT_EQ(accessible->text(QAccessible::Value), QStringLiteral("👍 one two\r\nthree\n"));
+    EXPECT_EQ(accessible->text(QAccessible::Description), QString());
     ASSERT_NE(text, nullptr);
     ASSERT_NE(accessible->editableTextInterface(), nullptr);
 }
@@ -70,6 +74,34 @@ TEST_F(TextEditorAccessibleTest, SelectsAndEdits) {
     accessible->editableTextInterface()->insertText(0, QStringLiteral("x"));
     accessible->editableTextInterface()->deleteText(1, 3);
     EXPECT_EQ(std::string(Text(editor.text()).view()), "x 1 two\r\nthree\n");
+}
+
+TEST_F(TextEditorAccessibleTest, ShowsWhatItIsSentTo) {
+    std::string lines;
+    for (int line = 0; line < 200; ++line) {
+        lines += "line\n";
+    }
+    editor.setText(Text(std::string_view(lines)));
+    const QScrollBar *bar = editor.verticalScrollBar();
+    text->setCursorPosition(900);
+    EXPECT_GT(bar->value(), 0);
+    EXPECT_TRUE(text->characterRect(0).isEmpty()) << "out of sight";
+    text->setCursorPosition(0);
+    EXPECT_EQ(bar->value(), 0);
+    text->setSelection(0, 900, 904);
+    EXPECT_GT(bar->value(), 0);
+    text->removeSelection(0);
+    EXPECT_EQ(text->selectionCount(), 0);
+    text->scrollToSubstring(0, 4);
+    EXPECT_FALSE(text->characterRect(0).isEmpty());
+    text->addSelection(900, 904);
+    EXPECT_EQ(text->selectionCount(), 1);
+    EXPECT_GT(bar->value(), 0);
+    text->setCursorPosition(0);
+    editor.document().setCaret(900);
+    editor.verticalScrollBar()->setValue(0);
+    accessible->editableTextInterface()->insertText(900, QStringLiteral("x"));
+    EXPECT_GT(bar->value(), 0);
 }
 
 TEST_F(TextEditorAccessibleTest, KnowsWhereCharactersAre) {

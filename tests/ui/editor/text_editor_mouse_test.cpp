@@ -184,6 +184,16 @@ TEST_F(TextEditorMouseTest, OnlyWhatIsSelectedCanBeDragged) {
     EXPECT_TRUE(startsAnew(pointOf(7) + QPoint(2, 0)));
 }
 
+TEST_F(TextEditorMouseTest, AClickInTheSelectionPutsTheCaretThereAndSelectsNothing) {
+    show("one two three");
+    document().select(4, 7);
+    QTest::mousePress(editor.viewport(), Qt::LeftButton, {}, pointOf(5));
+    EXPECT_EQ(selected(), "two") << "it could become a drag";
+    QTest::mouseRelease(editor.viewport(), Qt::LeftButton, {}, pointOf(5));
+    EXPECT_FALSE(document().hasSelection());
+    EXPECT_EQ(document().caret(), 5U);
+}
+
 TEST_F(TextEditorMouseTest, TakesTextThatIsDroppedAsOneEditAndSelectsIt) {
     show("one two");
     const QSignalSpy edits(&editor, &TextEditor::edited);

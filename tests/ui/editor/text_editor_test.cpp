@@ -96,6 +96,25 @@ TEST_F(TextEditorTest, MovesAndSelectsByTheKeysOfThePlatform) {
     EXPECT_EQ(document().selectedText().size(), text().size());
 }
 
+TEST_F(TextEditorTest, ControlWithUpAndDownGoesFromLineToLine) {
+    show("one\ntwo\nthree");
+    document().setCaret(6);
+    for (const std::size_t place : {4U, 0U, 0U}) {
+        keys("Ctrl+Up");
+        EXPECT_EQ(document().caret(), place);
+    }
+    for (const std::size_t place : {4U, 8U}) {
+        keys("Ctrl+Down");
+        EXPECT_EQ(document().caret(), place);
+        EXPECT_FALSE(document().hasSelection());
+    }
+    keys("Ctrl+Shift+Up");
+    EXPECT_EQ(document().selectionStart(), 4U);
+    EXPECT_EQ(document().selectionEnd(), 8U);
+    keys("Ctrl+Shift+Down");
+    EXPECT_FALSE(document().hasSelection());
+}
+
 TEST_F(TextEditorTest, KeepsTheWantedColumnWhenMovingOverAShortLine) {
     show("a long line\nb\nanother long line");
     keys("End");
@@ -195,6 +214,15 @@ TEST_F(TextEditorTest, LeavesTheKeysOfUndoAndRedoToTheWindow) {
         }
     }
     EXPECT_EQ(text(), "xabc");
+}
+
+TEST_F(TextEditorTest, KeysOfCommandsTypeNothing) {
+    show("abc");
+    for (const Qt::KeyboardModifier shift : {Qt::NoModifier, Qt::ShiftModifier}) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_1, Qt::ControlModifier | shift, QStringLiteral("1"));
+        QApplication::sendEvent(&editor, &event);
+    }
+    EXPECT_EQ(text(), "abc");
 }
 
 TEST_F(TextEditorTest, SaysWhereTheCaretIs) {
@@ -352,6 +380,21 @@ TEST_F(TextEditorTest, LeftAndRightFollowTheEyeThroughMixedDirections) {
             }
             EXPECT_GE(visited.size() + 1, boundaries) << line << ", " << key;
         }
+    }
+}
+
+TEST_F(TextEditorTest, LeftAndRightLeaveALineOfMixedDirectionsAtItsEnds) {
+    for (const char *line : {"abc שלום def", "שלום abc עולם"}) {
+        const bool isRightToLeft = line[0] != 'a';
+        const std::size_t begin = 4;
+        const std::size_t end = begin + std::string_view(line).size();
+        show("one\n" + std::string(line) + "\ntwo");
+        document().setCaret(begin);
+        keys(isRightToLeft ? "Right" : "Left");
+        EXPECT_EQ(document().caret(), begin - 1) << line;
+        document().setCaret(end);
+        keys(isRightToLeft ? "Left" : "Right");
+        EXPECT_EQ(document().caret(), end + 1) << line;
     }
 }
 
