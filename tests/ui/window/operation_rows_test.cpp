@@ -186,10 +186,18 @@ TEST_F(OperationRows, EachParameterHasALineOfItsOwnWhateverItHolds) {
     const int two = rowFor("replace-text", {{"find", "q"}, {"replace", ""}})->height();
     EXPECT_GT(one, plain);
     EXPECT_EQ(two - one, one - plain);
+    const QImage picture = pictureOf(row(2));
+    int ink = 0; // where the second of the two stands
+    for (int y = two - 10 - (two - one); y < two - 10; ++y) {
+        for (int x = 56; x < 96; ++x) {
+            ink += picture.pixelColor(x, y).alpha() > 60 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(ink, 0);
     const DraggableOperationItem *strange = rowFor("add-suffix", {{"suffix", hostile}});
     EXPECT_EQ(strange->height(), one);
     EXPECT_FALSE(strange->accessibleDescription().contains('\n'));
-    EXPECT_TRUE(strange->accessibleDescription().startsWith("Enabled, suffix: a"));
+    EXPECT_TRUE(strange->accessibleDescription().startsWith("Enabled, suffix: a␊b␍␊␉␤␀"));
     EXPECT_LT(strange->accessibleDescription().size(), 300);
     EXPECT_TRUE(strange->accessibleDescription().endsWith(QChar(0x2026))) << "tells that there is more";
 }
@@ -230,6 +238,15 @@ TEST_F(OperationRows, TheRowShowsTheShorterMeasureWhileItIsLookedAtAndDoesNotMov
     EXPECT_EQ(inkBesideTheName(), 0);
 }
 
+TEST_F(OperationRows, TheShorterMeasureTellsWhatChanged) {
+    const auto measure = [this](int index) {
+        return shortMeasure(manager().operationMeasures(row(index)->operation().id));
+    };
+    EXPECT_EQ(measure(0), "Same length");
+    EXPECT_EQ(measure(1), "Lines: 4 → 3");
+    EXPECT_EQ(measure(2), "Characters: 7 → 5");
+}
+
 TEST_F(OperationRows, AnUnknownTransformationIsCalledSo) {
     AppliedOperation gone;
     gone.transformation = "no-such-transformation";
@@ -240,6 +257,7 @@ TEST_F(OperationRows, AnUnknownTransformationIsCalledSo) {
 
 TEST_F(OperationRows, TheStateIsToldToAssistiveTechnology) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(row(0))->role(), QAccessible::ListItem);
+    EXPECT_TRUE(stateOf(row(0)).checkable);
     EXPECT_TRUE(stateOf(row(0)).checked);
     row(0)->setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(stateOf(row(0)).selected);

@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
+#include "ui/controls/symbol.h"
 #include "ui/editor/text_editor.h"
 #include "ui/operations/draggable_operation_item.h"
+#include "ui/theme/theme.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -100,6 +102,8 @@ TEST_F(Operations, SpaceAndReturnToggleDeleteRemovesAndAltArrowsMove) {
     press(Qt::Key_Down, Qt::AltModifier);
     EXPECT_EQ(stack(), "uppercase sort-words reverse- ");
     EXPECT_TRUE(row(2)->hasFocus());
+    press(Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(stack(), "uppercase sort-words reverse- ") << "not with another key";
     press(Qt::Key_Delete);
     EXPECT_EQ(stack(), "uppercase sort-words ");
     EXPECT_TRUE(row(1)->hasFocus());
@@ -160,6 +164,19 @@ TEST_F(Operations, TheContextMenuTogglesAndRemoves) {
     EXPECT_EQ(stack(), "reverse sort-words ");
 }
 
+TEST_F(Operations, TheContextMenuOpensWhereTheMouseIsAndByKeyInTheMiddleOfTheRow) {
+    for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        const QPoint place(50, 4);
+        QContextMenuEvent event(reason, place, row(0)->mapToGlobal(place));
+        QApplication::sendEvent(row(0), &event);
+        auto *menu = row(0)->findChild<QMenu *>("operationMenu");
+        ASSERT_NE(menu, nullptr);
+        EXPECT_EQ(row(0)->mapFromGlobal(menu->pos()).y(),
+                  reason == QContextMenuEvent::Mouse ? place.y() : row(0)->height() / 2);
+        delete menu;
+    }
+}
+
 TEST_F(Operations, AClickOnTheNumberDisablesAndEnablesAndOneBesideItDoesNot) {
     const QPoint number(38, row(0)->height() / 2);
     QHelpEvent help(QEvent::ToolTip, number, row(0)->mapToGlobal(number));
@@ -168,6 +185,7 @@ TEST_F(Operations, AClickOnTheNumberDisablesAndEnablesAndOneBesideItDoesNot) {
     QToolTip::hideText();
     clickAt(row(0), {90, number.y()});
     clickAt(row(0), {12, number.y()});
+    QTest::mouseClick(row(0), Qt::RightButton, {}, number);
     EXPECT_EQ(stack(), "uppercase reverse sort-words ");
     clickAt(row(0), number);
     EXPECT_EQ(stack(), "uppercase- reverse sort-words ");
@@ -176,6 +194,13 @@ TEST_F(Operations, AClickOnTheNumberDisablesAndEnablesAndOneBesideItDoesNot) {
     EXPECT_FALSE(isShown("parameterSheet"));
     clickAt(row(0), number);
     EXPECT_EQ(stack(), "uppercase reverse sort-words ");
+    QTest::mousePress(row(0), Qt::LeftButton, {}, number);
+    const QPoint beside = number + QPoint(QApplication::startDragDistance() - 1, 0);
+    QMouseEvent trembling(QEvent::MouseMove, beside, row(0)->mapToGlobal(beside), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(row(0), &trembling);
+    QTest::mouseRelease(row(0), Qt::LeftButton, {}, number);
+    EXPECT_EQ(stack(), "uppercase- reverse sort-words ") << "no drag yet";
+    clickAt(row(0), number);
     QTest::mousePress(row(0), Qt::LeftButton, {}, number);
     QTest::mouseRelease(row(0), Qt::LeftButton, {}, {90, number.y()});
     EXPECT_EQ(stack(), "uppercase reverse sort-words ") << "the user thought better of it";
@@ -420,9 +445,15 @@ TEST_F(Operations, ARowTellsWhyItsOperationFailed) {
 }
 
 TEST_F(Operations, TheSwitchNamesTheMode) {
+    const auto shows = [this](const char *symbol) {
+        Symbol expected(symbol, find("modeIcon")->width(), &Theme::text2);
+        return pictureOf(find("modeIcon")) == pictureOf(&expected);
+    };
+    EXPECT_TRUE(shows("square.stack"));
     EXPECT_EQ(find<QLabel>("modeName")->text(), "Multiple");
     EXPECT_EQ(find("modeSwitch")->toolTip(), "combine multiple transformations, as a stack");
     click("modeSwitch");
+    EXPECT_TRUE(shows("1.square"));
     EXPECT_EQ(find<QLabel>("modeName")->text(), "Single");
     EXPECT_EQ(find("modeSwitch")->toolTip(), "only one transformation at a time");
 }
