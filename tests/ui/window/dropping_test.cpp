@@ -114,6 +114,7 @@ TEST_F(Dropping, AFileThatCouldOnlyBeMovedIsNotTaken) {
 
 TEST_F(Dropping, ATextIsInsertedWhereItIsDropped) {
     setText("end");
+    find("search")->setFocus();
     EXPECT_TRUE(dropText("drop"));
     EXPECT_EQ(text().size(), 7U);
     EXPECT_NE(text().find("drop"), std::string::npos);

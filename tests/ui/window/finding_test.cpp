@@ -45,6 +45,15 @@ TEST_F(Finding, EscapeClosesTheFindBarFromEachOfItsControls) {
     }
 }
 
+TEST_F(Finding, TheNextMatchOfNothingAsksWhatToFind) {
+    for (const char *command : {"FindNext", "FindPrevious"}) {
+        choose(command);
+        EXPECT_TRUE(isShown("findBar")) << command;
+        EXPECT_TRUE(find("find")->hasFocus()) << command;
+        press(Qt::Key_Escape);
+    }
+}
+
 TEST_F(Finding, FindCountsAndSelectsMatches) {
     setText("one two One");
     focusEditor();
@@ -98,6 +107,9 @@ TEST_F(Finding, TheCountOfMatchesFollowsTheText) {
     type("one");
     setText("one");
     EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "1 match"; }));
+    focusEditor();
+    type("one ");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "2 matches"; }));
     setText("");
     EXPECT_TRUE(QTest::qWaitFor([this] { return find<QLabel>("matchCount")->text() == "No matches"; }));
 }

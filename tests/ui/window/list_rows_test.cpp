@@ -19,6 +19,7 @@
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QTimer>
 
 #include <chrono>
@@ -181,6 +182,19 @@ TEST_F(ListRows, TheContextMenuMarksAFavoriteAndTakesTheMarkAway) {
     EXPECT_EQ(text(), "Kept");
 }
 
+TEST_F(ListRows, TheContextMenuOpensWhereTheMouseIsAndByKeyInTheMiddleOfTheRow) {
+    for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        const QPoint place(50, 2);
+        QContextMenuEvent event(reason, place, row("lowercase")->mapToGlobal(place));
+        QApplication::sendEvent(row("lowercase"), &event);
+        auto *menu = row("lowercase")->findChild<QMenu *>("transformationMenu");
+        ASSERT_NE(menu, nullptr);
+        EXPECT_EQ(row("lowercase")->mapFromGlobal(menu->pos()).y(),
+                  reason == QContextMenuEvent::Mouse ? place.y() : row("lowercase")->height() / 2);
+        delete menu;
+    }
+}
+
 TEST_F(ListRows, KeysLeadFromTheStarToTheRowsAround) {
     const std::pair<Qt::Key, QString> ways[] = {{Qt::Key_Down, "lowercase"},
                                                 {Qt::Key_Left, "lowercase"},
@@ -192,6 +206,24 @@ TEST_F(ListRows, KeysLeadFromTheStarToTheRowsAround) {
         EXPECT_TRUE(qobject_cast<StarButton *>(QApplication::focusWidget())) << key;
         press(key);
         EXPECT_TRUE(row(id)->hasFocus()) << key;
+    }
+}
+
+TEST_F(ListRows, SpaceAndReturnPressARowAndItsStar) {
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+        setText("A");
+        row("lowercase")->setFocus(Qt::TabFocusReason);
+        press(key);
+        EXPECT_EQ(text(), "a");
+        press(Qt::Key_Right);
+        press(key);
+        EXPECT_EQ(manager().favorites().contains("lowercase"), key == Qt::Key_Space) << "and the second time not";
+        EXPECT_TRUE(star("lowercase")->hasFocus()) << "the keyboard stays on it";
+        state().setSelectedCategory(TransformationCategory::caseConversion);
+        find("category.Lines")->setFocus(Qt::TabFocusReason);
+        press(key);
+        EXPECT_EQ(state().selectedCategory(), TransformationCategory::lines);
+        state().setSelectedCategory(TransformationCategory::caseConversion);
     }
 }
 
@@ -282,6 +314,12 @@ TEST_F(ListRows, AFavoriteKeepsAYellowStarAtRest) {
     const auto middle = [this] { return pixel(star("lowercase"), star("lowercase")->rect().center()); };
     EXPECT_TRUE(QTest::qWaitFor([&] { return middle() == theme().star; })) << "it fades in";
     EXPECT_FALSE(star("uppercase")->isVisible());
+    const auto toTheEdge = [this] { return row("lowercase")->width() - star("lowercase")->x(); };
+    const int before = toTheEdge();
+    const int width = row("lowercase")->width();
+    find<QSplitter>("columns")->setSizes({183, width + 100, 300, 280});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return row("lowercase")->width() != width; }));
+    EXPECT_EQ(toTheEdge(), before) << "it goes with the edge of its row";
 }
 
 TEST_F(ListRows, TheHeaderTurnsItsChevronByAQuarterAndFoldsTheRows) {

@@ -89,6 +89,9 @@ TEST_F(MainWindow, WithoutACategoryTheListAsksForOne) {
     EXPECT_TRUE(listed().isEmpty());
     EXPECT_EQ(find("listEmptyState")->accessibleName(), "Select a category");
     EXPECT_TRUE(isShown("listEmptyState"));
+    state().setSelectedCategory(TransformationCategory::favorites);
+    EXPECT_EQ(find("listEmptyState")->accessibleName(), "No results");
+    EXPECT_TRUE(isShown("listEmptyState"));
 }
 
 TEST_F(MainWindow, TheSearchLooksInNamesAndDescriptionsOfAllCategories) {
@@ -224,6 +227,7 @@ TEST_F(MainWindow, APageTakesTheFocusAlong) {
     EXPECT_EQ(QApplication::focusWidget(), first);
     press(Qt::Key_End);
     const QWidget *last = QApplication::focusWidget();
+    EXPECT_EQ(last->visibleRegion().boundingRect(), last->rect());
     press(Qt::Key_PageDown);
     EXPECT_EQ(QApplication::focusWidget(), last);
 }
@@ -336,9 +340,12 @@ TEST_F(MainWindow, ApplyingToNoTextIsAnError) {
     EXPECT_EQ(find<QLabel>("message")->text(), "Invalid input: Text is empty");
 }
 
-TEST_F(MainWindow, ReturnInAnEmptySearchAppliesNothing) {
+TEST_F(MainWindow, ReturnInASearchThatIsEmptyOrFindsNothingAppliesNothing) {
     setText("kept");
     choose("SearchTransformations");
+    press(Qt::Key_Return);
+    EXPECT_EQ(text(), "kept");
+    type("rot13");
     press(Qt::Key_Return);
     EXPECT_EQ(text(), "kept");
 }

@@ -197,6 +197,11 @@ TEST_F(Shell, WhatActsOnTheTextNeedsText) {
     }
 }
 
+TEST_F(Shell, ThatThereIsNoTextIsStoredFromTheStart) {
+    center().post(notification::textChanged, false);
+    EXPECT_EQ(preferences.value(preference::hasText), QVariant(false));
+}
+
 TEST_F(Shell, TextChangedWithoutABooleanIsIgnored) {
     setText("x");
     center().post(notification::textChanged);
@@ -249,6 +254,9 @@ TEST_F(Shell, ReturnPressesTheButtonThatHasTheKeyboard) {
         keyboardOn("clearText");
         EXPECT_TRUE(isShown("alert"));
         press(Qt::Key_Escape);
+        choose("Find");
+        keyboardOn("closeFind");
+        EXPECT_FALSE(isShown("findBar"));
     }
     EXPECT_EQ(text(), "x");
 }
