@@ -6,6 +6,7 @@
 #include "tests/support/assistive_technology.h"
 #include "tests/ui/sheets/sheet_fixture.h"
 #include "ui/controls/focus_ring_frame.h"
+#include "ui/controls/symbol.h"
 #include "ui/controls/tool_button.h"
 #include "ui/sheets/recipe_row.h"
 
@@ -81,6 +82,9 @@ TEST_F(ManageRecipesSheetTest, SaysSoWhenThereAreNoUserRecipes) {
     EXPECT_TRUE(texts.contains("No user recipes"));
     EXPECT_TRUE(texts.contains("Create recipes by saving your current operations"));
     EXPECT_TRUE(rows().isEmpty());
+    const auto *symbol = sheet->findChild<Symbol *>();
+    ASSERT_NE(symbol, nullptr);
+    EXPECT_EQ(symbol->size(), QSize(48, 48));
 }
 
 TEST_F(ManageRecipesSheetTest, ListsTheUsersRecipesInOrderWithTheirSizes) {

@@ -325,6 +325,8 @@ TEST_F(ResultViewsTest, FrequencyScrollsByTheKeys) {
     EXPECT_EQ(bar->value(), 0);
     press(Qt::Key_PageDown);
     EXPECT_GT(bar->value(), 0);
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(bar->value(), 0);
 }
 
 TEST_F(ResultViewsTest, FrequencyDrawsCharactersThatBreakLinesOrHaveNoShape) {
@@ -478,6 +480,10 @@ TEST_F(ResultViewsTest, AreReadOutCardByCard) {
     QAccessibleInterface *words = QAccessible::queryAccessibleInterface(view->findChildren<CompactStatCard *>()[1]);
     EXPECT_EQ(words->text(QAccessible::Name), "Words");
     EXPECT_EQ(words->text(QAccessible::Description), "2");
+    auto *row = open(1, "one two")->findChild<FrequencyRow *>();
+    const QAccessibleInterface *list = QAccessible::queryAccessibleInterface(row)->parent();
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->text(QAccessible::Name), "Showing top 20 characters");
 }
 
 } // namespace

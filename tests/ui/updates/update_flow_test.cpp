@@ -167,6 +167,15 @@ TEST_F(UpdateFlowTest, InstallingDownloadsVerifiesAndHandsOver) {
     EXPECT_TRUE(below->hasFocus());
 }
 
+TEST_F(UpdateFlowTest, ReturnInTheNotesInstallsToo) {
+    check();
+    waitFor<UpdateSheet>();
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusName(), "releaseNotes");
+    press(Qt::Key_Return);
+    EXPECT_EQ(waitForAlert().value(0), "Update Ready");
+}
+
 TEST_F(UpdateFlowTest, ADownloadShowsHowFarItIsAndCanBeCancelled) {
     server.answers["/update.deb"].behaviour = LoopbackServer::Answer::Behaviour::stalling;
     check();
