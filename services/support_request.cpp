@@ -18,7 +18,8 @@ QString applicationName(const QVariantMap &information) {
 
 /// Percent-encoded for the query of a URL; empty when the text is no valid UTF-16.
 QString encodedForQuery(const QString &text) {
-    QStringEncoder encoder(QStringEncoder::Utf8);
+    // Stateless: otherwise it waits for the other half of a pair that the text ends within, and sees no mistake.
+    QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
     const QByteArray utf8 = encoder(text);
     if (encoder.hasError()) {
         return {};

@@ -30,7 +30,13 @@ TEST(SupportRequest, UsesTheGivenSubject) {
 }
 
 TEST(SupportRequest, LeavesOutWhatCannotBeEncoded) {
-    EXPECT_TRUE(supportRequestAddress(lexivore, QString(QChar(0xD800))).contains("?subject=&body=Hello"));
+    const QChar halfOfAPair(0xD83D);
+    const QChar otherHalf(0xDC69);
+    for (const QString &subject : {QString(halfOfAPair), QString(otherHalf), QString("a") + halfOfAPair,
+                                   QString("a") + halfOfAPair + "b", QString(otherHalf) + halfOfAPair}) {
+        EXPECT_TRUE(supportRequestAddress(lexivore, subject).contains("?subject=&body=Hello"))
+            << supportRequestAddress(lexivore, subject).toStdString();
+    }
 }
 
 TEST(SupportRequest, HandsTheAddressOver) {
