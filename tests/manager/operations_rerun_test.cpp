@@ -244,6 +244,26 @@ TEST_F(OperationsRerunTest, KeepsNoMoreTextsThanItsBudgetAllows) {
     EXPECT_NE(done.texts.at(operations[1].id).after->text(), nullptr);
 }
 
+TEST_F(OperationsRerunTest, WhatIsAddedIsKeptWithinTheBudgetToo) {
+    OperationsRunner small(catalog, {.bytes = 1000, .texts = 1});
+    const auto apply = [&](std::string_view before, const std::string &id, std::string_view after) {
+        const std::vector<AppliedOperation> behind = operations;
+        return small.add(base, behind, behind.empty() ? base : Text(before), add(id), Text(after));
+    };
+    const StepTexts first = apply("base", "one", "base,one");
+    const StepTexts second = apply("base,one", "two", "base,one,two");
+    EXPECT_NE(first.after->text(), nullptr);
+    const StepTexts third = apply("base,one,two", "three", "base,one,two,three");
+    EXPECT_EQ(first.after->text(), nullptr);
+    EXPECT_NE(second.after->text(), nullptr);
+
+    const StepTexts typed = apply("typed", "one", "typed,one");
+    const StepTexts typedAgain = apply("typed again", "one", "typed again,one");
+    EXPECT_EQ(typed.before->text(), nullptr);
+    EXPECT_EQ(typed.after->text(), nullptr);
+    EXPECT_NE(typedAgain.before->text(), nullptr);
+}
+
 /// How many of the steps run again: all from the first different or random one on, and before it those that fail.
 std::size_t runsExpected(const std::vector<AppliedOperation> &before, const std::vector<AppliedOperation> &now) {
     const auto steps = [](const std::vector<AppliedOperation> &operations) {
