@@ -74,6 +74,22 @@ TEST(Appcast, KeepsTheOrderOfTheItems) {
     EXPECT_EQ(result.appcast.items[2].length, 0) << "nothing is carried over from one item to the next";
 }
 
+TEST(Appcast, CarriesNothingOverFromAnItemThatIsLeftOut) {
+    const QByteArray plain = "<item><sparkle:version>2</sparkle:version></item>";
+    const QByteArray withoutVersion = R"(<item><sparkle:channel>beta</sparkle:channel><description>Notes</description>
+        <enclosure url="https://a/b" length="12" sparkle:edSignature="AAEC"/></item>)";
+    const AppcastItem item = onlyItem(withoutVersion + plain);
+    EXPECT_EQ(item.version, "2");
+    EXPECT_EQ(item.channel, "");
+    EXPECT_EQ(item.releaseNotes, "");
+    EXPECT_EQ(item.file, QUrl());
+    EXPECT_EQ(item.length, 0);
+    EXPECT_EQ(item.signature, QByteArray());
+    const QByteArray foreign = R"(<item><sparkle:version>3</sparkle:version>
+        <enclosure url="https://a/theirs" sparkle:os="windows"/></item>)";
+    EXPECT_EQ(onlyItem(foreign + plain).version, "2");
+}
+
 TEST(Appcast, LeavesOutWhatIsForOtherSystemsOrHasNoVersion) {
     EXPECT_EQ(itemCount("<item><title>No version</title></item>"), 0U);
     const QByteArray version = "<item><sparkle:version>2</sparkle:version>";

@@ -43,6 +43,7 @@ const Case cases[] = {
     {"a system that is too old", {item("2.0", "6.10")}, policy, Verdict::needsSystem, "2.0"},
     {"what runs here goes before what does not", {item("2.0", "7"), item("1.6", "6")}, policy, Verdict::offered, "1.6"},
     {"other channels are for others", {item("2.0", {}, "beta")}, policy, Verdict::upToDate, ""},
+    {"what is for others hides nothing", {item("2.0", {}, "beta"), item("1.9")}, policy, Verdict::offered, "1.9"},
     {"a channel of one's own", {item("2.0", {}, "beta"), item("1.9")}, onBeta, Verdict::offered, "2.0"},
 };
 
