@@ -144,6 +144,8 @@ const WrongType wrongTypes[] = {
     {"false", "\"false\"", "\"isEnabled\" of operation 1 of recipe 1 is not true or false."},
     {"\"replace\": \"\"", "\"replace\": 1", "Parameter \"replace\" of operation 1 of recipe 1 is not a text."},
     {"\"replace\": \"\"", "\"replace\": null", "Parameter \"replace\" of operation 1 of recipe 1 is not a text."},
+    {R"({"replace": "", "find": "\u2022 \"x\""})", "[]",
+     "\"parameters\" of operation 1 of recipe 1 is not an object of texts."},
     {"Data Processing", "data processing", "\"category\" of Recipe 1 is not a recipe category."},
     {"Data Processing", "dataProcessing", "\"category\" of Recipe 1 is not a recipe category."},
     {"7C9E6679-7425-40DE-944B-E07FC1F90AE7", "{7C9E6679-7425-40DE-944B-E07FC1F90AE7}",
@@ -152,6 +154,7 @@ const WrongType wrongTypes[] = {
     {"7C9E6679-7425-40DE-944B-E07FC1F90AE7", "", "\"id\" of Recipe 1 is not a UUID."},
     {"0f8fad5b", "0g8fad5b", "\"id\" of operation 1 of recipe 1 is not a UUID."},
     {"\"operations\": [{", "\"operations\": [5, {", "operation 1 of recipe 1 is not an object."},
+    {"\"operations\": [{", "\"operations\": 5, \"more\": [{", "\"operations\" of Recipe 1 is not a list."},
     {"[{\n  \"operations\"", "[[], {\n  \"operations\"", "Recipe 1 is not an object."},
 };
 
