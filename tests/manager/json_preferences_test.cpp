@@ -117,6 +117,13 @@ TEST_F(JsonPreferencesTest, KeepsWhatItDoesNotKnow) {
     EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});
 }
 
+TEST_F(JsonPreferencesTest, TakesNothingForDataThatHasMoreToSay) {
+    const QVariantMap list{{QStringLiteral("json"), QVariantList()}, {QStringLiteral("more"), 1}};
+    const QVariantMap text{{QStringLiteral("base64"), QStringLiteral("bm8=")}, {QStringLiteral("more"), 1}};
+    EXPECT_EQ(decodePreferences(R"({"list": {"json": [], "more": 1}, "text": {"base64": "bm8=", "more": 1}})"),
+              (QVariantMap{{QStringLiteral("list"), list}, {QStringLiteral("text"), text}}));
+}
+
 TEST_F(JsonPreferencesTest, SeesAndKeepsTheOtherCopysChanges) {
     JsonPreferences preferences(path());
     preferences.setValue(QStringLiteral("mine"), 1);
