@@ -370,7 +370,11 @@ TEST_F(JsonPreferencesFaultsTest, WhatCouldNotBeReadAtFirstIsKeptWhenItCanBeRepl
                   if (!preferences.isStored() || onDisk().size() != 2) {
                       return 2;
                   }
-                  return test::bytesOf(path("preferences.json.corrupt")) == someFavorites ? 0 : 3;
+                  if (test::bytesOf(path("preferences.json.corrupt")) != someFavorites) {
+                      return 3;
+                  }
+                  preferences.setValue(QStringLiteral("hasText"), false);
+                  return files().size() == 2 ? 0 : 4; // it is kept once
               }),
               0);
 }

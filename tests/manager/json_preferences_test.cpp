@@ -137,6 +137,19 @@ TEST_F(JsonPreferencesTest, SeesAndKeepsTheOtherCopysChanges) {
     EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("mine"), 2LL}, {QStringLiteral("theirs"), 1LL}}));
 }
 
+TEST_F(JsonPreferencesTest, LeavesTheOtherCopysLaterChangeOfTheSameValue) {
+    JsonPreferences preferences(path());
+    preferences.setValue(QStringLiteral("shared"), 1);
+    EXPECT_EQ(elsewhere([](JsonPreferences &other) {
+                  other.setValue(QStringLiteral("shared"), 2);
+                  return 0;
+              }),
+              0);
+    preferences.setValue(QStringLiteral("mine"), 1);
+    EXPECT_EQ(preferences.value(QStringLiteral("shared")), QVariant(2));
+    EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("mine"), 1LL}, {QStringLiteral("shared"), 2LL}}));
+}
+
 TEST_F(JsonPreferencesTest, NoTwoVersionsOfTheFileHaveTheSameTime) {
     JsonPreferences preferences(path());
     QDateTime last;
