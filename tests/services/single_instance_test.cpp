@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -166,6 +167,23 @@ TEST_F(SingleInstanceTest, AStartCanHandOverAsManyFilesAsACommandLineHolds) {
     end(*first);
 }
 
+TEST_F(SingleInstanceTest, HangsUpOnWhatIsNoRequest) {
+    const auto first = start();
+    ASSERT_EQ(nextLine(*first), "primary");
+    for (const char *line : {"nonsense\n", "[]\n", "\n"}) {
+        QLocalSocket stranger;
+        stranger.connectToServer(m_folder.path() + "/lexivore.socket");
+        ASSERT_TRUE(stranger.waitForConnected(patience));
+        stranger.write(line);
+        EXPECT_TRUE(stranger.waitForDisconnected(patience)) << line;
+        EXPECT_EQ(stranger.bytesAvailable(), 0) << line;
+    }
+    const auto later = start({"/later"});
+    EXPECT_EQ(nextLine(*later), "secondary");
+    EXPECT_EQ(nextLine(*first), "requested [/later] token");
+    end(*first);
+}
+
 TEST_F(SingleInstanceTest, ALockThatSaysNotWhoseItIsIsTakenOver) {
     for (const char *const content : {"", "no number\n"}) {
         QFile leftover(m_folder.path() + "/lexivore.lock");
@@ -179,6 +197,9 @@ TEST_F(SingleInstanceTest, ALockThatSaysNotWhoseItIsIsTakenOver) {
         QString name;
         EXPECT_TRUE(QLockFile(leftover.fileName()).getLockInfo(&owner, &host, &name)) << '"' << content << '"';
         EXPECT_EQ(owner, QCoreApplication::applicationPid());
+        QLocalSocket later;
+        later.connectToServer(m_folder.path() + "/lexivore.socket");
+        EXPECT_TRUE(later.waitForConnected(patience)) << "it can be asked";
     }
 }
 
