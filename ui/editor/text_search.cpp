@@ -46,7 +46,8 @@ std::vector<char32_t> unfolded(char32_t folded) {
 /// Finds the needle in runs of bytes.
 ///
 /// Few code points can begin a match. In most scripts their letters share the first bytes, so it is their last bytes
-/// that are looked for; what else they end is decoded in vain.
+/// that are looked for; what else they end is decoded in vain. From there on no code point is decoded twice, however
+/// much the needle resembles itself (Knuth, Morris and Pratt).
 class Finder {
 public:
     /// The needle is not empty.
@@ -55,6 +56,10 @@ public:
             const DecodedCodePoint decoded = decode(position, needle.data() + needle.size());
             m_folded.push_back(QChar::toCaseFolded(decoded.value));
             position += decoded.length;
+        }
+        m_fallbacks.push_back(0);
+        while (m_fallbacks.size() < m_folded.size()) {
+            m_fallbacks.push_back(matchedWith(m_folded[m_fallbacks.size()], m_fallbacks.back()));
         }
         for (const char32_t codePoint : unfolded(m_folded.front())) {
             std::array<char, 4> bytes{};
@@ -66,20 +71,36 @@ public:
     /// No match is longer than this.
     [[nodiscard]] std::size_t longestMatch() const { return 4 * m_folded.size(); }
 
-    /// The first match that begins at or behind `from`, which lies between code points.
-    [[nodiscard]] std::optional<TextMatch> find(std::string_view bytes, std::size_t from) const {
+    /// Calls `visit(TextMatch)` with the matches that begin at or behind `from`, which lies between code points, in
+    /// order until it says false. Matches may overlap only when they are wanted to.
+    template<typename Visit>
+    void forEach(std::string_view bytes, std::size_t from, bool overlapping, Visit &&visit) const {
         const char *const end = bytes.data() + bytes.size();
         const auto endsFirst = [this](char byte) { return m_endsFirst[static_cast<unsigned char>(byte)]; };
-        for (const char *last = bytes.data() + from; (last = std::find_if(last, end, endsFirst)) != end; ++last) {
-            const char *begin = last;
-            while (isContinuationByte(*begin)) {
-                --begin;
+        const char *position = bytes.data() + from;
+        std::size_t matched = 0; // so many code points in front of the position begin the needle
+        while (true) {
+            if (matched == 0) {
+                position = std::find_if(position, end, endsFirst);
             }
-            if (const std::size_t length = matchLength(begin, end); length != 0) {
-                return TextMatch{static_cast<std::size_t>(begin - bytes.data()), length};
+            if (position == end) {
+                return;
+            }
+            while (isContinuationByte(*position)) {
+                --position;
+            }
+            const DecodedCodePoint decoded = decode(position, end);
+            position += decoded.length;
+            matched = matchedWith(folded(decoded.value), matched);
+            if (matched == m_folded.size()) {
+                const char *const begin = beginOfMatch(position);
+                if (!visit(TextMatch{static_cast<std::size_t>(begin - bytes.data()),
+                                     static_cast<std::size_t>(position - begin)})) {
+                    return;
+                }
+                matched = overlapping ? m_fallbacks.back() : 0;
             }
         }
-        return {};
     }
 
 private:
@@ -90,22 +111,26 @@ private:
         return QChar::toCaseFolded(codePoint);
     }
 
-    [[nodiscard]] std::size_t matchLength(const char *begin, const char *end) const {
-        const char *position = begin;
-        for (const char32_t wanted : m_folded) {
-            if (position == end) {
-                return 0;
-            }
-            const DecodedCodePoint decoded = decode(position, end);
-            if (folded(decoded.value) != wanted) {
-                return 0;
-            }
-            position += decoded.length;
+    /// How many code points begin the needle after `matched` of them, not all, and then `next`.
+    [[nodiscard]] std::size_t matchedWith(char32_t next, std::size_t matched) const {
+        while (matched > 0 && m_folded[matched] != next) {
+            matched = m_fallbacks[matched - 1];
         }
-        return static_cast<std::size_t>(position - begin);
+        return m_folded[matched] == next ? matched + 1 : 0;
     }
 
-    std::vector<char32_t> m_folded;      ///< The needle's code points.
+    [[nodiscard]] const char *beginOfMatch(const char *end) const {
+        for (std::size_t left = m_folded.size(); left > 0; --left) {
+            do {
+                --end;
+            } while (isContinuationByte(*end));
+        }
+        return end;
+    }
+
+    std::vector<char32_t> m_folded; ///< The needle's code points.
+    /// Of each beginning of the needle: how long the longest shorter one is that it ends with.
+    std::vector<std::size_t> m_fallbacks;
     std::array<bool, 256> m_endsFirst{}; ///< Of each byte: whether it ends a code point that can begin a match.
 };
 
@@ -122,19 +147,22 @@ void forEachMatch(const Text &text, const Finder &finder, std::size_t from, std:
         while (position < bytes.size() && isContinuationByte(bytes[position])) {
             ++position;
         }
-        while (position < windowBytes) {
-            const auto match = finder.find(bytes, position);
-            if (!match || match->offset >= windowBytes) {
-                break;
+        std::size_t searched = windowBytes;
+        bool goesOn = true;
+        finder.forEach(bytes, position, overlapping, [&](TextMatch match) {
+            if (match.offset >= windowBytes) {
+                return false;
             }
-            if (!visit(TextMatch{from + match->offset, match->length})) {
-                return;
+            if (!overlapping) {
+                searched = std::max(searched, match.offset + match.length);
             }
-            const char *const found = bytes.data() + match->offset;
-            const std::size_t step = overlapping ? decode(found, bytes.data() + bytes.size()).length : match->length;
-            position = match->offset + step;
+            goesOn = visit(TextMatch{from + match.offset, match.length});
+            return goesOn;
+        });
+        if (!goesOn) {
+            return;
         }
-        from += std::max(position, windowBytes);
+        from += searched;
     }
 }
 

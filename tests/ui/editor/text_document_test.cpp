@@ -444,6 +444,44 @@ TEST(TextSearch, FindsWhatAComparisonAtEveryPlaceFinds) {
     }
 }
 
+TEST(TextSearch, FindsWhatResemblesItselfLikeAnythingElse) {
+    const std::vector<std::string> letters = {"a", "A", "\u212A", "k"};
+    Dice dice(17);
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        std::string plain; // as it is compared
+        for (std::size_t left = dice.below(40); left > 0; --left) {
+            const std::size_t letter = dice.below(letters.size());
+            text += letters[letter];
+            plain += letter < 2 ? 'a' : 'k';
+        }
+        std::string needle;
+        for (std::size_t left = 1 + dice.below(6); left > 0; --left) {
+            needle += dice.below(3) > 0 ? 'a' : 'k';
+        }
+        std::size_t count = 0;
+        for (std::size_t at = 0; (at = plain.find(needle, at)) != std::string::npos; at += needle.size()) {
+            ++count;
+        }
+        const auto place = [&](const std::optional<TextMatch> &match) {
+            return match ? characterCount(std::string_view(text).substr(0, match->offset)) : std::string::npos;
+        };
+        SCOPED_TRACE(text + " / " + needle);
+        ASSERT_EQ(countMatches(Text(text), needle), count);
+        ASSERT_EQ(place(findForward(Text(text), needle, 0)), plain.find(needle));
+        ASSERT_EQ(place(findBackward(Text(text), needle, text.size())), plain.rfind(needle));
+    }
+}
+
+TEST(TextSearch, LooksAtEachLetterOnceHoweverMuchTheNeedleResemblesItself) {
+    // Compared anew at every place, this would be a million million letters.
+    const std::string letters(100000, 'a');
+    const Text text(std::string_view(std::string(10000000, 'a')));
+    EXPECT_EQ(findForward(text, letters + "b", 0), std::nullopt);
+    EXPECT_EQ(findBackward(text, letters + "b", text.size()), std::nullopt);
+    EXPECT_EQ(countMatches(text, letters), 100U);
+}
+
 TEST(TextSearch, FindsAcrossTheSeamsOfALargeEditedText) {
     Text text(std::string_view(std::string(600000, 'x')));
     std::size_t expected = 0;
