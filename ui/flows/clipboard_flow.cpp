@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/flows/clipboard_flow.h"
 
-#include "manager/text_conversion.h"
 #include "manager/transformation_manager.h"
 #include "ui/editor/text_mime_data.h"
 #include "ui/flows/memory_shortage.h"
@@ -44,11 +43,14 @@ void ClipboardFlow::paste() {
 }
 
 void ClipboardFlow::copy() {
-    orReportShortage(m_alerts, [&] {
-        QGuiApplication::clipboard()->setText(toQString(m_manager.currentText().view()));
-        m_state.setShowCopyConfirmation(true);
-        QTimer::singleShot(confirmationTime, this, [this] { m_state.setShowCopyConfirmation(false); });
-    });
+    auto *const copied = new TextMimeData(m_manager.currentText());
+    // Whoever asks for it does so in the midst of an event, which an alert waits for.
+    connect(
+        copied, &TextMimeData::fellShort, this, [this] { m_alerts.showError(memoryShortageMessage()); },
+        Qt::QueuedConnection);
+    QGuiApplication::clipboard()->setMimeData(copied);
+    m_state.setShowCopyConfirmation(true);
+    QTimer::singleShot(confirmationTime, this, [this] { m_state.setShowCopyConfirmation(false); });
 }
 
 void ClipboardFlow::clear() {

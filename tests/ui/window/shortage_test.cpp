@@ -63,7 +63,11 @@ protected:
         EXPECT_FALSE(text() == before);
     }
 
-    void copyAll() {
+    void copyAll(bool byButton = false) {
+        if (byButton) {
+            click("copy");
+            return;
+        }
         focusEditor();
         press(Qt::Key_A, Qt::ControlModifier);
         press(Qt::Key_C, Qt::ControlModifier);
@@ -154,28 +158,34 @@ TEST_F(Shortage, OfMemoryForAnEditTakesItOutOfTheEditorAgain) {
 }
 
 TEST_F(Shortage, OfMemoryForCopiedTextThatIsAskedForIsAnErrorToldOnce) {
-    setText("before" + std::string(40 * megabyte, 'a'));
-    copyAll();
-    limitMemoryTo(16 * megabyte);
-    for (const char *format : {"text/plain", "text/plain;charset=utf-8"}) {
-        EXPECT_EQ(QGuiApplication::clipboard()->mimeData()->data(format).size(), 0) << format;
+    for (const bool byButton : {false, true}) {
+        SCOPED_TRACE(byButton);
+        setText("before" + std::string(40 * megabyte, 'a'));
+        copyAll(byButton);
+        limitMemoryTo(16 * megabyte);
+        for (const char *format : {"text/plain", "text/plain;charset=utf-8"}) {
+            EXPECT_EQ(QGuiApplication::clipboard()->mimeData()->data(format).size(), 0) << format;
+        }
+        allowAllMemory();
+        EXPECT_TRUE(text().starts_with("before"));
+        expectError(shortage);
+        QGuiApplication::clipboard()->clear();
     }
-    allowAllMemory();
-    EXPECT_TRUE(text().starts_with("before"));
-    expectError(shortage);
-    QGuiApplication::clipboard()->clear();
 }
 
-TEST_F(Shortage, OfMemoryIsNoReasonNotToPasteWhatTheEditorCopied) {
+TEST_F(Shortage, OfMemoryIsNoReasonNotToCopyAndPasteWithinTheProgram) {
     const std::string copied(40 * megabyte, 'a');
-    setText(copied);
-    copyAll();
-    setText("before");
-    limitMemoryTo(16 * megabyte);
-    click("paste");
-    allowAllMemory();
-    EXPECT_TRUE(text() == copied);
-    QGuiApplication::clipboard()->clear();
+    for (const bool byButton : {false, true}) {
+        SCOPED_TRACE(byButton);
+        setText(copied);
+        limitMemoryTo(16 * megabyte);
+        copyAll(byButton);
+        setText("before");
+        click("paste");
+        allowAllMemory();
+        EXPECT_TRUE(text() == copied);
+        QGuiApplication::clipboard()->clear();
+    }
 }
 
 TEST_F(Shortage, OfMemoryForADroppedTextIsAnErrorAndTheTextStaysWhereItCameFrom) {
