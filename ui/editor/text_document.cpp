@@ -175,16 +175,20 @@ std::size_t TextDocument::offsetOfUnit(std::size_t unit) const {
 }
 
 bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_view replacement) {
+    return replace(offset, length, Text(replacement));
+}
+
+bool TextDocument::replace(std::size_t offset, std::size_t length, const Text &inserted) {
     const std::size_t begin = boundaryAt(offset);
     const std::size_t end = length == 0 ? begin : boundaryAt(std::min(offset + length, m_text.size()), Side::behind);
-    if (begin == end && replacement.empty()) {
+    if (begin == end && inserted.empty()) {
         return true;
     }
-    if (replacement.size() > maximumSize - (m_text.size() - (end - begin))) {
+    if (inserted.size() > maximumSize - (m_text.size() - (end - begin))) {
         return false;
     }
+    const std::string_view bytes = inserted.view(); // of one piece before anything changes: that may need memory
     const Text removed = m_text.slice(begin, end - begin);
-    const Text inserted(replacement);
     const Text replaced = m_text.replaced(begin, removed.size(), inserted);
     m_index.replaced(replaced, begin, removed.size(), inserted.size());
     m_text = replaced;
@@ -194,17 +198,19 @@ bool TextDocument::replace(std::size_t offset, std::size_t length, std::string_v
     {
         const QScopedValueRollback announcing(m_announced, std::optional(Range{begin, begin + inserted.size()}));
         const QScopedValueRollback removing(m_removedText, removed);
-        emit edited(begin, removed.size(), inserted.view());
+        emit edited(begin, removed.size(), bytes);
     }
     emit selectionChanged();
     return true;
 }
 
-bool TextDocument::insert(std::string_view inserted) {
+bool TextDocument::insert(std::string_view inserted) { return insert(Text(inserted)); }
+
+bool TextDocument::insert(const Text &inserted) {
     return replace(selectionStart(), selectionEnd() - selectionStart(), inserted);
 }
 
-void TextDocument::remove(std::size_t offset, std::size_t length) { replace(offset, length, {}); }
+void TextDocument::remove(std::size_t offset, std::size_t length) { replace(offset, length, Text()); }
 
 std::string_view TextDocument::bytes(std::size_t offset, std::size_t length) const {
     return readText(m_text, offset, length, m_scratch);

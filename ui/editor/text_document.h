@@ -96,8 +96,12 @@ public:
     /// Replaces a range and puts the caret behind the replacement. Bytes that are no UTF-8 are the caller's mistake.
     /// False when the text would become too large: nothing happens then.
     bool replace(std::size_t offset, std::size_t length, std::string_view replacement);
+    /// As above, sharing the bytes of `inserted` instead of copying them.
+    bool replace(std::size_t offset, std::size_t length, const Text &inserted);
     /// Replaces the selection, or inserts at the caret.
     bool insert(std::string_view inserted);
+    /// As above, sharing the bytes of `inserted` instead of copying them.
+    bool insert(const Text &inserted);
     void remove(std::size_t offset, std::size_t length);
 
     /// What the change that is being announced took away. Nothing at other times.

@@ -148,7 +148,7 @@ void TextEditor::selectAll() {
 
 void TextEditor::deleteSelection() {
     if (m_document.hasSelection()) {
-        m_document.insert({});
+        m_document.insert(Text());
         ensureCaretVisible();
     }
 }

@@ -205,7 +205,7 @@ private:
     void moveByPage(int pages, Anchor anchor);
     void removeUpTo(std::size_t offset);
     void insertTyped(std::string_view typed);
-    bool insertOrRefuse(std::string_view inserted);
+    bool insertOrRefuse(const Text &inserted);
 
     // text_editor_input_method.cpp
     /// Where the text begins that an input method is told.

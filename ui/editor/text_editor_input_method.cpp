@@ -43,7 +43,7 @@ void TextEditor::inputMethodEvent(QInputMethodEvent *event) {
     const std::size_t toldFrom = surroundingBegin();
     const bool beginsToCompose = !event->preeditString().isEmpty() && event->commitString().isEmpty();
     if (beginsToCompose && m_document.hasSelection() && event->replacementLength() == 0) {
-        m_document.insert({});
+        m_document.insert(Text());
     }
     m_layout.setPreedit({}, 0);
     if (event->replacementLength() > 0 || !event->commitString().isEmpty()) {

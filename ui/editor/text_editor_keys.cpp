@@ -322,7 +322,7 @@ bool TextEditor::editByKey(QKeyEvent *event) {
         removeUpTo(m_document.previousCharacter(caret));
     } else if (event->matches(QKeySequence::InsertParagraphSeparator) ||
                event->matches(QKeySequence::InsertLineSeparator)) {
-        insertOrRefuse(m_document.newline());
+        insertOrRefuse(Text(m_document.newline()));
     } else if (event->key() == Qt::Key_Insert && event->modifiers() == Qt::NoModifier) {
         setOverwriteMode(!m_isOverwriteMode);
     } else if (const QString typed = typedBy(event); !typed.isEmpty()) {
@@ -336,7 +336,7 @@ bool TextEditor::editByKey(QKeyEvent *event) {
 
 void TextEditor::removeUpTo(std::size_t offset) {
     if (m_document.hasSelection()) {
-        m_document.insert({});
+        m_document.insert(Text());
         return;
     }
     const std::size_t caret = m_document.caret();
@@ -349,10 +349,10 @@ void TextEditor::insertTyped(std::string_view typed) {
         m_document.replace(caret, m_document.nextCharacter(caret) - caret, typed);
         return;
     }
-    insertOrRefuse(typed);
+    insertOrRefuse(Text(typed));
 }
 
-bool TextEditor::insertOrRefuse(std::string_view inserted) {
+bool TextEditor::insertOrRefuse(const Text &inserted) {
     if (m_document.insert(inserted)) {
         return true;
     }

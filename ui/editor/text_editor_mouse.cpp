@@ -244,7 +244,7 @@ void TextEditor::pasteFrom(const QMimeData *mimeData) {
         return;
     }
     try {
-        insertOrRefuse(textOf(*mimeData).view());
+        insertOrRefuse(textOf(*mimeData));
     } catch (const std::bad_alloc &) {
         emit refused(memoryShortageMessage());
     }
@@ -348,13 +348,13 @@ void TextEditor::insertDropped(QDropEvent *event) {
         if (goesDown) {
             from = begin + between.size();
         }
-        m_document.replace(std::min(begin, offset), moved.size(), moved.view());
+        m_document.replace(std::min(begin, offset), moved.size(), moved);
     } else {
         m_document.setCaret(offset);
         from = m_document.caret();
         const std::size_t expected = text().size() + dropped.size();
         // Whoever was told of the edit may have restored the text before it.
-        if (!insertOrRefuse(dropped.view()) || text().size() != expected) {
+        if (!insertOrRefuse(dropped) || text().size() != expected) {
             refuseDrop(event);
             return;
         }

@@ -346,6 +346,15 @@ TEST(TextDocument, TakesBackWhatItAnnouncedWithoutAnnouncingIt) {
     EXPECT_EQ(replaced, 0);
 }
 
+TEST(TextDocument, SharesTheBytesThatItInserts) {
+    const Text inserted(std::string_view(std::string(5000, 'x')));
+    TextDocument document;
+    document.insert(inserted);
+    EXPECT_TRUE(document.text().sharesAllWith(inserted));
+    document.replace(0, 5000, Text());
+    EXPECT_TRUE(document.text().empty());
+}
+
 TEST(TextDocument, TakesBackTheTextBeforeTheEditThatItAnnounces) {
     const Text earlier(std::string_view("one two\nthree"));
     for (const char *const typed : {"1\n3", "1 and 3", ""}) {

@@ -146,7 +146,7 @@ TEST_F(Shortage, OfMemoryForAnEditTakesItOutOfTheEditorAgain) {
         } else {
             press(Qt::Key_Home, Qt::ControlModifier);
         }
-        limitMemoryTo(60 * megabyte); // enough for one copy of it
+        limitMemoryTo(16 * megabyte);
         press(Qt::Key_V, Qt::ControlModifier);
         allowAllMemory();
         EXPECT_TRUE(text() == before);
@@ -210,7 +210,7 @@ TEST_F(Shortage, OfMemoryForTheEditThatADropMakesLeavesTheTextWhereItCameFrom) {
     QDragEnterEvent enter({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(target, &enter);
     QDropEvent drop({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    limitMemoryTo(60 * megabyte); // enough for one copy of it
+    limitMemoryTo(16 * megabyte);
     QApplication::sendEvent(target, &drop);
     EXPECT_FALSE(drop.isAccepted());
     EXPECT_EQ(text(), "before\nand after");
