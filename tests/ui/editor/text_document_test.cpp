@@ -483,12 +483,12 @@ TEST(TextSearch, FindsWhatResemblesItselfLikeAnythingElse) {
 }
 
 TEST(TextSearch, LooksAtEachLetterOnceHoweverMuchTheNeedleResemblesItself) {
-    // Compared anew at every place, this would be a million million letters.
+    // Compared anew at every place, this would be most of a million million letters.
     const std::string letters(100000, 'a');
-    const Text text(std::string_view(std::string(10000000, 'a')));
+    const Text text(std::string_view(std::string(8000000, 'a')));
     EXPECT_EQ(findForward(text, letters + "b", 0), std::nullopt);
     EXPECT_EQ(findBackward(text, letters + "b", text.size()), std::nullopt);
-    EXPECT_EQ(countMatches(text, letters), 100U);
+    EXPECT_EQ(countMatches(text, letters), 80U);
 }
 
 TEST(TextSearch, FindsAcrossTheSeamsOfALargeEditedText) {

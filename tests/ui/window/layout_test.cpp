@@ -403,7 +403,9 @@ TEST_F(Layout, WhatIsEmptySaysSo24PixelsAboveTheMiddleOfItsColumn) {
         --bottom;
     }
     constexpr int unevenMargins = 6; // of the icon above its strokes, and of the words below their letters
-    EXPECT_NEAR(words->mapTo(panel, QPoint()).y() + (top + bottom) / 2, panel->height() / 2 - 24, unevenMargins);
+    const int middle = words->mapTo(panel, QPoint()).y() + (top + bottom) / 2;
+    const int designedMiddle = panel->height() / 2 - 24;
+    EXPECT_NEAR(middle, designedMiddle, unevenMargins);
 }
 
 TEST_F(Layout, TheScrollBarOfTheEditorStandsOnTheSurfaceOfTheText) {
