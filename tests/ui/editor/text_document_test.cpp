@@ -11,15 +11,13 @@
 #include "engine/primitives/utf8.h"
 #include "engine/primitives/words.h"
 #include "manager/text_conversion.h"
-#include "ui/editor/text_search.h"
+#include "tests/support/property.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <optional>
-#include <random>
 #include <set>
 #include <string>
 #include <utility>
@@ -27,6 +25,8 @@
 
 namespace lexivore {
 namespace {
+
+using test::Dice;
 
 const std::vector<std::string> pieces = {
     "a",          "word",    " ",      "  ",     "\t",
@@ -38,14 +38,6 @@ const std::vector<std::string> pieces = {
     "\u1112",     "\u1161",  "\u11AB", "שלום",   "مرحبا",
     "中文字",     "\uFEFF",  "\u00A0", "\u3000", "\u0600",
     "\U0010FFFF", "\uE000",  ".",      ",;",     "The quick brown fox jumps over the lazy dog. "};
-
-struct Dice {
-    explicit Dice(unsigned seed) : engine(seed) {}
-    std::size_t below(std::size_t limit) {
-        return limit == 0 ? 0 : std::uniform_int_distribution<std::size_t>(0, limit - 1)(engine);
-    }
-    std::mt19937 engine;
-};
 
 std::string randomText(Dice &dice, std::size_t bytes) {
     std::string text;
@@ -382,123 +374,6 @@ TEST(TextDocument, AnnouncesTheSelectionOnlyWhenItChanges) {
     EXPECT_EQ(selections, 0);
     document.setCaret(1);
     EXPECT_EQ(selections, 1);
-}
-
-TEST(TextSearch, FindsForwardBackwardAndCounts) {
-    Text text(std::string_view("Abc abc ÀBC àbc aaaa"));
-    EXPECT_EQ(findForward(text, "abc", 0), (TextMatch{0, 3}));
-    EXPECT_EQ(findForward(text, "abc", 1), (TextMatch{4, 3}));
-    EXPECT_EQ(findForward(text, "àbc", 0), (TextMatch{8, 4}));
-    EXPECT_EQ(findBackward(text, "ABC", text.size()), (TextMatch{4, 3}));
-    EXPECT_EQ(findBackward(text, "aa", text.size()), (TextMatch{20, 2}));
-    EXPECT_EQ(countMatches(text, "aa"), 2U);
-    EXPECT_EQ(countMatches(text, ""), 0U);
-    EXPECT_EQ(findForward(text, "none", 0), std::nullopt);
-}
-
-std::string encoded(char32_t codePoint) {
-    std::array<char, 4> bytes{};
-    return {bytes.data(), encode(codePoint, bytes.data())};
-}
-
-TEST(TextSearch, FindsEveryCodePointByWhateverFoldsToTheSame) {
-    for (char32_t codePoint = 0; codePoint <= QChar::LastValidCodePoint; ++codePoint) {
-        const char32_t folded = QChar::toCaseFolded(codePoint);
-        if (folded != codePoint) {
-            const std::string one = encoded(codePoint);
-            const std::string other = encoded(folded);
-            ASSERT_EQ(findForward(Text("\u4E2D" + one + "."), other, 0), (TextMatch{3, one.size()})) << one;
-            ASSERT_EQ(findForward(Text("\u4E2D" + other + "."), one, 0), (TextMatch{3, other.size()})) << one;
-        }
-    }
-}
-
-TEST(TextSearch, FindsWhatAComparisonAtEveryPlaceFinds) {
-    const std::vector<std::string> letters = {"a", "A",  "k", "K", "\u212A", "s", "\u017F", "ч", "Ч", "ф",  "é",  "É",
-                                              "😀", "\n", "ẞ", "ß", "σ",      "ς", "Σ",      "𐐀", "𐐨", "中", "丘", " "};
-    Dice dice(16);
-    const auto randomText = [&](std::size_t length) {
-        std::string text;
-        while (length-- > 0) {
-            text += letters[dice.below(letters.size())];
-        }
-        return text;
-    };
-    const auto folded = [](const std::string &text) {
-        QList<uint> codePoints = toQString(text).toUcs4();
-        std::transform(codePoints.begin(), codePoints.end(), codePoints.begin(),
-                       [](uint codePoint) { return QChar::toCaseFolded(codePoint); });
-        return codePoints;
-    };
-    for (int round = 0; round < 2000; ++round) {
-        const std::string text = randomText(60);
-        const std::string needle = randomText(1 + dice.below(2));
-        const QList<uint> foldedText = folded(text);
-        const QList<uint> foldedNeedle = folded(needle);
-        const auto begin = foldedText.begin();
-        const auto end = foldedText.end();
-        const auto search = [&](auto from) { return std::search(from, end, foldedNeedle.begin(), foldedNeedle.end()); };
-        std::size_t count = 0;
-        for (auto found = search(begin); found != end; found = search(found + foldedNeedle.size())) {
-            ++count;
-        }
-        const auto placeOf = [&](const std::optional<TextMatch> &match) {
-            return match ? begin + folded(text.substr(0, match->offset)).size() : end;
-        };
-        ASSERT_EQ(countMatches(Text(text), needle), count) << text << " / " << needle;
-        ASSERT_EQ(placeOf(findForward(Text(text), needle, 0)), search(begin)) << text << " / " << needle;
-        ASSERT_EQ(placeOf(findBackward(Text(text), needle, text.size())),
-                  std::find_end(begin, end, foldedNeedle.begin(), foldedNeedle.end()))
-            << text << " / " << needle;
-    }
-}
-
-TEST(TextSearch, FindsWhatResemblesItselfLikeAnythingElse) {
-    const std::vector<std::string> letters = {"a", "A", "\u212A", "k"};
-    Dice dice(17);
-    for (int round = 0; round < 2000; ++round) {
-        std::string text;
-        std::string plain; // as it is compared
-        for (std::size_t left = dice.below(40); left > 0; --left) {
-            const std::size_t letter = dice.below(letters.size());
-            text += letters[letter];
-            plain += letter < 2 ? 'a' : 'k';
-        }
-        std::string needle;
-        for (std::size_t left = 1 + dice.below(6); left > 0; --left) {
-            needle += dice.below(3) > 0 ? 'a' : 'k';
-        }
-        std::size_t count = 0;
-        for (std::size_t at = 0; (at = plain.find(needle, at)) != std::string::npos; at += needle.size()) {
-            ++count;
-        }
-        const auto place = [&](const std::optional<TextMatch> &match) {
-            return match ? characterCount(std::string_view(text).substr(0, match->offset)) : std::string::npos;
-        };
-        SCOPED_TRACE(text + " / " + needle);
-        ASSERT_EQ(countMatches(Text(text), needle), count);
-        ASSERT_EQ(place(findForward(Text(text), needle, 0)), plain.find(needle));
-        ASSERT_EQ(place(findBackward(Text(text), needle, text.size())), plain.rfind(needle));
-    }
-}
-
-TEST(TextSearch, LooksAtEachLetterOnceHoweverMuchTheNeedleResemblesItself) {
-    // Compared anew at every place, this would be most of a million million letters.
-    const std::string letters(100000, 'a');
-    const Text text(std::string_view(std::string(8000000, 'a')));
-    EXPECT_EQ(findForward(text, letters + "b", 0), std::nullopt);
-    EXPECT_EQ(findBackward(text, letters + "b", text.size()), std::nullopt);
-    EXPECT_EQ(countMatches(text, letters), 80U);
-}
-
-TEST(TextSearch, FindsAcrossTheSeamsOfALargeEditedText) {
-    Text text(std::string_view(std::string(600000, 'x')));
-    std::size_t expected = 0;
-    for (std::size_t offset = 262144 - 40; offset < 262144 + 40; offset += 7) {
-        text = text.replaced(offset, 5, "Néedl");
-        ++expected;
-    }
-    EXPECT_EQ(countMatches(text, "nÉeDL"), expected);
 }
 
 } // namespace
