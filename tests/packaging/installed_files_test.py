@@ -17,6 +17,8 @@ import xml.etree.ElementTree
 
 CMAKE, BUILD, VERSION = sys.argv[1:4]
 CHANGELOG = pathlib.Path(__file__).parents[2] / "CHANGELOG.md"
+TRANSLATIONS = pathlib.Path(__file__).parents[2] / "translations"
+LANGUAGE = "{http://www.w3.org/XML/1998/namespace}lang"
 ID = "org.lexivore.Lexivore"
 SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 EXPECTED = {
@@ -68,6 +70,21 @@ class InstalledFiles(unittest.TestCase):
         self.assertEqual(entry["Desktop Entry"]["Icon"], ID)
         self.assertIn("text/plain", entry["Desktop Entry"]["MimeType"].split(";"))
         self.assertTrue(entry["Desktop Entry"]["Exec"].startswith("lexivore %"))
+
+    def test_the_desktop_is_told_about_the_program_in_each_of_its_languages(self):
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.optionxform = str
+        entry.read(self.prefix / f"share/applications/{ID}.desktop", encoding="utf-8")
+        entry = entry["Desktop Entry"]
+        metainfo = xml.etree.ElementTree.parse(self.prefix / f"share/metainfo/{ID}.metainfo.xml")
+        summaries = {summary.get(LANGUAGE, "en"): summary.text for summary in metainfo.findall("summary")}
+        languages = {path.stem.removeprefix("lexivore_") for path in TRANSLATIONS.glob("lexivore_*.ts")}
+        self.assertEqual(summaries.keys(), languages | {"en"})
+        self.assertEqual(entry["Comment"], summaries["en"])
+        for language in languages:
+            self.assertEqual(entry.get(f"Comment[{language}]"), summaries[language])
+            self.assertIn(f"GenericName[{language}]", entry)
+            self.assertIn(f"Keywords[{language}]", entry)
 
     def test_every_picture_of_the_icon_has_the_size_of_its_folder(self):
         for size in SIZES:
