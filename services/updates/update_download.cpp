@@ -83,10 +83,11 @@ void UpdateDownload::fail(const UpdateError &error) {
     emit failed(error);
 }
 
-QString UpdateDownload::keepFile() {
+QString UpdateDownload::keepFile(QString &problem) {
     QString path = m_folder + '/' + nameFor(m_item.file);
     QFile::remove(path);
     if (!m_file.rename(path)) {
+        problem = m_file.errorString();
         return {};
     }
     m_file.setAutoRemove(false);

@@ -27,8 +27,8 @@ public:
                    const QString &folder, std::chrono::milliseconds silence, QObject *parent = nullptr);
 
     /// After `verified`: leaves the file to the caller, under a name as the address has it, and returns its path. Empty
-    /// when that fails.
-    [[nodiscard]] QString keepFile();
+    /// when that fails, with what the system says in `problem`.
+    [[nodiscard]] QString keepFile(QString &problem);
 
     /// Deletes what a crash left in `folder`, and what was handed over more than a day ago.
     static void removeLeftovers(const QString &folder);

@@ -173,10 +173,11 @@ void Updater::download() {
 }
 
 void Updater::handOver() {
-    const QString path = m_download->keepFile();
+    QString problem;
+    const QString path = m_download->keepFile(problem);
     dismiss(m_download);
     if (path.isEmpty()) {
-        fail({UpdateError::Kind::cannotSave, m_settings.folder});
+        fail({UpdateError::Kind::cannotSave, problem});
         return;
     }
     if (!m_settings.open(QUrl::fromLocalFile(path))) {

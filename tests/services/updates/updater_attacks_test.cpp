@@ -200,6 +200,13 @@ TEST_F(UpdaterTest, SaysThatThereIsNoPlaceForTheFile) {
     expectFailure(Kind::cannotSave);
 }
 
+TEST_F(UpdaterTest, SaysWhyTheVerifiedFileCannotHaveItsName) {
+    ASSERT_TRUE(QDir().mkpath(settings.folder + "/lexivore-2.0.deb/taken"));
+    checkAndInstall();
+    expectFailure(Kind::cannotSave);
+    EXPECT_EQ(error.detail, "File exists");
+}
+
 TEST_F(UpdaterTest, SaysThatTheDiskIsFull) {
     const int result = test::inChild([this] {
         test::limitFileSize(1000);
