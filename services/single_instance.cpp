@@ -89,7 +89,7 @@ bool SingleInstance::removeUnreadableLock() {
 }
 
 /// Only the holder of the lock listens, so that whatever stands at the socket's path is a leftover.
-bool SingleInstance::listen() {
+void SingleInstance::listen() {
     QLocalServer::removeServer(m_socketPath);
     m_server = new QLocalServer(this);
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
@@ -100,7 +100,7 @@ bool SingleInstance::listen() {
             receive(socket);
         }
     });
-    return m_server->listen(m_socketPath);
+    m_server->listen(m_socketPath);
 }
 
 void SingleInstance::receive(QLocalSocket *socket) {

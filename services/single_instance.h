@@ -48,7 +48,7 @@ signals:
     void requested(const lexivore::SingleInstance::Request &request);
 
 private:
-    bool listen();
+    void listen();
     [[nodiscard]] bool removeUnreadableLock();
     bool send(const Request &request, std::chrono::milliseconds patience) const;
     void receive(QLocalSocket *socket);
