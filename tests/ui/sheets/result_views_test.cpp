@@ -329,11 +329,14 @@ TEST_F(ResultViewsTest, FrequencyScrollsByTheKeys) {
     EXPECT_EQ(bar->value(), 0);
 }
 
-TEST_F(ResultViewsTest, FrequencyDrawsCharactersThatBreakLinesOrHaveNoShape) {
+TEST_F(ResultViewsTest, FrequencyShowsCharactersThatBreakLinesOrHaveNoShapeInRowsAsHighAsOthers) {
     const ToolView *view = open(1, "\n\n\t\t\r\n\u2028\U0001F469\u200D\U0001F467\u05E9");
+    QStringList shown;
     for (const auto *row : view->findChildren<FrequencyRow *>()) {
         EXPECT_EQ(row->height(), 24);
+        shown << row->shownCharacter();
     }
+    EXPECT_EQ(shown, (QStringList{"\u21B5", "\u21E5", "CR LF", "U+2028", "\U0001F469\u200D\U0001F467", "\u05E9"}));
 }
 
 TEST_F(ResultViewsTest, FrequencyShowsASignForWhatLeavesNoInk) {
