@@ -33,7 +33,7 @@ signals:
     void renameCancelled();
     /// The row got the focus, or a click.
     void entered();
-    /// Up, Down, Home or End was pressed.
+    /// Up, Down, Page Up, Page Down, Home or End was pressed.
     void moveRequested(int key);
 
 protected:

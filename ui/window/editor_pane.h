@@ -17,7 +17,7 @@ class TextEditor;
 class TransformationManager;
 class WindowState;
 
-/// The third column: the editor on the manager's current text, and the status bar.
+/// The third column: the editor on the manager's current text, with the bar that finds in it and the status bar below.
 class EditorPane : public QWidget {
     Q_OBJECT
 

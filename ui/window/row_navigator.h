@@ -11,8 +11,8 @@
 
 namespace lexivore {
 
-/// Makes a column of rows one stop of the Tab key: Up, Down, Home and End move among the rows that are shown, and Tab
-/// comes back to the row that had the focus last.
+/// Makes a column of rows one stop of the Tab key: Up, Down, Page Up, Page Down, Home and End move among the rows that
+/// are shown, and Tab comes back to the row that had the focus last.
 class RowNavigator : public QObject {
     Q_OBJECT
 
