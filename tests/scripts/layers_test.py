@@ -36,6 +36,13 @@ class Layers(unittest.TestCase):
             self.assertGreater(len(ours), 10, folder)
             self.assertEqual([pair for pair in ours if pair[1].split("/")[0] not in allowed], [])
 
+    def test_what_windows_are_made_of_knows_no_window(self):
+        for folder in "ui/theme", "ui/controls", "ui/editor":
+            ours = [pair for pair in includes(folder) if pair[1].startswith("ui/")]
+            self.assertGreater(len(ours), 10, folder)
+            allowed = re.compile("ui/([^/]+|(theme|controls|editor)/.*)$")
+            self.assertEqual([pair for pair in ours if not allowed.match(pair[1])], [])
+
     def test_the_engine_and_the_tools_know_no_qt(self):
         for folder in "engine", "tools":
             self.assertEqual([pair for pair in includes(folder) if re.match(r"Q[A-Zt]", pair[1])], [])

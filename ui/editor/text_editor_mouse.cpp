@@ -5,7 +5,7 @@
 #include "ui/editor/text_editor.h"
 
 #include "ui/editor/text_mime_data.h"
-#include "ui/flows/memory_shortage.h"
+#include "ui/shortage_message.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -6,6 +6,7 @@
 #include "ui/editor/text_mime_data.h"
 #include "ui/flows/memory_shortage.h"
 #include "ui/sheets/alerts.h"
+#include "ui/shortage_message.h"
 #include "ui/window/window_state.h"
 
 #include <QClipboard>

@@ -3,18 +3,12 @@
 #pragma once
 
 #include "ui/sheets/alerts.h"
-
-#include <QCoreApplication>
-#include <QString>
+#include "ui/shortage_message.h"
 
 #include <new>
 #include <utility>
 
 namespace lexivore {
-
-[[nodiscard]] inline QString memoryShortageMessage() {
-    return QCoreApplication::translate("MemoryShortage", "There is not enough memory for the result.");
-}
 
 /// Does `action`, which leaves everything as it was when memory runs out, and tells the user if it does. Whether it was
 /// done.
