@@ -36,31 +36,31 @@ struct TooLarge final : TextTransformation {
     [[nodiscard]] TextBuffer apply(std::string_view, const ParameterMap &) const override { throw TextTooLarge(); }
 };
 
-TEST_F(TranslationTest, englishIsTheLanguageOfTheSources) {
+TEST_F(TranslationTest, EnglishIsTheLanguageOfTheSources) {
     startWith({"en-GB"});
     EXPECT_EQ(translated("Trim Lines"), "Trim Lines");
     EXPECT_EQ(translatedError("Invalid input: Count must be a positive number"),
               "Invalid input: Count must be a positive number");
 }
 
-TEST_F(TranslationTest, aGermanSystemGetsGerman) {
+TEST_F(TranslationTest, AGermanSystemGetsGerman) {
     startWith({"de-AT"});
     EXPECT_EQ(translated("Trim Lines"), "Zeilenränder kürzen");
     EXPECT_EQ(translated("Add & Remove"), "Hinzu und weg");
     EXPECT_EQ(QCoreApplication::translate("Menu", "Open..."), "Öffnen...");
 }
 
-TEST_F(TranslationTest, germanAfterEnglishIsNotAskedFor) {
+TEST_F(TranslationTest, GermanAfterEnglishIsNotAskedFor) {
     startWith({"en-US", "de"});
     EXPECT_EQ(translated("Trim Lines"), "Trim Lines");
 }
 
-TEST_F(TranslationTest, aLanguageWithoutTranslationGivesWayToTheNextOne) {
+TEST_F(TranslationTest, ALanguageWithoutTranslationGivesWayToTheNextOne) {
     startWith({"fy-NL", "de", "en"});
     EXPECT_EQ(translated("Trim Lines"), "Zeilenränder kürzen");
 }
 
-TEST_F(TranslationTest, everyTextOfTheCatalogHasATranslation) {
+TEST_F(TranslationTest, EveryTextOfTheCatalogHasATranslation) {
     startWith({"de-DE"});
     int same = 0;
     for (const TransformationPointer &transformation : makeCatalog()) {
@@ -70,7 +70,7 @@ TEST_F(TranslationTest, everyTextOfTheCatalogHasATranslation) {
     EXPECT_EQ(same, 4) << "camelCase, PascalCase, snake_case and kebab-case are called so in German";
 }
 
-TEST_F(TranslationTest, anErrorIsTranslatedInItsParts) {
+TEST_F(TranslationTest, AnErrorIsTranslatedInItsParts) {
     startWith({"de-DE"});
     EXPECT_EQ(translatedError("Invalid input: Count must be a positive number"),
               "Ungültige Eingabe: Die Anzahl muss eine positive Zahl sein");
@@ -80,7 +80,7 @@ TEST_F(TranslationTest, anErrorIsTranslatedInItsParts) {
     EXPECT_EQ(translatedError(""), "");
 }
 
-TEST_F(TranslationTest, whatTheManagerRefusesIsTranslatedToo) {
+TEST_F(TranslationTest, WhatTheManagerRefusesIsTranslatedToo) {
     startWith({"de-DE"});
     test::MemoryPreferences preferences;
     TransformationManager manager(preferences);
@@ -99,7 +99,7 @@ TEST_F(TranslationTest, whatTheManagerRefusesIsTranslatedToo) {
               "Misslungen: Das Ergebnis wäre größer als 2 GB");
 }
 
-TEST_F(TranslationTest, whatIsWrongWithAListOfUpdatesIsTranslatedToo) {
+TEST_F(TranslationTest, WhatIsWrongWithAListOfUpdatesIsTranslatedToo) {
     const struct {
         QByteArray feed;
         const char *english;
@@ -121,7 +121,7 @@ TEST_F(TranslationTest, whatIsWrongWithAListOfUpdatesIsTranslatedToo) {
     }
 }
 
-TEST_F(TranslationTest, theUsersOwnNameOfARecipeStaysAsItIs) {
+TEST_F(TranslationTest, TheUsersOwnNameOfARecipeStaysAsItIs) {
     startWith({"de-DE"});
     Recipe recipe;
     recipe.name = "Clean Whitespace";
@@ -133,7 +133,7 @@ TEST_F(TranslationTest, theUsersOwnNameOfARecipeStaysAsItIs) {
 /// Each language that the program has, as its user's system names it.
 class TranslatedMenuBarTest : public TranslationTest, public testing::WithParamInterface<const char *> {};
 
-TEST_P(TranslatedMenuBarTest, everyMenuHasALetterOfItsOwn) {
+TEST_P(TranslatedMenuBarTest, EveryMenuHasALetterOfItsOwn) {
     startWith({GetParam()});
     test::MemoryPreferences preferences;
     LexivoreApp app(preferences);
@@ -150,7 +150,7 @@ TEST_P(TranslatedMenuBarTest, everyMenuHasALetterOfItsOwn) {
 
 INSTANTIATE_TEST_SUITE_P(Languages, TranslatedMenuBarTest, testing::Values("en", "de"));
 
-TEST_F(TranslationTest, whatIsNoTextOfTheProgramsStaysAsItIs) {
+TEST_F(TranslationTest, WhatIsNoTextOfTheProgramsStaysAsItIs) {
     startWith({"de-DE"});
     EXPECT_EQ(translated(""), "");
     EXPECT_EQ(translated("\xEF\xBB\xBFmine"), QChar(QChar::ByteOrderMark) + QString("mine"));
