@@ -107,7 +107,7 @@ def contestants(floor, lexivore):
 
 
 def main():
-    parser = argparse.ArgumentParser()
+    parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("floor", type=os.path.abspath)
     parser.add_argument("--runs", type=int, default=15)
     parser.add_argument("--lexivore", type=os.path.abspath)
