@@ -293,7 +293,7 @@ struct CodePointBlock {
 };
 
 /// The most blocks that `findCodePoints` fills.
-inline constexpr std::size_t mostBlocksFound = 16;
+inline constexpr std::size_t mostBlocksFound = 32;
 /// How many code points it may write.
 inline constexpr std::size_t roomForUnits = (mostBlocksFound + 1) * blockSize;
 /// What it writes for a code point of four bytes: no code point at all.

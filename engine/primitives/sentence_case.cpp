@@ -31,15 +31,53 @@ std::uint64_t terminatorsAt(const char *position) {
     return found;
 }
 
-/// The first terminator at or behind `position`, or `end`.
-const char *findTerminator(const char *position, const char *end) {
-    for (; end - position >= blockSize; position += blockSize) {
-        if (const std::uint64_t found = terminatorsAt(position); found != 0) {
-            return position + std::countr_zero(found);
+/// Finds terminators from places on that never go back. Looks at some blocks at once, for sentences are short.
+class TerminatorFinder {
+public:
+    explicit TerminatorFinder(std::string_view text)
+        : m_end(text.data() + text.size()), m_foundBegin(text.data()), m_foundEnd(text.data()) {}
+
+    /// The first terminator at or behind `position`, or the end.
+    [[nodiscard]] const char *from(const char *position) {
+        while (position != m_end) {
+            if (position >= m_foundEnd) {
+                findFrom(position);
+            }
+            const auto offset = static_cast<std::size_t>(position - m_foundBegin);
+            const std::uint64_t found = m_found[offset / kernels::blockSize] >> offset % kernels::blockSize;
+            if (found != 0) {
+                return position + std::countr_zero(found);
+            }
+            position = std::min(m_foundEnd, position + (kernels::blockSize - offset % kernels::blockSize));
         }
+        return m_end;
     }
-    return std::find_if(position, end, isTerminator);
-}
+
+private:
+    static constexpr std::size_t blocksAtOnce = 16;
+
+    void findFrom(const char *position) {
+        const auto left = static_cast<std::size_t>(m_end - position);
+        const std::size_t blocks = std::min(left / kernels::blockSize, blocksAtOnce);
+        m_foundBegin = position;
+        if (blocks > 0) {
+            std::uint64_t candidates[blocksAtOnce];
+            kernels::best().classify(position, blocks, terminators, m_found, candidates);
+            m_foundEnd = position + blocks * kernels::blockSize;
+            return;
+        }
+        m_found[0] = 0;
+        for (std::size_t i = 0; i < left; ++i) {
+            m_found[0] |= std::uint64_t{isTerminator(position[i])} << i;
+        }
+        m_foundEnd = m_end;
+    }
+
+    const char *m_end;
+    const char *m_foundBegin; ///< Between these it is known where they are.
+    const char *m_foundEnd;
+    std::uint64_t m_found[blocksAtOnce] = {}; ///< One bit a byte, the first in the lowest bit.
+};
 
 /// The place behind the last terminator before `position`, or `begin`.
 const char *behindTerminatorBefore(const char *begin, const char *position) {
@@ -59,7 +97,7 @@ const char *behindTerminatorBefore(const char *begin, const char *position) {
 class SentenceWriter {
 public:
     explicit SentenceWriter(std::string_view text)
-        : m_begin(text.data()), m_position(text.data()), m_end(text.data() + text.size()) {}
+        : m_begin(text.data()), m_position(text.data()), m_end(text.data() + text.size()), m_terminators(text) {}
 
     void appendTo(TextBuffer &result) {
         while (m_position != m_end) {
@@ -83,7 +121,7 @@ private:
 
     /// Appends what is left of the sentence.
     void appendRest(TextBuffer &result) {
-        const char *const terminator = findTerminator(m_position, m_end);
+        const char *const terminator = m_terminators.from(m_position);
         const char *const begin = m_isAtBegin ? m_position : behindTerminatorBefore(m_begin, m_position);
         const std::string_view sentence = trimmed({begin, static_cast<std::size_t>(terminator - begin)});
         std::string_view left = sentence;
@@ -107,6 +145,7 @@ private:
     const char *m_begin;
     const char *m_position;
     const char *m_end;
+    TerminatorFinder m_terminators;
     bool m_isAtBegin = true; ///< Nothing was written of the sentence yet.
 };
 

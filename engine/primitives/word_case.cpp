@@ -58,7 +58,7 @@ public:
     [[nodiscard]] bool endsInWord() const { return m_state.isInWord; }
 
 private:
-    static constexpr std::size_t blocksAtOnce = 4;
+    static constexpr std::size_t blocksAtOnce = kernels::mostBlocksFound;
 
     [[nodiscard]] std::size_t bytesLeft() const { return static_cast<std::size_t>(m_context.end - m_position); }
 
@@ -132,16 +132,13 @@ private:
                                                    std::uint64_t alphanumeric) const {
         std::uint64_t places =
             block.starts & ~alphanumeric & (alphanumeric << 1 | (m_state.isBehindAlphanumeric ? 1U : 0U));
-        if (bytesLeft() >= kernels::blockSize) {
-            static const kernels::ByteClass apostrophes = []() {
-                kernels::ByteClass byteClass{kernels::AsciiSet("'")};
-                byteClass.leads[0] = 0xE2; // of U+2019
-                return byteClass;
-            }();
-            std::uint64_t ascii = 0;
-            std::uint64_t leads = 0;
-            kernels::best().classify(m_position, 1, apostrophes, &ascii, &leads);
-            places &= ascii | leads;
+        constexpr std::string_view curly = "\u2019";
+        if (bytesLeft() >= kernels::blockSize + curly.size() - 1) {
+            std::uint64_t straightPlaces = 0;
+            std::uint64_t curlyPlaces = 0;
+            kernels::best().markOccurrences(m_position, 1, "'", 1, &straightPlaces);
+            kernels::best().markOccurrences(m_position, 1, curly.data(), curly.size(), &curlyPlaces);
+            places &= straightPlaces | curlyPlaces;
         }
         std::uint64_t joining = 0;
         for (; places != 0; places &= places - 1) {
