@@ -36,6 +36,17 @@ class Layers(unittest.TestCase):
             self.assertGreater(len(ours), 10, folder)
             self.assertEqual([pair for pair in ours if pair[1].split("/")[0] not in allowed], [])
 
+    def test_the_floors_of_the_engine_stand_on_those_below(self):
+        floors = {
+            "engine/primitives": r"engine/(primitives/|kernels/|text_buffer\.h$)",  # which all results are written to
+            "engine/kernels": "engine/kernels/",
+        }
+        for folder, allowed in floors.items():
+            ours = [pair for pair in includes(folder) if pair[1].startswith("engine/")]
+            self.assertGreater(len(ours), 10, folder)
+            self.assertEqual([pair for pair in ours if not re.match(allowed, pair[1])], [])
+        self.assertEqual([pair for pair in includes("engine/kernels") if pair[1].startswith("unicode/")], [])
+
     def test_what_windows_are_made_of_knows_no_window(self):
         for folder in "ui/theme", "ui/controls", "ui/editor":
             ours = [pair for pair in includes(folder) if pair[1].startswith("ui/")]
