@@ -5,11 +5,11 @@
 // was taken reads the same when it is written again, and the program starts with it and can run it. Input: "r", "f" or
 // "p" for one of the three, then the bytes of the file.
 #include "fuzz/input.h"
-#include "manager/preferences_json.h"
 #include "manager/recipe_file.h"
 #include "manager/recipe_json.h"
 #include "manager/transformation_manager.h"
 #include "tests/support/memory_preferences.h"
+#include "tests/support/preferences_file.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -95,11 +95,11 @@ void readRecipeFile(const QByteArray &bytes) {
 }
 
 void readPreferences(const QByteArray &json) {
-    const std::optional<QVariantMap> read = decodePreferences(json);
+    const std::optional<QVariantMap> read = test::decodePreferences(json);
     if (!read) {
         return;
     }
-    const std::optional<QVariantMap> again = decodePreferences(encodePreferences(*read));
+    const std::optional<QVariantMap> again = test::decodePreferences(test::encodePreferences(*read));
     require(again && *again == *read, "preferences read the same again");
     start(*read);
 }

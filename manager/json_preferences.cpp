@@ -16,6 +16,7 @@
 #include "manager/json_preferences.h"
 
 #include "manager/folder_lock.h"
+#include "manager/json_text.h"
 #include "manager/preferences_json.h"
 
 #include <QDateTime>
@@ -32,17 +33,25 @@ namespace lexivore {
 
 namespace {
 
+// What QSettings holds for a key is the text that its value is in the file.
+
 bool readJson(QIODevice &device, QSettings::SettingsMap &map) {
-    std::optional<QVariantMap> preferences = decodePreferences(device.readAll());
-    if (!preferences) {
+    const std::optional<PreferenceTexts> texts = splitPreferences(device.readAll());
+    if (!texts) {
         return false;
     }
-    map = std::move(*preferences);
+    for (auto text = texts->begin(); text != texts->end(); ++text) {
+        map.insert(text.key(), *text);
+    }
     return true;
 }
 
 bool writeJson(QIODevice &device, const QSettings::SettingsMap &map) {
-    const QByteArray json = encodePreferences(map);
+    PreferenceTexts texts;
+    for (auto text = map.begin(); text != map.end(); ++text) {
+        texts.insert(text.key(), text->toByteArray());
+    }
+    const QByteArray json = joinPreferences(texts);
     return device.write(json) == json.size();
 }
 
@@ -50,6 +59,12 @@ QSettings::Format jsonFormat() {
     static const QSettings::Format format =
         QSettings::registerFormat(QStringLiteral("json"), readJson, writeJson, Qt::CaseSensitive);
     return format;
+}
+
+/// Empty when it cannot be read.
+QByteArray bytesOf(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -68,12 +83,12 @@ QString JsonPreferences::defaultPath() {
 }
 
 QVariant JsonPreferences::value(const QString &key) const {
-    const auto waiting = m_waiting.constFind(key);
-    return waiting != m_waiting.constEnd() ? *waiting : m_settings.value(key);
+    const QByteArray text = m_waiting.contains(key) ? m_waiting.value(key) : m_settings.value(key).toByteArray();
+    return text.isEmpty() ? QVariant() : decodePreference(text);
 }
 
 void JsonPreferences::setValue(const QString &key, const QVariant &value) {
-    m_waiting.insert(key, asStored(value));
+    m_waiting.insert(key, encodePreference(value));
     save();
 }
 
@@ -101,23 +116,20 @@ bool JsonPreferences::write() {
     }
     m_settings.sync();
     makeNewerThan(before);
-    if (!isOnDisk()) {
+    const QByteArray written = bytesOf(m_path);
+    if (!hasChanges(written)) {
         return false;
     }
+    m_sound = written;
     m_waiting.clear();
     return true;
 }
 
 /// Whether the file has every change. QSettings does not tell: its status stays an error for ever once there was one.
-bool JsonPreferences::isOnDisk() const {
-    QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly) && file.exists()) {
-        return false;
-    }
-    const QVariantMap onDisk =
-        file.isOpen() ? decodePreferences(file.readAll()).value_or(QVariantMap()) : QVariantMap();
+bool JsonPreferences::hasChanges(const QByteArray &json) const {
+    const PreferenceTexts texts = memberTexts(json).value_or(PreferenceTexts());
     for (auto change = m_waiting.constBegin(); change != m_waiting.constEnd(); ++change) {
-        if (onDisk.value(change.key()) != *change) {
+        if (texts.value(change.key()) != *change) {
             return false;
         }
     }
@@ -125,12 +137,15 @@ bool JsonPreferences::isOnDisk() const {
 }
 
 /// Whether there is a file that cannot be read now.
-bool JsonPreferences::isUnreadable() const {
+bool JsonPreferences::isUnreadable() {
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
         return file.exists();
     }
-    file.readAll();
+    const QByteArray json = file.readAll();
+    if (m_settings.status() == QSettings::NoError) {
+        m_sound = json;
+    }
     return file.error() != QFileDevice::NoError;
 }
 
@@ -145,7 +160,7 @@ bool JsonPreferences::setCorruptFileAside() {
     if (file.error() != QFileDevice::NoError) {
         return false;
     }
-    const bool isCorrupt = !json.isEmpty() && !decodePreferences(json);
+    const bool isCorrupt = !json.isEmpty() && json != m_sound && !splitPreferences(json);
     if (!isCorrupt && (!m_isUnread || json.isEmpty())) {
         return true;
     }

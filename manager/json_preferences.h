@@ -3,17 +3,18 @@
 #pragma once
 
 #include "manager/preferences.h"
+#include "manager/preferences_json.h"
 
+#include <QByteArray>
 #include <QSettings>
 #include <QString>
 #include <QVariant>
-#include <QVariantMap>
 
 #include <chrono>
 
 namespace lexivore {
 
-/// The preferences in one JSON file, which `encodePreferences` describes.
+/// The preferences in one JSON file, as `preferences_json.h` describes it.
 ///
 /// Each change is written at once: the file is read again, changed and replaced as a whole under a lock that every
 /// running copy of the program takes, so that none loses another's change of another key. When it cannot be written the
@@ -45,16 +46,17 @@ private:
 
     void save();
     [[nodiscard]] bool write();
-    [[nodiscard]] bool isOnDisk() const;
-    [[nodiscard]] bool isUnreadable() const;
+    [[nodiscard]] bool hasChanges(const QByteArray &json) const;
+    [[nodiscard]] bool isUnreadable();
     [[nodiscard]] bool setCorruptFileAside();
     void makeNewerThan(const QDateTime &before) const;
 
     QString m_path;
     std::chrono::milliseconds m_longestWait;
     Settings m_settings;
-    QVariantMap m_waiting; ///< Changes that are not on disk yet.
-    bool m_isUnread;       ///< The file could not be read, and has not been copied since.
+    PreferenceTexts m_waiting; ///< Changes that are not on disk yet.
+    QByteArray m_sound;        ///< The file as it was read at first or written last: not corrupt.
+    bool m_isUnread;           ///< The file could not be read, and has not been copied since.
     bool m_isStored = true;
 };
 

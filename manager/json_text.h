@@ -5,6 +5,10 @@
 #include <QByteArray>
 #include <QJsonDocument>
 #include <QJsonParseError>
+#include <QMap>
+#include <QString>
+
+#include <optional>
 
 namespace lexivore {
 
@@ -15,5 +19,12 @@ namespace lexivore {
 
 /// U+FEFF is written `\ufeff` wherever it stands.
 [[nodiscard]] QByteArray writtenJson(const QJsonDocument &document, QJsonDocument::JsonFormat format);
+
+/// The text of each member's value, as it stands in the object, by the member's name. The values are passed over in one
+/// quick walk and not checked. Nothing when the bytes are not one object around them.
+[[nodiscard]] std::optional<QMap<QString, QByteArray>> memberTexts(const QByteArray &object);
+
+/// The JSON without the white space between its parts, which are left as they are. One quick walk.
+[[nodiscard]] QByteArray withoutSpace(const QByteArray &json);
 
 } // namespace lexivore

@@ -21,6 +21,10 @@ QByteArray compact(const QJsonValue &value) {
     return writtenJson(document, QJsonDocument::Compact);
 }
 
+QJsonValue valueOf(const QByteArray &text) { return readJson('[' + text + ']').array().first(); }
+
+QByteArray quoted(const QString &text) { return compact(QJsonArray{text}).chopped(1).sliced(1); }
+
 QJsonValue encodedData(const QByteArray &data) {
     const QJsonDocument document = readJson(data);
     if (!document.isNull() && writtenJson(document, QJsonDocument::Compact) == data) {
@@ -30,18 +34,20 @@ QJsonValue encodedData(const QByteArray &data) {
     return QJsonObject{{base64Key, QString::fromLatin1(data.toBase64())}};
 }
 
-/// The data that the object stands for, if it stands for data.
-std::optional<QByteArray> decodedData(const QJsonObject &object) {
-    if (object.size() != 1) {
+/// The data that the text stands for, if it stands for data.
+std::optional<QByteArray> decodedData(const QByteArray &text) {
+    const std::optional<QMap<QString, QByteArray>> members = memberTexts(text);
+    if (!members || members->size() != 1) {
         return std::nullopt;
     }
-    const QJsonValue json = object.value(jsonKey);
-    if (json.isArray() || json.isObject()) {
-        return compact(json);
+    const QByteArray json = members->value(jsonKey);
+    if (json.startsWith('[') || json.startsWith('{')) {
+        return withoutSpace(json);
     }
-    if (object.value(base64Key).isString()) {
-        auto bytes = QByteArray::fromBase64Encoding(object.value(base64Key).toString().toLatin1(),
-                                                    QByteArray::AbortOnBase64DecodingErrors);
+    const QJsonValue base64 = valueOf(members->value(base64Key));
+    if (base64.isString()) {
+        auto bytes =
+            QByteArray::fromBase64Encoding(base64.toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
         if (bytes) {
             return *bytes;
         }
@@ -84,7 +90,7 @@ QVariant decoded(const QJsonValue &value) {
     }
     if (value.isObject()) {
         const QJsonObject object = value.toObject();
-        if (const std::optional<QByteArray> data = decodedData(object)) {
+        if (const std::optional<QByteArray> data = decodedData(compact(object))) {
             return *data;
         }
         QVariantMap map;
@@ -98,29 +104,31 @@ QVariant decoded(const QJsonValue &value) {
 
 } // namespace
 
-QByteArray encodePreferences(const QVariantMap &preferences) {
-    QJsonObject object;
-    for (auto entry = preferences.begin(); entry != preferences.end(); ++entry) {
-        object.insert(entry.key(), encoded(entry.value()));
-    }
-    return writtenJson(QJsonDocument(object), QJsonDocument::Indented);
+QByteArray encodePreference(const QVariant &value) {
+    // As the only member of an object, for its place in the lines of the file.
+    const QByteArray object =
+        writtenJson(QJsonDocument(QJsonObject{{QString(), encoded(value)}}), QJsonDocument::Indented);
+    return memberTexts(object)->value(QString());
 }
 
-std::optional<QVariantMap> decodePreferences(const QByteArray &json) {
-    const QJsonDocument document = readJson(json);
-    if (!document.isObject()) {
-        return std::nullopt;
+QVariant decodePreference(const QByteArray &text) {
+    if (const std::optional<QByteArray> data = decodedData(text)) {
+        return *data;
     }
-    QVariantMap preferences;
-    const QJsonObject object = document.object();
-    for (auto entry = object.begin(); entry != object.end(); ++entry) {
-        preferences.insert(entry.key(), decoded(entry.value()));
-    }
-    return preferences;
+    return decoded(valueOf(text));
 }
 
-QVariant asStored(const QVariant &value) {
-    return decodePreferences(encodePreferences({{QString(), value}}))->value(QString());
+QByteArray joinPreferences(const PreferenceTexts &texts) {
+    QByteArray json;
+    for (auto entry = texts.begin(); entry != texts.end(); ++entry) {
+        json += json.isEmpty() ? "{\n    " : ",\n    ";
+        json += quoted(entry.key()) + ": " + *entry;
+    }
+    return json.isEmpty() ? "{\n}\n" : json + "\n}\n";
+}
+
+std::optional<PreferenceTexts> splitPreferences(const QByteArray &json) {
+    return readJson(json).isObject() ? memberTexts(json) : std::nullopt;
 }
 
 } // namespace lexivore

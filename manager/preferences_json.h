@@ -3,24 +3,30 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMap>
+#include <QString>
 #include <QVariant>
-#include <QVariantMap>
 
 #include <optional>
 
 namespace lexivore {
 
-/// Preferences as one JSON object, indented to be read and mended by hand.
-///
-/// Texts, Booleans, numbers and lists are themselves. Data is an object with one key: `{"json": ...}` holds data that
-/// is compact JSON as the value that it is, `{"base64": "..."}` holds all other bytes.
-[[nodiscard]] QByteArray encodePreferences(const QVariantMap &preferences);
+// The preferences are one JSON object, indented to be read and mended by hand. Texts, Booleans, numbers and lists are
+// themselves. Data is an object with one key: `{"json": ...}` holds data that is compact JSON as the value that it is,
+// `{"base64": "..."}` holds all other bytes.
 
-/// The preferences, or nothing when the bytes are not one JSON object. Lists read as QVariantList, whole numbers as
-/// qlonglong, other numbers as double, data as QByteArray.
-[[nodiscard]] std::optional<QVariantMap> decodePreferences(const QByteArray &json);
+/// Each preference as the text that it is in the file, by its key. So a change costs what is changed, not what is kept,
+/// and what was mended by hand stays as it was written.
+using PreferenceTexts = QMap<QString, QByteArray>;
 
-/// The value with the type that it has when it was written and read again.
-[[nodiscard]] QVariant asStored(const QVariant &value);
+[[nodiscard]] QByteArray encodePreference(const QVariant &value);
+
+/// Lists read as QVariantList, whole numbers as qlonglong, other numbers as double, data as QByteArray.
+[[nodiscard]] QVariant decodePreference(const QByteArray &text);
+
+[[nodiscard]] QByteArray joinPreferences(const PreferenceTexts &texts);
+
+/// Nothing when the bytes are not one JSON object.
+[[nodiscard]] std::optional<PreferenceTexts> splitPreferences(const QByteArray &json);
 
 } // namespace lexivore

@@ -143,7 +143,7 @@ TEST_F(JsonPreferencesFaultsTest, GoesOnWhenAnotherCopyDoesNotGiveTheLockBack) {
 }
 
 TEST_F(JsonPreferencesFaultsTest, AFileCutAnywhereIsSetAsideBeforeTheFirstWrite) {
-    const QByteArray whole = encodePreferences({
+    const QByteArray whole = test::encodePreferences({
         {QStringLiteral("favorites"), QVariantList{QStringLiteral("trim-lines"), QStringLiteral("é")}},
         {QStringLiteral("recipes"), QByteArray(R"([{"name":"x"}])")},
         {QStringLiteral("editorFontSize"), 13.5},
@@ -162,7 +162,7 @@ TEST_F(JsonPreferencesFaultsTest, AFileCutAnywhereIsSetAsideBeforeTheFirstWrite)
         ASSERT_EQ(preferences.value(QStringLiteral("favorites")).isValid(), isWhole);
         ASSERT_EQ(test::bytesOf(file), cut); // reading changes nothing
         preferences.setValue(QStringLiteral("hasText"), true);
-        ASSERT_EQ(decodePreferences(test::bytesOf(file))->size(), isWhole ? 4 : 1);
+        ASSERT_EQ(test::decodePreferences(test::bytesOf(file))->size(), isWhole ? 4 : 1);
         if (length == 0 || isWhole) {
             ASSERT_FALSE(QFileInfo::exists(aside)); // nothing would be lost
         } else {
@@ -182,6 +182,21 @@ TEST_F(JsonPreferencesFaultsTest, EveryCorruptFileIsKept) {
     EXPECT_EQ(test::bytesOf(path("preferences.json.corrupt-3")), "\xFF\xFE");
     EXPECT_EQ(test::bytesOf(path("preferences.json.corrupt-4")), "null");
     EXPECT_EQ(onDisk(), (QVariantMap{{QStringLiteral("hasText"), true}}));
+}
+
+TEST_F(JsonPreferencesFaultsTest, AFileCorruptedSinceItWasWrittenIsKeptHoweverAlikeItLooks) {
+    JsonPreferences preferences(path());
+    preferences.setValue(QStringLiteral("favorites"), QStringList{QStringLiteral("trim-lines")});
+    const QDateTime time = QFileInfo(path()).lastModified();
+    QByteArray damaged = test::bytesOf(path());
+    damaged.replace(damaged.indexOf(']'), 1, "}");
+    put(damaged);
+    QFile file(path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(time, QFileDevice::FileModificationTime));
+    file.close();
+    preferences.setValue(QStringLiteral("hasText"), true);
+    EXPECT_EQ(test::bytesOf(path("preferences.json.corrupt")), damaged);
+    EXPECT_EQ(onDisk().value(QStringLiteral("hasText")), QVariant(true));
 }
 
 TEST_F(JsonPreferencesFaultsTest, NothingIsWrittenBehindTheBackOfTheLock) {
@@ -225,7 +240,7 @@ int failAndRecover(const QString &path, const std::function<void()> &makeRoom) {
     }
     makeRoom();
     preferences.setValue(QStringLiteral("hasText"), true);
-    const QVariantMap after = decodePreferences(test::bytesOf(path)).value_or(QVariantMap());
+    const QVariantMap after = test::decodePreferences(test::bytesOf(path)).value_or(QVariantMap());
     const bool isAllThere = after.size() == 3 && after.value(QStringLiteral("large")) == QVariant(large);
     return isAllThere && preferences.isStored() ? 0 : 5;
 }

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "manager/json_preferences.h"
-#include "manager/preferences_json.h"
 #include "tests/support/files.h"
+#include "tests/support/preferences_file.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -23,7 +23,7 @@ public:
     QString path(const char *name = "preferences.json") const {
         return folder.filePath(QStringLiteral("lexivore/") + QLatin1String(name));
     }
-    QVariantMap onDisk() const { return decodePreferences(test::bytesOf(path())).value_or(QVariantMap()); }
+    QVariantMap onDisk() const { return test::decodePreferences(test::bytesOf(path())).value_or(QVariantMap()); }
     QStringList files() const { return QDir(folder.filePath(QStringLiteral("lexivore"))).entryList(QDir::Files); }
     void put(const QByteArray &bytes) const {
         ASSERT_TRUE(QDir().mkpath(QFileInfo(path()).absolutePath()));

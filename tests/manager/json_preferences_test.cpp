@@ -93,12 +93,12 @@ TEST_F(JsonPreferencesTest, TheFileCanBeReadByPeople) {
 TEST_F(JsonPreferencesTest, KeepsAByteOrderMarkAtTheFrontOfATextHoweverItIsWritten) {
     const QString marked(QStringLiteral("\uFEFFbase64"));
     const QVariantMap read{{QStringLiteral("map"), QVariantMap{{marked, marked}}}};
-    EXPECT_EQ(decodePreferences("{\"map\": {\"\uFEFFbase64\": \"\uFEFFbase64\"}}"), read);
-    EXPECT_EQ(decodePreferences("\uFEFF{\"map\": {\"\uFEFFbase64\": \"\\ufeffbase64\"}}"), read);
-    EXPECT_EQ(decodePreferences(encodePreferences(read)), read);
+    EXPECT_EQ(test::decodePreferences("{\"map\": {\"\uFEFFbase64\": \"\uFEFFbase64\"}}"), read);
+    EXPECT_EQ(test::decodePreferences("\uFEFF{\"map\": {\"\uFEFFbase64\": \"\\ufeffbase64\"}}"), read);
+    EXPECT_EQ(test::decodePreferences(test::encodePreferences(read)), read);
     for (const char *data : {"[\"\uFEFF\"]", "[\"\\ufeff\"]"}) {
         const QVariantMap stored{{QStringLiteral("recipes"), QByteArray(data)}};
-        EXPECT_EQ(decodePreferences(encodePreferences(stored)), stored) << data;
+        EXPECT_EQ(test::decodePreferences(test::encodePreferences(stored)), stored) << data;
     }
 }
 
@@ -117,10 +117,21 @@ TEST_F(JsonPreferencesTest, KeepsWhatItDoesNotKnow) {
     EXPECT_EQ(files(), QStringList{QStringLiteral("preferences.json")});
 }
 
+TEST_F(JsonPreferencesTest, LeavesTheOtherValuesAsTheyAreWritten) {
+    put("{\"list\":[1,2,\r\n 3], \"map\" : {\"x\" : 1e0}, \"hasText\":  false}");
+    JsonPreferences preferences(path());
+    preferences.setValue(QStringLiteral("hasText"), true);
+    EXPECT_EQ(test::bytesOf(path()).toStdString(), "{\n"
+                                                   "    \"hasText\": true,\n"
+                                                   "    \"list\": [1,2,\r\n 3],\n"
+                                                   "    \"map\": {\"x\" : 1e0}\n"
+                                                   "}\n");
+}
+
 TEST_F(JsonPreferencesTest, TakesNothingForDataThatHasMoreToSay) {
     const QVariantMap list{{QStringLiteral("json"), QVariantList()}, {QStringLiteral("more"), 1}};
     const QVariantMap text{{QStringLiteral("base64"), QStringLiteral("bm8=")}, {QStringLiteral("more"), 1}};
-    EXPECT_EQ(decodePreferences(R"({"list": {"json": [], "more": 1}, "text": {"base64": "bm8=", "more": 1}})"),
+    EXPECT_EQ(test::decodePreferences(R"({"list": {"json": [], "more": 1}, "text": {"base64": "bm8=", "more": 1}})"),
               (QVariantMap{{QStringLiteral("list"), list}, {QStringLiteral("text"), text}}));
 }
 

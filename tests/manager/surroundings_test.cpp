@@ -4,11 +4,11 @@
 // What is computed and stored is the same wherever and whenever: with a comma in numbers, with the case rules of
 // Turkish, and when the clock stands in 1970 or 2100.
 #include "manager/json_preferences.h"
-#include "manager/preferences_json.h"
 #include "manager/recipe_json.h"
 #include "manager/transformation_manager.h"
 #include "tests/support/files.h"
 #include "tests/support/memory_preferences.h"
+#include "tests/support/preferences_file.h"
 #include "tests/support/shifted_clock.h"
 #include "tools/character_frequency_tool.h"
 #include "tools/readability_tool.h"
@@ -74,7 +74,8 @@ std::string everything() {
         add(readingTimeReport(readingTime(text)));
         add(readabilityReport(readability(text)));
     }
-    add(encodePreferences({{"editorFontSize", 13.5}, {"columns", QVariantList{0.25, 1e-7, 123456.789}}}).toStdString());
+    add(test::encodePreferences({{"editorFontSize", 13.5}, {"columns", QVariantList{0.25, 1e-7, 123456.789}}})
+            .toStdString());
     Recipe recipe;
     recipe.id = QUuid();
     recipe.name = "ıI";
@@ -184,7 +185,7 @@ TEST(Clock, SetBackAndForthLosesNothing) {
                   }),
                   0);
         ++number;
-        EXPECT_EQ(decodePreferences(test::bytesOf(path))->size(), number);
+        EXPECT_EQ(test::decodePreferences(test::bytesOf(path))->size(), number);
     }
 }
 

@@ -14,7 +14,7 @@ class MemoryPreferences : public Preferences {
 public:
     [[nodiscard]] QVariant value(const QString &key) const override { return m_values.value(key); }
     void setValue(const QString &key, const QVariant &value) override {
-        m_values.insert(key, asStored(value));
+        m_values.insert(key, decodePreference(encodePreference(value)));
         ++m_writeCount;
     }
     [[nodiscard]] bool isStored() const override { return m_isStored; }
