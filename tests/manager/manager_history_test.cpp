@@ -134,6 +134,22 @@ TEST_F(ManagerStory, ClearingAllForgetsTheHistoryToo) {
     EXPECT_EQ(changes.take(), "");
 }
 
+TEST_F(ManagerStory, ClearingAllLetsGoOfEveryText) {
+    TextBuffer::releaseSpareMemory();
+    const std::size_t before = test::allocatedBytes();
+    constexpr std::size_t size = std::size_t{4} << 20U;
+    manager.setCurrentText(Text(std::string(size, 'a')));
+    for (const char *id : {"uppercase", "base64-encode", "reverse"}) {
+        apply(id);
+    }
+    manager.undo();
+    manager.toggleOperation(0);
+    EXPECT_GT(test::allocatedBytes(), before + 3 * size);
+    manager.clearAll();
+    TextBuffer::releaseSpareMemory();
+    EXPECT_LT(test::allocatedBytes(), before + size);
+}
+
 TEST_F(ManagerStory, ReturningToTheBaseRecordsNothing) {
     manager.setCurrentText(Text("abc"));
     manager.returnToOriginalText(); // no stack: the text is its own base
