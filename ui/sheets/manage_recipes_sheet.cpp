@@ -117,22 +117,62 @@ QWidget *ManageRecipesSheet::makeEmptyState() {
     return state;
 }
 
-QWidget *ManageRecipesSheet::makeList(const std::vector<Recipe> &recipes) {
+QWidget *ManageRecipesSheet::makeList() {
     auto *list = new QWidget;
     list->setObjectName(QStringLiteral("recipes"));
     setAccessibleRole(*list, QAccessible::List);
     list->setAccessibleName(tr("My Recipes"));
-    auto *column = new QVBoxLayout(list);
-    column->setContentsMargins(listInset, listInset, listInset, listInset);
-    column->setSpacing(2);
-    for (const Recipe &recipe : recipes) {
-        auto *row = new RecipeRow(recipe);
-        connectRow(*row, recipe, static_cast<int>(m_rows.size()));
-        m_rows.push_back(row);
-        column->addWidget(row);
-    }
-    column->addStretch();
+    m_rowColumn = new QVBoxLayout(list);
+    m_rowColumn->setContentsMargins(listInset, listInset, listInset, listInset);
+    m_rowColumn->setSpacing(2);
+    m_rowColumn->addStretch();
     return list;
+}
+
+void ManageRecipesSheet::showContent(QWidget *content) {
+    if (body().count() > 0) {
+        remove(body().itemAt(0)->widget());
+    }
+    body().addWidget(content);
+    content->show();
+}
+
+/// The rows of recipes that have not changed stay: there may be hundreds.
+void ManageRecipesSheet::showRows(const std::vector<Recipe> &recipes) {
+    std::vector<RecipeRow *> shown;
+    auto before = m_rows.begin();
+    for (const Recipe &recipe : recipes) {
+        const auto same = std::find_if(before, m_rows.end(), [&](const RecipeRow *row) {
+            return !row->isEditing() && !isEdited(recipe) && haveSameFields(row->recipe(), recipe);
+        });
+        if (same != m_rows.end()) {
+            std::for_each(before, same, remove);
+            before = same + 1;
+            shown.push_back(*same);
+            continue;
+        }
+        auto *row = new RecipeRow(recipe);
+        connectRow(*row);
+        m_rowColumn->insertWidget(static_cast<int>(shown.size()), row);
+        row->show(); // now, for it may get the focus
+        if (before != m_rows.end()) {
+            row->stackUnder(*before); // in this order assistive technology reads
+        }
+        shown.push_back(row);
+    }
+    std::for_each(before, m_rows.end(), remove);
+    m_rows = std::move(shown);
+}
+
+/// The signal may come from what is removed, which must outlive it.
+void ManageRecipesSheet::remove(QWidget *widget) {
+    widget->parentWidget()->layout()->removeWidget(widget);
+    widget->hide();
+    widget->deleteLater();
+}
+
+bool ManageRecipesSheet::isEdited(const Recipe &recipe) const {
+    return m_editingRecipe && recipe.id == m_editingRecipe->id;
 }
 
 void ManageRecipesSheet::rebuild() {
@@ -146,46 +186,48 @@ void ManageRecipesSheet::rebuild() {
     if (hadFocus) {
         window()->focusWidget()->clearFocus();
     }
-    // The signal may come from a row, which must outlive it.
-    while (QLayoutItem *item = body().takeAt(0)) {
-        item->widget()->hide();
-        item->widget()->deleteLater();
-        delete item;
+    if (recipes.empty()) {
+        m_rows.clear();
+        showContent(makeEmptyState());
+    } else {
+        if (m_rows.empty()) {
+            showContent(makeList());
+        }
+        showRows(recipes);
     }
-    m_rows.clear();
-    QWidget *content = recipes.empty() ? makeEmptyState() : makeList(recipes);
-    body().addWidget(content);
-    content->show();
     m_exportButton->setEnabled(!recipes.empty());
     setCurrentRow(qBound(0, m_currentRow, qMax(0, static_cast<int>(recipes.size()) - 1)));
 
-    const auto edited = std::ranges::find_if(
-        recipes, [&](const Recipe &recipe) { return m_editingRecipe && recipe.id == m_editingRecipe->id; });
+    const auto edited = std::ranges::find_if(recipes, [&](const Recipe &recipe) { return isEdited(recipe); });
     if (edited == recipes.end()) {
         m_editingRecipe.reset();
     } else {
         m_rows[static_cast<std::size_t>(edited - recipes.begin())]->startEditing(m_editedName);
     }
     if (hadFocus && !m_editingRecipe) {
-        takeFocus();
+        ManageRecipesSheet::takeFocus();
     }
     emit sizeChanged();
 }
 
-void ManageRecipesSheet::connectRow(RecipeRow &row, const Recipe &recipe, int index) {
-    connect(&row, &RecipeRow::entered, this, [this, index] { setCurrentRow(index); });
-    connect(&row, &RecipeRow::moveRequested, this, [this, index](int key) { moveFrom(index, key); });
-    connect(&row, &RecipeRow::renameRequested, this, [this, index, recipe] {
-        m_currentRow = index;
-        startRenaming(recipe);
+void ManageRecipesSheet::connectRow(RecipeRow &row) {
+    connect(&row, &RecipeRow::entered, this, [this, &row] { setCurrentRow(indexOf(row)); });
+    connect(&row, &RecipeRow::moveRequested, this, [this, &row](int key) { moveFrom(indexOf(row), key); });
+    connect(&row, &RecipeRow::renameRequested, this, [this, &row] {
+        m_currentRow = indexOf(row);
+        startRenaming(row.recipe());
     });
     connect(&row, &RecipeRow::nameEdited, this, [this](const QString &name) { m_editedName = name; });
     connect(&row, &RecipeRow::renameConfirmed, this, &ManageRecipesSheet::confirmRename);
     connect(&row, &RecipeRow::renameCancelled, this, &ManageRecipesSheet::stopRenaming);
-    connect(&row, &RecipeRow::deletionRequested, this, [this, index, recipe] {
-        m_currentRow = index;
-        m_manager.deleteRecipe(recipe);
+    connect(&row, &RecipeRow::deletionRequested, this, [this, &row] {
+        m_currentRow = indexOf(row);
+        m_manager.deleteRecipe(row.recipe());
     });
+}
+
+int ManageRecipesSheet::indexOf(const RecipeRow &row) const {
+    return static_cast<int>(std::ranges::find(m_rows, &row) - m_rows.begin());
 }
 
 void ManageRecipesSheet::startRenaming(const Recipe &recipe) {

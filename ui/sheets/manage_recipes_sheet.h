@@ -33,10 +33,15 @@ private:
     [[nodiscard]] QWidget *makeHeader();
     [[nodiscard]] QWidget *makeFooter();
     [[nodiscard]] QWidget *makeEmptyState();
-    [[nodiscard]] QWidget *makeList(const std::vector<Recipe> &recipes);
+    [[nodiscard]] QWidget *makeList();
+    void showContent(QWidget *content);
+    void showRows(const std::vector<Recipe> &recipes);
+    static void remove(QWidget *widget);
+    [[nodiscard]] bool isEdited(const Recipe &recipe) const;
     void fillExportMenu();
     void rebuild();
-    void connectRow(RecipeRow &row, const Recipe &recipe, int index);
+    void connectRow(RecipeRow &row);
+    [[nodiscard]] int indexOf(const RecipeRow &row) const;
     void startRenaming(const Recipe &recipe);
     void stopRenaming();
     void confirmRename();
@@ -51,6 +56,7 @@ private:
     QString m_editedName;
     PushButton *m_doneButton = nullptr;
     PushButton *m_exportButton = nullptr;
+    QVBoxLayout *m_rowColumn = nullptr; ///< Of the list, while there is one.
     std::vector<RecipeRow *> m_rows;
     int m_currentRow = 0;
 };

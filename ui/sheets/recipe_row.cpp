@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/sheets/recipe_row.h"
 
-#include "manager/recipe.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/field.h"
 #include "ui/controls/focus_ring.h"
@@ -35,7 +34,7 @@ bool isArrowUpOrDown(const QKeyEvent &event) { return event.key() == Qt::Key_Up 
 
 } // namespace
 
-RecipeRow::RecipeRow(const Recipe &recipe, QWidget *parent) : QWidget(parent) {
+RecipeRow::RecipeRow(const Recipe &recipe, QWidget *parent) : QWidget(parent), m_recipe(recipe) {
     setAccessibleRole(*this, QAccessible::ListItem);
     setAccessibleName(shownName(translatedName(recipe)));
     setAccessibleDescription(operationCount(recipe.operations.size()));
@@ -44,18 +43,18 @@ RecipeRow::RecipeRow(const Recipe &recipe, QWidget *parent) : QWidget(parent) {
     setFocusPolicy(Qt::ClickFocus);
     setFocusShape(*this, {FocusShape::Placement::inside, metrics::radius});
     setFixedHeight(heightFor(rowHeight, FontRole::body, 2));
-    showRecipe(recipe);
+    showRecipe();
 }
 
-void RecipeRow::showRecipe(const Recipe &recipe) {
+void RecipeRow::showRecipe() {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(leftPadding, 0, rightPadding, 0);
     row->setSpacing(2);
     auto *texts = new QVBoxLayout;
     texts->setSpacing(0);
     texts->addStretch();
-    texts->addWidget(new Label(shownName(translatedName(recipe)), FontRole::body));
-    texts->addWidget(new Label(operationCount(recipe.operations.size()), FontRole::caption, &Theme::text2));
+    texts->addWidget(new Label(accessibleName(), FontRole::body));
+    texts->addWidget(new Label(accessibleDescription(), FontRole::caption, &Theme::text2));
     texts->addStretch();
     auto *rename = new ToolButton(QStringLiteral("pencil"), tr("Rename"), ToolButton::row);
     rename->setObjectName(QStringLiteral("rename"));

@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "manager/recipe.h"
+
 #include <QWidget>
 
 namespace lexivore {
 
 class Field;
 class PushButton;
-struct Recipe;
 
 /// One of the user's recipes in the list of `ManageRecipesSheet`: its name and size with buttons to rename and delete
 /// it, or a field for its new name. It shows what it is given and says what the user wants.
@@ -17,6 +18,8 @@ class RecipeRow : public QWidget {
 
 public:
     explicit RecipeRow(const Recipe &recipe, QWidget *parent = nullptr);
+
+    [[nodiscard]] const Recipe &recipe() const { return m_recipe; }
 
     /// Turns the row into a field that holds `name`, selected.
     void startEditing(const QString &name);
@@ -43,9 +46,10 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void showRecipe(const Recipe &recipe);
+    void showRecipe();
     void confirmRename();
 
+    Recipe m_recipe;
     Field *m_field = nullptr;
     PushButton *m_confirmButton = nullptr;
     QList<QWidget *> m_buttons;

@@ -311,6 +311,48 @@ TEST_F(ManageRecipesSheetTest, FollowsTheManager) {
     EXPECT_TRUE(rows().isEmpty());
 }
 
+TEST_F(ManageRecipesSheetTest, TheRowsOfTheOtherRecipesStayWhenOneChanges) {
+    for (const char *name : {"a", "b", "c", "d"}) {
+        add(name);
+    }
+    open();
+    const QList<RecipeRow *> before = rows();
+    click(row(1)->findChild<ToolButton *>("rename"));
+    type("new");
+    press(Qt::Key_Return);
+    settle();
+    EXPECT_EQ(labelsIn(*row(1)).first(), "new");
+    EXPECT_LT(row(0)->y(), row(1)->y());
+    EXPECT_LT(row(1)->y(), row(2)->y());
+    EXPECT_TRUE(row(1)->hasFocus());
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(find<QWidget>("recipes"));
+    EXPECT_EQ(list->child(1)->text(QAccessible::Name), "new");
+
+    click(row(2)->findChild<ToolButton *>("delete"));
+    settle();
+    manager.importRecipes({Recipe{.name = "e"}});
+    settle();
+    ASSERT_EQ(rows().size(), 4);
+    EXPECT_EQ(row(0), before[0]);
+    EXPECT_EQ(row(2), before[3]);
+    EXPECT_EQ(labelsIn(*row(3)).first(), "e");
+    press(Qt::Key_Home);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_TRUE(row(2)->hasFocus());
+    press(Qt::Key_Delete);
+    EXPECT_EQ(names(), (QStringList{"a", "new", "e"}));
+}
+
+TEST_F(ManageRecipesSheetTest, ARowKnowsTheNewNameThoughItLooksLikeTheOld) {
+    add(" ");
+    open();
+    manager.renameRecipe(manager.recipes().back(), "   ");
+    settle();
+    press(Qt::Key_F2);
+    EXPECT_EQ(field()->text(), "   ");
+}
+
 TEST_F(ManageRecipesSheetTest, NamesOfAnyKindKeepTheirRows) {
     const std::vector<std::string> wild = {std::string(10'000, 'x'), "line\nbreak\r\nmore", "\u05E9\u05DC\u05D5\u05DD",
                                            "\U0001F469\u200D\U0001F467 <b>bold</b> & more", " "};
