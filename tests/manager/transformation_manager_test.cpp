@@ -3,6 +3,7 @@
 #include "manager/transformation_manager.h"
 
 #include "tests/manager/manager_story.h"
+#include "tests/support/allocation.h"
 
 #include <gtest/gtest.h>
 
@@ -126,6 +127,16 @@ TEST_F(ManagerStory, AnApplicationWithoutEffectKeepsTheTextAndStillCounts) {
     EXPECT_TRUE(manager.currentText().sharesAllWith(before));
     EXPECT_EQ(stack(), "lowercase");
     EXPECT_EQ(changes.take(), "originalText operations measures history");
+}
+
+TEST_F(ManagerStory, AnEqualTextIsNotKeptTwice) {
+    constexpr std::size_t size = std::size_t{4} << 20U;
+    manager.setCurrentText(Text(std::string(size, 'a')));
+    TextBuffer::releaseSpareMemory();
+    const std::size_t before = test::allocatedBytes();
+    manager.setCurrentText(Text(std::string(size, 'a')));
+    TextBuffer::releaseSpareMemory();
+    EXPECT_LT(test::allocatedBytes(), before + size / 2);
 }
 
 TEST_F(ManagerStory, AFailedApplicationKeepsItsHistoryEntryAndForgetsRedo) {
