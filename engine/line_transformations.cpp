@@ -34,11 +34,8 @@ std::vector<TransformationParameter> countParameter(std::string suggested, std::
     return {{"count", "Number of lines", std::move(suggested), std::move(placeholder)}};
 }
 
-/// The lines whose index is at least `first` and below `limit`.
+/// The lines whose index is at least `first` and below `limit`, which is greater.
 TextBuffer linesBetween(std::string_view text, std::uint64_t first, std::uint64_t limit) {
-    if (first >= limit) {
-        return {};
-    }
     const char *const end = text.data() + text.size();
     const char *begin = text.data();
     if (first > 0) {
