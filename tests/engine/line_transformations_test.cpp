@@ -266,6 +266,7 @@ const Case keepLastNLines[] = {
     {"only the last lines stay", "a\nb\nc", {{"count", "2"}}, "b\nc"},
     {"a plus sign may stand before the count", "a\nb\nc", {{"count", "+1"}}, "c"},
     {"a greater count keeps all lines", "a\nb", {{"count", "3"}}, "a\nb"},
+    {"a greater count makes the ends of all lines alike", "a\rb\u2028c", {{"count", "4"}}, "a\nb\nc"},
     {"the greatest count keeps all lines", "a\nb", {{"count", "9223372036854775807"}}, "a\nb"},
     {"empty", "", {{"count", "1"}}, ""},
     {"one character", "a", {{"count", "1"}}, "a"},
