@@ -59,10 +59,12 @@ TEST_F(UpdaterTest, DoesNotWaitForEverForAFeedThatComesDropByDrop) {
 }
 
 TEST_F(UpdaterTest, RefusesAnErrorOfTheServer) {
-    for (const QByteArray status : {"404 Not Found", "500 Oops", "204 No Content", "206 Partial Content"}) {
+    const QByteArray longPage = feed() + QByteArray(longestAppcast, ' ');
+    for (const QByteArray status :
+         {"400 Bad Request", "404 Not Found", "500 Oops", "204 No Content", "206 Partial Content"}) {
         SCOPED_TRACE(status.toStdString());
         said.clear();
-        server.answers["/feed"] = {status, {}, feed(), {}};
+        server.answers["/feed"] = {status, {}, longPage, {}};
         updater().checkForUpdates();
         expectFailure(Kind::serverError);
         EXPECT_EQ(error.detail, QString::fromLatin1(status.left(3)));
@@ -130,7 +132,7 @@ TEST_F(UpdaterTest, RefusesToWorkWithoutAKey) {
     settings.publicKey = "short";
     updater().checkForUpdates();
     expectFailure(Kind::unusableKey);
-    EXPECT_TRUE(server.requests.isEmpty());
+    EXPECT_FALSE(QTest::qWaitFor([this] { return !server.requests.isEmpty(); }, 200)) << "nor does it ask all the same";
 }
 
 // Attacks and accidents: the file
@@ -222,6 +224,7 @@ TEST_F(UpdaterTest, RemovesTheFileWhenTheDesktopDoesNotOpenIt) {
     desktopOpens = false;
     checkAndInstall();
     ASSERT_TRUE(hears("failed"));
+    EXPECT_EQ(said.last(), "failed");
     EXPECT_EQ(error.kind, Kind::cannotOpen);
     EXPECT_EQ(openedBytes, file) << "it was verified before";
     EXPECT_EQ(filesLeft(), QStringList());

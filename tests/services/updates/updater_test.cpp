@@ -37,6 +37,7 @@ TEST_F(UpdaterTest, KeepsTheFileForTheUserAlone) {
 }
 
 TEST_F(UpdaterTest, TellsTheServerNothingAboutTheUser) {
+    server.answers["/feed"].headers = "Set-Cookie: visitor=1; Path=/\r\n";
     checkAndInstall();
     ASSERT_TRUE(hears("handed 2.0"));
     ASSERT_EQ(server.requests.size(), 2);
@@ -74,11 +75,16 @@ TEST_F(UpdaterTest, HasPatienceWithASlowServerAsLongAsItSaysSomething) {
 }
 
 TEST_F(UpdaterTest, GivesTheFileAHarmlessName) {
+    const QByteArray longPath = '/' + QByteArray(300, 'x') + ".deb";
     const std::pair<const char *, const char *> names[] = {
         {"/a/..%2f..%2fevil%20name.deb", "evil_name.deb"},
         {"/.hidden", "lexivore-.hidden"},
         {"/", "lexivore-"},
         {"/x.part", "lexivore-x.part"},
+        {"/x_2.0~rc1+b-2.deb", "x_2.0~rc1+b-2.deb"},
+        {"/na%C3%AFve.deb", "na_ve.deb"},
+        {longPath.constData(), "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"
+                               "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx.deb"},
     };
     for (const auto &[path, name] : names) {
         said.clear();
@@ -250,6 +256,17 @@ TEST_F(ScheduledTest, WaitsForADayToPass) {
     EXPECT_FALSE(QTest::qWaitFor([this] { return !said.isEmpty(); }, 200)) << "once a day is enough";
 }
 
+TEST_F(ScheduledTest, DoesNotCheckWhileAnAnswerIsAwaited) {
+    updater().start();
+    ASSERT_TRUE(hears("found unasked 2.0"));
+    said.clear();
+    server.requests.clear();
+    now = now.addDays(2);
+    EXPECT_TRUE(staysQuiet());
+    updater().install();
+    EXPECT_TRUE(hears("handed 2.0"));
+}
+
 TEST_F(ScheduledTest, AClockThatWasSetBackIsNoReasonToWaitForYears) {
     setLastCheck(qint64{-365} * 24 * 60 * 60);
     updater().start();
@@ -296,6 +313,13 @@ TEST_F(ScheduledTest, SaysSoWhenWhatWasFoundUnaskedCannotBeInstalled) {
     ASSERT_TRUE(hears("found unasked 2.0"));
     updater().install();
     expectFailure(Kind::wrongLength);
+}
+
+TEST_F(ScheduledTest, WithoutAFeedNeverLooks) {
+    settings.feed.clear();
+    updater().start();
+    EXPECT_TRUE(staysQuiet());
+    EXPECT_EQ(preferences.writeCount(), 0);
 }
 
 // Around it
