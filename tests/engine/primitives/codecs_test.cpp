@@ -73,8 +73,10 @@ TEST(Base64, IsNothingForABadByteAnywhere) {
 }
 
 TEST(Base64, IsNothingForHalfAQuantum) {
+    const std::string digits(203, 'A'); // the rest of the last quantum stands behind the text
     for (std::size_t length = 0; length < 200; ++length) {
-        EXPECT_EQ(decodeBase64(std::string(length, 'A')).has_value(), length % 4 == 0) << length;
+        const std::string_view text = std::string_view(digits).substr(0, length);
+        EXPECT_EQ(decodeBase64(text).has_value(), length % 4 == 0) << length;
     }
 }
 
