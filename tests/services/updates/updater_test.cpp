@@ -202,6 +202,31 @@ TEST_F(UpdaterTest, CancelsADownloadAndLeavesNothing) {
     EXPECT_TRUE(opened.isEmpty());
 }
 
+TEST_F(UpdaterTest, HearsNoMoreOfWhatWasCancelled) {
+    updater().checkForUpdates();
+    updater().cancel();
+    EXPECT_FALSE(QTest::qWaitFor([this] { return said.contains("found 2.0"); }, 400));
+    serve("/lexivore-2.0.deb", file, Behaviour::dripping);
+    checkAndInstall();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !progress.isEmpty(); }, patience));
+    updater().cancel();
+    progress.clear();
+    EXPECT_FALSE(QTest::qWaitFor([this] { return !progress.isEmpty(); }, 400));
+}
+
+TEST_F(UpdaterTest, MindsNoAnswerToAQuestionThatIsNotAsked) {
+    updater().checkForUpdates();
+    ASSERT_TRUE(hears("found 2.0"));
+    updater().cancel();
+    EXPECT_FALSE(updater().canCheckForUpdates());
+    updater().install();
+    updater().remindLater();
+    updater().skipVersion();
+    EXPECT_FALSE(updater().canCheckForUpdates());
+    EXPECT_FALSE(preferences.contains(preference::skippedUpdateVersion));
+    EXPECT_TRUE(hears("handed 2.0"));
+}
+
 TEST_F(UpdaterTest, ADownloadThatTheProgramsEndInterruptsLeavesNothing) {
     serve("/lexivore-2.0.deb", file, Behaviour::stalling);
     {
