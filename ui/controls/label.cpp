@@ -129,7 +129,7 @@ QFont Label::shownFont() const {
         constexpr double step = 0.5;
         const QString line = onOneLine(text());
         const double least = qMin(shown.pointSizeF(), fontFor(FontRole::smallCaption).pointSizeF());
-        while (QFontMetrics(shown).horizontalAdvance(line) > width() && shown.pointSizeF() - step >= least) {
+        while (QFontMetricsF(shown).horizontalAdvance(line) > width() && shown.pointSizeF() - step >= least) {
             shown.setPointSizeF(shown.pointSizeF() - step);
         }
     }
@@ -174,9 +174,8 @@ void Label::resizeEvent(QResizeEvent *event) {
 }
 
 void Label::updateToolTip() {
-    const int needed = m_lines == Lines::shrunk ? QFontMetrics(shownFont()).horizontalAdvance(onOneLine(text()))
-                                                : Label::sizeHint().width();
-    const bool isCut = m_lines != Lines::wrapped && needed > width() + 1;
+    const bool isCut =
+        m_lines != Lines::wrapped && QFontMetricsF(shownFont()).horizontalAdvance(onOneLine(text())) > width();
     setToolTip(isCut ? plainToolTip(text()) : m_help);
     // Or assistive technology would take the tooltip for it, with its markup.
     setAccessibleDescription(isCut ? text() : m_help);

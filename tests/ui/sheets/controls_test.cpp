@@ -16,6 +16,9 @@
 #include <QTextDocument>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace lexivore {
 namespace {
 
@@ -318,6 +321,39 @@ TEST_F(ControlsTest, ALabelOnOneLineCutsOffAndShowsTheRestInItsToolTip) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Description), "<b>two\nlines</b>")
         << "not the markup of the tooltip";
     EXPECT_EQ(label->sizeHint().height(), lineHeightFor(FontRole::body));
+}
+
+TEST_F(ControlsTest, ALabelShowsItsTextWholeOrElseInItsToolTipHoweverItsLettersAreMeasured) {
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSizeF(10.3);
+    font.setHintingPreference(QFont::PreferNoHinting); // letters of part of a pixel
+    QApplication::setFont(font);
+    for (const auto lines : {Label::Lines::one, Label::Lines::shrunk}) {
+        auto *label = place(new Label("1,283,764|", FontRole::cardValue, &Theme::text, lines));
+        for (int width = label->sizeHint().width() + 4; width > 30; --width) {
+            label->resize(width, label->height());
+            const QImage picture = label->grab().toImage();
+            const auto inkAt = [&](int x) {
+                int ink = 0;
+                for (int y = 0; y < picture.height(); ++y) {
+                    ink += picture.pixel(x, y) != picture.pixel(0, 0) ? 1 : 0;
+                }
+                return ink;
+            };
+            int last = picture.width() - 1;
+            while (last > 4 && inkAt(last) == 0) {
+                --last;
+            }
+            bool endsWithTheBar = false; // and not with an ellipsis
+            for (int x = last - 4; x <= last; ++x) {
+                endsWithTheBar = endsWithTheBar || inkAt(x) > 10;
+            }
+            EXPECT_EQ(label->toolTip().isEmpty(), endsWithTheBar) << width;
+        }
+        label->hide();
+    }
+    QApplication::setFont(before);
 }
 
 TEST_F(ControlsTest, ALabelGivesItsHelpWhileNothingIsCutOff) {
