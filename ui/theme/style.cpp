@@ -156,14 +156,26 @@ void Style::polish(QWidget *widget) {
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
     } else if (widget->inherits("QTipLabel")) {
         polishTooltip(*widget);
+    }
+    if (widget->isWindow()) {
         widget->installEventFilter(this);
     }
 }
 
 bool Style::eventFilter(QObject *watched, QEvent *event) {
-    // While a tooltip is in sight, the next one is shown in the same label.
-    if (event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationFontChange) {
-        polishTooltip(*static_cast<QWidget *>(watched));
+    const bool isNewFont = event->type() == QEvent::ApplicationFontChange;
+    if (watched->inherits("QTipLabel")) {
+        // While a tooltip is in sight, the next one is shown in the same label.
+        if (isNewFont || event->type() == QEvent::ApplicationPaletteChange) {
+            polishTooltip(*static_cast<QWidget *>(watched));
+        }
+    } else if (isNewFont) {
+        // Of a new font of the application only windows are told; what they contain may have a font that is made of it.
+        for (QWidget *part : watched->findChildren<QWidget *>()) {
+            if (!part->isWindow()) {
+                QCoreApplication::sendEvent(part, event);
+            }
+        }
     }
     return QProxyStyle::eventFilter(watched, event);
 }

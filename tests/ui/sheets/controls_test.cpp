@@ -14,6 +14,7 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QTextDocument>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -354,6 +355,26 @@ TEST_F(ControlsTest, ALabelShowsItsTextWholeOrElseInItsToolTipHoweverItsLettersA
         label->hide();
     }
     QApplication::setFont(before);
+}
+
+TEST_F(ControlsTest, ALabelFollowsTheFontOfTheRunningProgram) {
+    auto *label = place(new Label("Multiple", FontRole::body));
+    label->resize(label->sizeHint());
+    const QFont before = QApplication::font();
+    QTimer::singleShot(0, label, [&] {
+        QFont font = before;
+        font.setPointSizeF(20);
+        QApplication::setFont(font);
+        settle();
+        EXPECT_EQ(label->font().pointSizeF(), 20);
+        EXPECT_GT(label->sizeHint().width(), label->width());
+        EXPECT_EQ(label->toolTip(), plainToolTip("Multiple")) << "it is cut off now";
+        QApplication::setFont(before);
+        settle();
+        EXPECT_TRUE(label->toolTip().isEmpty());
+        QApplication::exit();
+    });
+    QApplication::exec();
 }
 
 TEST_F(ControlsTest, ALabelGivesItsHelpWhileNothingIsCutOff) {
