@@ -24,6 +24,6 @@ void EditorFontFlow::zoom(int steps) {
     m_state.setEditorFontSize(std::clamp(size + steps, least, greatest));
 }
 
-void EditorFontFlow::resetZoom() { m_state.setEditorFontSize(defaultSize); }
+void EditorFontFlow::resetZoom() { m_state.setEditorFontSize(WindowState::defaultEditorFontSize); }
 
 } // namespace lexivore

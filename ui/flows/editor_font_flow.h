@@ -14,8 +14,6 @@ class EditorFontFlow : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr double defaultSize = 13; ///< points
-
     EditorFontFlow(WindowState &state, Sheets &sheets, QObject *parent = nullptr);
 
     void showSettings();

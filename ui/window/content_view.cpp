@@ -157,7 +157,9 @@ void ContentView::subscribeCommands() {
 
 void ContentView::restorePreferences() {
     const double fontSize = m_preferences.value(preference::editorFontSize).toDouble();
-    m_state->setEditorFontSize(fontSize == 0 ? EditorFontFlow::defaultSize : fontSize);
+    if (fontSize != 0) {
+        m_state->setEditorFontSize(fontSize);
+    }
     m_memory = std::make_unique<WindowMemory>(m_preferences, *this, *m_columns);
     connect(m_state, &WindowState::editorFontSizeChanged, this,
             [this] { m_preferences.setValue(preference::editorFontSize, m_state->editorFontSize()); });

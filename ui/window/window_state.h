@@ -20,6 +20,8 @@ class WindowState : public QObject {
     Q_OBJECT
 
 public:
+    static constexpr double defaultEditorFontSize = 13; ///< points
+
     using QObject::QObject;
 
     /// The category whose transformations are listed; without one the list asks to select a category.
@@ -94,7 +96,7 @@ private:
     QString m_searchText;
     std::optional<AppliedOperation> m_draggedOperation;
     std::optional<int> m_selectedOperationIndex;
-    double m_editorFontSize = 13;
+    double m_editorFontSize = defaultEditorFontSize;
     unsigned m_operationsRefreshTrigger = 0;
     bool m_showCategories = true;
     bool m_showSidebar = false;
