@@ -12,18 +12,12 @@ namespace lexivore {
 AppDelegate::AppDelegate(const QVariantMap &information, Preferences &preferences,
                          std::function<bool(const QUrl &)> openFile, QObject *parent)
     : QObject(parent), m_updaterController(information, preferences, std::move(openFile)) {
-    QCoreApplication::instance()->installEventFilter(this);
+    QCoreApplication::instance()->installEventFilter(this); // also sees what the window gets
 }
 
 void AppDelegate::adoptWindow(QObject *window, std::function<void()> hideApplication) {
-    if (m_window) {
-        m_window->removeEventFilter(this);
-    }
     m_window = window;
     m_hideApplication = std::move(hideApplication);
-    if (m_window) {
-        m_window->installEventFilter(this);
-    }
 }
 
 bool AppDelegate::eventFilter(QObject *watched, QEvent *event) {

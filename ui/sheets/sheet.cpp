@@ -139,12 +139,6 @@ void Sheet::keyPressEvent(QKeyEvent *event) {
 bool Sheet::scroll(int key) {
     QScrollBar *bar = m_scrollArea->verticalScrollBar();
     switch (key) {
-    case Qt::Key_Up:
-        bar->triggerAction(QScrollBar::SliderSingleStepSub);
-        return true;
-    case Qt::Key_Down:
-        bar->triggerAction(QScrollBar::SliderSingleStepAdd);
-        return true;
     case Qt::Key_PageUp:
         bar->triggerAction(QScrollBar::SliderPageStepSub);
         return true;

@@ -142,9 +142,6 @@ bool TransformationList::isListed(const TextTransformation &transformation) cons
 }
 
 void TransformationList::showMatches() {
-    if (m_search->text() != m_state.searchText()) {
-        m_search->setText(m_state.searchText());
-    }
     m_header->setText(m_state.searchText().isEmpty() ? tr("Transformations") : tr("Search Results"));
     std::vector<TransformationButton *> unlisted;
     for (TransformationButton *button : m_buttons) {
