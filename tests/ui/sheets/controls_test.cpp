@@ -67,6 +67,62 @@ TEST_F(ControlsTest, ButtonsShowTheirKindAndState) {
     EXPECT_EQ(colourAt(button, inside), theme().pane);
 }
 
+TEST_F(ControlsTest, TheSymbolOfAButtonStandsBeforeItsText) {
+    auto *button = place(new PushButton("lll", PushButton::Kind::primary));
+    const int bare = button->sizeHint().width();
+    button->setLeastWidth(0);
+    const int text = button->sizeHint().width();
+    ASSERT_LT(text, bare);
+    button->setSymbol("minus");
+    EXPECT_EQ(button->sizeHint().width(), text + 16 + 8);
+    button->resize(button->sizeHint());
+    const QImage picture = button->grab().toImage();
+    QString columns; // which are inked, as runs
+    for (int x = 4; x < picture.width() - 4; ++x) {
+        bool isInked = false;
+        for (int y = 4; y < picture.height() - 4; ++y) {
+            isInked = isInked || picture.pixelColor(x, y).lightness() > 165;
+        }
+        columns += isInked ? '#' : ' ';
+    }
+    EXPECT_EQ(columns.simplified().split(' ').size(), 4) << "the stroke and three letters: " << columns.toStdString();
+    EXPECT_LT(columns.indexOf('#'), 4 + 16);
+}
+
+TEST_F(ControlsTest, AToolButtonShowsWhetherItIsHoveredPressedCheckedOrDisabled) {
+    auto *button = place(new ToolButton("star.fill", "Favorite"));
+    const auto symbol = [&] { return colourAt(button, {16, 17}); };
+    const QPoint ground(10, 4);
+    QTest::mouseMove(below);
+    settle();
+    const QColor atRest = colourAt(button, ground);
+    EXPECT_EQ(symbol(), theme().text2);
+    QTest::mouseMove(button);
+    settle();
+    const QColor hovered = colourAt(button, ground);
+    EXPECT_LT(hovered.lightness(), atRest.lightness());
+    EXPECT_EQ(symbol(), theme().text);
+    QTest::mousePress(button, Qt::LeftButton);
+    EXPECT_LT(colourAt(button, ground).lightness(), hovered.lightness());
+    EXPECT_EQ(symbol(), theme().text);
+    QTest::mouseRelease(button, Qt::LeftButton);
+    button->setCheckable(true);
+    button->setChecked(true);
+    EXPECT_EQ(symbol(), theme().accentText);
+    EXPECT_GT(colourAt(button, ground).blue() - colourAt(button, ground).red(), 10) << "the accent";
+    button->setEnabled(false);
+    EXPECT_EQ(symbol(), theme().textOff);
+    EXPECT_EQ(colourAt(button, ground), atRest);
+}
+
+TEST_F(ControlsTest, ADisabledSwitchIsHalfAsSolid) {
+    auto *toggle = place(new Switch("Multiple"));
+    toggle->setChecked(true);
+    const QColor ground = colourAt(&window, {600, 600});
+    toggle->setEnabled(false);
+    EXPECT_NEAR(colourAt(toggle, {6, 10}).red(), (theme().accent.red() + ground.red()) / 2, 2);
+}
+
 TEST_F(ControlsTest, ASheetOverThemDoesNotMakeThemLookDisabled) {
     auto *button = place(new PushButton("Apply", PushButton::Kind::primary));
     window.centralWidget()->setEnabled(false);
@@ -264,6 +320,9 @@ TEST_F(ControlsTest, AssistiveTechnologyReadsAndEditsAField) {
     QAccessibleEditableTextInterface *edit = seen->editableTextInterface();
     EXPECT_EQ(seen->role(), QAccessible::EditableText);
     EXPECT_TRUE(seen->state().editable);
+    below->setPlaceholderText("Hint");
+    EXPECT_EQ(seen->text(QAccessible::Description), "Hint");
+    EXPECT_EQ(seen->text(QAccessible::Help), "");
     seen->setText(QAccessible::Value, "one three");
     edit->insertText(4, "two ");
     EXPECT_EQ(seen->text(QAccessible::Value), "one two three");
@@ -278,6 +337,30 @@ TEST_F(ControlsTest, AssistiveTechnologyReadsAndEditsAField) {
     EXPECT_EQ(text->selectionCount(), 1);
     text->removeSelection(0);
     EXPECT_EQ(text->selectionCount(), 0);
+}
+
+TEST_F(ControlsTest, AssistiveTechnologyFollowsAndMovesTheCaretAndTheSelectionOfAField) {
+    QAccessibleTextInterface *text = QAccessible::queryAccessibleInterface(below)->textInterface();
+    int start = -1;
+    int end = -1;
+    below->setText("one two three");
+    text->setCursorPosition(4);
+    EXPECT_EQ(below->cursorPosition(), 4);
+    text->selection(0, &start, &end);
+    EXPECT_EQ(QPoint(start, end), QPoint(0, 0)) << "there is none";
+    text->addSelection(4, 7);
+    EXPECT_EQ(below->selectedText(), "two");
+    text->selection(0, &start, &end);
+    EXPECT_EQ(QPoint(start, end), QPoint(4, 7));
+    text->selection(1, &start, &end);
+    EXPECT_EQ(QPoint(start, end), QPoint(0, 0)) << "there is only one";
+    below->resize(60, 32);
+    below->setText(QString("word ").repeated(40));
+    below->setCursorPosition(0);
+    text->scrollToSubstring(150, 160);
+    settle();
+    const QRect place = text->characterRect(150);
+    EXPECT_TRUE(QRect(below->mapToGlobal(QPoint()), below->size()).contains(place.center()));
 }
 
 TEST_F(ControlsTest, AFieldTellsWhereItsCharactersAre) {

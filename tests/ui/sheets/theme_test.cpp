@@ -9,13 +9,17 @@
 #include "ui/theme/typography.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QScrollBar>
+#include <QSlider>
 #include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace lexivore {
 namespace {
@@ -204,6 +208,266 @@ TEST_F(RunningThemeTest, ScrollBarsHaveA6PixelThumbAndNoArrows) {
     EXPECT_GT(picture.pixelColor(8, 50).alpha(), 0);
     EXPECT_EQ(picture.pixelColor(9, 50).alpha(), 0);
     EXPECT_EQ(picture.pixelColor(5, 150).alpha(), 0) << "no track";
+}
+
+TEST_F(RunningThemeTest, TheThumbOfAScrollBarTellsWhereAndHowMuchIsShown) {
+    for (const Qt::Orientation orientation : {Qt::Vertical, Qt::Horizontal}) {
+        QScrollBar bar(orientation);
+        bar.setRange(0, 300);
+        bar.setPageStep(100);
+        const bool isUpright = orientation == Qt::Vertical;
+        bar.resize(isUpright ? QSize(12, 206) : QSize(206, 12));
+        bar.setAttribute(Qt::WA_NoSystemBackground);
+        const auto extent = [&] {
+            QImage picture(bar.size(), QImage::Format_ARGB32_Premultiplied);
+            picture.fill(Qt::transparent);
+            bar.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+            int first = -1;
+            int last = -1;
+            for (int at = 0; at < 206; ++at) {
+                if (picture.pixelColor(isUpright ? QPoint(6, at) : QPoint(at, 6)).alpha() > 0) {
+                    first = first < 0 ? at : first;
+                    last = at;
+                }
+            }
+            return QPoint(first, last);
+        };
+        EXPECT_EQ(extent(), QPoint(3, 52)) << "a quarter";
+        bar.setValue(300);
+        EXPECT_EQ(extent(), QPoint(153, 202));
+        bar.setRange(0, 1'000'000);
+        EXPECT_EQ(extent().y() - extent().x(), 23) << "never too small to be taken";
+        bar.setRange(0, 0);
+        EXPECT_EQ(extent(), QPoint(-1, -1)) << "everything is in sight";
+    }
+}
+
+TEST_F(RunningThemeTest, AClickBesideTheThumbScrollsAPageThatWay) {
+    QScrollBar bar(Qt::Vertical);
+    bar.setRange(0, 300);
+    bar.setPageStep(100);
+    bar.resize(12, 206);
+    bar.show();
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, {6, 190});
+    EXPECT_EQ(bar.value(), 100);
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, {6, 10});
+    EXPECT_EQ(bar.value(), 0);
+    QTest::mousePress(&bar, Qt::LeftButton, {}, {6, 20});
+    QTest::mouseMove(&bar, {6, 20 + 75});
+    EXPECT_EQ(bar.value(), 150);
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, {6, 20 + 75});
+}
+
+TEST_F(RunningThemeTest, ASliderFillsItsTrackUpToItsKnobAndGoesWhereItIsClicked) {
+    QSlider slider(Qt::Horizontal);
+    slider.setRange(0, 10);
+    slider.resize(218, 18);
+    slider.show();
+    const auto colourAt = [&](int x, int y) {
+        QImage picture(slider.size(), QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        slider.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+        return picture.pixelColor(x, y);
+    };
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, {109, 9});
+    EXPECT_EQ(slider.value(), 5);
+    EXPECT_EQ(colourAt(109, 9), theme().onAccent);
+    EXPECT_EQ(colourAt(102, 9), theme().onAccent) << "the knob is 18 wide";
+    EXPECT_EQ(colourAt(115, 9), theme().onAccent);
+    for (int y = 0; y < 18; ++y) {
+        const bool isTrack = y >= 7 && y < 11;
+        EXPECT_EQ(colourAt(90, y), isTrack ? theme().accent : QColor(Qt::transparent)) << y;
+        EXPECT_EQ(colourAt(128, y), isTrack ? theme().track : QColor(Qt::transparent)) << y;
+    }
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, {9 + 160, 9});
+    EXPECT_EQ(slider.value(), 8);
+    EXPECT_EQ(colourAt(9 + 160, 3), theme().onAccent);
+    slider.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(colourAt(9 + 40, 3), theme().onAccent);
+    EXPECT_EQ(colourAt(20, 9), theme().track);
+    EXPECT_EQ(colourAt(200, 9), theme().accent);
+    slider.setEnabled(false);
+    EXPECT_NEAR(colourAt(20, 9).alphaF(), 0.5, 0.01);
+}
+
+TEST_F(RunningThemeTest, ACheckBoxIsFilledAndTickedWhenItIsOn) {
+    QCheckBox box;
+    box.resize(18, 18);
+    const auto picture = [&] {
+        QImage seen(box.size(), QImage::Format_ARGB32_Premultiplied);
+        seen.fill(Qt::transparent);
+        box.render(&seen, QPoint(), QRegion(), QWidget::DrawChildren);
+        return seen;
+    };
+    const auto tickedPixels = [&] {
+        int count = 0;
+        for (int x = 3; x < 15; ++x) {
+            for (int y = 3; y < 15; ++y) {
+                count += picture().pixelColor(x, y).lightness() > 200 ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    EXPECT_EQ(picture().pixelColor(9, 0), theme().switchOff);
+    EXPECT_EQ(picture().pixelColor(9, 9), theme().field);
+    EXPECT_EQ(picture().pixelColor(17, 9), theme().switchOff);
+    EXPECT_EQ(picture().pixelColor(0, 0).alpha(), 0) << "a round corner";
+    box.setChecked(true);
+    EXPECT_EQ(picture().pixelColor(9, 0), theme().accent);
+    EXPECT_EQ(picture().pixelColor(9, 17), theme().accent);
+    EXPECT_GT(tickedPixels(), 5);
+    EXPECT_LT(tickedPixels(), 60);
+    box.setEnabled(false);
+    EXPECT_NEAR(picture().pixelColor(9, 1).alphaF(), 0.5, 0.01);
+}
+
+/// Pictures of menus that are open.
+class MenuTest : public RunningThemeTest {
+protected:
+    ~MenuTest() override { menu.close(); }
+
+    [[nodiscard]] QImage picture() {
+        menu.popup({});
+        settle();
+        return menu.grab().toImage();
+    }
+    [[nodiscard]] QRect place(QAction *item) const { return menu.actionGeometry(item); }
+    /// The last pixels of the item, where a shortcut or the arrow of a submenu stands.
+    [[nodiscard]] QRect end(QAction *item) const { return place(item).adjusted(place(item).width() - 24, 0, -3, 0); }
+
+    /// Where the area differs from its ground.
+    static QRect inkIn(const QImage &picture, const QRect &area, const QColor &ground) {
+        QRect ink;
+        for (int y = area.top() + 4; y <= area.bottom() - 4; ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                ink |= distance(picture.pixelColor(x, y), ground) > 60 ? QRect(x, y, 1, 1) : QRect();
+            }
+        }
+        return ink;
+    }
+    /// The colour that stands out most from the ground.
+    static QColor colourOfInk(const QImage &picture, const QRect &area, const QColor &ground) {
+        QColor found = ground;
+        for (int y = area.top() + 4; y <= area.bottom() - 4; ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                const QColor colour = picture.pixelColor(x, y);
+                found = distance(colour, ground) > distance(found, ground) ? colour : found;
+            }
+        }
+        return found;
+    }
+    static int distance(const QColor &one, const QColor &other) {
+        return std::abs(one.red() - other.red()) + std::abs(one.green() - other.green()) +
+               std::abs(one.blue() - other.blue());
+    }
+    static void expectNear(const QColor &seen, const QColor &expected) {
+        EXPECT_LT(distance(seen, expected), 60)
+            << seen.name().toStdString() << " for " << expected.name().toStdString();
+    }
+
+    QMenu menu;
+};
+
+TEST_F(MenuTest, TheItemOfTheMomentHasTheAccentWithRoundCorners) {
+    QAction *first = menu.addAction("MMM\tCtrl+M");
+    QAction *second = menu.addAction("MMM\tCtrl+M");
+    QAction *off = menu.addAction("MMM\tCtrl+M");
+    off->setEnabled(false);
+    menu.setActiveAction(first);
+    const QImage seen = picture();
+    EXPECT_EQ(place(first).height(), 28);
+    EXPECT_EQ(seen.pixelColor(place(first).topLeft() + QPoint(3, 14)), theme().accent);
+    EXPECT_EQ(seen.pixelColor(place(first).topLeft() + QPoint(8, 0)), theme().accent);
+    EXPECT_EQ(seen.pixelColor(place(first).topLeft()), theme().raised);
+    EXPECT_EQ(seen.pixelColor(place(second).topLeft() + QPoint(3, 14)), theme().raised);
+    const auto left = [&](QAction *item) { return place(item).adjusted(8, 0, -place(item).width() + 40, 0); };
+    expectNear(colourOfInk(seen, left(first), theme().accent), theme().onAccent);
+    expectNear(colourOfInk(seen, end(first), theme().accent), theme().onAccent);
+    expectNear(colourOfInk(seen, left(second), theme().raised), theme().text);
+    expectNear(colourOfInk(seen, end(second), theme().raised), theme().text2);
+    expectNear(colourOfInk(seen, left(off), theme().raised), theme().textOff);
+    expectNear(colourOfInk(seen, end(off), theme().raised), theme().textOff);
+}
+
+TEST_F(MenuTest, TicksAndSymbolsHaveColumnsBeforeTheNames) {
+    QAction *plain = menu.addAction("MMM");
+    const int plainLeft = inkIn(picture(), place(plain), theme().raised).left();
+    menu.close();
+    plain->setCheckable(true);
+    QAction *checked = menu.addAction("MMM");
+    checked->setCheckable(true);
+    checked->setChecked(true);
+    QImage seen = picture();
+    EXPECT_EQ(inkIn(seen, place(plain), theme().raised).left(), plainLeft + 22);
+    const QRect tick = inkIn(seen, place(checked).adjusted(0, 0, -place(checked).width() + 30, 0), theme().raised);
+    EXPECT_NEAR(tick.center().x(), place(checked).x() + 6 + 11, 1);
+    EXPECT_NEAR(tick.center().y(), place(checked).center().y(), 1);
+    EXPECT_LT(colourOfInk(seen, tick.adjusted(0, -4, 0, 4), theme().raised).lightness(), theme().textOff.lightness());
+    menu.close();
+    QPixmap symbol(18, 18);
+    symbol.fill(theme().teal);
+    checked->setIcon(symbol);
+    seen = picture();
+    EXPECT_EQ(inkIn(seen, place(plain), theme().raised).left(), plainLeft + 22 + 28);
+    const QPoint middle(place(checked).x() + 10 + 22 + 9, place(checked).center().y());
+    EXPECT_EQ(seen.pixelColor(middle - QPoint(6, 6)), theme().teal);
+    EXPECT_EQ(seen.pixelColor(middle + QPoint(6, 6)), theme().teal);
+    EXPECT_EQ(seen.pixelColor(middle - QPoint(12, 0)), theme().raised);
+    menu.close();
+    menu.setLayoutDirection(Qt::RightToLeft);
+    seen = picture();
+    EXPECT_EQ(seen.pixelColor(menu.width() - 1 - middle.x(), middle.y()), theme().teal);
+}
+
+TEST_F(MenuTest, ASubmenuHasAnArrowAtTheEnd) {
+    QAction *plain = menu.addAction("Plain");
+    QAction *deeper = menu.addMenu("Deeper")->menuAction();
+    const QImage seen = picture();
+    const QRect arrow = inkIn(seen, end(deeper), theme().raised);
+    EXPECT_NEAR(arrow.center().x(), place(deeper).right() - 10, 1);
+    EXPECT_NEAR(arrow.center().y(), place(deeper).center().y(), 1);
+    EXPECT_TRUE(inkIn(seen, end(plain), theme().raised).isEmpty());
+}
+
+TEST_F(MenuTest, GroupsStandUnderCaptionsAndBetweenLines) {
+    QAction *caption = menu.addSection("MMM");
+    menu.addAction("One");
+    QAction *line = menu.addSeparator();
+    menu.addAction("Two");
+    menu.setActiveAction(caption);
+    const QImage seen = picture();
+    expectNear(colourOfInk(seen, place(caption), theme().raised), theme().text2);
+    EXPECT_NEAR(inkIn(seen, place(caption), theme().raised).left(), place(caption).left() + 10, 2);
+    EXPECT_EQ(place(line).height(), 9);
+    for (int y = place(line).top(); y <= place(line).bottom(); ++y) {
+        const bool isMiddle = y == place(line).center().y();
+        EXPECT_EQ(seen.pixelColor(menu.width() / 2, y), isMiddle ? theme().border : theme().raised);
+    }
+}
+
+TEST_F(RunningThemeTest, TheMenuThatIsPointedAtStandsOutInTheMenuBar) {
+    window.menuBar()->addMenu("One");
+    QAction *two = window.menuBar()->addMenu("Two")->menuAction();
+    settle();
+    const QRect place = window.menuBar()->actionGeometry(two);
+    const auto colourAt = [&](const QPoint &position) {
+        return window.menuBar()->grab().toImage().pixelColor(position);
+    };
+    const QPoint inside(place.left() + 5, place.center().y());
+    EXPECT_EQ(colourAt(inside), theme().chrome);
+    QMouseEvent move(QEvent::MouseMove, QPointF(place.center()), window.menuBar()->mapToGlobal(QPointF(place.center())),
+                     Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(window.menuBar(), &move);
+    const QColor hovered = over(theme().toolHover, theme().chrome);
+    EXPECT_NEAR(colourAt(inside).lightness(), hovered.lightness(), 2);
+    EXPECT_NEAR(colourAt({place.left() + 8, place.top() + 2}).lightness(), hovered.lightness(), 2);
+    EXPECT_EQ(colourAt({place.left() + 8, place.top() + 1}), theme().chrome);
+    EXPECT_EQ(colourAt({place.left(), place.center().y()}), theme().chrome);
+    two->menu()->addAction("Item");
+    QTest::mousePress(window.menuBar(), Qt::LeftButton, {}, place.center());
+    ASSERT_TRUE(two->menu()->isVisible());
+    EXPECT_NEAR(colourAt(inside).lightness(), over(theme().toolPress, theme().chrome).lightness(), 2);
+    two->menu()->close();
 }
 
 TEST_F(RunningThemeTest, AMenuThatIsHigherThanTheScreenScrolls) {
