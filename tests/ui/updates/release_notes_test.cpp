@@ -107,6 +107,7 @@ TEST(ReleaseNotes, LinkOnlyToHttps) {
                                "<a href='relative'>relative</a> <a href='https:///nohost'>nowhere</a>"));
     QStringList addresses;
     for (const QTextCharFormat &format : formatsOf(document)) {
+        EXPECT_EQ(format.fontUnderline(), format.isAnchor());
         if (format.isAnchor()) {
             addresses << format.anchorHref();
         }
@@ -135,6 +136,19 @@ TEST(ReleaseNotesView, TellsWhichLinkWasChosenAndGoesNowhere) {
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.cursorRect().center() + QPoint(4, 0));
     EXPECT_EQ(chosen, QList<QUrl>{QUrl("https://example.org/a")});
     EXPECT_EQ(view.toPlainText(), before);
+}
+
+TEST(ReleaseNotesView, IsAFrameWithRoundCorners) {
+    ReleaseNotesView view(itemWith("notes"));
+    view.resize(300, 200);
+    view.setAttribute(Qt::WA_NoSystemBackground);
+    QImage picture(view.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    view.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+    EXPECT_EQ(picture.pixelColor(150, 0), theme().border);
+    EXPECT_EQ(picture.pixelColor(299, 100), theme().border);
+    EXPECT_EQ(picture.pixelColor(150, 150), theme().view);
+    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
 }
 
 TEST(ReleaseNotesView, FollowsTheColoursOfTheTheme) {

@@ -140,6 +140,17 @@ TEST_F(UpdateFlowTest, AFoundUpdateIsShownWithItsVersionSizeAndNotes) {
     }
 }
 
+TEST_F(UpdateFlowTest, AnUpdateWithoutNotesSaysSo) {
+    QByteArray &feed = server.answers["/feed"].body;
+    const qsizetype notes = feed.indexOf("<description>");
+    feed.remove(notes, feed.indexOf("<enclosure") - notes);
+    check();
+    auto *sheet = waitFor<UpdateSheet>();
+    EXPECT_EQ(labelsIn(*sheet).last(), "There are no release notes.");
+    EXPECT_EQ(find<QTextBrowser>("releaseNotes"), nullptr);
+    EXPECT_EQ(focusName(), "install");
+}
+
 TEST_F(UpdateFlowTest, TheKeyboardReachesEverythingInTheSheet) {
     check();
     waitFor<UpdateSheet>();
