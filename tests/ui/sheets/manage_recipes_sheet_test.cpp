@@ -9,6 +9,7 @@
 #include "ui/controls/symbol.h"
 #include "ui/controls/tool_button.h"
 #include "ui/sheets/recipe_row.h"
+#include "ui/theme/theme.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -386,6 +387,21 @@ TEST_F(ManageRecipesSheetTest, ARecipeWithoutANameIsCalledUntitledAsInTheMenus) 
     }
     press(Qt::Key_F2);
     EXPECT_EQ(field()->text(), "") << "that is no name to go on from";
+}
+
+TEST_F(ManageRecipesSheetTest, TheRowUnderThePointerStandsOut) {
+    add("one");
+    add("two");
+    open();
+    const auto fill = [this](int index) { return row(index)->grab().toImage().pixelColor(row(index)->width() / 2, 3); };
+    QTest::mouseMove(row(0));
+    settle();
+    EXPECT_NE(fill(0), theme().pane);
+    EXPECT_EQ(fill(1), theme().pane);
+    QTest::mouseMove(row(1));
+    settle();
+    EXPECT_EQ(fill(0), theme().pane);
+    EXPECT_NE(fill(1), theme().pane);
 }
 
 TEST_F(ManageRecipesSheetTest, WhatScrollsBeneathARestingPointerIsHovered) {

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QMenuBar>
+#include <QVBoxLayout>
 
 namespace lexivore {
 namespace {
@@ -83,6 +84,21 @@ TEST_F(SheetLayerTest, GivesTheFocusBackToWhereItWas) {
     press(Qt::Key_Escape);
     EXPECT_FALSE(isOpen());
     EXPECT_TRUE(below->hasFocus());
+}
+
+TEST_F(SheetLayerTest, TheFocusStartsAtTheFirstControlThatCanBeUsed) {
+    class Choice : public Sheet {
+    public:
+        Choice() : Sheet("Choice", 300) {
+            auto *first = new PushButton("First");
+            first->setEnabled(false);
+            auto *second = new PushButton("Second");
+            second->setObjectName("second");
+            body().addWidget(buttonRow({first, second}));
+        }
+    };
+    show(new Choice);
+    EXPECT_EQ(focusName(), "second");
 }
 
 TEST_F(SheetLayerTest, KeepsTheFocusInsideHoweverOftenTabIsPressed) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/window/window_fixture.h"
+#include "ui/theme/theme.h"
 #include "ui/theme/typography.h"
 
 #include <QAccessible>
@@ -101,6 +102,28 @@ TEST_F(Copying, TheConfirmationIsReadableWhateverTheLettersAndTheRoom) {
         EXPECT_EQ(toast->visibleRegion(), QRegion(toast->rect())) << "nothing is cut off";
     }
     QApplication::setFont(before);
+}
+
+TEST_F(Copying, TheConfirmationIsAPillWithATickAndItsText) {
+    setText("x");
+    click("copy");
+    QWidget *toast = find("copyToast");
+    const auto picture = [&] { return pictureOf(toast); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return picture().pixelColor(toast->width() / 2, 3) == theme().toast; }, 1'000));
+    EXPECT_EQ(picture().pixelColor(2, 2).alpha(), 0) << "its ends are round";
+    EXPECT_EQ(picture().pixelColor(toast->width() - 3, 2).alpha(), 0);
+    const auto holds = [&](const QColor &colour, const QRect &area) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            for (int y = area.top(); y <= area.bottom(); ++y) {
+                if (picture().pixelColor(x, y) == colour) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(holds(theme().toastIcon, {15, 11, 18, 18}));
+    EXPECT_TRUE(holds(theme().onToast, {41, 11, 40, 18}));
 }
 
 TEST_F(Copying, TheConfirmationFollowsTheEditorAndStaysInTheWindow) {

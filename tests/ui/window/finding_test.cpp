@@ -35,6 +35,14 @@ TEST_F(Finding, FindGoesBothWaysByKeyButtonAndCommand) {
     EXPECT_TRUE(find("editor")->hasFocus());
 }
 
+TEST_F(Finding, TheCommandFromWithinTheFieldSelectsWhatItHolds) {
+    choose("Find");
+    type("one");
+    press(Qt::Key_End);
+    choose("Find");
+    EXPECT_EQ(find<QLineEdit>("find")->selectedText(), "one");
+}
+
 TEST_F(Finding, EscapeClosesTheFindBarFromEachOfItsControls) {
     for (const char *control : {"find", "findPrevious", "findNext", "closeFind"}) {
         choose("Find");

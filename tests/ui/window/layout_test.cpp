@@ -273,6 +273,23 @@ TEST_F(Layout, InTheSmallestWindowTheFindBarTellsTheWholeCount) {
     EXPECT_GE(widthOf("matchCount"), find("matchCount")->sizeHint().width());
 }
 
+TEST_F(Layout, AnItemOfTheStatusBarHasItsIconBeforeItsText) {
+    setText("x");
+    const QImage picture = pictureOf(find("characterCount"));
+    const auto inkIn = [&](int from, int to) {
+        int ink = 0;
+        for (int x = from; x < to; ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                ink += picture.pixelColor(x, y).alpha() > 60 ? 1 : 0;
+            }
+        }
+        return ink;
+    };
+    EXPECT_GT(inkIn(0, 14), 10);
+    EXPECT_EQ(inkIn(14, 20), 0);
+    EXPECT_GT(inkIn(20, picture.width()), 2);
+}
+
 TEST_F(Layout, AnItemOfTheStatusBarShowsItsWholeTextInTheSpaceThatItAsksFor) {
     for (const double points : {8.5, 9.0, 10.0, 11.3}) {
         useLetters(points);

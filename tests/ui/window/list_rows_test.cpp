@@ -23,6 +23,8 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdlib>
+#include <utility>
 
 namespace lexivore {
 namespace {
@@ -320,6 +322,67 @@ TEST_F(ListRows, AFavoriteKeepsAYellowStarAtRest) {
     find<QSplitter>("columns")->setSizes({183, width + 100, 300, 280});
     ASSERT_TRUE(QTest::qWaitFor([&] { return row("lowercase")->width() != width; }));
     EXPECT_EQ(toTheEdge(), before) << "it goes with the edge of its row";
+}
+
+TEST_F(ListRows, ARowShowsItsIconItsNameAndBelowItsDescription) {
+    const QImage picture = pictureOf(row("uppercase"));
+    const auto placeOf = [&](const QColor &colour, int from) {
+        QRect place;
+        for (int x = from; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                const QColor seen = picture.pixelColor(x, y);
+                const bool isIt = seen.alpha() > 120 && std::abs(seen.red() - colour.red()) < 8 &&
+                                  std::abs(seen.green() - colour.green()) < 8 &&
+                                  std::abs(seen.blue() - colour.blue()) < 8;
+                place |= isIt ? QRect(x, y, 1, 1) : QRect();
+            }
+        }
+        return place;
+    };
+    const QRect icon = placeOf(theme().accentText, 0);
+    const QRect name = placeOf(theme().text, icon.right());
+    const QRect description = placeOf(theme().text2, icon.right());
+    EXPECT_LE(icon.width(), 20);
+    EXPECT_NEAR(icon.center().y(), picture.height() / 2, 2);
+    EXPECT_GE(name.left() - icon.right(), 12);
+    EXPECT_LE(name.left() - icon.right(), 18);
+    EXPECT_GT(name.width(), 40);
+    EXPECT_LT(name.bottom(), picture.height() / 2 + 2);
+    EXPECT_GT(description.top(), name.bottom());
+    EXPECT_LT(description.bottom(), picture.height() - 4);
+    EXPECT_NEAR(description.left(), name.left(), 2);
+}
+
+TEST_F(ListRows, TheKeyboardComesBackToTheRowThatItLeft) {
+    for (const auto &[first, steps] : {std::pair("transformation.uppercase", 2), std::pair("category.Lines", 1)}) {
+        find(first)->setFocus(Qt::TabFocusReason);
+        for (int step = 0; step < steps; ++step) {
+            press(Qt::Key_Down);
+        }
+        const QWidget *left = QApplication::focusWidget();
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        ASSERT_NE(QApplication::focusWidget(), left);
+        press(Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), left) << first;
+    }
+}
+
+TEST_F(ListRows, TheRingOfTheSelectedCategoryIsSeenOnItsFillToo) {
+    click("category.Sorting");
+    const auto colourAt = [this](QWidget *row, int y) {
+        return window().grab().toImage().pixelColor(row->mapTo(&window(), QPoint(row->width() / 2, y)));
+    };
+    QWidget *selected = find("category.Sorting");
+    selected->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(colourAt(selected, 0), theme().focus);
+    EXPECT_EQ(colourAt(selected, 1), theme().focus);
+    EXPECT_EQ(colourAt(selected, 2), theme().onAccent);
+    EXPECT_EQ(colourAt(selected, 3), theme().onAccent);
+    EXPECT_EQ(colourAt(selected, 4), theme().accent);
+    QWidget *other = find("category.Lines");
+    other->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(colourAt(other, 1), theme().focus);
+    EXPECT_EQ(colourAt(other, 2), colourAt(other, 4)) << "one ring is enough";
 }
 
 TEST_F(ListRows, TheHeaderTurnsItsChevronByAQuarterAndFoldsTheRows) {

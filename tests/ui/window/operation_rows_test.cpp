@@ -5,6 +5,7 @@
 #include "ui/operations/draggable_operation_item.h"
 #include "ui/operations/operation_description.h"
 #include "ui/theme/theme.h"
+#include "ui/theme/typography.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -203,8 +204,22 @@ TEST_F(OperationRows, EachParameterHasALineOfItsOwnWhateverItHolds) {
 }
 
 TEST_F(OperationRows, TheTooltipShowsWhatItReadsAndNoMarkup) {
-    manager().applyTransformation(*manager().findTransformation("add-prefix"), {{"prefix", "<b>&amp;"}});
-    EXPECT_EQ(toolTipOf(row(3)), "Add Prefix\nprefix: <b>&amp;\nLines: 3 → 3\nCharacters: 5 → 29");
+    manager().applyTransformation(*manager().findTransformation("add-prefix"), {{"prefix", "<b> &amp;"}});
+    EXPECT_EQ(toolTipOf(row(3)), "Add Prefix\nprefix: <b> &amp;\nLines: 3 → 3\nCharacters: 5 → 32");
+}
+
+TEST_F(OperationRows, TwoQuickClicksOnTheNumberAreTwoClicks) {
+    manager().applyTransformation(*manager().findTransformation("add-prefix"), {{"prefix", "> "}});
+    QCoreApplication::processEvents();
+    const QPoint number(38, row(3)->height() / 2 - 8);
+    QTest::mouseClick(row(3), Qt::LeftButton, Qt::NoModifier, number);
+    EXPECT_FALSE(manager().appliedOperations()[3].isEnabled);
+    QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(number), row(3)->mapToGlobal(QPointF(number)),
+                       Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(row(3), &second);
+    QTest::mouseRelease(row(3), Qt::LeftButton, Qt::NoModifier, number);
+    EXPECT_TRUE(manager().appliedOperations()[3].isEnabled);
+    EXPECT_FALSE(isShown("parameterSheet"));
 }
 
 TEST_F(OperationRows, ARowTellsWhatItsStepDidToLinesAndCharacters) {
@@ -245,6 +260,35 @@ TEST_F(OperationRows, TheShorterMeasureTellsWhatChanged) {
     EXPECT_EQ(measure(0), "Same length");
     EXPECT_EQ(measure(1), "Lines: 4 → 3");
     EXPECT_EQ(measure(2), "Characters: 7 → 5");
+}
+
+TEST_F(OperationRows, AFailedStepHasAnOrangeTriangleAfterItsNameAndSaysWhy) {
+    const auto triangle = [this](int index) {
+        const QImage picture = pictureOf(row(index));
+        QRect place;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor colour = picture.pixelColor(x, y);
+                const bool isOrange = colour.alpha() > 60 && std::abs(colour.hue() - theme().orange.hue()) < 5 &&
+                                      colour.saturation() > 200;
+                place |= isOrange ? QRect(x, y, 1, 1) : QRect();
+            }
+        }
+        return place;
+    };
+    manager().applyTransformation(*manager().findTransformation("base64-encode"), {});
+    manager().applyTransformation(*manager().findTransformation("base64-decode"), {});
+    EXPECT_TRUE(triangle(4).isEmpty());
+    manager().toggleOperation(3);
+    EXPECT_TRUE(toolTipOf(row(4)).startsWith("Invalid")) << toolTipOf(row(4)).toStdString();
+    EXPECT_TRUE(descriptionOf(row(4)).startsWith("Enabled, Invalid"));
+    EXPECT_TRUE(triangle(3).isEmpty());
+    const int nameRight = 56 + QFontMetrics(fontFor(FontRole::captionMedium)).horizontalAdvance(row(4)->text());
+    EXPECT_NEAR(triangle(4).center().x(), nameRight + 4 + 7, 1);
+    EXPECT_NEAR(triangle(4).center().y(), row(4)->height() / 2, 1);
+    find<QSplitter>("columns")->setSizes({183, 240, 500, 10});
+    QCoreApplication::processEvents();
+    EXPECT_LE(triangle(4).right(), row(4)->findChild<QWidget *>("remove")->x() - 8) << "beside a name that is cut off";
 }
 
 TEST_F(OperationRows, AnUnknownTransformationIsCalledSo) {

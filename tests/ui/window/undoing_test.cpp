@@ -239,6 +239,22 @@ TEST_F(Undoing, RedoBringsBackWhatUndoTookBackWhereverTheKeyboardIs) {
     EXPECT_EQ(text(), "ABHELLO");
 }
 
+TEST_F(Undoing, RedoGoesOnWithWhatWasTypedAfterTheLastStep) {
+    setText("hello");
+    click("transformation.uppercase");
+    focusEditor();
+    type("ab");
+    ASSERT_EQ(text(), "abHELLO");
+    undo();
+    find("search")->setFocus();
+    choose("UndoTransformation");
+    ASSERT_EQ(text(), "hello");
+    choose("RedoTransformation");
+    EXPECT_EQ(text(), "HELLO");
+    choose("RedoTransformation"); // no step is left, so it is the typing
+    EXPECT_EQ(text(), "abHELLO");
+}
+
 TEST_F(Undoing, TheCaretGoesWhereTheEditWas) {
     setText("one\ntwo\nthree");
     focusEditor();
