@@ -378,6 +378,22 @@ TEST_F(RunningThemeTest, NoItemOfAMenuIsUnderlined) {
     EXPECT_EQ(pictureOf("&Undo"), pictureOf("Undo"));
 }
 
+TEST_F(RunningThemeTest, TheMarkedItemOfAMenuIsARoundPieceOfTheAccent) {
+    QMenu menu;
+    QAction *item = menu.addAction("Undo");
+    menu.addAction("Redo");
+    menu.popup({});
+    menu.setActiveAction(item);
+    settle();
+    const QRect place = menu.actionGeometry(item);
+    EXPECT_EQ(place.height(), 28);
+    const QImage picture = menu.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(place.left() + 4, place.center().y()), theme().accent);
+    EXPECT_EQ(picture.pixelColor(place.topLeft()), theme().raised);
+    EXPECT_EQ(picture.pixelColor(place.left() + 4, place.center().y() + 28), theme().raised) << "the other item";
+    EXPECT_EQ(picture.pixelColor(0, 0), theme().border) << "the menu itself is not round";
+}
+
 TEST_F(RunningThemeTest, MovementsTakeNoTimeWhenTheStyleSaysSo) {
     StillStyle still;
     using namespace std::chrono_literals;

@@ -342,6 +342,24 @@ TEST_F(Operations, TheMarkStandsWhereTheRowWouldLand) {
     EXPECT_EQ(row(0)->marks(), DropMarks());
 }
 
+TEST_F(Operations, OverItsOwnRowADraggedOneLeavesTheMarksAsTheyAre) {
+    state().setDraggedOperation(row(1)->operation());
+    DropMarks marks{true, false};
+    OperationDropDelegate(
+        1, manager(), state(), [](std::size_t, std::size_t) {}, marks)
+        .dropEntered();
+    EXPECT_EQ(marks, (DropMarks{true, false}));
+}
+
+TEST_F(Operations, ADragIsAMoveWhateverKeyAsksForACopy) {
+    state().setDraggedOperation(row(0)->operation());
+    QDragEnterEvent enter({20, 10}, Qt::CopyAction | Qt::MoveAction, &payload(0), Qt::LeftButton, Qt::ControlModifier);
+    ASSERT_EQ(enter.dropAction(), Qt::CopyAction);
+    QApplication::sendEvent(row(1), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    EXPECT_EQ(enter.dropAction(), Qt::MoveAction);
+}
+
 TEST_F(Operations, TheFirstDroppedOnTheLastBecomesTheLastAndBack) {
     dragOver(0, 2);
     EXPECT_TRUE(drop(0, 2));
