@@ -19,6 +19,7 @@
 #include "ui/sheets/parameter_input_sheet.h"
 #include "ui/sheets/recipe_row.h"
 #include "ui/sheets/recipe_save_sheet.h"
+#include "ui/theme/drawing.h"
 
 #include <QCheckBox>
 #include <QFontInfo>
@@ -221,6 +222,40 @@ TEST_F(SheetDrawing, ThePartsOfResultsHaveTheirHeights) {
     EXPECT_EQ(heightsOf<Card>(*open(2, "one")), (QList<int>{136, 136, 44}));
     press(Qt::Key_Escape);
     EXPECT_EQ(heightsOf<Card>(*open(3, "one")).mid(1), QList<int>(3, 68));
+}
+
+TEST_F(SheetDrawing, SheetsCardsAndButtonsAreRoundEachInItsOwnWay) {
+    const auto hasCorner = [](QWidget *widget, int radius, const QColor &fill, const QColor &border) {
+        QImage corner(radius, radius, QImage::Format_ARGB32_Premultiplied);
+        corner.fill(Qt::transparent);
+        QPainter painter(&corner);
+        drawFrame(painter, QRectF(0, 0, 60, 60), radius, fill, border);
+        painter.end();
+        return test::placeOf(corner, pictureOf(widget)) == QPoint(0, 0);
+    };
+    ToolView *sheet = open(0, "one");
+    EXPECT_TRUE(hasCorner(sheet, 12, theme().pane, theme().sheetBorder));
+    EXPECT_TRUE(hasCorner(sheet->findChild<Card *>(), 10, theme().raised, theme().border));
+    EXPECT_TRUE(hasCorner(find("copy"), 8, theme().button, theme().buttonBorder));
+}
+
+TEST_F(SheetDrawing, AToolShowsWhetherItIsPressedOrChecked) {
+    ToolButton tool("pause", "Help", ToolButton::row);
+    tool.setCheckable(true);
+    tool.resize(tool.sizeHint());
+    const auto expectGround = [&](const QColor &expected) {
+        const QColor ground = pictureOf(&tool).pixelColor(3, 14);
+        EXPECT_NEAR(ground.alphaF(), expected.alphaF(), 0.01);
+        EXPECT_NEAR(ground.hueF(), expected.hueF(), 0.1);
+    };
+    EXPECT_EQ(pictureOf(&tool).pixelColor(3, 14).alpha(), 0);
+    EXPECT_TRUE(test::placeOf(test::drawnSymbol("pause", 16, theme().text2), pictureOf(&tool)));
+    QTest::mousePress(&tool, Qt::LeftButton);
+    expectGround(theme().toolPress);
+    QTest::mouseRelease(&tool, Qt::LeftButton);
+    ASSERT_TRUE(tool.isChecked());
+    expectGround(theme().accentWash);
+    expectColour(test::inkOf(pictureOf(&tool)), theme().accentText);
 }
 
 TEST_F(SheetDrawing, AFrequencyIsAMonospacedCharacterABarAndAQuietCount) {
