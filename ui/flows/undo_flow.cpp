@@ -33,18 +33,15 @@ void UndoFlow::takeBack() {
     synchronize();
     if (m_history.canUndoEdit() && (m_editorHasFocus() || m_manager.history().undoStack().empty())) {
         show(*m_history.undoEdit());
-        m_tookEditBackLast = true;
         return;
     }
-    m_tookEditBackLast = false;
     m_manager.undo();
     synchronize();
 }
 
 void UndoFlow::doAgain() {
     synchronize();
-    const bool editGoesFirst = m_editorHasFocus() || m_tookEditBackLast || m_manager.history().redoStack().empty();
-    if (m_history.canRedoEdit() && editGoesFirst) {
+    if (m_history.canRedoEdit()) {
         show(*m_history.redoEdit());
         return;
     }

@@ -31,7 +31,7 @@ public:
     /// Takes back the latest edit when the editor has the focus, or when there is nothing else to take back; otherwise
     /// the manager's last step. Does nothing when there is neither.
     void undo();
-    /// Brings back what was taken back last. Of an edit and a step that were taken back before, as `undo`.
+    /// Brings back the change after the text that is shown, whether it is an edit or a step.
     void redo();
 
     /// The user's change of the text in the editor, to be carried out and remembered. When there is not enough memory
@@ -62,7 +62,6 @@ private:
     bool m_isEditing = false;
     bool m_isRestoring = false;
     bool m_isRedoing = false;
-    bool m_tookEditBackLast = false;
 };
 
 } // namespace lexivore

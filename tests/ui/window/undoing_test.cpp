@@ -239,20 +239,39 @@ TEST_F(Undoing, RedoBringsBackWhatUndoTookBackWhereverTheKeyboardIs) {
     EXPECT_EQ(text(), "ABHELLO");
 }
 
-TEST_F(Undoing, RedoGoesOnWithWhatWasTypedAfterTheLastStep) {
-    setText("hello");
+TEST_F(Undoing, RedoLeavesOutNoEditBetweenTwoStepsWhereverTheKeyboardIs) {
+    useStackMode();
+    setText("a");
     click("transformation.uppercase");
     focusEditor();
-    type("ab");
-    ASSERT_EQ(text(), "abHELLO");
+    type("b");
+    ASSERT_EQ(text(), "bA");
+    click("transformation.lowercase");
+    focusEditor();
     undo();
-    find("search")->setFocus();
+    undo();
+    ASSERT_EQ(text(), "A");
+    find("operation.0")->setFocus();
     choose("UndoTransformation");
-    ASSERT_EQ(text(), "hello");
-    choose("RedoTransformation");
-    EXPECT_EQ(text(), "HELLO");
-    choose("RedoTransformation"); // no step is left, so it is the typing
-    EXPECT_EQ(text(), "abHELLO");
+    ASSERT_EQ(text(), "a");
+    for (const char *later : {"A", "bA", "ba", "ba"}) {
+        choose("RedoTransformation");
+        EXPECT_EQ(text(), later);
+    }
+}
+
+TEST_F(Undoing, OneUndoTooManyChangesNothingForRedo) {
+    setText("hello");
+    click("transformation.uppercase");
+    find("search")->setFocus();
+    for (const char *earlier : {"hello", "", ""}) {
+        choose("UndoTransformation");
+        EXPECT_EQ(text(), earlier);
+    }
+    for (const char *later : {"hello", "HELLO"}) {
+        choose("RedoTransformation");
+        EXPECT_EQ(text(), later);
+    }
 }
 
 TEST_F(Undoing, TheCaretGoesWhereTheEditWas) {
