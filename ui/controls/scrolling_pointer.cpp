@@ -12,11 +12,9 @@
 
 namespace lexivore {
 
-namespace {
-
-void pointAgain(const QScrollArea &area) {
+void pointAgain(const QWidget &area) {
     QWindow *window = area.window()->windowHandle();
-    const bool isPointedAt = area.viewport()->underMouse() && QGuiApplication::mouseButtons() == Qt::NoButton;
+    const bool isPointedAt = area.underMouse() && QGuiApplication::mouseButtons() == Qt::NoButton;
     if (window == nullptr || !isPointedAt) {
         return;
     }
@@ -28,10 +26,9 @@ void pointAgain(const QScrollArea &area) {
     QCoreApplication::sendEvent(window, &move);
 }
 
-} // namespace
-
 void pointAtWhatScrolls(QScrollArea &area) {
-    QObject::connect(area.verticalScrollBar(), &QScrollBar::valueChanged, &area, [&area] { pointAgain(area); });
+    QObject::connect(area.verticalScrollBar(), &QScrollBar::valueChanged, &area,
+                     [&area] { pointAgain(*area.viewport()); });
 }
 
 } // namespace lexivore

@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/operations/row_slide.h"
 
+#include "ui/controls/scrolling_pointer.h"
 #include "ui/theme/motion.h"
 
-#include <QApplication>
-#include <QCursor>
-#include <QEnterEvent>
 #include <QLayout>
 #include <QVariantAnimation>
 
@@ -16,19 +14,6 @@ namespace {
 
 using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds slidingTime = 200ms;
-
-/// That a row has come under the resting pointer, or gone from it, the toolkit tells only when the pointer moves again.
-void tellWhetherPointerIsOver(QWidget &row) {
-    const QPoint pointer = QCursor::pos();
-    const QPoint place = row.mapFromGlobal(pointer);
-    if (row.parentWidget()->underMouse() && row.rect().contains(place)) {
-        QEnterEvent enter(place, row.window()->mapFromGlobal(pointer), pointer);
-        QApplication::sendEvent(&row, &enter);
-    } else {
-        QEvent leave(QEvent::Leave);
-        QApplication::sendEvent(&row, &leave);
-    }
-}
 
 } // namespace
 
@@ -59,12 +44,8 @@ void RowSlide::finish() {
     }
     m_animation->stop();
     moveRows(0);
-    for (const Way &way : m_ways) {
-        if (way.row) {
-            tellWhetherPointerIsOver(*way.row);
-        }
-    }
     m_ways.clear();
+    pointAgain(m_column);
     // Meanwhile the column may have become wider or a row higher.
     m_column.layout()->update();
 }

@@ -385,10 +385,17 @@ TEST_F(OperationRows, TheRowThatSlidUnderTheRestingPointerIsHoveredAndNoOther) {
     const int place = row(0)->y();
     QTest::mouseMove(row(0), {60, 20});
     drop(2, 0);
-    hover(1); // which still stands under the pointer
+    // After a drag the toolkit hears of the pointer anew.
+    const QPoint pointer = QCursor::pos();
+    const QPoint inWindow = window().mapFromGlobal(pointer);
+    QEnterEvent enter(inWindow, inWindow, pointer);
+    QCoreApplication::sendEvent(window().windowHandle(), &enter);
+    EXPECT_TRUE(row(1)->isHovered()) << "it still stands there";
     EXPECT_TRUE(QTest::qWaitFor([&] { return row(1)->y() > place && row(0)->y() == place; }, 10'000));
     EXPECT_TRUE(QTest::qWaitFor([&] { return row(0)->isHovered() && !row(1)->isHovered(); }, 10'000));
     EXPECT_FALSE(row(2)->isHovered());
+    QTest::mouseMove(find("search"));
+    EXPECT_FALSE(row(0)->isHovered()) << "it was left without another move in it";
 }
 
 TEST_F(OperationRows, AChangeEndsTheSlide) {
