@@ -82,6 +82,11 @@ QSize PushButton::sizeHint() const {
             heightFor(metrics::controlHeight, FontRole::callout)};
 }
 
+void PushButton::leaveEvent(QEvent *event) {
+    QPushButton::leaveEvent(event);
+    update(); // of its own accord the toolkit does not draw it anew while a menu is open
+}
+
 void PushButton::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     const Theme &colours = theme();

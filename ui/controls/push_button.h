@@ -29,6 +29,7 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

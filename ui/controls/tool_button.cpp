@@ -44,6 +44,11 @@ void ToolButton::setOpacity(double opacity) {
 
 QSize ToolButton::sizeHint() const { return {m_size.button + (menu() != nullptr ? chevronSize : 0), m_size.button}; }
 
+void ToolButton::leaveEvent(QEvent *event) {
+    QToolButton::leaveEvent(event);
+    update(); // of its own accord the toolkit does not draw it anew while a menu is open
+}
+
 void ToolButton::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.setOpacity(m_opacity);

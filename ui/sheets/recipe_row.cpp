@@ -180,6 +180,11 @@ void RecipeRow::keyPressEvent(QKeyEvent *event) {
     }
 }
 
+void RecipeRow::leaveEvent(QEvent *event) {
+    QWidget::leaveEvent(event);
+    update(); // of its own accord the toolkit does not draw it anew while a menu is open
+}
+
 void RecipeRow::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     if (isEditing()) {

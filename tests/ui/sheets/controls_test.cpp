@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "manager/recipe.h"
 #include "tests/ui/sheets/sheet_fixture.h"
 #include "ui/controls/badge.h"
 #include "ui/controls/focus_ring.h"
@@ -8,9 +9,11 @@
 #include "ui/controls/switch.h"
 #include "ui/controls/tool_button.h"
 #include "ui/sheets/alert_sheet.h"
+#include "ui/sheets/recipe_row.h"
 #include "ui/theme/drawing.h"
 
 #include <QCheckBox>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollArea>
 #include <QTextDocument>
@@ -117,6 +120,37 @@ TEST_F(ControlsTest, ADisabledSwitchIsHalfAsSolid) {
     const QColor ground = colourAt(&window, {600, 600});
     toggle->setEnabled(false);
     EXPECT_NEAR(colourAt(toggle, {6, 10}).red(), (theme().accent.red() + ground.red()) / 2, 2);
+}
+
+/// While a menu is open the toolkit tells nothing of hovering, only that the pointer has left.
+TEST_F(ControlsTest, WhatThePointerLeavesForAMenuIsNoLongerDrawnAsPointedAt) {
+    struct Drawn : QObject {
+        bool eventFilter(QObject *, QEvent *event) override {
+            isDrawn |= event->type() == QEvent::Paint;
+            return false;
+        }
+        bool isDrawn = false;
+    } drawn;
+    QMenu menu;
+    menu.addAction("Undo");
+    for (QWidget *widget :
+         {static_cast<QWidget *>(new ToolButton("gearshape", "Editor settings")),
+          static_cast<QWidget *>(new PushButton("Done")), static_cast<QWidget *>(new RecipeRow(Recipe()))}) {
+        place(widget);
+        QTest::mouseMove(widget);
+        settle();
+        ASSERT_TRUE(widget->underMouse());
+        menu.popup({600, 600});
+        settle();
+        widget->installEventFilter(&drawn);
+        drawn.isDrawn = false;
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(widget, &leave);
+        settle();
+        EXPECT_TRUE(drawn.isDrawn) << widget->metaObject()->className();
+        menu.close();
+        delete widget;
+    }
 }
 
 TEST_F(ControlsTest, ASheetOverThemDoesNotMakeThemLookDisabled) {
