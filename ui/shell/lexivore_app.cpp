@@ -7,6 +7,8 @@
 #include "ui/shell/open_address.h"
 #include "ui/updates/update_flow.h"
 
+#include <QApplication>
+
 #include <utility>
 
 namespace lexivore {
@@ -31,7 +33,8 @@ void LexivoreApp::comeForward(const QStringList &files, const QString &activatio
     m_window->show();
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->raise();
-    m_window->activateWindow();
+    QWidget *dialog = QApplication::activeModalWidget(); // the only one that takes keys
+    (dialog != nullptr ? dialog : m_window.get())->activateWindow();
     m_window->openFiles(files);
 }
 

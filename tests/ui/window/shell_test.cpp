@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTemporaryFile>
@@ -283,6 +284,15 @@ TEST_F(Shell, ComingForwardUndoesMinimizingAndOpensTheFile) {
     app().comeForward({file.fileName()});
     EXPECT_FALSE(window().isMinimized());
     EXPECT_EQ(text(), "opened");
+}
+
+TEST_F(Shell, ComingForwardLeavesTheKeyboardInTheDialogThatIsOpen) {
+    QDialog dialog(&window());
+    dialog.open();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return dialog.isActiveWindow(); }));
+    app().comeForward();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(dialog.isActiveWindow());
 }
 
 } // namespace
