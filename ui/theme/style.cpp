@@ -164,11 +164,12 @@ void Style::polish(QWidget *widget) {
 
 bool Style::eventFilter(QObject *watched, QEvent *event) {
     const bool isNewFont = event->type() == QEvent::ApplicationFontChange;
+    if (!isNewFont && event->type() != QEvent::ApplicationPaletteChange) {
+        return QProxyStyle::eventFilter(watched, event);
+    }
     if (watched->inherits("QTipLabel")) {
         // While a tooltip is in sight, the next one is shown in the same label.
-        if (isNewFont || event->type() == QEvent::ApplicationPaletteChange) {
-            polishTooltip(*static_cast<QWidget *>(watched));
-        }
+        polishTooltip(*static_cast<QWidget *>(watched));
     } else if (isNewFont) {
         // Of a new font of the application only windows are told; what they contain may have a font that is made of it.
         for (QWidget *part : watched->findChildren<QWidget *>()) {
