@@ -119,7 +119,7 @@ TEST_F(ControlsTest, ADisabledSwitchIsHalfAsSolid) {
     toggle->setChecked(true);
     const QColor ground = colourAt(&window, {600, 600});
     toggle->setEnabled(false);
-    EXPECT_NEAR(colourAt(toggle, {6, 10}).red(), (theme().accent.red() + ground.red()) / 2, 2);
+    EXPECT_NEAR(colourAt(toggle, {6, 10}).red(), (theme().accent.red() + ground.red()) / 2.0, 2);
 }
 
 /// While a menu is open the toolkit tells nothing of hovering, only that the pointer has left.

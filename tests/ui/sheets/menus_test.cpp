@@ -15,7 +15,7 @@ namespace {
 /// Pictures of menus that are open.
 class MenuTest : public SheetTest {
 protected:
-    ~MenuTest() override { menu.close(); }
+    void TearDown() override { menu.close(); }
 
     [[nodiscard]] QImage picture() {
         menu.popup({});

@@ -343,7 +343,7 @@ TEST_F(ListRows, ARowShowsItsIconItsNameAndBelowItsDescription) {
     const QRect name = placeOf(theme().text, icon.right());
     const QRect description = placeOf(theme().text2, icon.right());
     EXPECT_LE(icon.width(), 20);
-    EXPECT_NEAR(icon.center().y(), picture.height() / 2, 2);
+    EXPECT_NEAR(icon.center().y(), picture.height() / 2.0, 2);
     EXPECT_GE(name.left() - icon.right(), 12);
     EXPECT_LE(name.left() - icon.right(), 18);
     EXPECT_GT(name.width(), 40);

@@ -285,7 +285,7 @@ TEST_F(OperationRows, AFailedStepHasAnOrangeTriangleAfterItsNameAndSaysWhy) {
     EXPECT_TRUE(triangle(3).isEmpty());
     const int nameRight = 56 + QFontMetrics(fontFor(FontRole::captionMedium)).horizontalAdvance(row(4)->text());
     EXPECT_NEAR(triangle(4).center().x(), nameRight + 4 + 7, 1);
-    EXPECT_NEAR(triangle(4).center().y(), row(4)->height() / 2, 1);
+    EXPECT_NEAR(triangle(4).center().y(), row(4)->height() / 2.0, 1);
     find<QSplitter>("columns")->setSizes({183, 240, 500, 10});
     QCoreApplication::processEvents();
     EXPECT_LE(triangle(4).right(), row(4)->findChild<QWidget *>("remove")->x() - 8) << "beside a name that is cut off";
