@@ -74,8 +74,14 @@ bool JsonPreferences::Settings::event(QEvent *event) {
 }
 
 JsonPreferences::JsonPreferences(const QString &path, std::chrono::milliseconds longestWait)
-    : m_path(QFileInfo(path).absoluteFilePath()), m_longestWait(longestWait), m_settings(m_path, jsonFormat()),
-      m_isUnread(isUnreadable()) {}
+    : m_path(QFileInfo(path).absoluteFilePath()), m_longestWait(longestWait), m_settings(m_path, jsonFormat()) {
+    QFile file(m_path);
+    const QByteArray json = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    m_isUnread = file.isOpen() ? file.error() != QFileDevice::NoError : file.exists();
+    if (m_settings.status() == QSettings::NoError) {
+        m_sound = json;
+    }
+}
 
 QString JsonPreferences::defaultPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -134,19 +140,6 @@ bool JsonPreferences::hasChanges(const QByteArray &json) const {
         }
     }
     return true;
-}
-
-/// Whether there is a file that cannot be read now.
-bool JsonPreferences::isUnreadable() {
-    QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return file.exists();
-    }
-    const QByteArray json = file.readAll();
-    if (m_settings.status() == QSettings::NoError) {
-        m_sound = json;
-    }
-    return file.error() != QFileDevice::NoError;
 }
 
 /// False when there is a corrupt file that cannot be renamed, or one that cannot be read to the end. One that could not

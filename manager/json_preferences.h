@@ -47,7 +47,6 @@ private:
     void save();
     [[nodiscard]] bool write();
     [[nodiscard]] bool hasChanges(const QByteArray &json) const;
-    [[nodiscard]] bool isUnreadable();
     [[nodiscard]] bool setCorruptFileAside();
     void makeNewerThan(const QDateTime &before) const;
 
@@ -56,7 +55,7 @@ private:
     Settings m_settings;
     PreferenceTexts m_waiting; ///< Changes that are not on disk yet.
     QByteArray m_sound;        ///< The file as it was read at first or written last: not corrupt.
-    bool m_isUnread;           ///< The file could not be read, and has not been copied since.
+    bool m_isUnread = false;   ///< The file could not be read, and has not been copied since.
     bool m_isStored = true;
 };
 
