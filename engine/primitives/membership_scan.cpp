@@ -101,6 +101,23 @@ void MembershipScan::resolve(Block &block, std::uint64_t candidates) {
     }
 }
 
+void MemberFinder::findFrom(const char *position) {
+    const auto left = static_cast<std::size_t>(m_end - position);
+    const std::size_t blocks = std::min(left / kernels::blockSize, blocksAtOnce);
+    m_foundBegin = position;
+    if (blocks > 0) {
+        std::uint64_t candidates[blocksAtOnce];
+        kernels::best().classify(position, blocks, m_byteClass, m_found, candidates);
+        m_foundEnd = position + blocks * kernels::blockSize;
+        return;
+    }
+    m_found[0] = 0;
+    for (std::size_t i = 0; i < left; ++i) {
+        m_found[0] |= std::uint64_t{m_byteClass.ascii.contains(position[i])} << i;
+    }
+    m_foundEnd = m_end;
+}
+
 std::size_t memberCount(std::string_view text, CodePointSet set) {
     std::size_t count = 0;
     MembershipScan scan(text, set, MembershipScan::Mark::firstByte);

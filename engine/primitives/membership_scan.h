@@ -5,6 +5,7 @@
 #include "engine/kernels/kernels.h"
 #include "engine/primitives/code_points.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -105,31 +106,39 @@ template<typename Scan, typename Visit> void forEachMember(Scan scan, Visit &&vi
     forEachMember(scan, visit, [](const char *) {});
 }
 
-/// Finds the members of an ASCII set from any place on, forwards only.
+/// Finds the members of an ASCII set from places on that never go back. Looks at some blocks at once, for members are
+/// near each other, and at nothing that is passed over.
 class MemberFinder {
 public:
     MemberFinder(std::string_view text, const kernels::AsciiSet &set)
-        : m_end(text.data() + text.size()), m_scan(text, set) {}
+        : m_byteClass{set}, m_end(text.data() + text.size()), m_foundBegin(text.data()), m_foundEnd(text.data()) {}
 
-    /// The first member at or behind `position`, which never goes back, or the end.
+    /// The first member at or behind `position`, or the end.
     [[nodiscard]] const char *from(const char *position) {
-        while (m_block.begin == nullptr || position >= m_block.begin + m_block.size || pending(position) == 0) {
-            if (!m_scan.next(m_block)) {
-                return m_end;
+        while (position != m_end) {
+            if (position >= m_foundEnd) {
+                findFrom(position);
             }
+            const auto offset = static_cast<std::size_t>(position - m_foundBegin);
+            const std::uint64_t found = m_found[offset / kernels::blockSize] >> offset % kernels::blockSize;
+            if (found != 0) {
+                return position + std::countr_zero(found);
+            }
+            position = std::min(m_foundEnd, position + (kernels::blockSize - offset % kernels::blockSize));
         }
-        return m_block.begin + std::countr_zero(pending(position));
+        return m_end;
     }
 
 private:
-    [[nodiscard]] std::uint64_t pending(const char *position) const {
-        const std::uint64_t all = ~std::uint64_t{0};
-        return m_block.members & (position <= m_block.begin ? all : all << (position - m_block.begin));
-    }
+    static constexpr std::size_t blocksAtOnce = 16;
 
+    void findFrom(const char *position);
+
+    kernels::ByteClass m_byteClass;
     const char *m_end;
-    MembershipScan m_scan;
-    MembershipScan::Block m_block;
+    const char *m_foundBegin; ///< Between these it is known where they are.
+    const char *m_foundEnd;
+    std::uint64_t m_found[blocksAtOnce] = {}; ///< One bit a byte, the first in the lowest bit.
 };
 
 /// The number of code points of `set`.

@@ -7,6 +7,7 @@
 #include "engine/primitives/characters.h"
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/lines.h"
+#include "engine/primitives/membership_scan.h"
 #include "engine/primitives/words.h"
 
 #include <algorithm>
@@ -31,54 +32,6 @@ std::uint64_t terminatorsAt(const char *position) {
     return found;
 }
 
-/// Finds terminators from places on that never go back. Looks at some blocks at once, for sentences are short.
-class TerminatorFinder {
-public:
-    explicit TerminatorFinder(std::string_view text)
-        : m_end(text.data() + text.size()), m_foundBegin(text.data()), m_foundEnd(text.data()) {}
-
-    /// The first terminator at or behind `position`, or the end.
-    [[nodiscard]] const char *from(const char *position) {
-        while (position != m_end) {
-            if (position >= m_foundEnd) {
-                findFrom(position);
-            }
-            const auto offset = static_cast<std::size_t>(position - m_foundBegin);
-            const std::uint64_t found = m_found[offset / kernels::blockSize] >> offset % kernels::blockSize;
-            if (found != 0) {
-                return position + std::countr_zero(found);
-            }
-            position = std::min(m_foundEnd, position + (kernels::blockSize - offset % kernels::blockSize));
-        }
-        return m_end;
-    }
-
-private:
-    static constexpr std::size_t blocksAtOnce = 16;
-
-    void findFrom(const char *position) {
-        const auto left = static_cast<std::size_t>(m_end - position);
-        const std::size_t blocks = std::min(left / kernels::blockSize, blocksAtOnce);
-        m_foundBegin = position;
-        if (blocks > 0) {
-            std::uint64_t candidates[blocksAtOnce];
-            kernels::best().classify(position, blocks, terminators, m_found, candidates);
-            m_foundEnd = position + blocks * kernels::blockSize;
-            return;
-        }
-        m_found[0] = 0;
-        for (std::size_t i = 0; i < left; ++i) {
-            m_found[0] |= std::uint64_t{isTerminator(position[i])} << i;
-        }
-        m_foundEnd = m_end;
-    }
-
-    const char *m_end;
-    const char *m_foundBegin; ///< Between these it is known where they are.
-    const char *m_foundEnd;
-    std::uint64_t m_found[blocksAtOnce] = {}; ///< One bit a byte, the first in the lowest bit.
-};
-
 /// The place behind the last terminator before `position`, or `begin`.
 const char *behindTerminatorBefore(const char *begin, const char *position) {
     for (; position - begin >= blockSize; position -= blockSize) {
@@ -97,7 +50,8 @@ const char *behindTerminatorBefore(const char *begin, const char *position) {
 class SentenceWriter {
 public:
     explicit SentenceWriter(std::string_view text)
-        : m_begin(text.data()), m_position(text.data()), m_end(text.data() + text.size()), m_terminators(text) {}
+        : m_begin(text.data()), m_position(text.data()), m_end(text.data() + text.size()),
+          m_terminators(text, terminators.ascii) {}
 
     void appendTo(TextBuffer &result) {
         while (m_position != m_end) {
@@ -145,7 +99,7 @@ private:
     const char *m_begin;
     const char *m_position;
     const char *m_end;
-    TerminatorFinder m_terminators;
+    MemberFinder m_terminators;
     bool m_isAtBegin = true; ///< Nothing was written of the sentence yet.
 };
 
