@@ -215,7 +215,7 @@ struct MappedBlock {
 
 /// Finds some of the code points of two and three bytes, and a few more: they have a bit that is set in the entries of
 /// all their bytes. The lower six bits of each byte are the index; behind two bytes any third one has the bit.
-struct CodePointFilter {
+struct alignas(blockSize) CodePointFilter {
     CodePointPages::Page firsts;
     CodePointPages::Page seconds;
     CodePointPages::Page thirds;
@@ -289,6 +289,7 @@ struct CodePointBlock {
     std::uint64_t zeroWidthJoiners;
     std::uint64_t spacingMarks;
     std::uint32_t size; ///< In bytes: whole code points, all of them well-formed.
+    bool hasRoles;      ///< Other ones than that of a control.
     bool isComplex;     ///< It has complex roles.
 };
 

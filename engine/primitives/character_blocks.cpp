@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/character_blocks.h"
 
-#include "engine/primitives/bit_tally.h"
 #include "engine/primitives/unicode_tables.h"
 #include "engine/primitives/utf8.h"
 
@@ -74,6 +73,14 @@ constexpr bool isParticular(State state) {
            state == State::hangulV || state == State::hangulT;
 }
 
+/// The state behind a block that begins at `begin` and has no roles but controls.
+State stateBehind(const CodePointBlock &block, const char *begin) {
+    if ((block.controls & std::bit_floor(block.starts)) == 0) {
+        return State::other;
+    }
+    return begin[block.size - 1] == '\r' ? State::afterCarriageReturn : State::begin;
+}
+
 } // namespace
 
 std::uint8_t kindsOf(CodePointSet set) {
@@ -106,50 +113,101 @@ bool CharacterBlocks::refill() {
     m_count =
         kernels::best().findCodePoints(m_position, static_cast<std::size_t>(m_end - m_position),
                                        unicode_tables::characterTables, m_kinds, m_found.data(), m_found.size(), units);
+    if (m_count > 0) {
+        findBoundaries();
+    }
     return m_count > 0 || (m_position != m_end && !isAscii(*m_position));
 }
 
-void CharacterBlocks::read(CharacterBlock &block) {
-    if (m_count == 0) { // no UTF-8
-        readSlowly(block, kernels::blockSize);
-        return;
+void CharacterBlocks::findBoundaries() {
+    // In most blocks nothing joins anything. Which do is hard to guess, so that the others are listed first.
+    std::array<std::uint8_t, blocksAtOnce + 1> listed; // NOLINT(cppcoreguidelines-pro-type-member-init)
+    std::array<const char *, blocksAtOnce> begins;     // NOLINT(cppcoreguidelines-pro-type-member-init)
+    listed[0] = 0;
+    std::size_t listedCount = isParticular(m_state) ? 1 : 0;
+    const char *begin = m_position;
+    bool isBehindReturn = false;
+    for (std::size_t i = 0; i < m_count; ++i) {
+        const CodePointBlock &found = m_found[i];
+        begins[i] = begin;
+        m_boundaries[i] = found.starts & ~found.crLfs;
+        listed[listedCount] = static_cast<std::uint8_t>(i);
+        listedCount += static_cast<std::size_t>(found.hasRoles) | static_cast<std::size_t>(isBehindReturn);
+        begin += found.size;
+        isBehindReturn = begin[-1] == '\r';
     }
-    const CodePointBlock &found = m_found[m_next++];
-    const std::uint16_t *const units = m_nextUnit;
-    if (units != nullptr) {
-        m_nextUnit += bitCount(found.starts);
+    std::size_t next = 0; // the state is the one before this block
+    const auto passOthers = [&](std::size_t end) {
+        if (next != end) {
+            m_state = stateBehind(m_found[end - 1], begins[end - 1]);
+            next = end;
+        }
+    };
+    for (std::size_t i = 0; i < listedCount; ++i) {
+        if (listed[i] < next) {
+            continue;
+        }
+        passOthers(listed[i]);
+        do {
+            m_boundaries[next] = boundariesIn(m_found[next], begins[next]);
+            ++next;
+        } while (next < m_count && isParticular(m_state));
     }
-    if (found.isComplex) {
-        readSlowly(block, found.size);
-        block.units = units;
-        return;
+    passOthers(m_count);
+}
+
+std::uint64_t CharacterBlocks::boundariesIn(const CodePointBlock &found, const char *begin) {
+    const State before = m_state;
+    std::uint64_t boundaries = found.starts & ~found.crLfs;
+    if (!found.hasRoles) {
+        m_state = stateBehind(found, begin);
+    } else if (found.isComplex) {
+        return boundariesOneByOne(found, begin);
+    } else {
+        boundaries &= ~joinedIn(found, begin);
     }
+    if (isParticular(before)) {
+        const bool isBoundary = character_breaks::transition(before, decode(begin, m_end).value).isBoundary;
+        boundaries = (boundaries & ~std::uint64_t{1}) | firstBitIf(isBoundary);
+    }
+    return boundaries;
+}
+
+std::uint64_t CharacterBlocks::joinedIn(const CodePointBlock &found, const char *begin) {
     const std::uint64_t joining =
         found.extends | found.extendStarters | found.viramas | found.zeroWidthJoiners | found.spacingMarks;
     // What would join a control stands for itself.
     const std::uint64_t apart = following(found.controls, found.starts) | firstBitIf(m_state == State::begin);
-    std::uint64_t boundaries = found.starts & (~joining | apart) & ~found.crLfs;
+    std::uint64_t joined = joining & ~apart;
     if (found.viramas != 0 || m_state == State::linkedConsonant) {
-        boundaries &= ~linkedConsonants(found, m_state);
+        joined |= linkedConsonants(found, m_state);
     }
     if (found.zeroWidthJoiners != 0 || m_state == State::pictographicJoiner) {
-        boundaries &= ~joinedPictographics(found, m_state);
+        joined |= joinedPictographics(found, m_state);
     }
     std::uint64_t seconds = 0;
     if (found.regionalIndicators != 0) {
         seconds = secondIndicators(found, m_state);
-        boundaries &= ~seconds;
+        joined |= seconds;
     }
-    if (isParticular(m_state)) {
-        const bool isBoundary = character_breaks::transition(m_state, decode(m_position, m_end).value).isBoundary;
-        boundaries = (boundaries & ~std::uint64_t{1}) | firstBitIf(isBoundary);
-    }
-    block = {m_position, found.size, boundaries, found.starts, found.first, units};
-    moveState(found, joining, seconds);
-    m_position += found.size;
+    moveState(found, begin, joining, seconds);
+    return joined;
 }
 
-void CharacterBlocks::moveState(const CodePointBlock &found, std::uint64_t joining, std::uint64_t secondIndicators) {
+std::uint64_t CharacterBlocks::boundariesOneByOne(const CodePointBlock &found, const char *begin) {
+    m_hasReadSlowly = true;
+    std::uint64_t boundaries = 0;
+    for (std::uint64_t left = found.starts; left != 0; left &= left - 1) {
+        const Transition step =
+            character_breaks::transition(m_state, decode(begin + std::countr_zero(left), m_end).value);
+        boundaries |= step.isBoundary ? left & (0 - left) : 0;
+        m_state = step.next;
+    }
+    return boundaries;
+}
+
+void CharacterBlocks::moveState(const CodePointBlock &found, const char *begin, std::uint64_t joining,
+                                std::uint64_t secondIndicators) {
     const std::uint64_t last = std::bit_floor(found.starts);
     if (((joining | found.controls | found.syllables | found.regionalIndicators) & last) == 0) {
         m_state = (found.consonants & last) != 0      ? State::consonant
@@ -158,24 +216,24 @@ void CharacterBlocks::moveState(const CodePointBlock &found, std::uint64_t joini
         return;
     }
     // The state is that of the last code point that does not join, moved over those that do.
-    const char *position = m_position;
+    const char *position = begin;
     if (const std::uint64_t settling = found.starts & ~joining; settling != 0) {
         position += std::bit_width(settling) - 1;
         m_state = (std::bit_floor(settling) & secondIndicators) != 0 ? State::regionalIndicator : State::begin;
     }
-    for (const char *const end = m_position + found.size; position != end;) {
+    for (const char *const end = begin + found.size; position != end;) {
         const DecodedCodePoint decoded = decode(position, end);
         m_state = character_breaks::transition(m_state, decoded.value).next;
         position += decoded.length;
     }
 }
 
-void CharacterBlocks::readSlowly(CharacterBlock &block, std::size_t size) {
+void CharacterBlocks::readSlowly(CharacterBlock &block) {
     m_hasReadSlowly = true;
     block = {m_position, 0, 0, 0, 0, nullptr};
     while (m_position != m_end) {
         const DecodedCodePoint decoded = decode(m_position, m_end);
-        if (block.size + decoded.length > size) {
+        if (block.size + decoded.length > kernels::blockSize) {
             break;
         }
         const Transition step = character_breaks::transition(m_state, decoded.value);

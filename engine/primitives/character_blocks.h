@@ -3,6 +3,7 @@
 #pragma once
 
 #include "engine/kernels/kernels.h"
+#include "engine/primitives/bit_tally.h"
 #include "engine/primitives/character_breaks.h"
 #include "engine/primitives/code_points.h"
 
@@ -44,13 +45,22 @@ public:
         if (m_next == m_count && !refill()) {
             return false;
         }
-        read(block);
+        if (m_count == 0) { // no UTF-8
+            readSlowly(block);
+            return true;
+        }
+        const kernels::CodePointBlock &found = m_found[m_next];
+        block = {m_position, found.size, m_boundaries[m_next], found.starts, found.first, m_nextUnit};
+        ++m_next;
+        m_position += found.size;
+        m_nextUnit += m_wantsUnits ? bitCount(found.starts) : 0;
         return true;
     }
 
     /// Where the next block begins.
     [[nodiscard]] const char *position() const { return m_position; }
     [[nodiscard]] bool isAtEnd() const { return m_position == m_end; }
+    /// At the position, when there was no next block.
     [[nodiscard]] State state() const { return m_state; }
     /// True when there was anything whose boundaries are not found for a whole block at once: what takes in the code
     /// point behind it (UAX #29, Prepend), parts of Hangul syllables, bytes that are no UTF-8.
@@ -62,11 +72,18 @@ private:
     static constexpr std::size_t blocksAtOnce = kernels::mostBlocksFound;
 
     bool refill();
-    void read(CharacterBlock &block);
-    /// Reads up to `size` bytes, one code point at a time.
-    void readSlowly(CharacterBlock &block, std::size_t size);
-    /// Moves the state behind the block that begins at the position.
-    void moveState(const kernels::CodePointBlock &found, std::uint64_t joining, std::uint64_t secondIndicators);
+    /// Finds the boundaries in all blocks that were found, and moves the state behind them.
+    void findBoundaries();
+    /// Returns the boundaries in the block at `begin`, before which the state is, and moves that behind it.
+    std::uint64_t boundariesIn(const kernels::CodePointBlock &found, const char *begin);
+    /// The code points of a block with roles, none of them complex, that the one before them takes in. Moves the state.
+    std::uint64_t joinedIn(const kernels::CodePointBlock &found, const char *begin);
+    /// The boundaries in a block with any roles, one code point at a time. Moves the state.
+    std::uint64_t boundariesOneByOne(const kernels::CodePointBlock &found, const char *begin);
+    void moveState(const kernels::CodePointBlock &found, const char *begin, std::uint64_t joining,
+                   std::uint64_t secondIndicators);
+    /// Reads a block of any bytes, one code point at a time.
+    void readSlowly(CharacterBlock &block);
 
     const char *m_position;
     const char *m_end;
@@ -76,6 +93,7 @@ private:
     std::size_t m_next = 0;
     std::size_t m_count = 0;
     std::array<kernels::CodePointBlock, blocksAtOnce> m_found; ///< Ahead, those from `m_next` on.
+    std::array<std::uint64_t, blocksAtOnce> m_boundaries;      ///< Theirs.
     bool m_hasReadSlowly = false;
     bool m_wantsUnits;
     bool m_isSecondUnits = false;
