@@ -58,7 +58,7 @@ std::string writeCasePages(std::ostream &out, const std::string &name, const Map
             return byteOf(prefix.first, true);
         }
         const std::uint8_t common = commonEntry(
-            prefix, [&changes](CodePoint c) { return changes[static_cast<std::size_t>(c)]; }, CasePages::special);
+            prefix, [&changes](CodePoint c) { return changes[static_cast<std::size_t>(c)]; }, CasePages::unchanged);
         const bool isOfFour = prefix.least == 0x10000;
         return common == changed && isOfFour && prefix.bytesToCome < 3 ? CasePages::special : common;
     });
