@@ -111,6 +111,9 @@ std::uint8_t traitsOf(CodePoint c) {
 
 kernels::Kind kindOf(CodePoint c) {
     using kernels::Kind;
+    if (isApostrophe(static_cast<char32_t>(c))) {
+        return Kind::apostrophe;
+    }
     const std::uint8_t bits = propertiesOf(c) & ~property::mayChangeInComposing;
     const std::pair<CodePointSet, Kind> kinds[] = {
         {property::letter, Kind::letter},

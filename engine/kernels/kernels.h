@@ -240,7 +240,7 @@ struct CodePointTables {
 };
 
 /// What a code point is, as far as anything looks for it: no code point is two of these.
-enum class Kind : std::uint8_t { other, letter, mark, number, punctuation, horizontalSpace, newline };
+enum class Kind : std::uint8_t { other, letter, mark, number, punctuation, horizontalSpace, newline, apostrophe };
 
 /// How a code point takes part in the boundaries between characters (UAX #29).
 enum class Role : std::uint8_t {
@@ -264,10 +264,11 @@ enum class Role : std::uint8_t {
     return static_cast<std::uint8_t>(static_cast<unsigned>(kind) << 4 | static_cast<unsigned>(role));
 }
 
-/// What is looked for: two sets of kinds, one bit for each, and whether the roles are wanted.
+/// What is looked for: three sets of kinds, one bit for each, and whether the roles are wanted.
 struct KindSets {
     std::uint8_t first = 0;
     std::uint8_t second = 0;
+    std::uint8_t third = 0;
     bool withRoles = true;
 };
 
@@ -276,9 +277,14 @@ struct CodePointBlock {
     std::uint64_t starts;
     std::uint64_t first;  ///< Of the first set of kinds.
     std::uint64_t second; ///< Of the second.
+    std::uint64_t third;  ///< Of the third.
     std::uint64_t crLfs;  ///< Line feeds behind a carriage return.
-    // The rest, but for the size, only when the roles are wanted.
+    std::uint32_t size;   ///< In bytes: whole code points, all of them well-formed.
+    // The rest only when the roles are wanted...
+    bool hasRoles;  ///< Others than that of a control.
+    bool isComplex; ///< It has complex roles; only where `hasRoles`.
     std::uint64_t controls;
+    // ... and these only where `hasRoles`.
     std::uint64_t syllables;
     std::uint64_t regionalIndicators;
     std::uint64_t consonants;
@@ -288,9 +294,6 @@ struct CodePointBlock {
     std::uint64_t viramas;
     std::uint64_t zeroWidthJoiners;
     std::uint64_t spacingMarks;
-    std::uint32_t size; ///< In bytes: whole code points, all of them well-formed.
-    bool hasRoles;      ///< Other ones than that of a control.
-    bool isComplex;     ///< It has complex roles.
 };
 
 /// The most blocks that `findCodePoints` fills.
@@ -346,8 +349,8 @@ struct Kernels {
     /// units behind what it writes are overwritten too, and as many are read.
     SingleUnits (*selectSingles)(std::uint64_t starts, std::uint64_t boundaries, bool isFollowedByBoundary,
                                  const std::uint16_t *units, std::uint16_t *to);
-    /// Maps code points from `from` on, up to the first that needs the full mapping or is no UTF-8. Up to 64 bytes
-    /// behind what it writes are overwritten too.
+    /// Maps code points from `from` on, up to the first that needs the full mapping or is no UTF-8, but keeps some of
+    /// the bytes that are none. Up to 64 bytes behind what it writes are overwritten too.
     MappedCase (*mapCase)(const char *from, std::size_t size, const CasePages &pages, char *to);
     /// Writes 64 bytes: those of `size` bytes of whole code points, the code points in `firsts` mapped with
     /// `firstPages`, those in `seconds` with `secondPages`, everything else as it is. In the masks they have all their

@@ -35,7 +35,6 @@ char *writeFinalSigma(char *to);
 /// Writes the lowercase of `codePoint`, which stands at `position` in the context.
 char *writeLowercase(char32_t codePoint, const char *position, const SigmaContext &context, char *to);
 
-[[nodiscard]] constexpr bool isApostrophe(char32_t codePoint) { return codePoint == U'\'' || codePoint == 0x2019; }
 /// True when there is a letter, mark or number at `position`.
 [[nodiscard]] bool startsWithAlphanumeric(const char *position, const char *end);
 

@@ -92,13 +92,14 @@ std::uint8_t kindsOf(CodePointSet set) {
     add(property::mark, Kind::mark);
     add(property::number, Kind::number);
     add(property::punctuation, Kind::punctuation);
+    add(property::punctuation, Kind::apostrophe);
     add(property::horizontalSpace | property::whiteSpace, Kind::horizontalSpace);
     add(property::newline | property::whiteSpace, Kind::newline);
     return static_cast<std::uint8_t>(kinds);
 }
 
 CharacterBlocks::CharacterBlocks(std::string_view text, CodePointSet set, Units units)
-    : m_position(text.data()), m_end(text.data() + text.size()), m_set(set), m_kinds{kindsOf(set), 0},
+    : m_position(text.data()), m_end(text.data() + text.size()), m_set(set), m_kinds{kindsOf(set)},
       m_wantsUnits(units == Units::wanted) {
 } // NOLINT(cppcoreguidelines-pro-type-member-init): only blocks that were found are read
 

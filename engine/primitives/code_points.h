@@ -44,4 +44,7 @@ inline constexpr CodePointSet whitespaceAndNewlines = whitespace | newlines;
     return codePoint < 0x80 ? codePoint >= 0x0A && codePoint <= 0x0D : isIn(newlines, codePoint);
 }
 
+/// One that a word may have in it.
+[[nodiscard]] constexpr bool isApostrophe(char32_t codePoint) { return codePoint == U'\'' || codePoint == 0x2019; }
+
 } // namespace lexivore

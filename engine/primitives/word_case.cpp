@@ -31,9 +31,11 @@ class WordWriter {
 public:
     WordWriter(std::string_view text, const WordCaseRules &rules)
         : m_position(text.data()),
-          m_rules(rules), m_context{text.data(), text.data() + text.size(),
-                                    rules.joinsOverApostrophe ? SigmaContext::Extent::wordJoinedOverApostrophes
-                                                              : SigmaContext::Extent::word} {}
+          m_rules(rules), m_kinds{kindsOf(alphanumerics), kindsOf(property::letter),
+                                  rules.joinsOverApostrophe ? apostrophe : std::uint8_t{0}, false},
+          m_context{text.data(), text.data() + text.size(),
+                    rules.joinsOverApostrophe ? SigmaContext::Extent::wordJoinedOverApostrophes
+                                              : SigmaContext::Extent::word} {}
 
     void appendTo(TextBuffer &result) {
         constexpr std::size_t stretch = 4096;
@@ -59,6 +61,7 @@ public:
 
 private:
     static constexpr std::size_t blocksAtOnce = kernels::mostBlocksFound;
+    static constexpr std::uint8_t apostrophe = 1U << static_cast<unsigned>(kernels::Kind::apostrophe);
 
     [[nodiscard]] std::size_t bytesLeft() const { return static_cast<std::size_t>(m_context.end - m_position); }
 
@@ -70,10 +73,9 @@ private:
 
     /// False where no block can be written: in ASCII and in what is no UTF-8.
     bool writeBlocks() {
-        static const kernels::KindSets kinds{kindsOf(alphanumerics), kindsOf(property::letter), false};
         kernels::CodePointBlock blocks[blocksAtOnce];
         const std::size_t count = kernels::best().findCodePoints(
-            m_position, bytesLeft(), unicode_tables::characterTables, kinds, blocks, blocksAtOnce, nullptr);
+            m_position, bytesLeft(), unicode_tables::characterTables, m_kinds, blocks, blocksAtOnce, nullptr);
         for (std::size_t i = 0; i < count; ++i) {
             writeBlock(blocks[i]);
         }
@@ -84,8 +86,7 @@ private:
     void writeBlock(const kernels::CodePointBlock &block) {
         const std::uint64_t inBlock = bitsOfBytes(block.size);
         const std::uint64_t alphanumeric = wholeCodePoints(block.first, block.starts) & inBlock;
-        const std::uint64_t words =
-            alphanumeric | (m_rules.joinsOverApostrophe ? joiningApostrophes(block, alphanumeric) : 0);
+        const std::uint64_t words = alphanumeric | joiningApostrophes(block, alphanumeric);
         std::uint64_t titlecased = 0;
         std::uint64_t lowercased = words;
         bool endsBehindLetter = false;
@@ -130,23 +131,13 @@ private:
     /// The apostrophes that stand between two of the alphanumerics.
     [[nodiscard]] std::uint64_t joiningApostrophes(const kernels::CodePointBlock &block,
                                                    std::uint64_t alphanumeric) const {
-        std::uint64_t places =
-            block.starts & ~alphanumeric & (alphanumeric << 1 | (m_state.isBehindAlphanumeric ? 1U : 0U));
-        constexpr std::string_view curly = "\u2019";
-        if (bytesLeft() >= kernels::blockSize + curly.size() - 1) {
-            std::uint64_t straightPlaces = 0;
-            std::uint64_t curlyPlaces = 0;
-            kernels::best().markOccurrences(m_position, 1, "'", 1, &straightPlaces);
-            kernels::best().markOccurrences(m_position, 1, curly.data(), curly.size(), &curlyPlaces);
-            places &= straightPlaces | curlyPlaces;
-        }
         std::uint64_t joining = 0;
+        std::uint64_t places = block.third & (alphanumeric << 1 | (m_state.isBehindAlphanumeric ? 1U : 0U));
         for (; places != 0; places &= places - 1) {
             const auto place = std::countr_zero(places);
-            const DecodedCodePoint decoded = decode(m_position + place, m_context.end);
-            const char *const next = m_position + place + decoded.length;
-            if (isApostrophe(decoded.value) && startsWithAlphanumeric(next, m_context.end)) {
-                joining |= bitsOfBytes(decoded.length) << place;
+            const std::size_t length = decode(m_position + place, m_context.end).length;
+            if (startsWithAlphanumeric(m_position + place + length, m_context.end)) {
+                joining |= bitsOfBytes(length) << place;
             }
         }
         return joining;
@@ -196,6 +187,7 @@ private:
     const char *m_position;
     char *m_to = nullptr;
     WordCaseRules m_rules;
+    kernels::KindSets m_kinds; ///< Alphanumerics, letters, and apostrophes if they join.
     WordCaseState m_state;
     SigmaContext m_context;
 };
