@@ -101,7 +101,8 @@ private:
             titlecased = wholeCodePoints(block.second & ~later, block.starts) & inBlock;
             endsBehindLetter = (reached >> (block.size - 1) & 1U) != 0;
         }
-        char mapped[kernels::blockSize];
+        char withSeparators[kernels::blockSize];
+        char *const mapped = m_rules.dropsSeparators ? withSeparators : m_to;
         const kernels::MappedBlock result =
             kernels::best().mapCaseOf(m_position, bytesLeft(), titlecased, unicode_tables::titlecase.pages, lowercased,
                                       unicode_tables::lowercase.pages, mapped);
@@ -115,13 +116,14 @@ private:
                 writeFinalSigma(mapped + place);
             }
         }
-        std::uint64_t keep = inBlock;
         if (m_rules.dropsSeparators) {
             const std::uint64_t firstSeparators = ~words & (words << 1 | (m_state.isInWord ? 1U : 0U)) & inBlock;
-            keep = words | (m_rules.joiner != '\0' ? firstSeparators : 0);
+            const std::uint64_t keep = words | (m_rules.joiner != '\0' ? firstSeparators : 0);
+            const std::uint64_t replaced = ~words;
+            m_to += kernels::best().compressReplacing(mapped, 1, &keep, &replaced, m_rules.joiner, m_to);
+        } else {
+            m_to += block.size;
         }
-        const std::uint64_t replaced = m_rules.dropsSeparators ? ~words : 0;
-        m_to += kernels::best().compressReplacing(mapped, 1, &keep, &replaced, m_rules.joiner, m_to);
         m_state.isInWord = (words >> (block.size - 1) & 1U) != 0;
         m_state.isBehindAlphanumeric = (alphanumeric >> (block.size - 1) & 1U) != 0;
         m_state.isBehindLetter = endsBehindLetter;
