@@ -62,20 +62,20 @@ std::string writeCasePages(std::ostream &out, const std::string &name, const Map
         const bool isOfFour = prefix.least == 0x10000;
         return common == changed && isOfFour && prefix.bytesToCome < 3 ? CasePages::special : common;
     });
-    std::vector<PageMaker::Page> firstBytes;
-    for (const Prefix &prefix : pages.prefixes()) {
-        if (prefix.least == 0x80) {
-            PageMaker::Page page{};
-            for (std::size_t i = 0; i < page.size(); ++i) {
-                page[i] = byteOf(prefix.followedBy(static_cast<CodePoint>(i)).first, false);
-            }
-            firstBytes.push_back(page);
-        }
+    constexpr CodePoint leadsOfTwo = 0x20;
+    constexpr CodePoint leastOfTwo = 0x80;
+    std::vector<PageMaker::Page> firsts(leadsOfTwo);
+    std::vector<PageMaker::Page> lasts(leadsOfTwo);
+    for (CodePoint c = leastOfTwo; c < leadsOfTwo << 6; ++c) {
+        firsts[static_cast<std::size_t>(c >> 6)][static_cast<std::size_t>(c & 0x3F)] = byteOf(c, false);
+        lasts[static_cast<std::size_t>(c >> 6)][static_cast<std::size_t>(c & 0x3F)] = byteOf(c, true);
     }
-    PageMaker::writePages(out, name + "FirstBytes", firstBytes);
+    PageMaker::writePages(out, name + "Firsts", firsts);
+    PageMaker::writePages(out, name + "Lasts", lasts);
     const auto changesAscii = [&](CodePoint c) { return changes[static_cast<std::size_t>(c)] == changed; };
     std::string initializer = "{";
-    initializer.append(pages.write(out, name + "Pages")).append(", ").append(name).append("FirstBytes, ");
+    initializer.append(pages.write(out, name + "Pages"));
+    initializer.append(", ").append(name).append("Firsts, ").append(name).append("Lasts, ");
     initializer.append(changesAscii('a') ? "'a', " : "'A', ");
     return initializer.append(changesAscii('a') && changesAscii('A') ? "0x20}" : "0}");
 }

@@ -41,7 +41,7 @@ std::string PageMaker::write(std::ostream &out, const std::string &name) const {
 }
 
 void PageMaker::writePages(std::ostream &out, const std::string &name, const std::vector<Page> &pages) {
-    out << "const std::uint8_t " << name << "[][64] = {\n";
+    out << "alignas(64) const std::uint8_t " << name << "[][64] = {\n";
     for (const auto &page : pages) {
         writePage(out, page);
     }

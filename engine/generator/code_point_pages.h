@@ -41,9 +41,6 @@ public:
     static void writePages(std::ostream &out, const std::string &name, const std::vector<Page> &pages);
     static void writePage(std::ostream &out, const Page &page);
 
-    /// What the pages from the root's first child on stand for.
-    [[nodiscard]] const std::vector<Prefix> &prefixes() const { return m_waiting; }
-
 private:
     void addPage(const std::function<Prefix(CodePoint)> &prefixOf);
 

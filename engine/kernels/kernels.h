@@ -196,9 +196,11 @@ struct CasePages {
     static constexpr std::uint8_t special = 1; ///< Needs the full mapping.
 
     CodePointPages pages;
-    const CodePointPages::Page *firstBytes; ///< New ones of code points of two bytes, from the root's first child on.
-    std::uint8_t asciiBegin;                ///< The first of the 26 ASCII letters that get the other case...
-    std::uint8_t asciiIgnored;              ///< ... when these bits are not looked at.
+    // What both bytes of code points of two bytes become, or 0: the lower five bits of the first one tell the page.
+    const CodePointPages::Page *firstsOfTwo;
+    const CodePointPages::Page *lastsOfTwo;
+    std::uint8_t asciiBegin;   ///< The first of the 26 ASCII letters that get the other case...
+    std::uint8_t asciiIgnored; ///< ... when these bits are not looked at.
 };
 
 /// How far a case mapping came.

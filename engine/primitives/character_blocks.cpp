@@ -121,7 +121,7 @@ bool CharacterBlocks::refill() {
 }
 
 void CharacterBlocks::findBoundaries() {
-    // In most blocks nothing joins anything. Which do is hard to guess, so that the others are listed first.
+    // Where something joins is hard to guess. Those blocks are listed first, without a branch.
     std::array<std::uint8_t, blocksAtOnce + 1> listed; // NOLINT(cppcoreguidelines-pro-type-member-init)
     std::array<const char *, blocksAtOnce> begins;     // NOLINT(cppcoreguidelines-pro-type-member-init)
     listed[0] = 0;
