@@ -175,7 +175,7 @@ public:
 private:
     using Line = kernels::HashedLine;
 
-    static constexpr std::size_t groupSize = 16;
+    static constexpr std::size_t groupSize = 32;
     static constexpr std::size_t waiting = 4 * groupSize; ///< A group before each step, and a power of two.
 
     /// About how many lines a text has that goes on as it begins.
