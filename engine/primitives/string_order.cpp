@@ -201,7 +201,7 @@ private:
     /// Of a text that no near cache holds, in bytes: what is read of it is asked for shortly before then, that many
     /// entries ahead, for as many requests as a block has would wait for each other.
     static constexpr std::size_t largeText = std::size_t{1} << 21;
-    static constexpr std::size_t ahead = 24;
+    static constexpr std::size_t ahead = 48;
 
     struct Range {
         std::size_t begin;
