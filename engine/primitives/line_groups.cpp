@@ -3,7 +3,7 @@
 #include "engine/primitives/line_groups.h"
 
 #include "engine/primitives/lines.h"
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 #include <cstdint>
 

@@ -4,7 +4,7 @@
 
 #include "engine/primitives/lines.h"
 #include "engine/primitives/staged_text.h"
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "engine/primitives/scratch.h"
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -4,7 +4,7 @@
 
 #include "engine/kernels/kernels.h"
 #include "engine/primitives/membership_scan.h"
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 #include <algorithm>
 #include <cstdint>

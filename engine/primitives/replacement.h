@@ -3,7 +3,7 @@
 #pragma once
 
 #include "engine/kernels/kernels.h"
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 #include <string_view>
 

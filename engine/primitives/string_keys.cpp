@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "engine/primitives/string_keys.h"
 
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 namespace lexivore {
 

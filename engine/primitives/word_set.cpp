@@ -3,7 +3,7 @@
 #include "engine/primitives/word_set.h"
 
 #include "engine/primitives/bit_tally.h"
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 #include <cstring>
 #include <limits>

@@ -4,8 +4,8 @@
 
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/membership_scan.h"
+#include "engine/primitives/text_buffer.h"
 #include "engine/primitives/utf8.h"
-#include "engine/text_buffer.h"
 
 #include <array>
 #include <cstddef>

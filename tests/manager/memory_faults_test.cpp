@@ -3,7 +3,7 @@
 //
 // Every allocation of an action fails in turn: the action throws and the state stays, or it is done as if nothing had
 // happened. The same action succeeds afterwards.
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 #include "manager/transformation_manager.h"
 #include "tests/support/failing_allocations.h"
 #include "tests/support/memory_preferences.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "services/memory_limit.h"
 
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 #include "tests/support/files.h"
 
 #include <QDir>

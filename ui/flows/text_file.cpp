@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/flows/text_file.h"
 
+#include "engine/primitives/text_buffer.h"
 #include "engine/primitives/utf8.h"
-#include "engine/text_buffer.h"
 #include "manager/file_replacement.h"
 
 #include <QCoreApplication>

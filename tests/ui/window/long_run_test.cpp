@@ -6,7 +6,7 @@
 #include "tests/support/allocation.h"
 #include "tests/ui/window/long_run_actions.h"
 
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 #include "ui/editor/text_editor.h"
 
 #include <QCoreApplication>

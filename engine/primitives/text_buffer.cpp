@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
-#include "engine/text_buffer.h"
+#include "engine/primitives/text_buffer.h"
 
 #include <algorithm>
 #include <array>
