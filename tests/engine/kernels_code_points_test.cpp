@@ -252,7 +252,7 @@ TEST(Kernels, FindCodePointsSeesEveryRoleAmongLettersWithoutAny) {
         letters += i % 2 == 0 ? "\u044F" : "\u4E2D";
     }
     std::string text;
-    for (char32_t codePoint = 0x80; codePoint < 0x10000; ++codePoint) {
+    for (char32_t codePoint = 0; codePoint < 0x10000; ++codePoint) {
         const bool isOther = character_breaks::breakClass(codePoint) == BreakClass::other;
         const bool isSurrogate = codePoint >= 0xD800 && codePoint < 0xE000;
         text += isOther || isSurrogate ? std::string() : encoded(codePoint) + letters;

@@ -79,6 +79,22 @@ TEST(Characters, AreTheSameWhereverTheyStand) {
     }
 }
 
+TEST(Characters, AreTheSameFarBehindOthersThatJoin) {
+    for (const Row &row : rows) {
+        const std::string text = joined(row.characters);
+        std::string letters;
+        for (std::size_t count = 0; count < 1040; ++count) { // more than are looked at together
+            letters += "\u044F";
+            if (count >= 980) {
+                const std::string whole = std::string(text).append(letters).append(text);
+                std::size_t expected = 0;
+                forEachCharacter(whole, [&expected](std::string_view) { ++expected; });
+                ASSERT_EQ(characterCount(whole), expected) << row.rule << " behind " << count;
+            }
+        }
+    }
+}
+
 TEST(Characters, EndWhereTheNextOneBegins) {
     const std::string text = "ae\u0301\r\n";
     EXPECT_EQ(characterEnd(text, 0), 1U);
