@@ -127,7 +127,7 @@ std::size_t boundaryAtOrBefore(const Text &text, std::size_t known, std::size_t 
     }
 }
 
-TextDifference differenceOf(const Text &before, const Text &after) {
+TextChange differenceOf(const Text &before, const Text &after) {
     constexpr std::size_t compared = 65536;
     const std::size_t shorter = std::min(before.size(), after.size());
     std::string scratchBefore;

@@ -4,6 +4,7 @@
 
 #include "engine/primitives/lines.h"
 #include "engine/text.h"
+#include "ui/editor/text_change.h"
 
 #include <cstddef>
 #include <string>
@@ -39,13 +40,7 @@ namespace lexivore {
 /// when a certain boundary is nearer.
 [[nodiscard]] std::size_t boundaryAtOrBefore(const Text &text, std::size_t known, std::size_t offset);
 
-/// What is different between two texts: `removed` bytes at `offset` of one are `inserted` bytes of the other. Between
-/// code points. Costs a comparison of the bytes they do not share.
-struct TextDifference {
-    std::size_t offset = 0;
-    std::size_t removed = 0;
-    std::size_t inserted = 0;
-};
-[[nodiscard]] TextDifference differenceOf(const Text &before, const Text &after);
+/// The change that makes `after` of `before`, between code points. Costs a comparison of the bytes they do not share.
+[[nodiscard]] TextChange differenceOf(const Text &before, const Text &after);
 
 } // namespace lexivore

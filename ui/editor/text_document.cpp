@@ -31,7 +31,7 @@ bool TextDocument::setText(const Text &text) {
     if (text.size() > maximumSize) {
         return false;
     }
-    const TextDifference difference = differenceOf(m_text, text);
+    const TextChange difference = differenceOf(m_text, text);
     const QScopedValueRollback removing(m_removedText, m_text.slice(difference.offset, difference.removed));
     m_text = text;
     m_announced.reset();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "engine/text.h"
+#include "ui/editor/text_change.h"
 
 #include <cstddef>
 #include <optional>
@@ -10,13 +11,6 @@
 #include <vector>
 
 namespace lexivore {
-
-/// A range of a text that was replaced. Offsets and lengths in bytes.
-struct TextChange {
-    std::size_t offset = 0;
-    std::size_t removed = 0;
-    std::size_t inserted = 0;
-};
 
 /// Every change of the text in the order in which the user saw them: edits (typing, pasting, opening, clearing) and the
 /// steps that the manager's own history takes back, side by side, so that one undo key can take back the latest.
