@@ -45,7 +45,10 @@ CopyToast::CopyToast(WindowState &state, QWidget &editor, QWidget *window)
     });
     connect(m_fading, &QVariantAnimation::finished, this, [this] { setVisible(m_state.showCopyConfirmation()); });
     connect(&m_state, &WindowState::showCopyConfirmationChanged, this, &CopyToast::fade);
-    m_editor.installEventFilter(this);
+    // The editor moves with what it stands in.
+    for (QWidget *moving = &m_editor; moving != nullptr; moving = moving->parentWidget()) {
+        moving->installEventFilter(this);
+    }
 }
 
 void CopyToast::fade() {
@@ -72,7 +75,7 @@ void CopyToast::place() {
 }
 
 bool CopyToast::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::Resize && isVisible()) {
+    if ((event->type() == QEvent::Resize || event->type() == QEvent::Move) && isVisible()) {
         place();
     }
     return QWidget::eventFilter(watched, event);

@@ -16,7 +16,7 @@ class CopyToast : public QWidget {
     Q_OBJECT
 
 public:
-    /// Lies on `window` and follows the size of `editor`.
+    /// Lies on `window` and follows the place and the size of `editor`.
     CopyToast(WindowState &state, QWidget &editor, QWidget *window);
 
 protected:

@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QSplitter>
 #include <QTimer>
 
 #include <chrono>
@@ -142,4 +143,29 @@ TEST_F(Copying, TheConfirmationFollowsTheEditorAndStaysInTheWindow) {
 }
 
 } // namespace
+TEST_F(Copying, TheConfirmationFollowsAnEditorThatOnlyMoves) {
+    setText("x");
+    auto *columns = window().findChild<QSplitter *>();
+    window().resize(1100, 700);
+    click("copy");
+    const QWidget *toast = find("copyToast");
+    const auto offTheMiddle = [&] {
+        const QRect editor(find("editor")->mapTo(&window(), QPoint()), find("editor")->size());
+        return std::abs(toast->mapTo(&window(), toast->rect().center()).x() - editor.center().x());
+    };
+    for (const int width : {1008, 1040, 1080, 1020, 1064, 1012}) {
+        window().resize(width, 700);
+        QCoreApplication::processEvents();
+        EXPECT_LE(offTheMiddle(), 1) << width;
+    }
+    window().resize(1080, 700);
+    QCoreApplication::processEvents();
+    columns->setSizes({184, 240, 304, columns->width() - 184 - 240 - 304 - 3});
+    QCoreApplication::processEvents();
+    EXPECT_LE(offTheMiddle(), 1);
+    columns->setSizes({184 + 30, 240, 304, columns->width() - 184 - 30 - 240 - 304 - 3});
+    QCoreApplication::processEvents();
+    EXPECT_LE(offTheMiddle(), 1) << "a wider sidebar pushes the editor away";
+}
+
 } // namespace lexivore
