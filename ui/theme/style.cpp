@@ -4,6 +4,7 @@
 
 #include "ui/controls/field.h"
 #include "ui/controls/focus_ring.h"
+#include "ui/controls/switch.h"
 #include "ui/theme/drawing.h"
 #include "ui/theme/menu_drawing.h"
 #include "ui/theme/metrics.h"
@@ -272,6 +273,10 @@ QRect Style::subElementRect(SubElement element, const QStyleOption *option, cons
     // The field itself keeps two more pixels to the text.
     if (element == SE_LineEditContents) {
         return option->rect.adjusted(8, metrics::focusLine, -8, -metrics::focusLine);
+    }
+    // A switch has no box beside a text: assistive technology is to point at all of it.
+    if (element == SE_CheckBoxClickRect && qobject_cast<const Switch *>(widget) != nullptr) {
+        return option->rect;
     }
     return QProxyStyle::subElementRect(element, option, widget);
 }

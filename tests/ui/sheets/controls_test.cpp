@@ -197,6 +197,7 @@ TEST_F(ControlsTest, TheSwitchIsACheckBoxToKeysAndAssistiveTechnology) {
     QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(toggle);
     EXPECT_EQ(seen->role(), QAccessible::CheckBox);
     EXPECT_EQ(seen->text(QAccessible::Name), "Multiple");
+    EXPECT_EQ(seen->rect(), QRect(toggle->mapToGlobal(QPoint()), toggle->size())) << "all of it is pointed at";
     EXPECT_EQ(colourAt(toggle, {30, 4}), theme().switchOff);
     click(toggle);
     EXPECT_TRUE(toggle->isChecked());
