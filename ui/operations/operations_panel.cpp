@@ -19,6 +19,7 @@
 #include "ui/window/row_navigator.h"
 #include "ui/window/window_state.h"
 
+#include <QEvent>
 #include <QHash>
 #include <QScrollArea>
 #include <QSignalBlocker>
@@ -71,7 +72,7 @@ OperationsPanel::OperationsPanel(TransformationManager &manager, WindowState &st
 void OperationsPanel::createHeader() {
     m_header = new QWidget(this);
     auto *header = m_header;
-    header->setFixedHeight(heightFor(headerHeight, FontRole::body) - metrics::line);
+    fitHeader();
     auto *title = new Label(tr("Operations"), FontRole::headline, &Theme::text, Label::Lines::one, header);
     title->setObjectName("operationsTitle");
     m_modeIcon = new Symbol({}, smallIcon, &Theme::text2, header);
@@ -111,6 +112,15 @@ void OperationsPanel::createHeader() {
     row->addSpacing(4);
     row->addWidget(line);
     row->addWidget(m_pause);
+}
+
+void OperationsPanel::fitHeader() { m_header->setFixedHeight(heightFor(headerHeight, FontRole::body) - metrics::line); }
+
+void OperationsPanel::changeEvent(QEvent *event) {
+    Surface::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        fitHeader();
+    }
 }
 
 QString OperationsPanel::nameOfMode(bool isStack) { return isStack ? tr("Multiple") : tr("Single"); }

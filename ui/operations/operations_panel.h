@@ -42,8 +42,12 @@ signals:
     void editRequested(std::size_t index);
     void operationMoved(std::size_t from, std::size_t to);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void createHeader();
+    void fitHeader();
     [[nodiscard]] static QString nameOfMode(bool isStack);
     void createRows();
     /// The focus goes with the moved row, and to the next one when a row is removed.

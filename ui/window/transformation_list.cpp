@@ -28,6 +28,8 @@ namespace lexivore {
 
 namespace {
 
+constexpr int headerHeight = 28;
+
 /// The same for texts that differ in case alone, whatever the number of letters: "ß", "ẞ" and "SS".
 QString withoutCase(const QString &text) { return text.toLower().toUpper(); }
 
@@ -43,7 +45,7 @@ TransformationList::TransformationList(TransformationManager &manager, WindowSta
     createSearchField();
     createRows();
     m_header->setObjectName("listHeader");
-    m_header->setFixedHeight(heightFor(28, FontRole::sectionTitle));
+    fitHeader();
     m_emptyState->setObjectName("listEmptyState");
 
     auto *column = new QVBoxLayout(this);
@@ -102,8 +104,12 @@ void TransformationList::changeEvent(QEvent *event) {
     Surface::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
         colourSearchIcons();
+    } else if (event->type() == QEvent::FontChange) {
+        fitHeader();
     }
 }
+
+void TransformationList::fitHeader() { m_header->setFixedHeight(heightFor(headerHeight, FontRole::sectionTitle)); }
 
 void TransformationList::createRows() {
     m_rows->setObjectName("transformations");

@@ -43,6 +43,7 @@ protected:
 private:
     void createSearchField();
     void colourSearchIcons();
+    void fitHeader();
     void createRows();
     void showMatches();
     void keepFocus();

@@ -18,6 +18,8 @@
 #include <QSplitter>
 
 #include <algorithm>
+#include <map>
+#include <utility>
 #include <vector>
 
 namespace lexivore {
@@ -204,6 +206,34 @@ TEST_F(Layout, TheFirstRowsStandOnOneLine) {
     EXPECT_EQ(placeOf("operation.0").height(), 40) << "36 and the 4 to the next one";
     EXPECT_EQ(placeOf("toolBar").height(), 44);
     EXPECT_EQ(window().menuBar()->height(), 28);
+}
+
+TEST_F(Layout, ANewSystemFontWhileTheProgramRunsLeavesTheSameHeights) {
+    const auto heights = [this] {
+        resize(1400, 900);
+        setText("one two");
+        center().post(notification::applyTransformation, QString("uppercase"));
+        QCoreApplication::processEvents();
+        std::map<QString, std::pair<int, int>> found;
+        for (QWidget *part : window().findChildren<QWidget *>()) {
+            const QString name = part->objectName();
+            if (part->isVisible() && !name.isEmpty() && !name.startsWith("qt_")) {
+                found[name] = {placeOf(part).top(), part->height()};
+            }
+        }
+        return found;
+    };
+    heights();
+    QFont larger = QApplication::font();
+    larger.setPointSizeF(20);
+    QApplication::setFont(larger);
+    QCoreApplication::processEvents();
+    const auto changed = heights();
+    useLetters(20);
+    for (const auto &[name, place] : heights()) {
+        ASSERT_TRUE(changed.count(name) > 0) << name.toStdString();
+        EXPECT_EQ(changed.at(name), place) << name.toStdString();
+    }
 }
 
 TEST_F(Layout, AHiddenPanelGivesItsWidthToTheEditorAndGetsItBack) {
