@@ -11,6 +11,7 @@
 #include <cctype>
 #include <iterator>
 #include <ostream>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,8 +40,15 @@ struct Rule {
 
 inline void PrintTo(const Rule &rule, std::ostream *out) { *out << rule.transformation << ": " << rule.row.rule; }
 
+/// The transformations that have a table in this program.
+inline std::set<std::string> &transformationsWithRules() {
+    static std::set<std::string> ids;
+    return ids;
+}
+
 /// The cases of a table, or of anything else that can be walked, for the transformation with this id.
 template<typename Cases> [[nodiscard]] auto rulesOf(const std::string &id, const Cases &cases) {
+    transformationsWithRules().insert(id);
     std::vector<Rule> rules;
     rules.reserve(std::size(cases));
     for (const Case &row : cases) {
@@ -104,6 +112,22 @@ TEST_P(TransformationRule, Holds) {
     ASSERT_NE(transformation, nullptr);
     EXPECT_EQ(outcomeOf(*transformation, PlacedBytes(row.text).view(), row.parameters), row.result)
         << "the text was " << testing::PrintToString(row.text);
+}
+
+TEST(TransformationRules, EveryTransformationOfTheFamilyHasSome) {
+    const Catalog catalog = makeCatalog();
+    std::set<TransformationCategory> families;
+    for (const std::string &id : transformationsWithRules()) {
+        const TransformationPointer transformation = findTransformation(catalog, id);
+        ASSERT_NE(transformation, nullptr) << id;
+        families.insert(transformation->category());
+    }
+    ASSERT_EQ(families.size(), 1U);
+    for (const TransformationPointer &transformation : catalog) {
+        if (families.contains(transformation->category())) {
+            EXPECT_TRUE(transformationsWithRules().contains(transformation->id())) << transformation->id();
+        }
+    }
 }
 
 } // namespace lexivore::test
