@@ -16,8 +16,9 @@ import unittest
 import xml.etree.ElementTree
 
 CMAKE, BUILD, VERSION = sys.argv[1:4]
-CHANGELOG = pathlib.Path(__file__).parents[2] / "CHANGELOG.md"
-TRANSLATIONS = pathlib.Path(__file__).parents[2] / "translations"
+SOURCES = pathlib.Path(__file__).parents[2]
+CHANGELOG = SOURCES / "CHANGELOG.md"
+TRANSLATIONS = SOURCES / "translations"
 LANGUAGE = "{http://www.w3.org/XML/1998/namespace}lang"
 ID = "org.lexivore.Lexivore"
 SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
@@ -85,6 +86,15 @@ class InstalledFiles(unittest.TestCase):
             self.assertEqual(entry.get(f"Comment[{language}]"), summaries[language])
             self.assertIn(f"GenericName[{language}]", entry)
             self.assertIn(f"Keywords[{language}]", entry)
+
+    def test_everything_tells_the_same_number_of_transformations(self):
+        # A page that is compared with the engine.
+        heading = (SOURCES / "docs/transformations.md").read_text().splitlines()[0]
+        number = re.fullmatch(r"# All (\d+) transformations", heading)[1]
+        for name in ("README.md", "docs/guide.md", "packaging/CMakeLists.txt", f"packaging/{ID}.metainfo.xml.in",
+                     "packaging/lexivore.1.in"):
+            told = re.findall(r"(\d+)\s+(?:transformations|Umformungen)", (SOURCES / name).read_text(encoding="utf-8"))
+            self.assertEqual(set(told), {number}, name)
 
     def test_every_picture_of_the_icon_has_the_size_of_its_folder(self):
         for size in SIZES:
