@@ -34,13 +34,7 @@ QAccessibleInterface *makeAccessible(const QString &className, QObject *object) 
 
 TextEditorAccessible::TextEditorAccessible(TextEditor *editor) : QAccessibleWidget(editor, QAccessible::EditableText) {}
 
-void TextEditorAccessible::install() {
-    static const bool isInstalled = [] {
-        QAccessible::installFactory(makeAccessible);
-        return true;
-    }();
-    Q_UNUSED(isInstalled)
-}
+void TextEditorAccessible::install() { QAccessible::installFactory(makeAccessible); }
 
 void TextEditorAccessible::announceChange(TextEditor &editor, std::size_t offset, const Text &removed,
                                           const Text &inserted) {

@@ -92,13 +92,7 @@ void announce(RowButton &row, QAccessible::State changed) {
 
 } // namespace
 
-void installRowAccessibility() {
-    static const bool isInstalled = [] {
-        QAccessible::installFactory(makeInterface);
-        return true;
-    }();
-    Q_UNUSED(isInstalled)
-}
+void installRowAccessibility() { QAccessible::installFactory(makeInterface); }
 
 void announceSelection(RowButton &row) {
     QAccessible::State state;
