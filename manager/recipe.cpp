@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "manager/recipe.h"
 
+#include <algorithm>
+
 namespace lexivore {
 
 std::string_view rawValue(RecipeCategory category) {
@@ -32,6 +34,11 @@ std::optional<RecipeCategory> recipeCategory(std::string_view rawValue) {
 bool haveSameFields(const Recipe &left, const Recipe &right) {
     return left.id == right.id && left.name == right.name && haveSameFields(left.operations, right.operations) &&
            left.createdAt == right.createdAt && left.category == right.category;
+}
+
+bool haveSameFields(const std::vector<Recipe> &left, const std::vector<Recipe> &right) {
+    return std::ranges::equal(left, right,
+                              [](const Recipe &one, const Recipe &other) { return haveSameFields(one, other); });
 }
 
 } // namespace lexivore

@@ -39,6 +39,7 @@ struct Recipe {
 
 /// True when all fields are equal, those of the operations included.
 [[nodiscard]] bool haveSameFields(const Recipe &left, const Recipe &right);
+[[nodiscard]] bool haveSameFields(const std::vector<Recipe> &left, const std::vector<Recipe> &right);
 
 /// The thirteen built-in recipes, with fresh ids and times at each call.
 [[nodiscard]] std::vector<Recipe> makeRecipeTemplates();

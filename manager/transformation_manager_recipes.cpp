@@ -111,8 +111,7 @@ void TransformationManager::importRecipes(std::vector<Recipe> recipes) {
 }
 
 void TransformationManager::publishRecipes(std::vector<Recipe> next) {
-    const bool areNew = !std::ranges::equal(
-        next, m_recipes, [](const Recipe &one, const Recipe &other) { return haveSameFields(one, other); });
+    const bool areNew = !haveSameFields(next, m_recipes);
     m_recipes = std::move(next);
     saveRecipes();
     if (areNew) {
@@ -129,8 +128,7 @@ void TransformationManager::loadRecipes() {
     if (!recipes) {
         return;
     }
-    const bool areNew = !std::ranges::equal(
-        *recipes, m_recipes, [](const Recipe &one, const Recipe &other) { return haveSameFields(one, other); });
+    const bool areNew = !haveSameFields(*recipes, m_recipes);
     m_recipes = std::move(*recipes);
     if (areNew) {
         emit recipesChanged();
