@@ -17,7 +17,7 @@ constexpr int leastDistanceToEdge = 16;
 
 } // namespace
 
-SheetLayer &SheetLayer::show(QWidget &window, Sheet *sheet) {
+void SheetLayer::show(QWidget &window, Sheet *sheet) {
     auto *layer = new SheetLayer(window, sheet);
     layer->setGeometry(window.rect());
     layer->QWidget::show();
@@ -26,7 +26,6 @@ SheetLayer &SheetLayer::show(QWidget &window, Sheet *sheet) {
     layer->place();
     sheet->takeFocus();
     layer->disableBeneath();
-    return *layer;
 }
 
 bool SheetLayer::isOver(const QWidget &window) {

@@ -17,7 +17,7 @@ class SheetLayer : public QWidget {
 
 public:
     /// Shows the sheet over `window` and takes it over. The layer deletes itself and the sheet.
-    static SheetLayer &show(QWidget &window, Sheet *sheet);
+    static void show(QWidget &window, Sheet *sheet);
 
     /// Whether any layer lies over the window.
     [[nodiscard]] static bool isOver(const QWidget &window);
