@@ -108,7 +108,7 @@ private:
     void prepareOrLeave(const TextHistoryState &current);
     void prepare(std::size_t index, std::size_t callsLeft, const TextHistoryState &current);
     [[nodiscard]] double rank(std::size_t index) const;
-    [[nodiscard]] bool hasRoomFor(std::size_t bytes, double rank) const;
+    [[nodiscard]] bool hasRoomFor(std::size_t bytes, double ofRank) const;
     void keepWithinBudget();
     [[nodiscard]] std::size_t heldBytes() const;
     [[nodiscard]] std::optional<Candidate> leastWanted();

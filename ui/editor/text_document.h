@@ -29,6 +29,10 @@ public:
 
     /// Which way a place that lies inside a character is moved.
     enum class Side { before, behind };
+    struct Range {
+        std::size_t begin = 0;
+        std::size_t end = 0;
+    };
     struct LineAndColumn {
         std::size_t line = 1;
         std::size_t column = 1; ///< In characters.
@@ -76,14 +80,10 @@ public:
     [[nodiscard]] std::size_t nextWord(std::size_t offset) const;
     [[nodiscard]] std::size_t previousWord(std::size_t offset) const;
     /// The word, punctuation or run of spaces that a double click at `offset` means.
-    struct Range {
-        std::size_t begin = 0;
-        std::size_t end = 0;
-    };
     [[nodiscard]] Range wordAround(std::size_t offset) const;
     /// The sentence that holds `offset`, with the spaces behind it, as far as it lies within the line.
     [[nodiscard]] Range sentenceAround(std::size_t offset) const;
-    /// The first byte of the line, and where its line break (or the text) ends or begins.
+    /// The first byte of the line, and where its line break begins or, without one, the text ends.
     [[nodiscard]] std::size_t lineBegin(std::size_t offset) const;
     [[nodiscard]] std::size_t lineEnd(std::size_t offset) const;
     /// As `lineEnd`, behind the line break.

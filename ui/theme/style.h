@@ -24,7 +24,8 @@ public:
     void polish(QPalette &palette) override;
     void polish(QWidget *widget) override;
     using QProxyStyle::polish;
-    /// Of tooltips alone: they have a palette and a font of their own.
+    /// Of windows and tooltips: hands a new font of the application on to what the windows contain, and keeps the
+    /// palette and the font that tooltips have of their own.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;

@@ -83,8 +83,8 @@ const Theme &themeFor(const QPalette &palette) {
 
 const Theme &theme() { return themeFor(QGuiApplication::palette()); }
 
-QColor faded(QColor colour, double opacity) {
-    colour.setAlphaF(static_cast<float>(opacity) * colour.alphaF());
+QColor faded(QColor colour, double factor) {
+    colour.setAlphaF(static_cast<float>(factor) * colour.alphaF());
     return colour;
 }
 

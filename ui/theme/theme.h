@@ -84,8 +84,8 @@ using ThemeColour = QColor Theme::*;
 /// change by `QEvent::PaletteChange` and repainted.
 [[nodiscard]] const Theme &theme();
 
-/// The colour with its own opacity times `opacity`, which is from 0 to 1.
-[[nodiscard]] QColor faded(QColor colour, double opacity);
+/// The colour with its own opacity times `factor`; the product is from 0 to 1.
+[[nodiscard]] QColor faded(QColor colour, double factor);
 
 /// The theme's colours in the roles of the toolkit's palette.
 [[nodiscard]] QPalette paletteOf(const Theme &theme);
