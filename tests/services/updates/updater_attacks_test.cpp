@@ -11,19 +11,20 @@ using test::LoopbackServer;
 using Behaviour = LoopbackServer::Answer::Behaviour;
 using Kind = UpdateError::Kind;
 
-// Attacks and accidents: the feed
-
-struct BadFeed {
+/// What the server sends instead of what it should, and the error that comes of it.
+struct BadAnswer {
     const char *rule;
     QByteArray body;
     Kind kind;
     Behaviour behaviour = Behaviour::plain;
 };
 
+// Attacks and accidents: the feed
+
 TEST_F(UpdaterTest, RefusesABadFeed) {
     const QByteArray good = feed();
     const QByteArray bomb = "<!DOCTYPE rss [<!ENTITY a 'aaaa'><!ENTITY b '&a;&a;&a;'>]><rss>&b;</rss>";
-    const BadFeed feeds[] = {
+    const BadAnswer feeds[] = {
         {"malformed", good.chopped(10), Kind::damagedFeed},
         {"no feed", "<html/>", Kind::damagedFeed},
         {"empty", "", Kind::damagedFeed},
@@ -42,7 +43,7 @@ TEST_F(UpdaterTest, RefusesABadFeed) {
         {"without a file", feed({.address = ""}), Kind::insecureAddress},
     };
     settings.silence = 300ms;
-    for (const BadFeed &each : feeds) {
+    for (const BadAnswer &each : feeds) {
         SCOPED_TRACE(each.rule);
         said.clear();
         serve("/feed", each.body, each.behaviour);
@@ -137,17 +138,10 @@ TEST_F(UpdaterTest, RefusesToWorkWithoutAKey) {
 
 // Attacks and accidents: the file
 
-struct BadFile {
-    const char *rule;
-    QByteArray body;
-    Kind kind;
-    Behaviour behaviour = Behaviour::plain;
-};
-
 TEST_F(UpdaterTest, RefusesABadFile) {
     QByteArray changed = file;
     changed[file.size() / 2] = '!';
-    const BadFile files[] = {
+    const BadAnswer files[] = {
         {"one byte is another", changed, Kind::wrongSignature},
         {"one byte is missing", file.chopped(1), Kind::wrongLength},
         {"one byte too many", file + '\n', Kind::tooLong},
@@ -159,7 +153,7 @@ TEST_F(UpdaterTest, RefusesABadFile) {
         {"stalling", file, Kind::silentServer, Behaviour::stalling},
     };
     settings.silence = 300ms;
-    for (const BadFile &each : files) {
+    for (const BadAnswer &each : files) {
         SCOPED_TRACE(each.rule);
         said.clear();
         serve("/lexivore-2.0.deb", each.body, each.behaviour);

@@ -52,6 +52,17 @@ protected:
         ASSERT_EQ(::setrlimit(RLIMIT_DATA, &limit), 0);
     }
 
+    /// A drop on the editor for which there is too little memory.
+    void expectRefusedDropOf(const QMimeData &data) {
+        QWidget *target = find<QAbstractScrollArea>("editor")->viewport();
+        QDragEnterEvent enter({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(target, &enter);
+        QDropEvent drop({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        limitMemoryTo(16 * megabyte);
+        QApplication::sendEvent(target, &drop);
+        EXPECT_FALSE(drop.isAccepted());
+    }
+
     void expectError(const QString &message) {
         ASSERT_TRUE(QTest::qWaitFor([this] { return isShown("alert"); }));
         EXPECT_EQ(find<QLabel>("message")->text(), message);
@@ -192,13 +203,7 @@ TEST_F(Shortage, OfMemoryForADroppedTextIsAnErrorAndTheTextStaysWhereItCameFrom)
     setText("before\nand after");
     QMimeData data;
     data.setText(QString(qsizetype{40} * 1024 * 1024, 'x'));
-    QWidget *target = find<QAbstractScrollArea>("editor")->viewport();
-    QDragEnterEvent enter({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(target, &enter);
-    QDropEvent drop({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    limitMemoryTo(16 * megabyte);
-    QApplication::sendEvent(target, &drop);
-    EXPECT_FALSE(drop.isAccepted());
+    expectRefusedDropOf(data);
     EXPECT_EQ(text(), "before\nand after");
     expectError(shortage);
 }
@@ -206,13 +211,7 @@ TEST_F(Shortage, OfMemoryForADroppedTextIsAnErrorAndTheTextStaysWhereItCameFrom)
 TEST_F(Shortage, OfMemoryForTheEditThatADropMakesLeavesTheTextWhereItCameFrom) {
     setText("before\nand after");
     TextMimeData data{Text(std::string_view(std::string(40 * megabyte, 'x')))};
-    QWidget *target = find<QAbstractScrollArea>("editor")->viewport();
-    QDragEnterEvent enter({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(target, &enter);
-    QDropEvent drop({30, 20}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    limitMemoryTo(16 * megabyte);
-    QApplication::sendEvent(target, &drop);
-    EXPECT_FALSE(drop.isAccepted());
+    expectRefusedDropOf(data);
     EXPECT_EQ(text(), "before\nand after");
     EXPECT_TRUE(find<TextEditor>("editor")->text() == manager().currentText());
     expectError(shortage);
