@@ -51,7 +51,7 @@ TEST_F(ToolBar, HasItsTwoGroupsInOrder) {
 }
 
 TEST_F(ToolBar, NoContextMenuTakesItAway) {
-    QWidget *const places[] = {window().menuBar(), find("toolBar"), find("sidebar"), find("statusBar")};
+    const QList<QWidget *> places = {window().menuBar(), find("toolBar"), find("sidebar"), find("statusBar")};
     for (QWidget *place : places) {
         ASSERT_NE(place, nullptr);
         const QPoint middle = place->rect().center();
