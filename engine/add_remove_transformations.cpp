@@ -10,8 +10,6 @@
 #include "engine/primitives/word_set.h"
 #include "engine/primitives/wrapping.h"
 
-#include <algorithm>
-
 namespace lexivore {
 
 namespace {

@@ -14,7 +14,6 @@
 #include "tests/support/escaped.h"
 #include "ui/editor/text_search.h"
 
-#include <algorithm>
 #include <string>
 
 namespace lexivore::fuzz {

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <string>
 #include <string_view>
 
 /// What libFuzzer calls, and scripts/test on the files of the corpus. Each target defines it.

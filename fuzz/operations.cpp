@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <iostream>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>

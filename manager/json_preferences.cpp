@@ -27,7 +27,6 @@
 #include <QStandardPaths>
 
 #include <optional>
-#include <utility>
 
 namespace lexivore {
 

@@ -11,8 +11,8 @@
 #include <deque>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lexivore {

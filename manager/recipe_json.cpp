@@ -12,7 +12,6 @@
 #include <QRegularExpression>
 
 #include <cmath>
-#include <string>
 #include <utility>
 
 namespace lexivore {

@@ -10,6 +10,8 @@
 #include <QLocalSocket>
 #include <QThread>
 
+#include <optional>
+
 namespace lexivore {
 
 namespace {

@@ -8,7 +8,6 @@
 #include <QStringList>
 
 #include <chrono>
-#include <optional>
 
 class QLocalServer;
 class QLocalSocket;

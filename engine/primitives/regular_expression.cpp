@@ -21,8 +21,8 @@
 #include <list>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
-#include <vector>
 
 namespace lexivore {
 

@@ -5,7 +5,6 @@
 #include "engine/primitives/text_buffer.h"
 
 #include <stdexcept>
-#include <string>
 #include <string_view>
 
 namespace lexivore {

@@ -5,7 +5,6 @@
 #include "engine/kernels/kernels.h"
 #include "engine/primitives/case_mapping.h"
 #include "engine/primitives/characters.h"
-#include "engine/primitives/code_points.h"
 #include "engine/primitives/lines.h"
 #include "engine/primitives/membership_scan.h"
 #include "engine/primitives/words.h"

@@ -5,7 +5,6 @@
 #include "engine/kernels/kernels.h"
 #include "engine/primitives/membership_scan.h"
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>

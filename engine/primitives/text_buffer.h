@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstring>
 #include <stdexcept>
-#include <string>
 #include <string_view>
 
 namespace lexivore {

@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <iterator>
-#include <stdexcept>
 
 namespace lexivore {
 

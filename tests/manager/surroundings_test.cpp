@@ -27,7 +27,6 @@
 #include <ctime>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace lexivore {
 namespace {

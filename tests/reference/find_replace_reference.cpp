@@ -6,7 +6,6 @@
 #include <unicode/regex.h>
 
 #include <algorithm>
-#include <memory>
 
 namespace lexivore::reference {
 

@@ -9,8 +9,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 
-#include <vector>
-
 namespace lexivore {
 namespace {
 

@@ -3,7 +3,6 @@
 #include "tests/services/desktop_probe_test.h"
 
 #include <csignal>
-#include <vector>
 
 namespace lexivore {
 namespace {

@@ -7,7 +7,6 @@
 
 #include <iosfwd>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace lexivore::test {

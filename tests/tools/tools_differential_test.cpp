@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string>
 
 // The four tools against the reference, on generated texts.
 namespace lexivore::test {

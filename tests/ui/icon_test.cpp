@@ -10,7 +10,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QRegularExpression>
 #include <QSet>
 #include <QSvgRenderer>
 #include <QXmlStreamReader>

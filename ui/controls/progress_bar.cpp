@@ -6,7 +6,6 @@
 #include "ui/theme/theme.h"
 
 #include <QPainter>
-#include <QStyle>
 
 namespace lexivore {
 

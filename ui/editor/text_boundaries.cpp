@@ -7,7 +7,6 @@
 #include "engine/primitives/utf8.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace lexivore {
 

@@ -9,7 +9,6 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <utility>
 
 namespace lexivore {
 

@@ -18,7 +18,6 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <memory>
 #include <new>
 
 namespace lexivore {

@@ -8,7 +8,6 @@ namespace lexivore {
 
 class Label;
 class ProgressBar;
-class PushButton;
 
 /// Says what the user waits for, with a button to wait no longer. It stays until it is dismissed.
 class ProgressSheet : public Sheet {

@@ -16,7 +16,6 @@ class QWidget;
 namespace lexivore {
 
 class ProgressSheet;
-class Sheet;
 
 /// Shows over the window what the updater says, and tells it what the user decides.
 class UpdateFlow : public QObject {

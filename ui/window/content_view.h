@@ -29,7 +29,6 @@ class TransformationList;
 class TransformationManager;
 class UndoFlow;
 class WindowColumns;
-class WindowCommands;
 class WindowMemory;
 class WindowState;
 class WindowToolBar;

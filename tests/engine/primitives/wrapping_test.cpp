@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <iterator>
 #include <random>
 #include <string>

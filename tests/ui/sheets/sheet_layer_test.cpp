@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
 #include "tests/ui/sheets/sheet_fixture.h"
-#include "ui/controls/focus_ring_frame.h"
 #include "ui/sheets/alert_sheet.h"
 #include "ui/sheets/recipe_save_sheet.h"
 #include "ui/theme/theme.h"

@@ -12,7 +12,6 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QMimeData>
 #include <QVariantAnimation>
 
 namespace lexivore {

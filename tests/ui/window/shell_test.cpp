@@ -14,7 +14,6 @@
 #include <QTemporaryFile>
 #include <QUrl>
 
-#include <algorithm>
 #include <sys/resource.h>
 
 namespace lexivore {

@@ -14,8 +14,6 @@
 #include <QDir>
 #include <QTest>
 
-#include <chrono>
-
 using namespace lexivore;
 
 namespace {
