@@ -3,7 +3,7 @@
 #pragma once
 
 #include "engine/generator/table_writing.h"
-#include "engine/kernels/kernels.h"
+#include "engine/kernels/code_point_tables.h"
 
 #include <array>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "engine/kernels/kernels.h"
+#include "engine/kernels/code_point_tables.h"
 
 #include <cstddef>
 #include <cstdint>
