@@ -84,19 +84,15 @@ void TextDocument::select(std::size_t anchor, std::size_t caret) {
 
 TextDocument::LineAndColumn TextDocument::placeOf(std::size_t offset) const {
     offset = boundaryAt(offset);
-    const TextIndex::Place place = m_index.atOffset(offset);
-    const StretchCounts prefix = countsOf(bytes(place.before.bytes, offset - place.before.bytes));
-    const std::size_t breaks = place.before.breaks + prefix.breaks;
-    const std::size_t characters = place.before.characters + prefix.characters;
-
+    const StretchCounts before = countsBefore(offset);
     std::size_t charactersBeforeLine = 0;
-    if (breaks > 0) {
-        const TextIndex::Place at = m_index.atBreak(breaks - 1);
+    if (before.breaks > 0) {
+        const TextIndex::Place at = m_index.atBreak(before.breaks - 1);
         const std::string_view chunk = bytes(at.before.bytes, m_index.at(at).bytes);
-        const std::size_t end = endOfBreakNumber(chunk, breaks - at.before.breaks);
+        const std::size_t end = endOfBreakNumber(chunk, before.breaks - at.before.breaks);
         charactersBeforeLine = at.before.characters + countsOf(chunk.substr(0, end)).characters;
     }
-    return {breaks + 1, characters - charactersBeforeLine + 1};
+    return {before.breaks + 1, before.characters - charactersBeforeLine + 1};
 }
 
 std::size_t TextDocument::boundaryAt(std::size_t offset, Side side) const {
@@ -119,10 +115,7 @@ std::size_t TextDocument::previousCharacter(std::size_t offset) const {
 }
 
 std::size_t TextDocument::lineBegin(std::size_t offset) const {
-    offset = boundaryAt(offset);
-    const TextIndex::Place place = m_index.atOffset(offset);
-    const std::size_t breaks =
-        place.before.breaks + countsOf(bytes(place.before.bytes, offset - place.before.bytes)).breaks;
+    const std::size_t breaks = countsBefore(boundaryAt(offset)).breaks;
     if (breaks == 0) {
         return 0;
     }
@@ -132,10 +125,7 @@ std::size_t TextDocument::lineBegin(std::size_t offset) const {
 }
 
 std::size_t TextDocument::lineEnd(std::size_t offset) const {
-    offset = boundaryAt(offset);
-    const TextIndex::Place place = m_index.atOffset(offset);
-    const std::size_t breaks =
-        place.before.breaks + countsOf(bytes(place.before.bytes, offset - place.before.bytes)).breaks;
+    const std::size_t breaks = countsBefore(boundaryAt(offset)).breaks;
     if (breaks == m_index.total().breaks) {
         return m_text.size();
     }
@@ -149,9 +139,7 @@ std::size_t TextDocument::lineEnd(std::size_t offset) const {
 std::size_t TextDocument::nextLineBegin(std::size_t offset) const { return nextCharacter(lineEnd(offset)); }
 
 std::size_t TextDocument::unitsBefore(std::size_t offset) const {
-    offset = std::min(offset, m_text.size());
-    const TextIndex::Place place = m_index.atOffset(offset);
-    return place.before.units + countsOf(bytes(place.before.bytes, offset - place.before.bytes)).units;
+    return countsBefore(std::min(offset, m_text.size())).units;
 }
 
 std::size_t TextDocument::offsetOfUnit(std::size_t unit) const {
@@ -210,6 +198,13 @@ bool TextDocument::insert(const Text &inserted) {
 }
 
 void TextDocument::remove(std::size_t offset, std::size_t length) { replace(offset, length, Text()); }
+
+StretchCounts TextDocument::countsBefore(std::size_t offset) const {
+    const TextIndex::Place place = m_index.atOffset(offset);
+    StretchCounts counts = place.before;
+    counts += countsOf(bytes(place.before.bytes, offset - place.before.bytes));
+    return counts;
+}
 
 std::string_view TextDocument::bytes(std::size_t offset, std::size_t length) const {
     return readText(m_text, offset, length, m_scratch);

@@ -117,6 +117,8 @@ signals:
 
 private:
     [[nodiscard]] std::string_view bytes(std::size_t offset, std::size_t length) const;
+    /// Of everything in front of a place: the units and, where it lies between characters, all but the words.
+    [[nodiscard]] StretchCounts countsBefore(std::size_t offset) const;
 
     Text m_text;
     TextIndex m_index;

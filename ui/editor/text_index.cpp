@@ -143,13 +143,7 @@ void TextIndex::build(const Text &text) {
     std::vector<TextChunk> chunks;
     chunks.reserve(text.size() / earliestCut + 1);
     appendChunks(chunks, text, 0, text.size());
-    m_blocks.clear();
-    for (std::size_t i = 0; i < chunks.size(); i += chunksPerBlock) {
-        const auto begin = chunks.begin() + static_cast<std::ptrdiff_t>(i);
-        const auto end = chunks.begin() + static_cast<std::ptrdiff_t>(std::min(i + chunksPerBlock, chunks.size()));
-        m_blocks.push_back({std::vector<TextChunk>(begin, end), {}, 0});
-        sum(m_blocks.back());
-    }
+    m_blocks = blocksOf(chunks);
     sumAll();
 }
 
@@ -275,20 +269,24 @@ void TextIndex::replaceChunks(const Place &from, const Place &to, std::vector<Te
 
     Block &changed = m_blocks[from.block];
     if (changed.chunks.size() > mostChunksPerBlock) {
-        std::vector<TextChunk> all = std::move(changed.chunks);
-        std::vector<Block> pieces;
-        for (std::size_t i = 0; i < all.size(); i += chunksPerBlock) {
-            const auto begin = all.begin() + static_cast<std::ptrdiff_t>(i);
-            const auto end = all.begin() + static_cast<std::ptrdiff_t>(std::min(i + chunksPerBlock, all.size()));
-            pieces.push_back({std::vector<TextChunk>(begin, end), {}, 0});
-            sum(pieces.back());
-        }
+        std::vector<Block> pieces = blocksOf(changed.chunks);
         const auto at = m_blocks.erase(m_blocks.begin() + static_cast<std::ptrdiff_t>(from.block));
         m_blocks.insert(at, std::make_move_iterator(pieces.begin()), std::make_move_iterator(pieces.end()));
     } else {
         sum(changed);
     }
     sumAll();
+}
+
+std::vector<TextIndex::Block> TextIndex::blocksOf(const std::vector<TextChunk> &chunks) {
+    std::vector<Block> blocks;
+    for (std::size_t i = 0; i < chunks.size(); i += chunksPerBlock) {
+        const auto begin = chunks.begin() + static_cast<std::ptrdiff_t>(i);
+        const auto end = chunks.begin() + static_cast<std::ptrdiff_t>(std::min(i + chunksPerBlock, chunks.size()));
+        blocks.push_back({std::vector<TextChunk>(begin, end), {}, 0});
+        sum(blocks.back());
+    }
+    return blocks;
 }
 
 void TextIndex::sum(Block &block) {

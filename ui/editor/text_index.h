@@ -94,7 +94,9 @@ private:
     [[nodiscard]] TextChunk makeChunk(std::string_view bytes, const StretchCounts &counts);
     [[nodiscard]] std::uint32_t estimatedHeight(const TextChunk &chunk) const;
     void replaceChunks(const Place &from, const Place &to, std::vector<TextChunk> chunks);
-    void sum(Block &block);
+    /// As few blocks as there need be, summed up.
+    [[nodiscard]] static std::vector<Block> blocksOf(const std::vector<TextChunk> &chunks);
+    static void sum(Block &block);
     void sumAll();
 
     std::vector<Block> m_blocks;
