@@ -53,12 +53,14 @@ void ChangeHistory::keepWithinBudget() {
     }
 }
 
-/// The steps among the entries from `begin` to `end` become edits. One whose texts are forgotten cannot; it is gone.
+/// The steps among the entries from `begin` to `end` become edits. One whose texts are forgotten cannot, and one that
+/// left the text as it was would be an edit of nothing; they are gone.
 void ChangeHistory::makeEdits(std::size_t begin, std::size_t end) {
     while (end > begin) {
         --end;
-        m_entries[end].isStep = false;
-        if (m_entries[end].isForgotten()) {
+        Entry &entry = m_entries[end];
+        const bool wasStep = std::exchange(entry.isStep, false);
+        if (entry.isForgotten() || (wasStep && entry.before.is(entry.after.text()))) {
             m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(end));
             m_done -= end < m_done ? 1 : 0;
         }

@@ -91,6 +91,23 @@ TEST_F(Undoing, OpenedPastedAndClearedTextsComeBack) {
     EXPECT_EQ(text(), "first");
 }
 
+TEST_F(Undoing, BehindAClearedTextNoUndoIsSpentOnStepsThatLeftTheTextAsItWas) {
+    setText("CAPITALS");
+    click("transformation.uppercase");
+    ASSERT_EQ(manager().history().undoStack().size(), 1U);
+    click("clearText");
+    click("confirm");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return text().empty(); }));
+    choose("UndoTransformation");
+    EXPECT_EQ(text(), "CAPITALS");
+    choose("UndoTransformation");
+    EXPECT_EQ(text(), "");
+    choose("RedoTransformation");
+    EXPECT_EQ(text(), "CAPITALS");
+    choose("RedoTransformation");
+    EXPECT_EQ(text(), "");
+}
+
 TEST_F(Undoing, HandEditsThatSingleModeDropsComeBack) {
     setText("base");
     click("transformation.uppercase");
