@@ -28,6 +28,15 @@ inline constexpr int mostDigitBits = 10;
 /// How many bytes behind what it reads and writes `replaceParts` may read and overwrite.
 inline constexpr std::size_t replacingSlack = 3 * blockSize;
 
+/// Asks for the memory that is written to some kilobytes later, so that it comes in meanwhile: for who writes behind
+/// where it has read before, or far from there, and leaves the processor nothing to foresee it by. That may lie behind
+/// the memory there is, where asking does no harm.
+inline void askAhead(const char *to) {
+    constexpr std::size_t distance = 4096;
+    constexpr int forWriting = 1;
+    __builtin_prefetch(to + distance, forWriting);
+}
+
 /// What stands in place of a part of a text.
 struct Replacement {
     static constexpr std::size_t longest = 16;
@@ -50,6 +59,18 @@ struct PartReplacements {
     std::uint8_t indices[256] = {}; ///< Of what stands in their place, by their first byte.
     Replacement replacements[most];
     std::size_t count = 0; ///< Of replacements.
+};
+
+/// What stands in place of a part of a text, told byte by byte: some of the part's bytes are left out or others put
+/// between them, and each of the rest becomes another one, always the same for those with the same lowest six bits.
+struct BytewiseReplacement {
+    static constexpr std::size_t mostInserted = 3;
+
+    std::size_t partSize = 0; ///< At most `longestMarked`.
+    std::size_t leftOut = 0;  ///< So many bytes at the beginning of the part.
+    std::size_t inserted = 0; ///< So many behind the first byte of the part.
+    char insertedBytes[mostInserted] = {};
+    char bytes[64] = {}; ///< For each value of the lowest six bits.
 };
 
 /// A part of a text and the number that it is sorted by.
@@ -334,6 +355,12 @@ struct Kernels {
     /// before it is none. Moves `to`. Overwrites up to `replacingSlack` bytes behind it.
     const char *(*replaceParts)(const char *from, const char *begin, const std::uint16_t *places, std::size_t count,
                                 const PartReplacements &parts, char *&to);
+    /// Writes blocks with the replacement in place of each part that begins at a bit in `begins`, or in `before`, those
+    /// of the block before these, and returns the end of that. Parts do not overlap; the bytes of one that goes on
+    /// behind the blocks are not written. Overwrites up to 64 bytes behind. Takes as long wherever the parts are, and
+    /// is null where that is longer than to write one after the other.
+    char *(*replaceMarked)(const char *from, std::size_t blocks, const std::uint64_t *begins, std::uint64_t before,
+                           const BytewiseReplacement &replacement, char *to);
     /// RFC 3629.
     bool (*isValidUtf8)(const char *text, std::size_t size);
     /// Two lowercase digits for each byte.

@@ -101,6 +101,7 @@ public:
             copyInBlocks(part.data(), part.size(), m_to);
         }
         m_to += part.size();
+        kernels::askAhead(m_to);
     }
     [[nodiscard]] TextBuffer take() {
         m_result.commit(m_to);

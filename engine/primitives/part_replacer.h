@@ -3,13 +3,17 @@
 #pragma once
 
 #include "engine/kernels/kernels.h"
+#include "engine/primitives/byte_search.h"
+#include "engine/primitives/bytewise_replacement.h"
 #include "engine/primitives/membership_scan.h"
 #include "engine/primitives/text_buffer.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -71,12 +75,30 @@ public:
             replaceAll(scan, parts);
             return;
         }
-        const auto write = [replacement](char *to, const char *) {
-            return std::copy(replacement.begin(), replacement.end(), to);
-        };
         forEachStretch(scan, [&](const Stretch &stretch, const Places &places, std::size_t count) {
-            replaceOneByOne(stretch, places, count, sizeOf, replacement.size(), write);
+            replaceOneByOne(stretch, places, count, sizeOf, replacement.size(), Writer{replacement});
         });
+    }
+
+    /// The same with `replacement` in place of every occurrence of `part`, which has 1 to
+    /// `OccurrenceScan::longestPattern` bytes.
+    void replaceAll(std::string_view part, std::string_view replacement) {
+        OccurrenceScan scan({m_position, static_cast<std::size_t>(m_end - m_position)}, part);
+        const auto sizeOf = [size = part.size()](const char *) { return size; };
+        const std::optional<kernels::BytewiseReplacement> bytewise = bytewiseReplacement(part, replacement);
+        if (!bytewise || kernels::best().replaceMarked == nullptr) {
+            replaceAll(scan, sizeOf, replacement);
+            return;
+        }
+        Places places; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
+        for (Stretch stretch; scan.next(stretch);) {
+            if (hasSlackBehind(stretch)) {
+                replaceMarked(stretch, *bytewise, replacement);
+            } else {
+                const std::size_t count = kernels::best().listBits(stretch.members, stretch.blocks, places.data());
+                replaceOneByOne(stretch, places, count, sizeOf, replacement.size(), Writer{replacement});
+            }
+        }
     }
 
     /// The result, with `behind` at its end.
@@ -99,6 +121,12 @@ private:
         return static_cast<std::size_t>(m_end - stretch.end) >= slack;
     }
 
+    /// Writes the same for every part.
+    struct Writer {
+        std::string_view replacement;
+        char *operator()(char *to, const char *) const { return std::copy(replacement.begin(), replacement.end(), to); }
+    };
+
     /// Calls `replace(stretch, places, count)` with the parts of each stretch and copies what stands behind them.
     template<typename Scan, typename Replace> void forEachStretch(Scan &scan, Replace &&replace) {
         Places places; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
@@ -106,6 +134,25 @@ private:
             replace(stretch, places, kernels::best().listBits(stretch.members, stretch.blocks, places.data()));
             copyUpTo(stretch.end); // while it is in the caches
         }
+    }
+
+    /// The parts of a stretch of whole blocks by a kernel, which leaves out what belongs to the next stretch.
+    void replaceMarked(const Stretch &stretch, const kernels::BytewiseReplacement &bytewise,
+                       std::string_view replacement) {
+        const std::size_t partSize = bytewise.partSize;
+        const auto size = static_cast<std::size_t>(stretch.end - stretch.begin);
+        ensureRoom(size + (size / partSize + 1) * bytewise.inserted + slack);
+        // The part that goes on here has been replaced already, and the end of that will be written once more.
+        const auto goingOn = static_cast<std::size_t>(m_position - stretch.begin);
+        const std::uint64_t before = goingOn == 0 ? 0 : std::uint64_t{1} << (kernels::blockSize - (partSize - goingOn));
+        m_to = kernels::best().replaceMarked(stretch.begin, stretch.blocks, stretch.members, before, bytewise,
+                                             m_to - std::min(goingOn, replacement.size()));
+        const auto behindLast = static_cast<std::size_t>(std::countl_zero(stretch.members[stretch.blocks - 1]));
+        const std::size_t written = behindLast + 1; // of the last part
+        const std::size_t left = partSize - std::min(partSize, written);
+        const std::string_view rest = replacement.substr(replacement.size() - std::min(left, replacement.size()));
+        m_to = std::copy(rest.begin(), rest.end(), m_to);
+        m_position = stretch.end + left;
     }
 
     /// Without asking about room for each part, and in registers.
@@ -126,6 +173,7 @@ private:
             copyInBlocks(position, std::max(before, leastCopied), to);
             to = write(to + before, place);
             position = place + sizeOf(place);
+            kernels::askAhead(to);
         }
         m_position = position;
         m_to = to;

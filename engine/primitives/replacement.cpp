@@ -56,8 +56,7 @@ TextBuffer replaceAll(std::string_view text, std::string_view find, std::string_
     requireRoomForAll(text, find, replacement.size());
     if (find.size() <= OccurrenceScan::longestPattern) {
         PartReplacer replacer(text, text.size() + text.size() / 8);
-        replacer.replaceAll(
-            OccurrenceScan(text, find), [size = find.size()](const char *) { return size; }, replacement);
+        replacer.replaceAll(find, replacement);
         return replacer.take();
     }
     TextBuffer result = TextBuffer::withCapacity(text.size());

@@ -368,5 +368,59 @@ TEST(Kernels, ReplacePartsEqualsThePlainLoop) {
     }
 }
 
+TEST(Kernels, ReplaceMarkedEqualsThePlainLoop) {
+    std::mt19937 random(seed);
+    for (std::size_t round = 0; round < 2'000; ++round) {
+        const std::size_t blocks = 1 + random() % 6;
+        const ExactCopy text(randomBytes(random, blocks * blockSize, 20), round % blockSize);
+        BytewiseReplacement replacement;
+        replacement.partSize = 1 + random() % longestMarked;
+        if (round % 2 == 0) {
+            replacement.leftOut = random() % (replacement.partSize + 1);
+        } else {
+            replacement.inserted = 1 + random() % BytewiseReplacement::mostInserted;
+        }
+        std::generate(std::begin(replacement.bytes), std::end(replacement.bytes), [&] { return 'a' + random() % 26; });
+        std::string_view("XYZ").copy(replacement.insertedBytes, replacement.inserted);
+
+        // The last one that began before, if any, and those from its end on.
+        const std::size_t mostBetween = std::size_t{1} << random() % 8;
+        const std::size_t goingOn = random() % replacement.partSize;
+        const std::uint64_t before =
+            goingOn == 0 ? 0 : std::uint64_t{1} << (blockSize - (replacement.partSize - goingOn));
+        std::vector<std::uint64_t> begins(blocks);
+        std::vector<std::size_t> placesInPart(blocks * blockSize, SIZE_MAX);
+        for (std::size_t i = 0; i < goingOn; ++i) {
+            placesInPart[i] = replacement.partSize - goingOn + i;
+        }
+        for (std::size_t place = goingOn; (place += random() % mostBetween) < placesInPart.size();
+             place += replacement.partSize) {
+            begins[place / blockSize] |= std::uint64_t{1} << place % blockSize;
+            for (std::size_t i = 0; i < replacement.partSize && place + i < placesInPart.size(); ++i) {
+                placesInPart[place + i] = i;
+            }
+        }
+        std::string expected;
+        for (std::size_t i = 0; i < placesInPart.size(); ++i) {
+            const char byte = text.view()[i];
+            if (placesInPart[i] == SIZE_MAX) {
+                expected += byte;
+            } else if (placesInPart[i] >= replacement.leftOut) {
+                expected += replacement.bytes[static_cast<unsigned char>(byte) % std::size(replacement.bytes)];
+                expected.append(replacement.insertedBytes, placesInPart[i] == 0 ? replacement.inserted : 0);
+            }
+        }
+        onAllKernels([&](const Kernels &kernels) {
+            if (kernels.replaceMarked != nullptr) {
+                const ExactCopy result(std::string(expected.size() + blockSize, '?'), round % 7);
+                const char *const end =
+                    kernels.replaceMarked(text.data(), blocks, begins.data(), before, replacement, result.data());
+                EXPECT_EQ(end - result.data(), static_cast<std::ptrdiff_t>(expected.size()));
+                EXPECT_EQ(result.view().substr(0, expected.size()), expected);
+            }
+        });
+    }
+}
+
 } // namespace
 } // namespace lexivore::kernels

@@ -81,6 +81,28 @@ TEST(ReplaceAll, ReplacesWhatStandsAboutAsFarApartAsABlockIsLong) {
     }
 }
 
+TEST(ReplaceAll, ReplacesPartsOfEverySizeByThoseOfEverySize) {
+    std::mt19937 random(7);
+    const std::string longest = "nopqrstuvwxyzNOP"; // no byte stands twice in it
+    for (std::size_t partSize = 1; partSize <= longest.size(); ++partSize) {
+        const std::string find = longest.substr(longest.size() - partSize);
+        for (std::size_t size = 0; size <= partSize + 4; ++size) {
+            const std::string replacement = std::string("0123456789ABCDEFGHIJ").substr(0, size);
+            for (const std::size_t mostBetween : {1U, 4U, 40U, 5'000U}) {
+                std::string text;
+                std::string expected;
+                while (text.size() < 9'000) {
+                    const std::string between(random() % mostBetween, '-');
+                    const std::string beginning = find.substr(0, random() % partSize); // of one that does not go on
+                    text.append(beginning).append(between).append(find);
+                    expected.append(beginning).append(between).append(replacement);
+                }
+                ASSERT_EQ(replaceAll(text, find, replacement).view(), expected) << find << " " << mostBetween;
+            }
+        }
+    }
+}
+
 TEST(ReplaceAll, RefusesWhatWouldBeTooLargeBeforeItWritesIt) {
     std::string text(std::size_t{1} << 20U, 'a');
     const std::string replacement(4096, 'b');
