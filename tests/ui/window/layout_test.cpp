@@ -469,35 +469,5 @@ TEST_F(Layout, TheScrollBarOfTheEditorStandsOnTheSurfaceOfTheText) {
     QApplication::setPalette(before);
 }
 
-TEST_F(Layout, BeneathASheetTheTextKeepsItsColours) {
-    setText(std::string(4000, 'W'));
-    const auto darkest = [this] {
-        const QImage picture = find("editor")->grab().toImage();
-        int value = 255;
-        for (int y = 0; y < 100; ++y) {
-            for (int x = 0; x < 100; ++x) {
-                value = std::min(value, qGray(picture.pixel(x, y)));
-            }
-        }
-        return value;
-    };
-    const int before = darkest();
-    click("clearText");
-    ASSERT_FALSE(find("editor")->isEnabled());
-    EXPECT_EQ(darkest(), before);
-}
-
-TEST_F(Layout, BeneathASheetTheIconOfTheModeKeepsItsColour) {
-    for (int mode = 0; mode < 2; ++mode) {
-        center().post(notification::toggleStackOperationMode);
-        const QImage before = pictureOf(find("modeIcon"));
-        click("saveRecipe");
-        ASSERT_FALSE(find("modeIcon")->isEnabled());
-        EXPECT_EQ(pictureOf(find("modeIcon")), before);
-        press(Qt::Key_Escape);
-        ASSERT_TRUE(find("modeIcon")->isEnabled());
-    }
-}
-
 } // namespace
 } // namespace lexivore

@@ -4,10 +4,14 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollArea>
+
+#include <algorithm>
+#include <string>
 
 namespace lexivore {
 namespace {
@@ -172,6 +176,36 @@ TEST_F(SheetsOverTheWindow, AParameterOfAnyLengthIsPassedOnAndItsErrorShown) {
     EXPECT_FALSE(isShown("alert"));
     EXPECT_TRUE(text().starts_with(std::string(100'000, 'p')));
     EXPECT_LE(window().minimumSizeHint().width(), 1280) << "the panel's parameter line does not widen the window";
+}
+
+TEST_F(SheetsOverTheWindow, LeaveTheTextItsColours) {
+    setText(std::string(4000, 'W'));
+    const auto darkest = [this] {
+        const QImage picture = find("editor")->grab().toImage();
+        int value = 255;
+        for (int y = 0; y < 100; ++y) {
+            for (int x = 0; x < 100; ++x) {
+                value = std::min(value, qGray(picture.pixel(x, y)));
+            }
+        }
+        return value;
+    };
+    const int before = darkest();
+    click("clearText");
+    ASSERT_FALSE(find("editor")->isEnabled());
+    EXPECT_EQ(darkest(), before);
+}
+
+TEST_F(SheetsOverTheWindow, LeaveTheIconOfTheModeItsColour) {
+    for (int mode = 0; mode < 2; ++mode) {
+        center().post(notification::toggleStackOperationMode);
+        const QImage before = pictureOf(find("modeIcon"));
+        click("saveRecipe");
+        ASSERT_FALSE(find("modeIcon")->isEnabled());
+        EXPECT_EQ(pictureOf(find("modeIcon")), before);
+        press(Qt::Key_Escape);
+        ASSERT_TRUE(find("modeIcon")->isEnabled());
+    }
 }
 
 } // namespace
