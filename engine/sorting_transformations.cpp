@@ -27,9 +27,9 @@ namespace {
 void writeSorted(LineWriter &writer, const LineGroups::Group &lines, SortDirection direction, bool areOrderedByBytes) {
     StringSorter sorter(lines.text, direction, lines.lineCount, areOrderedByBytes, lines.commonBytes);
     forEachLine(lines.text, [&sorter](std::string_view line) { sorter.add(line); });
-    sorter.forEachInOrder([&writer](std::string_view line) {
-        writer.add(line);
-        writer.add('\n');
+    sorter.forEachInOrder(writer, [](LineWriter &to, std::string_view line) {
+        to.add(line);
+        to.add('\n');
     });
 }
 
@@ -44,18 +44,22 @@ bool isWorthGrouping(std::string_view text, std::size_t lineCount) {
 TextBuffer sortLines(std::string_view text, SortDirection direction) {
     const std::size_t count = lineCount(text);
     const bool areOrderedByBytes = isOrderedByBytes(text);
+    TextBuffer result;
     if (!areOrderedByBytes || !isWorthGrouping(text, count)) {
-        LineWriter writer(text, text.size() / count);
+        LineWriter writer(result, text, text.size() / count);
         writeSorted(writer, {text, count, 0}, direction, areOrderedByBytes);
-        return writer.takeAllButLast();
+        result.commit(writer.end() - 1);
+    } else {
+        const LineGroups groups(text);
+        LineWriter writer(result, groups.all(), text.size() / count);
+        for (std::size_t i = 0; i < groups.size(); ++i) {
+            const std::size_t index = direction == SortDirection::ascending ? i : groups.size() - 1 - i;
+            writeSorted(writer, groups[index], direction, areOrderedByBytes);
+        }
+        result.commit(writer.end() - 1);
     }
-    const LineGroups groups(text);
-    LineWriter writer(groups.all(), text.size() / count);
-    for (std::size_t i = 0; i < groups.size(); ++i) {
-        const std::size_t index = direction == SortDirection::ascending ? i : groups.size() - 1 - i;
-        writeSorted(writer, groups[index], direction, areOrderedByBytes);
-    }
-    return writer.takeAllButLast();
+    result.shrink();
+    return result;
 }
 
 /// Counts the different words: a text of a language has few, and only they need sorting. False when most of the words

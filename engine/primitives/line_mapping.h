@@ -79,15 +79,16 @@ private:
 };
 
 /// Builds a text of parts of the lines of another. No result is longer than that text and a separator, so that nothing
-/// has to be asked for each part.
+/// has to be asked for each part. It holds nothing that others could point to: the place that is written next stays in
+/// a register of the processor, where bytes are written that for all the compiler knows might be part of anything else.
 class LineWriter {
 public:
     /// Parts that are about as long as two blocks are copied in two, however short some are: for the processor to guess
     /// it each time would cost more. The second one ends where the part does, for parts come from anywhere in the text,
     /// and what lies behind them would have to be waited for.
-    explicit LineWriter(std::string_view text, std::size_t usualSize = 0)
+    LineWriter(TextBuffer &result, std::string_view text, std::size_t usualSize = 0)
         : m_textEnd(text.data() + text.size()), m_areTwoBlocksUsual(usualSize > copySlack / 2),
-          m_to(m_result.room(text.size() + 1 + copySlack)) {}
+          m_to(result.room(text.size() + 1 + copySlack)) {}
 
     void add(char separator) { *m_to++ = separator; }
     void add(std::string_view part) {
@@ -103,34 +104,28 @@ public:
         m_to += part.size();
         kernels::askAhead(m_to);
     }
-    [[nodiscard]] TextBuffer take() {
-        m_result.commit(m_to);
-        m_result.shrink();
-        return std::move(m_result);
-    }
-    /// The same without the byte that was written last.
-    [[nodiscard]] TextBuffer takeAllButLast() {
-        --m_to;
-        return take();
-    }
+    /// Where what was written ends.
+    [[nodiscard]] const char *end() const { return m_to; }
 
 private:
     const char *m_textEnd;
     bool m_areTwoBlocksUsual;
-    TextBuffer m_result;
     char *m_to;
 };
 
 /// Every line as `map(std::string_view) -> std::string_view` gives it, a part of it, joined with `separator`.
 template<typename Map> [[nodiscard]] TextBuffer mapLines(std::string_view text, Map &&map, char separator = '\n') {
-    LineWriter writer(text);
+    TextBuffer result;
+    LineWriter writer(result, text);
     forEachLine(text, [&](std::string_view line) {
         if (line.data() != text.data()) {
             writer.add(separator);
         }
         writer.add(map(line));
     });
-    return writer.take();
+    result.commit(writer.end());
+    result.shrink();
+    return result;
 }
 
 /// Every line as it is, joined with `separator`; all of it between `before` and `behind`.
@@ -143,7 +138,8 @@ template<typename Map> [[nodiscard]] TextBuffer mapLines(std::string_view text, 
 
 /// The lines for which `keep(std::string_view)` is true, unchanged, joined with a line feed.
 template<typename Keep> [[nodiscard]] TextBuffer filterLines(std::string_view text, Keep &&keep) {
-    LineWriter writer(text);
+    TextBuffer result;
+    LineWriter writer(result, text);
     bool isFirst = true;
     forEachLine(text, [&](std::string_view line) {
         if (keep(line)) {
@@ -154,7 +150,9 @@ template<typename Keep> [[nodiscard]] TextBuffer filterLines(std::string_view te
             writer.add(line);
         }
     });
-    return writer.take();
+    result.commit(writer.end());
+    result.shrink();
+    return result;
 }
 
 /// Every line trimmed of spaces and tabs at both ends, empty lines kept, joined with `separator`.

@@ -19,7 +19,8 @@ LineOrder::LineOrder(std::string_view text) : m_text(text), m_size(lineCount(tex
 
 TextBuffer LineOrder::join() const {
     constexpr std::size_t ahead = 16; // lines in a new order come from anywhere in the text
-    LineWriter writer(m_text, m_text.size() / m_size);
+    TextBuffer result;
+    LineWriter writer(result, m_text, m_text.size() / m_size);
     for (std::size_t i = 0; i < m_size; ++i) {
         if (i + ahead < m_size) {
             const std::string_view line = lineAt(i + ahead);
@@ -29,7 +30,9 @@ TextBuffer LineOrder::join() const {
         writer.add(lineAt(i));
         writer.add('\n');
     }
-    return writer.takeAllButLast();
+    result.commit(writer.end() - 1);
+    result.shrink();
+    return result;
 }
 
 } // namespace lexivore

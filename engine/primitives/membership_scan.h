@@ -91,8 +91,10 @@ private:
 using Places = std::array<std::uint16_t, (Stretch::mostBlocks + 1) * kernels::blockSize>;
 
 /// Calls `visit(const char *)` with the place of every member that `scan` finds, in order, and `passed(const char *)`
-/// from time to time with a place before which there are no more.
-template<typename Scan, typename Visit, typename Passed> void forEachMember(Scan scan, Visit &&visit, Passed &&passed) {
+/// from time to time with a place before which there are no more. Always inlined, so that what the visits work with
+/// stays in registers: in memory any byte that is written might be part of it, and it would be read anew each time.
+template<typename Scan, typename Visit, typename Passed>
+[[gnu::always_inline]] inline void forEachMember(Scan scan, Visit &&visit, Passed &&passed) {
     Places places; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
     for (Stretch stretch; scan.next(stretch);) {
         const std::size_t count = kernels::best().listBits(stretch.members, stretch.blocks, places.data());
@@ -102,7 +104,7 @@ template<typename Scan, typename Visit, typename Passed> void forEachMember(Scan
         passed(stretch.end);
     }
 }
-template<typename Scan, typename Visit> void forEachMember(Scan scan, Visit &&visit) {
+template<typename Scan, typename Visit> [[gnu::always_inline]] inline void forEachMember(Scan scan, Visit &&visit) {
     forEachMember(scan, visit, [](const char *) {});
 }
 

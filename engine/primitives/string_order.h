@@ -36,20 +36,31 @@ public:
 
     /// Calls `visit(std::string_view)` with all parts in order. Once, when all have been added.
     template<typename Visit> void forEachInOrder(Visit &&visit) {
+        sort([&](std::span<const Entry> sorted) { visitEach(sorted, visit); });
+    }
+    /// The same with `visit(To &, std::string_view)`, which is given `to`, or for some parts at a time a copy of it
+    /// that stays in registers.
+    template<typename To, typename Visit> void forEachInOrder(To &to, Visit &&visit) {
         sort([&](std::span<const Entry> sorted) {
-            constexpr std::size_t ahead = 16; // neighbours come from anywhere in the text
-            for (std::size_t i = 0; i < sorted.size(); ++i) {
-                if (i + ahead < sorted.size()) {
-                    m_keys.prefetch(sorted[i + ahead], 0);
-                    m_keys.prefetch(sorted[i + ahead], sorted[i + ahead].size);
-                }
-                visit(m_keys.partOf(sorted[i]));
-            }
+            To own = to;
+            visitEach(sorted, [&](std::string_view part) { visit(own, part); });
+            to = own;
         });
     }
 
 private:
     using Entry = StringKeys::Entry;
+
+    template<typename Visit> void visitEach(std::span<const Entry> sorted, Visit &&visit) const {
+        constexpr std::size_t ahead = 16; // neighbours come from anywhere in the text
+        for (std::size_t i = 0; i < sorted.size(); ++i) {
+            if (i + ahead < sorted.size()) {
+                m_keys.prefetch(sorted[i + ahead], 0);
+                m_keys.prefetch(sorted[i + ahead], sorted[i + ahead].size);
+            }
+            visit(m_keys.partOf(sorted[i]));
+        }
+    }
 
     [[nodiscard]] Entry composedEntryOf(std::string_view part);
     /// Calls `visit` with some entries at a time, while what they stand for is in the cache.
