@@ -92,7 +92,8 @@ public:
 
     void add(char separator) { *m_to++ = separator; }
     void add(std::string_view part) {
-        if (static_cast<std::size_t>(m_textEnd - part.data()) < part.size() + copySlack) {
+        const char *const partEnd = part.data() + part.size();
+        if (static_cast<std::size_t>(m_textEnd - partEnd) < copySlack) {
             copyBytes(part.data(), part.size(), m_to);
         } else if (m_areTwoBlocksUsual && part.size() <= 2 * copySlack) {
             const std::size_t second = std::max(part.size(), copySlack) - copySlack;
