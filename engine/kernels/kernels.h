@@ -107,17 +107,35 @@ struct WordHash {
 /// The longest line, in bytes, that `hashLines` takes.
 inline constexpr std::size_t longestHashedLine = 128;
 
-/// A line of a text and its hash.
-struct HashedLine {
-    std::uint32_t offset; ///< In the text, in bytes, as the size.
-    std::uint32_t size;
-    std::uint32_t hash;
+/// Some lines of a text, which are looked up together.
+struct LineBatch {
+    static constexpr std::size_t mostLines = 32;
+
+    std::uint32_t offsets[mostLines]; ///< In the text, in bytes, as the sizes.
+    std::uint32_t sizes[mostLines];
+    std::uint32_t hashes[mostLines]; ///< Odd numbers.
+    std::uint32_t firsts[mostLines]; ///< Offsets of the lines that came first with these hashes, before these.
+};
+
+/// Hashes and the offsets of the lines that came first with them: as many as can be looked at at once.
+struct alignas(blockSize) LineBucket {
+    static constexpr std::size_t slots = 8;
+
+    std::uint32_t hashes[slots]; ///< 0 for a free slot, behind which all others are free.
+    std::uint32_t offsets[slots];
+};
+
+/// A table of hashes. The highest bits of one tell the bucket where it is looked for first, and then follow the next
+/// ones, up to one that has a free slot.
+struct LineTable {
+    LineBucket *buckets;
+    int bits; ///< 1 to 31: it has 2 to the power of this many buckets.
 };
 
 /// What lines are hashed with, all of it at random. The hash is NH (RFC 4418, 5.2): the sum of the products of each two
 /// numbers of 32 bits that a line consists of, zeros behind it, after their addends were added. To that comes the size
-/// times its factor, and of all that times the last factor the upper half counts. Two lines have the same hash as
-/// seldom as chance has it, whatever they are.
+/// times its factor, and of all that times the last factor the upper half counts, its lowest bit set. Two lines have
+/// the same hash as seldom as chance has it, whatever they are.
 struct alignas(blockSize) LineHash {
     std::uint32_t addends[longestHashedLine / sizeof(std::uint32_t)];
     std::uint64_t sizeFactor; ///< Odd, as the other one.
@@ -399,9 +417,12 @@ struct Kernels {
     /// them `ends` gets the index behind its last part.
     std::size_t (*distribute)(const KeyedPart *from, std::size_t count, std::uint64_t bits, KeyedPart *to,
                               std::uint32_t *ends);
-    /// Writes the hashes of lines of a text. Where each begins `longestHashedLine` bytes can be read; the hash of a
-    /// longer one is of no meaning.
-    void (*hashLines)(const char *text, HashedLine *lines, std::size_t count, const LineHash &hash);
+    /// Writes the hashes of the first `count` lines. Where each begins `longestHashedLine` bytes can be read. Returns a
+    /// bit for each that is longer, whose hash is of no meaning.
+    std::uint32_t (*hashLines)(const char *text, LineBatch &lines, std::size_t count, const LineHash &hash);
+    /// Looks for the hashes of the first `count` lines in the table, and enters those that are not there yet. Returns a
+    /// bit for each of the others, whose `firsts` it writes. The table must have more free slots than these are lines.
+    std::uint32_t (*enterLines)(LineBatch &lines, std::size_t count, const LineTable &table);
     /// The keys of words, at most 64, and the first slots of their pairs. Each word lies between two `bounds`, which
     /// count from `from` on, and 16 bytes can be read where it begins. Returns a bit for each that is too long, of
     /// which nothing is known. Asks the memory for the slots in `table`, if there is one.
