@@ -7,7 +7,6 @@
 #include "engine/primitives/code_points.h"
 #include "engine/primitives/line_mapping.h"
 #include "engine/primitives/lines.h"
-#include "engine/primitives/read_ahead.h"
 #include "engine/primitives/scratch.h"
 
 #include <algorithm>
@@ -121,7 +120,7 @@ public:
 
     /// `text` must outlive this. Throws TextTooLarge when the places in it cannot be counted in 32 bits.
     explicit DistinctLines(std::string_view text)
-        : m_text(text), m_readAhead(text), m_firstLines(usualLineCount(text)), m_joiner('\n', text, text.size()) {
+        : m_text(text), m_firstLines(usualLineCount(text)), m_joiner('\n', text, text.size()) {
         if (text.size() >= UINT32_MAX) {
             throw TextTooLarge();
         }
@@ -157,10 +156,6 @@ private:
     }
 
     void hash(Group &group) {
-        if (group.size == 0) {
-            return;
-        }
-        m_readAhead.continueFrom(lineAt(group, group.size - 1).data());
         std::size_t readable = group.size; // as far as the kernel does
         while (readable > 0 && m_text.size() - group.lines.offsets[readable - 1] < kernels::longestHashedLine) {
             --readable;
@@ -217,7 +212,6 @@ private:
 
     std::string_view m_text;
     const Seeds &m_seeds = seeds();
-    ReadAhead m_readAhead;
     FirstLines m_firstLines;
     std::unordered_set<std::string_view> m_othersOfSameHash; ///< Lines whose hash a different one had before.
     Joiner m_joiner;

@@ -47,7 +47,7 @@ const Seeds &seeds() {
 } // namespace
 
 WordSet::WordSet(std::string_view text, Counting counting)
-    : m_text(text), m_readAhead(text), m_isCounting(counting == Counting::on),
+    : m_text(text), m_isCounting(counting == Counting::on),
       m_slotCount(firstSlotCount(text)), m_hash{{seeds().first, seeds().second},
                                                 bitsInHash - std::countr_zero(m_slotCount)},
       m_keys(freeSlots(m_slotCount)), m_offsets(m_slotCount), m_counts(m_isCounting ? m_slotCount : 0) {

@@ -4,7 +4,6 @@
 
 #include "engine/kernels/kernels.h"
 #include "engine/primitives/code_points.h"
-#include "engine/primitives/read_ahead.h"
 #include "engine/primitives/scratch.h"
 #include "engine/primitives/words.h"
 
@@ -46,7 +45,6 @@ public:
             }
         };
         const auto addGroup = [&](const char *from, const std::uint16_t *bounds, std::size_t count) {
-            m_readAhead.continueFrom(from);
             while (count > 0 && goesOn) {
                 const std::size_t some = std::min(count, mostAtOnce);
                 if (canBeReadAtOnce(from + bounds[2 * some - 2])) {
@@ -149,7 +147,6 @@ private:
     [[nodiscard]] static Scratch<Key> freeSlots(std::size_t count);
 
     std::string_view m_text;
-    ReadAhead m_readAhead;
     bool m_isCounting;
     std::size_t m_slotCount;
     kernels::WordHash m_hash; ///< Leaves as many bits as tell the slots.
