@@ -119,10 +119,10 @@ struct LineBatch {
 
 /// Hashes and the offsets of the lines that came first with them: as many as can be looked at at once.
 struct alignas(blockSize) LineBucket {
-    static constexpr std::size_t slots = 8;
+    static constexpr std::size_t slotCount = 8;
 
-    std::uint32_t hashes[slots]; ///< 0 for a free slot, behind which all others are free.
-    std::uint32_t offsets[slots];
+    std::uint32_t hashes[slotCount]; ///< 0 for a free slot, behind which all others are free.
+    std::uint32_t offsets[slotCount];
 };
 
 /// A table of hashes. The highest bits of one tell the bucket where it is looked for first, and then follow the next

@@ -51,7 +51,7 @@ const Seeds &seeds() {
 class FirstLines {
 public:
     explicit FirstLines(std::size_t expectedCount)
-        : m_bits(std::max(fewestBits, static_cast<int>(std::bit_width(expectedCount / Bucket::slots)))),
+        : m_bits(std::max(fewestBits, static_cast<int>(std::bit_width(expectedCount / Bucket::slotCount)))),
           m_buckets(freeBuckets()) {}
 
     /// Asks for the memory where the hashes of the lines belong.
@@ -62,7 +62,7 @@ public:
     }
     /// Finds the lines that came first with the hashes of these. Returns a bit for each that did not itself.
     std::uint32_t enter(kernels::LineBatch &lines, std::size_t count) {
-        while (m_size + count > bucketCount() * Bucket::slots / 4 * 3) {
+        while (m_size + count > bucketCount() * Bucket::slotCount / 4 * 3) {
             grow();
         }
         const std::uint32_t known = kernels::best().enterLines(lines, count, {m_buckets.data(), m_bits});
@@ -91,7 +91,7 @@ private:
         for (std::size_t i = 0; i < count; ++i) {
             kernels::LineBatch lines; // NOLINT(cppcoreguidelines-pro-type-member-init): what is read was written
             std::size_t used = 0;
-            for (; used < Bucket::slots && buckets[i].hashes[used] != 0; ++used) {
+            for (; used < Bucket::slotCount && buckets[i].hashes[used] != 0; ++used) {
                 lines.hashes[used] = buckets[i].hashes[used];
                 lines.offsets[used] = buckets[i].offsets[used];
             }

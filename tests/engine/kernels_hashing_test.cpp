@@ -145,7 +145,7 @@ std::vector<std::uint32_t> crowdedHashes(std::size_t count, std::mt19937 &random
 TEST(Kernels, EnterLinesFindsTheLinesThatCameFirst) {
     std::mt19937 random(seed);
     for (int bits = 1; bits <= 6; ++bits) {
-        const std::size_t slots = LineBucket::slots << bits;
+        const std::size_t slots = LineBucket::slotCount << bits;
         const std::vector<std::uint32_t> hashes = crowdedHashes(slots - 1, random);
         onAllKernels([&](const Kernels &kernels) {
             std::vector<LineBucket> buckets(std::size_t{1} << bits);
