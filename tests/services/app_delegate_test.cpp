@@ -5,16 +5,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QTimer>
+#include <QWindow>
 
 #include <memory>
 
 namespace lexivore {
 namespace {
 
-/// Events are delivered by an application object.
+/// Events are delivered by an application object. That of a graphical program would ask its windows before it quits.
 class AppDelegateTest : public testing::Test {
 protected:
     test::MemoryPreferences m_preferences;
@@ -23,17 +24,17 @@ private:
     int m_argc = 1;
     char m_name[5] = "test";
     char *m_argv[2] = {m_name, nullptr};
-    QCoreApplication m_application{m_argc, m_argv};
+    QGuiApplication m_application{m_argc, m_argv};
 };
 
-/// Stands for a window: remembers whether it was closed.
-class Window : public QObject {
+/// Remembers whether it was closed.
+class Window : public QWindow {
 public:
     bool isClosed = false;
 
     bool event(QEvent *event) override {
         isClosed = isClosed || event->type() == QEvent::Close;
-        return QObject::event(event);
+        return QWindow::event(event);
     }
 };
 
@@ -67,15 +68,14 @@ TEST_F(AppDelegateTest, LeavesOtherEventsAndOtherWindowsAlone) {
 
 TEST_F(AppDelegateTest, QuitsWithoutAskingTheWindow) {
     Window window;
+    window.show();
     AppDelegate delegate({}, m_preferences, {});
     int hidden = 0;
     delegate.adoptWindow(&window, [&]() { ++hidden; });
-    QTimer::singleShot(0, &window, [] {
-        QEvent quit(QEvent::Quit);
-        QCoreApplication::sendEvent(QCoreApplication::instance(), &quit);
-    });
+    QTimer::singleShot(0, &window, [] { QCoreApplication::quit(); });
     QTimer::singleShot(20'000, &window, [] { QCoreApplication::exit(1); });
     EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(window.isClosed);
     EXPECT_EQ(hidden, 0);
 }

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: Lexivore contributors
 // SPDX-License-Identifier: MIT
+#include "services/termination_signals.h"
 #include "tests/services/desktop_probe_test.h"
 
 #include <csignal>
@@ -71,6 +72,29 @@ TEST_F(TerminationSignalsTest, LeaveASignalIgnoredThatWasIgnored) {
     send(process, SIGTERM);
     ASSERT_TRUE(ends(process));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+}
+
+void anotherHandler(int) {}
+
+/// What the process does with the signal now.
+auto handlerOf(int signal) {
+    struct sigaction current {};
+    ::sigaction(signal, nullptr, &current);
+    return current.sa_handler;
+}
+
+TEST(TerminationSignals, AreGivenBackAtTheEndButNotTakenFromAnother) {
+    ASSERT_EQ(handlerOf(SIGTERM), SIG_DFL);
+    {
+        const TerminationSignals received;
+        EXPECT_NE(handlerOf(SIGTERM), SIG_DFL);
+        EXPECT_NE(handlerOf(SIGINT), SIG_DFL);
+        ::signal(SIGHUP, anotherHandler);
+    }
+    EXPECT_EQ(handlerOf(SIGTERM), SIG_DFL);
+    EXPECT_EQ(handlerOf(SIGINT), SIG_DFL);
+    EXPECT_EQ(handlerOf(SIGHUP), anotherHandler);
+    ::signal(SIGHUP, SIG_DFL);
 }
 
 } // namespace

@@ -94,6 +94,7 @@ TEST_F(UpdaterTest, RefusesToBeLedInACircle) {
     server.answers["/feed"] = {"302 Found", "Location: /feed\r\n", {}, {}};
     updater().checkForUpdates();
     expectFailure(Kind::unreachable);
+    EXPECT_EQ(server.requests.size(), 6); // the first, and five redirects
 }
 
 TEST_F(UpdaterTest, RefusesAServerThatItDoesNotKnow) {

@@ -6,6 +6,7 @@
 #include "tests/services/updates/updater_fixture.h"
 
 #include <QNetworkProxy>
+#include <QStandardPaths>
 
 namespace lexivore {
 namespace {
@@ -387,6 +388,20 @@ TEST_F(UpdaterTest, TheStandardControllerTakesItsSettingsFromTheBundle) {
     EXPECT_EQ(controller.updater().currentVersion(), "1.0");
     controller.updater().checkForUpdates();
     EXPECT_TRUE(QTest::qWaitFor([&] { return version == "2.0"; }, patience));
+}
+
+TEST_F(UpdaterTest, TheStandardControllerStartsItsUpdaterInTheCacheOfTheProgram) {
+    const QByteArray before = qgetenv("XDG_CACHE_HOME");
+    qputenv("XDG_CACHE_HOME", folder.filePath("cache").toLocal8Bit());
+    const QString updates = QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + "/updates";
+    ASSERT_TRUE(updates.startsWith(folder.path()));
+    ASSERT_TRUE(QDir().mkpath(updates));
+    const QString leftover = updates + "/abcdef.part";
+    test::writeBytes(leftover, "half");
+    const StandardUpdaterController controller({{bundle_key::feedAddress, server.address("/feed").toString()}},
+                                               preferences, {});
+    EXPECT_FALSE(QFile::exists(leftover));
+    before.isNull() ? qunsetenv("XDG_CACHE_HOME") : qputenv("XDG_CACHE_HOME", before);
 }
 
 TEST_F(UpdaterTest, TheStandardControllerWithoutAFeedNeverAsksAnybody) {
